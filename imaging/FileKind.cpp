@@ -1,0 +1,85 @@
+#include "imaging/FileKind.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <string_view>
+#include <system_error>
+
+namespace vellumo {
+
+namespace {
+
+bool StartsWith(const unsigned char* bytes, std::size_t size, std::string_view prefix) {
+    return size >= prefix.size() && std::memcmp(bytes, prefix.data(), prefix.size()) == 0;
+}
+
+// A short description of content Vellumo refuses, for the reason text.
+std::string DescribeOther(const unsigned char* bytes, std::size_t size) {
+    if (size == 0) {
+        return "the file is empty";
+    }
+    std::string_view head(reinterpret_cast<const char*>(bytes), size);
+    const auto has = [&](std::string_view needle) { return head.find(needle) != head.npos; };
+    if (StartsWith(bytes, size, "%PDF")) return "not an image Vellumo reads (a PDF document)";
+    if (StartsWith(bytes, size, "%!")) return "not an image Vellumo reads (a PostScript file)";
+    if (has("<svg") || has("<?xml")) return "not an image Vellumo reads (an SVG or XML file)";
+    if (StartsWith(bytes, size, "RIFF")) return "not an image Vellumo reads (a RIFF/WebP file)";
+    if (size >= 12 && std::memcmp(bytes + 4, "ftyp", 4) == 0) {
+        return "not an image Vellumo reads (a HEIF/AVIF or MP4 file)";
+    }
+    const bool text = std::all_of(bytes, bytes + size, [](unsigned char c) {
+        return c == '\n' || c == '\r' || c == '\t' || (c >= 0x20 && c != 0x7f);
+    });
+    if (text) return "not an image Vellumo reads (a text file)";
+    return "not a JPEG, JPEG 2000, PNG, GIF, TIFF or BMP file";
+}
+
+}  // namespace
+
+std::optional<FileKind> SniffBytes(const unsigned char* bytes, std::size_t size) {
+    if (StartsWith(bytes, size, "\xFF\xD8\xFF")) return FileKind::Jpeg;
+    if (StartsWith(bytes, size, "\x89PNG\r\n\x1A\n")) return FileKind::Png;
+    if (StartsWith(bytes, size, "GIF87a") || StartsWith(bytes, size, "GIF89a")) {
+        return FileKind::Gif;
+    }
+    if (StartsWith(bytes, size, std::string_view("II*\0", 4)) ||
+        StartsWith(bytes, size, std::string_view("MM\0*", 4)) ||
+        StartsWith(bytes, size, std::string_view("II+\0", 4)) ||
+        StartsWith(bytes, size, std::string_view("MM\0+", 4))) {
+        return FileKind::Tiff;
+    }
+    // JP2 signature box, or a bare JPEG 2000 codestream (SOC then SIZ).
+    if (StartsWith(bytes, size, std::string_view("\0\0\0\x0CjP  \r\n\x87\n", 12)) ||
+        StartsWith(bytes, size, "\xFF\x4F\xFF\x51")) {
+        return FileKind::Jpeg2000;
+    }
+    if (StartsWith(bytes, size, "BM")) return FileKind::Bmp;
+    return std::nullopt;
+}
+
+SniffedFile SniffFile(const std::string& path) {
+    std::error_code ec;
+    if (std::filesystem::is_directory(path, ec)) {
+        return {std::nullopt, "a folder, not an image file"};
+    }
+    std::ifstream in(path, std::ios::binary);
+    if (!in) {
+        const int error = errno;
+        return {std::nullopt, "cannot open: " + std::generic_category().message(error)};
+    }
+    unsigned char head[64] = {};
+    in.read(reinterpret_cast<char*>(head), sizeof head);
+    const auto size = static_cast<std::size_t>(in.gcount());
+    if (in.bad()) {
+        return {std::nullopt, "cannot read the file"};
+    }
+    if (auto kind = SniffBytes(head, size)) {
+        return {kind, {}};
+    }
+    return {std::nullopt, DescribeOther(head, size)};
+}
+
+}  // namespace vellumo

@@ -1,0 +1,101 @@
+#pragma once
+
+// ImageTools: every image operation of Vellumo, as stateless static
+// functions. Conventions shared by all of them, stated once here:
+//
+// - Coordinates are doubles in the image's own units (one unit is one pixel),
+//   with the origin at the image's lower-left corner, x to the right and
+//   y upward. A rectangle's y is the distance of its lower edge from the
+//   image's lower edge. Conversion to the top-left rows of the pixel library
+//   happens in one place only (inside the raster operations).
+// - Operations never change their inputs; they return new values. Where an
+//   operation "returns the input", the result IsSameImage() as the input.
+// - Operations do not throw. Requests that cannot sensibly be carried out are
+//   not errors: they give back the input, an empty rectangle, false or
+//   nothing, as each function says.
+// - Image pixels are evaluated lazily and streamed: nothing is decoded before
+//   it is needed, and a crop of a huge file does not hold the whole decoded
+//   image in memory.
+// - All functions may be called from any thread.
+//
+// Below, each function notes only its own edge behaviour.
+
+#include <optional>
+#include <string>
+
+#include "imaging/Geometry.h"
+#include "imaging/Image.h"
+#include "imaging/LoadResult.h"
+
+namespace vellumo {
+
+class ImageTools {
+public:
+    ImageTools() = delete;
+
+    // ---- Crop geometry -------------------------------------------------
+
+    // The largest centred rectangle of the ratio `format` (0 "1:1", 1 "4:3",
+    // 2 "3:2", 3 "16:9") inside the image, turned for portrait images. The
+    // image is landscape when float(W / H) >= 1 (a square is landscape).
+    // Any other format gives (0, 0, 0, 0). Not rounded.
+    static Rect CalculateAutoCropRectangleWithImage(const Image& image, long format);
+
+    // How much of the requested rectangle lies on the image: visible right
+    // (or top) end minus visible left (or bottom) end. Not clamped at zero:
+    // a rectangle wholly outside gives a side of zero or less. Any NaN in the
+    // request or the image size gives (0, 0).
+    static Size CalculateCroppedImageSize(const Image& image, double originX, double originY,
+                                          double width, double height);
+
+    // ---- Loading -------------------------------------------------------
+
+    // Decodes a JPEG, JPEG 2000, PNG, GIF (first frame), TIFF (first page) or
+    // BMP file, chosen by the file's first bytes, never by its name; any
+    // other content is refused before a decoder sees it. The EXIF (or TIFF)
+    // orientation is applied, so the pixels are upright as a photo viewer
+    // shows them. Truncated or damaged data is a failure, not a partly grey
+    // picture. The logical size equals the upright pixel size.
+    static LoadResult LoadImage(const std::string& path);
+
+    // The largest width and, separately, the largest height over all pages or
+    // frames of the file, from its headers only (no pixels decoded), upright
+    // (sides swapped for orientations 5 to 8). Nothing for a file that
+    // cannot be read as one of the six image kinds.
+    static std::optional<Size> ImagePixelSizeWithPath(const std::string& path);
+
+    // ---- Raster operations ---------------------------------------------
+
+    // Cuts a rectangle out of the image. Returns the input when width or
+    // height is below 1, when the origin lies beyond the image (a negative
+    // coordinate is compared with the requested size instead, so negative
+    // origins always go on to clipping) or when nothing of the rectangle
+    // lies on the image. The result's size is the clipped size. Never
+    // resamples: the cut starts at the origin rounded to the nearest whole
+    // pixel and is the clipped size truncated toward zero, in pixels.
+    static Image CropImage(const Image& image, double originX, double originY, double width,
+                           double height);
+
+    // The whole image scaled to exactly width x height (aspect ratio not
+    // kept).
+    static Image ResizeImage(const Image& image, double width, double height);
+
+    // The input itself when its size equals the pixel size of the file at
+    // `path` (exact comparison, width first), else the image resized to that
+    // pixel size. A file whose pixel size cannot be read stops the program;
+    // callers that must survive it read the size first and use the overload
+    // below.
+    static Image BringImageToActualSize(const Image& image, const std::string& path);
+    static Image BringImageToActualSize(const Image& image, Size pixelSize);
+
+    // The preview picture: a new 8-bit RGBA image of the input's size, the
+    // input veiled with white at 60 % opacity outside the rectangle
+    // (0.6 x white + 0.4 x pixel, alpha 0.6 + 0.4 x alpha) and unchanged
+    // inside it. Pixels the rectangle's edge crosses are veiled in proportion
+    // to the part of them outside. The rectangle is neither validated nor
+    // clipped beyond the image's bounds.
+    static Image DrawCropRectangleOnImageWithImage(const Image& image, double originX,
+                                                   double originY, double width, double height);
+};
+
+}  // namespace vellumo

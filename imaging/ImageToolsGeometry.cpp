@@ -1,0 +1,111 @@
+// Crop geometry. The expressions are written exactly as the reference gives
+// them, term by term and in the same order of evaluation, so that results
+// agree to the last bit (the core is built without FMA contraction).
+
+#include "imaging/ImageTools.h"
+
+namespace vellumo {
+
+namespace {
+
+Rect FullHeight(double H, double x, double width) { return {x, 0.0, width, H}; }
+Rect FullWidth(double W, double y, double height) { return {0.0, y, W, height}; }
+
+}  // namespace
+
+Rect ImageTools::CalculateAutoCropRectangleWithImage(const Image& image, long format) {
+    const double W = image.Width();
+    const double H = image.Height();
+    const float r = static_cast<float>(W / H);
+    if (format < 0 || format > 3) {
+        return {};
+    }
+    const bool landscape = r >= 1.0f;
+
+    switch (format) {
+        case 0:  // 1:1
+            if (landscape) {
+                return {(W - H) * 0.5, 0.0, H, H};
+            }
+            return {0.0, (H - W) * 0.5, W, W};
+
+        case 1:  // 4:3, 3:4 for portrait
+            if (landscape) {
+                const double T = H * 4.0 / 3.0;
+                if (W >= T) {
+                    return FullHeight(H, W * 0.5 + H * 4.0 / -6.0, H * 4.0 / 3.0);
+                }
+                return FullWidth(W, H * 0.5 + W * 3.0 * -0.125, W * 3.0 * 0.25);
+            } else {
+                const double T = H * 3.0 * 0.25;
+                if (W >= T) {
+                    return FullHeight(H, W * 0.5 + H * 3.0 * -0.125, H * 3.0 * 0.25);
+                }
+                return FullWidth(W, H * 0.5 + W * 4.0 / -6.0, W * 4.0 / 3.0);
+            }
+
+        case 2:  // 3:2, 2:3 for portrait
+            if (landscape) {
+                const double T = H * 3.0 * 0.5;
+                if (W >= T) {
+                    return FullHeight(H, W * 0.5 + H * 3.0 * -0.25, H * 3.0 * 0.5);
+                }
+                return FullWidth(W, H * 0.5 - W / 3.0, (W + W) / 3.0);
+            } else {
+                const double T = (H + H) / 3.0;
+                if (W >= T) {
+                    return FullHeight(H, W * 0.5 + H * -2.0 / 6.0, (H + H) / 3.0);
+                }
+                return FullWidth(W, H * 0.5 + W * 3.0 * -0.25, W * 3.0 * 0.5);
+            }
+
+        default:  // 3: 16:9, 9:16 for portrait
+            if (landscape) {
+                const double T = H * 16.0 / 9.0;
+                if (W >= T) {
+                    return FullHeight(H, W * 0.5 + H * 16.0 / -18.0, H * 16.0 / 9.0);
+                }
+                return FullWidth(W, H * 0.5 + W * 9.0 * -0.03125, W * 9.0 * 0.0625);
+            } else {
+                const double T = H * 9.0 * 0.0625;
+                if (W >= T) {
+                    return FullHeight(H, W * 0.5 + H * 9.0 * -0.03125, H * 9.0 * 0.0625);
+                }
+                return FullWidth(W, H * 0.5 + W * 16.0 / -18.0, W * 16.0 / 9.0);
+            }
+    }
+}
+
+Size ImageTools::CalculateCroppedImageSize(const Image& image, double originX, double originY,
+                                           double width, double height) {
+    const double W = image.Width();
+    const double H = image.Height();
+    const double x = originX;
+    const double y = originY;
+    const double right = x + width;
+    const double top = y + height;
+
+    // Visible extent along one axis for each combination of a fitting or
+    // overflowing far end; the near end is the origin or the image's edge.
+    // Every case is tested explicitly, so a NaN anywhere matches none.
+    const bool rightFits = right <= W;
+    const bool rightOver = right > W;
+    const bool topFits = top <= H;
+    const bool topOver = top > H;
+
+    auto chain = [&](double left, double bottom) -> Size {
+        if (rightFits && topFits) return {right - left, top - bottom};
+        if (rightFits && topOver) return {right - left, H - bottom};
+        if (rightOver && topFits) return {W - left, top - bottom};
+        if (rightOver && topOver) return {W - left, H - bottom};
+        return {0.0, 0.0};
+    };
+
+    if (x >= 0 && y >= 0) return chain(x, y);
+    if (x <= 0 && y >= 0) return chain(0.0, y);
+    if (x >= 0 && y <= 0) return chain(x, 0.0);
+    if (x <= 0 && y <= 0) return chain(0.0, 0.0);
+    return {0.0, 0.0};
+}
+
+}  // namespace vellumo

@@ -1,0 +1,45 @@
+#include "imaging/VipsLoad.h"
+
+namespace vellumo::vipsload {
+
+vips::VImage Open(FileKind kind, const std::string& path, const OpenOptions& options) {
+    auto* vopts = vips::VImage::option()
+                      ->set("access", static_cast<int>(options.access))
+                      ->set("fail_on", static_cast<int>(options.failOn));
+    const char* file = path.c_str();
+    switch (kind) {
+        case FileKind::Jpeg:
+            return vips::VImage::jpegload(file, vopts);
+        case FileKind::Png:
+            return vips::VImage::pngload(file, vopts);
+        case FileKind::Gif:
+            return vips::VImage::gifload(file, vopts->set("page", options.page));
+        case FileKind::Tiff:
+            return vips::VImage::tiffload(file, vopts->set("page", options.page));
+        case FileKind::Jpeg2000:
+            return vips::VImage::jp2kload(file, vopts);
+        case FileKind::Bmp:
+            // ImageMagick reads BMP here; the caller has checked the BMP
+            // signature, so no other ImageMagick coder is reached.
+            return vips::VImage::magickload(file, vopts);
+    }
+    return {};
+}
+
+int PageCount(const vips::VImage& image) {
+    if (image.get_typeof("n-pages") == 0) {
+        return 1;
+    }
+    const int pages = image.get_int("n-pages");
+    return pages < 1 ? 1 : pages;
+}
+
+int Orientation(const vips::VImage& image) {
+    if (image.get_typeof(VIPS_META_ORIENTATION) == 0) {
+        return 1;
+    }
+    const int orientation = image.get_int(VIPS_META_ORIENTATION);
+    return orientation >= 1 && orientation <= 8 ? orientation : 1;
+}
+
+}  // namespace vellumo::vipsload

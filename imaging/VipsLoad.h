@@ -1,0 +1,31 @@
+#pragma once
+
+// Inside the core only: opening a file with the one libvips decoder its
+// content calls for. Throws vips::VError; callers catch it.
+
+#include <string>
+#include <vips/vips8>
+
+#include "imaging/FileKind.h"
+
+namespace vellumo::vipsload {
+
+struct OpenOptions {
+    VipsAccess access = VIPS_ACCESS_SEQUENTIAL;
+    int page = 0;
+    // Decoder errors and truncation fail the decode instead of leaving grey
+    // rows behind.
+    VipsFailOn failOn = VIPS_FAIL_ON_ERROR;
+};
+
+// Header now, pixels when asked for. Only for the six kinds.
+vips::VImage Open(FileKind kind, const std::string& path, const OpenOptions& options = {});
+
+// The number of pages (TIFF) or frames (GIF) of an opened file, at least 1.
+int PageCount(const vips::VImage& image);
+
+// The EXIF or TIFF orientation (1 to 8) recorded with an opened file; 1 when
+// there is none or it is out of range.
+int Orientation(const vips::VImage& image);
+
+}  // namespace vellumo::vipsload

@@ -1,0 +1,13 @@
+# Fails when a source file of the core libraries includes a Qt header.
+file(GLOB_RECURSE sources "${ROOT}/imaging/*" "${ROOT}/batch/*")
+set(offenders "")
+foreach(source IN LISTS sources)
+    file(STRINGS "${source}" lines REGEX "^[ \t]*#[ \t]*include[ \t]*[<\"](Q[A-Za-z]+|Qt[A-Za-z]+/)")
+    if(lines)
+        list(APPEND offenders "${source}: ${lines}")
+    endif()
+endforeach()
+if(offenders)
+    message(FATAL_ERROR "The core includes Qt headers:\n${offenders}")
+endif()
+message(STATUS "vellumo_core includes no Qt header")

@@ -1,0 +1,60 @@
+#include "tests/support/Commands.h"
+
+#include <stdio.h>
+#include <sys/wait.h>
+
+#include <array>
+
+namespace vellumo::test {
+
+CommandResult RunCommand(const std::string& command) {
+    CommandResult result;
+    FILE* pipe = popen(command.c_str(), "r");
+    if (pipe == nullptr) {
+        return result;
+    }
+    std::array<char, 65536> buffer{};
+    for (;;) {
+        const std::size_t read = fread(buffer.data(), 1, buffer.size(), pipe);
+        if (read == 0) {
+            break;
+        }
+        result.out.append(buffer.data(), read);
+    }
+    const int status = pclose(pipe);
+    result.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    return result;
+}
+
+std::string ShellQuote(const std::string& text) {
+    std::string quoted = "'";
+    for (char c : text) {
+        if (c == '\'') {
+            quoted += "'\\''";
+        } else {
+            quoted += c;
+        }
+    }
+    return quoted + "'";
+}
+
+std::vector<unsigned char> MagickPixels(const std::string& path, const std::string& operations,
+                                        const std::string& map, int depth) {
+    const std::string command = "convert " + ShellQuote(path + "[0]") + " " + operations +
+                                " -depth " + std::to_string(depth) + " -endian LSB " + map +
+                                ":- 2>/dev/null";
+    const CommandResult result = RunCommand(command);
+    return {result.out.begin(), result.out.end()};
+}
+
+MagickSize MagickIdentifySize(const std::string& path) {
+    const CommandResult result =
+        RunCommand("identify -format '%w %h' " + ShellQuote(path + "[0]") + " 2>/dev/null");
+    MagickSize size;
+    if (sscanf(result.out.c_str(), "%d %d", &size.width, &size.height) != 2) {
+        return {};
+    }
+    return size;
+}
+
+}  // namespace vellumo::test

@@ -1,0 +1,17 @@
+#include "tests/support/TestData.h"
+
+#include <filesystem>
+
+namespace vellumo::test {
+
+std::string TestDataPath(const std::string& relative) {
+    return (std::filesystem::path(VELLUMO_TESTDATA_DIR) / relative).string();
+}
+
+bool HaveTestData() { return std::filesystem::exists(TestDataPath("README.md")); }
+
+std::string BuildPath(const std::string& relative) {
+    return (std::filesystem::path(VELLUMO_BINARY_DIR) / relative).string();
+}
+
+}  // namespace vellumo::test
