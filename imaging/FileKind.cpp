@@ -23,25 +23,32 @@ std::string DescribeOther(const unsigned char* bytes, std::size_t size) {
     }
     std::string_view head(reinterpret_cast<const char*>(bytes), size);
     const auto has = [&](std::string_view needle) { return head.find(needle) != head.npos; };
-    if (StartsWith(bytes, size, "%PDF")) return "not an image Vellumo reads (a PDF document)";
-    if (StartsWith(bytes, size, "%!")) return "not an image Vellumo reads (a PostScript file)";
-    if (has("<svg") || has("<?xml")) return "not an image Vellumo reads (an SVG or XML file)";
-    if (StartsWith(bytes, size, "RIFF")) return "not an image Vellumo reads (a RIFF/WebP file)";
+    if (StartsWith(bytes, size, "%PDF"))
+        return "not an image Vellumo reads (a PDF document)";
+    if (StartsWith(bytes, size, "%!"))
+        return "not an image Vellumo reads (a PostScript file)";
+    if (has("<svg") || has("<?xml"))
+        return "not an image Vellumo reads (an SVG or XML file)";
+    if (StartsWith(bytes, size, "RIFF"))
+        return "not an image Vellumo reads (a RIFF/WebP file)";
     if (size >= 12 && std::memcmp(bytes + 4, "ftyp", 4) == 0) {
         return "not an image Vellumo reads (a HEIF/AVIF or MP4 file)";
     }
     const bool text = std::all_of(bytes, bytes + size, [](unsigned char c) {
         return c == '\n' || c == '\r' || c == '\t' || (c >= 0x20 && c != 0x7f);
     });
-    if (text) return "not an image Vellumo reads (a text file)";
+    if (text)
+        return "not an image Vellumo reads (a text file)";
     return "not a JPEG, JPEG 2000, PNG, GIF, TIFF or BMP file";
 }
 
 }  // namespace
 
 std::optional<FileKind> SniffBytes(const unsigned char* bytes, std::size_t size) {
-    if (StartsWith(bytes, size, "\xFF\xD8\xFF")) return FileKind::Jpeg;
-    if (StartsWith(bytes, size, "\x89PNG\r\n\x1A\n")) return FileKind::Png;
+    if (StartsWith(bytes, size, "\xFF\xD8\xFF"))
+        return FileKind::Jpeg;
+    if (StartsWith(bytes, size, "\x89PNG\r\n\x1A\n"))
+        return FileKind::Png;
     if (StartsWith(bytes, size, "GIF87a") || StartsWith(bytes, size, "GIF89a")) {
         return FileKind::Gif;
     }
@@ -56,7 +63,9 @@ std::optional<FileKind> SniffBytes(const unsigned char* bytes, std::size_t size)
         StartsWith(bytes, size, "\xFF\x4F\xFF\x51")) {
         return FileKind::Jpeg2000;
     }
-    if (StartsWith(bytes, size, "BM")) return FileKind::Bmp;
+    // "BA" is an OS/2 bitmap array, which holds BMP images.
+    if (StartsWith(bytes, size, "BM") || StartsWith(bytes, size, "BA"))
+        return FileKind::Bmp;
     return std::nullopt;
 }
 

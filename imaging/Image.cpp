@@ -15,13 +15,21 @@ struct Image::Data {
 
 Image::Image(std::shared_ptr<const Data> data) : data_(std::move(data)) {}
 
-double Image::Width() const { return data_ ? data_->width : 0.0; }
+double Image::Width() const {
+    return data_ ? data_->width : 0.0;
+}
 
-double Image::Height() const { return data_ ? data_->height : 0.0; }
+double Image::Height() const {
+    return data_ ? data_->height : 0.0;
+}
 
-bool Image::IsEmpty() const { return !(Width() > 0.0) || !(Height() > 0.0); }
+bool Image::IsEmpty() const {
+    return !(Width() > 0.0) || !(Height() > 0.0);
+}
 
-bool Image::IsSameImage(const Image& other) const { return data_ == other.data_; }
+bool Image::IsSameImage(const Image& other) const {
+    return data_ == other.data_;
+}
 
 Image ImageAccess::Make(vips::VImage pixels, double width, double height) {
     if (pixels.is_null()) {

@@ -14,7 +14,7 @@ namespace vellumo {
 // high has 562 rows of pixels. An image smaller than one unit in either
 // direction has no pixels at all.
 class Image {
-public:
+  public:
     // The empty image: 0 x 0, no pixels.
     Image() = default;
 
@@ -29,7 +29,7 @@ public:
     // same image.
     bool IsSameImage(const Image& other) const;
 
-private:
+  private:
     struct Data;
     explicit Image(std::shared_ptr<const Data> data);
 

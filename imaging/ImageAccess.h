@@ -11,7 +11,7 @@
 namespace vellumo {
 
 class ImageAccess {
-public:
+  public:
     // An image of the given logical size over `pixels`. `pixels` must be
     // trunc(width) x trunc(height); pass an empty VImage when either is 0.
     static Image Make(vips::VImage pixels, double width, double height);

@@ -30,7 +30,7 @@
 namespace vellumo {
 
 class ImageTools {
-public:
+  public:
     ImageTools() = delete;
 
     // ---- Crop geometry -------------------------------------------------

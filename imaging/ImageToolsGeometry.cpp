@@ -8,8 +8,12 @@ namespace vellumo {
 
 namespace {
 
-Rect FullHeight(double H, double x, double width) { return {x, 0.0, width, H}; }
-Rect FullWidth(double W, double y, double height) { return {0.0, y, W, height}; }
+Rect FullHeight(double H, double x, double width) {
+    return {x, 0.0, width, H};
+}
+Rect FullWidth(double W, double y, double height) {
+    return {0.0, y, W, height};
+}
 
 }  // namespace
 
@@ -94,17 +98,25 @@ Size ImageTools::CalculateCroppedImageSize(const Image& image, double originX, d
     const bool topOver = top > H;
 
     auto chain = [&](double left, double bottom) -> Size {
-        if (rightFits && topFits) return {right - left, top - bottom};
-        if (rightFits && topOver) return {right - left, H - bottom};
-        if (rightOver && topFits) return {W - left, top - bottom};
-        if (rightOver && topOver) return {W - left, H - bottom};
+        if (rightFits && topFits)
+            return {right - left, top - bottom};
+        if (rightFits && topOver)
+            return {right - left, H - bottom};
+        if (rightOver && topFits)
+            return {W - left, top - bottom};
+        if (rightOver && topOver)
+            return {W - left, H - bottom};
         return {0.0, 0.0};
     };
 
-    if (x >= 0 && y >= 0) return chain(x, y);
-    if (x <= 0 && y >= 0) return chain(0.0, y);
-    if (x >= 0 && y <= 0) return chain(x, 0.0);
-    if (x <= 0 && y <= 0) return chain(0.0, 0.0);
+    if (x >= 0 && y >= 0)
+        return chain(x, y);
+    if (x <= 0 && y >= 0)
+        return chain(0.0, y);
+    if (x >= 0 && y <= 0)
+        return chain(x, 0.0);
+    if (x <= 0 && y <= 0)
+        return chain(0.0, 0.0);
     return {0.0, 0.0};
 }
 

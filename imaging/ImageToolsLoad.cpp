@@ -34,7 +34,7 @@ LoadResult ImageTools::LoadImage(const std::string& path) {
     if (!sniffed.kind) {
         return LoadResult::Failure(sniffed.reason);
     }
-    vipsruntime::WarningCollector warnings;
+    vipsruntime::FailureScope scope;
     try {
         vips::VImage pixels = vipsload::Open(*sniffed.kind, path);
         const bool upright = vipsload::Orientation(pixels) == 1;
@@ -56,11 +56,7 @@ LoadResult ImageTools::LoadImage(const std::string& path) {
         const double height = pixels.height();
         return LoadResult::Success(ImageAccess::Make(std::move(pixels), width, height));
     } catch (const vips::VError& error) {
-        std::string text = error.what();
-        if (text.find_first_not_of(" \n") == std::string::npos) {
-            text = warnings.Text();
-        }
-        return LoadResult::Failure(vipsruntime::ReasonFromError(text));
+        return LoadResult::Failure(scope.Reason(error));
     }
 }
 
@@ -70,7 +66,7 @@ std::optional<Size> ImageTools::ImagePixelSizeWithPath(const std::string& path) 
     if (!sniffed.kind) {
         return std::nullopt;
     }
-    vipsruntime::WarningCollector warnings;
+    vipsruntime::FailureScope scope;
     try {
         vips::VImage first = vipsload::Open(*sniffed.kind, path);
         // GIF frames all share the screen size; only TIFF pages can differ.

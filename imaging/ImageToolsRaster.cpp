@@ -27,7 +27,9 @@ std::optional<int> WholePixels(double units) {
 
 // The top-left row index of a band of `rows` rows whose lower edge lies
 // `bottom` rows above the lower edge of an image `imageRows` rows high.
-int TopRow(int imageRows, int bottom, int rows) { return imageRows - bottom - rows; }
+int TopRow(int imageRows, int bottom, int rows) {
+    return imageRows - bottom - rows;
+}
 
 }  // namespace
 
@@ -39,13 +41,17 @@ Image ImageTools::CropImage(const Image& image, double originX, double originY, 
     const double W = image.Width();
     const double H = image.Height();
     if (originX >= 0 && originY >= 0) {
-        if (originX > W || originY > H) return image;
+        if (originX > W || originY > H)
+            return image;
     } else if (originX >= 0 && originY < 0) {
-        if (originY > height || originX > W) return image;
+        if (originY > height || originX > W)
+            return image;
     } else if (originX < 0 && originY >= 0) {
-        if (originX > width || originY > H) return image;
+        if (originX > width || originY > H)
+            return image;
     } else {
-        if (originX > width || originY > height) return image;
+        if (originX > width || originY > height)
+            return image;
     }
     const Size cropped = CalculateCroppedImageSize(image, originX, originY, width, height);
     if (cropped.width <= 0 || cropped.height <= 0) {
@@ -69,8 +75,8 @@ Image ImageTools::CropImage(const Image& image, double originX, double originY, 
         static_cast<int>(std::min<long long>(roundedOrigin(originX), pixels->width() - cutColumns));
     const int bottom =
         static_cast<int>(std::min<long long>(roundedOrigin(originY), pixels->height() - cutRows));
-    vips::VImage cut = pixels->extract_area(left, TopRow(pixels->height(), bottom, cutRows),
-                                            cutColumns, cutRows);
+    vips::VImage cut =
+        pixels->extract_area(left, TopRow(pixels->height(), bottom, cutRows), cutColumns, cutRows);
     return ImageAccess::Make(std::move(cut), cropped.width, cropped.height);
 }
 
@@ -84,10 +90,10 @@ Image ImageTools::ResizeImage(const Image& image, double width, double height) {
     const vips::VImage* pixels = ImageAccess::Pixels(image);
     if (pixels == nullptr) {
         // Nothing to draw: a fully transparent canvas.
-        vips::VImage canvas = vips::VImage::black(*columns, *rows,
-                                                  vips::VImage::option()->set("bands", 4));
-        canvas = canvas.copy(
-            vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
+        vips::VImage canvas =
+            vips::VImage::black(*columns, *rows, vips::VImage::option()->set("bands", 4));
+        canvas =
+            canvas.copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
         return ImageAccess::Make(std::move(canvas), width, height);
     }
     if (*columns == pixels->width() && *rows == pixels->height()) {

@@ -12,7 +12,7 @@ namespace vellumo {
 // there is none ("not a JPEG file", "file is truncated"). Used like
 // std::optional<Image>.
 class LoadResult {
-public:
+  public:
     static LoadResult Success(Image image) { return LoadResult(std::move(image), {}); }
     static LoadResult Failure(std::string reason) { return LoadResult({}, std::move(reason)); }
 
@@ -31,7 +31,7 @@ public:
     // Empty when there is an image.
     const std::string& reason() const { return reason_; }
 
-private:
+  private:
     LoadResult(Image image, std::string reason)
         : image_(std::move(image)), reason_(std::move(reason)) {}
 

@@ -1,6 +1,8 @@
 #include "imaging/VipsRuntime.h"
 
 #include <algorithm>
+#include <cctype>
+#include <cstring>
 #include <mutex>
 #include <sstream>
 #include <vector>
@@ -32,9 +34,9 @@ void EnsureStarted() {
             Fatal("libvips could not be started");
         }
         vips_cache_set_max(0);
-        g_log_set_handler("VIPS", static_cast<GLogLevelFlags>(G_LOG_LEVEL_WARNING |
-                                                              G_LOG_LEVEL_MESSAGE |
-                                                              G_LOG_LEVEL_INFO),
+        g_log_set_handler("VIPS",
+                          static_cast<GLogLevelFlags>(G_LOG_LEVEL_WARNING | G_LOG_LEVEL_MESSAGE |
+                                                      G_LOG_LEVEL_INFO),
                           OnVipsLog, nullptr);
         // Only the six image kinds Vellumo reads may ever reach a decoder.
         vips_operation_block_set("VipsForeignLoad", TRUE);
@@ -46,15 +48,41 @@ void EnsureStarted() {
     });
 }
 
-WarningCollector::WarningCollector() {
+// libvips drops messages once its error text is full, so it is emptied
+// well before that.
+constexpr std::size_t kErrorTextLimit = 4096;
+
+FailureScope::FailureScope() {
     if (collectorDepth++ == 0) {
         collectedWarnings.clear();
     }
+    if (std::strlen(vips_error_buffer()) > kErrorTextLimit) {
+        vips_error_clear();
+    }
+    errorTextStart_ = std::strlen(vips_error_buffer());
 }
 
-WarningCollector::~WarningCollector() { --collectorDepth; }
+FailureScope::~FailureScope() {
+    --collectorDepth;
+}
 
-std::string WarningCollector::Text() const {
+std::string FailureScope::Reason(const vips::VError& error) const {
+    const std::string all = error.what();
+    // Another thread may have emptied the text meanwhile; then all of it is
+    // this error's.
+    const std::string own = all.size() > errorTextStart_ ? all.substr(errorTextStart_) : all;
+    const std::string reason = ReasonFromError(own);
+    // Some decoders say only that they failed and give the cause as a
+    // warning just before.
+    const bool generic = own.find_first_not_of(" \n") == std::string::npos ||
+                         reason == "libpng read error" || reason == "read error";
+    if (generic && !collectedWarnings.empty()) {
+        return ReasonFromError(collectedWarnings.front());
+    }
+    return reason;
+}
+
+std::string FailureScope::Warnings() const {
     std::string text;
     for (const auto& line : collectedWarnings) {
         if (!text.empty()) {
@@ -65,43 +93,64 @@ std::string WarningCollector::Text() const {
     return text;
 }
 
+namespace {
+
+// True for a "head: " that names a library, class or function rather than
+// starting a sentence: "VipsJpeg", "jpegload", "magick2vips", "libMagick error",
+// "TIFFFetchDirectory", "fax4Decode".
+bool IsLibraryPrefix(const std::string& head) {
+    if (head == "libMagick error" || head == "source input") {
+        return true;
+    }
+    if (head.empty() || head.find(' ') != std::string::npos) {
+        return false;
+    }
+    static const char* const kMarks[] = {"Vips", "vips", "TIFF",   "magick", "lib",
+                                         "load", "save", "Decode", "Encode"};
+    for (const char* mark : kMarks) {
+        if (head.find(mark) != std::string::npos) {
+            return true;
+        }
+    }
+    return false;
+}
+
+std::string Tidy(std::string line) {
+    for (;;) {
+        const auto colon = line.find(": ");
+        if (colon == std::string::npos || colon == 0 || !IsLibraryPrefix(line.substr(0, colon))) {
+            break;
+        }
+        line.erase(0, colon + 2);
+    }
+    // ImageMagick appends " `file' @ error/coder.c/Function/line".
+    if (const auto quote = line.find(" `");
+        quote != std::string::npos && line.find("' @ ", quote) != std::string::npos) {
+        line.erase(quote);
+    }
+    while (!line.empty() && (line.back() == ' ' || line.back() == '\r' || line.back() == '.')) {
+        line.pop_back();
+    }
+    // "Premature end of ..." reads as part of a sentence; "IEND: ..." keeps
+    // its capitals.
+    if (line.size() >= 2 && std::isupper(static_cast<unsigned char>(line[0])) &&
+        std::islower(static_cast<unsigned char>(line[1]))) {
+        line[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(line[0])));
+    }
+    return line;
+}
+
+}  // namespace
+
 std::string ReasonFromError(const std::string& errorText) {
-    std::vector<std::string> lines;
     std::istringstream stream(errorText);
     for (std::string line; std::getline(stream, line);) {
-        // Strip "name: " prefixes that name a libvips class or operation.
-        for (;;) {
-            const auto colon = line.find(": ");
-            if (colon == std::string::npos || colon == 0) {
-                break;
-            }
-            const std::string head = line.substr(0, colon);
-            const bool isPrefix =
-                head.find(' ') == std::string::npos &&
-                (head.rfind("Vips", 0) == 0 || head.find("load") != std::string::npos ||
-                 head.find("save") != std::string::npos || head == "vips" || head == "magick" ||
-                 head == "libpng" || head == "tiff2vips" || head == "TIFFReadDirectory" ||
-                 head == "gifload");
-            if (!isPrefix) {
-                break;
-            }
-            line.erase(0, colon + 2);
-        }
-        while (!line.empty() && (line.back() == ' ' || line.back() == '\r')) {
-            line.pop_back();
-        }
-        if (!line.empty() && std::find(lines.begin(), lines.end(), line) == lines.end()) {
-            lines.push_back(line);
+        std::string tidy = Tidy(line);
+        if (!tidy.empty()) {
+            return tidy;
         }
     }
-    if (lines.empty()) {
-        return "the image library gave no reason";
-    }
-    std::string reason = lines.front();
-    if (!reason.empty()) {
-        reason[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(reason[0])));
-    }
-    return reason;
+    return "the image library gave no reason";
 }
 
 }  // namespace vellumo::vipsruntime

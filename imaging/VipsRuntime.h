@@ -14,17 +14,26 @@ namespace vellumo::vipsruntime {
 // blocks every file loader except the six Vellumo reads.
 void EnsureStarted();
 
-// Collects the libvips warnings raised on this thread while it lives;
-// nested collectors share one buffer.
-class WarningCollector {
-public:
-    WarningCollector();
-    ~WarningCollector();
-    WarningCollector(const WarningCollector&) = delete;
-    WarningCollector& operator=(const WarningCollector&) = delete;
+// Guards a run of libvips calls on this thread: collects the warnings they
+// raise, and turns a vips::VError they throw into a one-line reason. libvips
+// keeps one error text for the whole process and appends to it, so the
+// scope remembers where that text stood when it began and reads only what
+// was added since. Nested scopes share one warning buffer.
+class FailureScope {
+  public:
+    FailureScope();
+    ~FailureScope();
+    FailureScope(const FailureScope&) = delete;
+    FailureScope& operator=(const FailureScope&) = delete;
+
+    // The reason for `error`, thrown inside this scope.
+    std::string Reason(const vips::VError& error) const;
 
     // The warnings so far, one per line, oldest first.
-    std::string Text() const;
+    std::string Warnings() const;
+
+  private:
+    std::size_t errorTextStart_;
 };
 
 // A one-line reason from a libvips error text: the most telling line, with

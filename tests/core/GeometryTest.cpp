@@ -48,8 +48,8 @@ TEST(AutoCropRectangle, PortraitTurnsTheRatio) {
 TEST(AutoCropRectangle, LandscapeCasesOfEveryRatio) {
     EXPECT_EQ(AutoCrop(1920, 1080, k16x9), (Rect{0, 0, 1920, 1080}));
     EXPECT_EQ(AutoCrop(1000, 600, k3x2), (Rect{50, 0, 900, 600}));
-    EXPECT_EQ(AutoCrop(4000, 2000, k4x3), (Rect{4000 * 0.5 + 2000 * 4.0 / -6.0, 0,
-                                                2000 * 4.0 / 3.0, 2000}));
+    EXPECT_EQ(AutoCrop(4000, 2000, k4x3),
+              (Rect{4000 * 0.5 + 2000 * 4.0 / -6.0, 0, 2000 * 4.0 / 3.0, 2000}));
     EXPECT_EQ(AutoCrop(4000, 3000, k1x1), (Rect{500, 0, 3000, 3000}));
 }
 

@@ -35,7 +35,7 @@ void ExpectCutOf(const vips::VImage& cut, int left, int top) {
 }
 
 class CropImageTest : public ::testing::Test {
-protected:
+  protected:
     Image source = MakeImage(CoordinateImage(1000, 1000));
 };
 
@@ -154,12 +154,11 @@ TEST(BringImageToActualSize, ARecordedSizeThatDiffersIsRedrawnAtThePixelSize) {
 
 TEST(BringImageToActualSize, UnreadableFileStopsTheProgram) {
     const Image image = MakeImage(CoordinateImage(8, 8));
-    EXPECT_DEATH(ImageTools::BringImageToActualSize(image, "/nonexistent/x.png"),
-                 "pixel size");
+    EXPECT_DEATH(ImageTools::BringImageToActualSize(image, "/nonexistent/x.png"), "pixel size");
 }
 
 class OverlayTest : public ::testing::Test {
-protected:
+  protected:
     static vips::VImage Black(int w, int h) {
         return vips::VImage::black(w, h, vips::VImage::option()->set("bands", 3))
             .cast(VIPS_FORMAT_UCHAR)
@@ -218,12 +217,12 @@ TEST_F(OverlayTest, InsideUnchangedOutsideVeiledWithLowerLeftOrigin) {
 TEST_F(OverlayTest, TransparentPixelsOutsideBecomeTheVeil) {
     // Fully transparent image: outside the veil is white at alpha 0.6,
     // inside stays transparent.
-    const vips::VImage clear = vips::VImage::black(10, 10, vips::VImage::option()->set("bands", 4))
-                                   .cast(VIPS_FORMAT_UCHAR)
-                                   .copy(vips::VImage::option()->set(
-                                       "interpretation", VIPS_INTERPRETATION_sRGB));
-    const vips::VImage out = PixelsOf(
-        ImageTools::DrawCropRectangleOnImageWithImage(MakeImage(clear), 0, 0, 5, 10));
+    const vips::VImage clear =
+        vips::VImage::black(10, 10, vips::VImage::option()->set("bands", 4))
+            .cast(VIPS_FORMAT_UCHAR)
+            .copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
+    const vips::VImage out =
+        PixelsOf(ImageTools::DrawCropRectangleOnImageWithImage(MakeImage(clear), 0, 0, 5, 10));
     const std::vector<double> outside = out.getpoint(9, 0);
     EXPECT_EQ(outside[0], 255);
     EXPECT_EQ(outside[3], 153);

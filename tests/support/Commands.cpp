@@ -40,9 +40,11 @@ std::string ShellQuote(const std::string& text) {
 
 std::vector<unsigned char> MagickPixels(const std::string& path, const std::string& operations,
                                         const std::string& map, int depth) {
-    const std::string command = "convert " + ShellQuote(path + "[0]") + " " + operations +
-                                " -depth " + std::to_string(depth) + " -endian LSB " + map +
-                                ":- 2>/dev/null";
+    // "-set colorspace sRGB" keeps ImageMagick from turning samples it
+    // reads as linear (a gAMA of 1.0, say) into sRGB on the way out.
+    const std::string command = "convert " + ShellQuote(path + "[0]") + " -set colorspace sRGB " +
+                                operations + " -depth " + std::to_string(depth) + " -endian LSB " +
+                                map + ":- 2>/dev/null";
     const CommandResult result = RunCommand(command);
     return {result.out.begin(), result.out.end()};
 }

@@ -8,7 +8,9 @@ std::string TestDataPath(const std::string& relative) {
     return (std::filesystem::path(VELLUMO_TESTDATA_DIR) / relative).string();
 }
 
-bool HaveTestData() { return std::filesystem::exists(TestDataPath("README.md")); }
+bool HaveTestData() {
+    return std::filesystem::exists(TestDataPath("README.md"));
+}
 
 std::string BuildPath(const std::string& relative) {
     return (std::filesystem::path(VELLUMO_BINARY_DIR) / relative).string();

@@ -17,10 +17,10 @@ std::string BuildPath(const std::string& relative);
 }  // namespace vellumo::test
 
 // Skips the current test when the shared test images are not there.
-#define VELLUMO_REQUIRE_TESTDATA()                                              \
-    do {                                                                        \
-        if (!::vellumo::test::HaveTestData()) {                                 \
-            GTEST_SKIP() << "shared test images not found at "                  \
-                         << ::vellumo::test::TestDataPath("");                  \
-        }                                                                       \
+#define VELLUMO_REQUIRE_TESTDATA()                             \
+    do {                                                       \
+        if (!::vellumo::test::HaveTestData()) {                \
+            GTEST_SKIP() << "shared test images not found at " \
+                         << ::vellumo::test::TestDataPath(""); \
+        }                                                      \
     } while (false)

@@ -1,0 +1,87 @@
+// Loading, cropping and the preview veil on photo-sized images.
+//
+//   build/bench/vellumo_bench_core [--benchmark_filter=...]
+//
+// Inputs are generated once into the build tree (bench-data/).
+
+#include <benchmark/benchmark.h>
+
+#include <filesystem>
+
+#include "imaging/ImageTools.h"
+#include "tests/support/TestData.h"
+#include "tests/support/TestImages.h"
+
+namespace vellumo {
+namespace {
+
+// A photo-like 6000 x 4000 (24-megapixel) JPEG at quality 90.
+const std::string& PhotoJpeg24() {
+    static const std::string path = [] {
+        const std::string file = test::BuildPath("bench-data/photo-6000x4000.jpg");
+        if (!std::filesystem::exists(file)) {
+            std::filesystem::create_directories(std::filesystem::path(file).parent_path());
+            test::PhotoLikeImage(6000, 4000).jpegsave(file.c_str(),
+                                                      vips::VImage::option()->set("Q", 90));
+        }
+        return file;
+    }();
+    return path;
+}
+
+void BM_Load24MegapixelJpeg(benchmark::State& state) {
+    for (auto _ : state) {
+        LoadResult loaded = ImageTools::LoadImage(PhotoJpeg24());
+        benchmark::DoNotOptimize(loaded);
+        if (!loaded) state.SkipWithError(loaded.reason().c_str());
+    }
+}
+BENCHMARK(BM_Load24MegapixelJpeg)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// Load, cut the centre half of each side, and hold the cut pixels in memory.
+void BM_LoadAndCropCentreHalf24MegapixelJpeg(benchmark::State& state) {
+    for (auto _ : state) {
+        const LoadResult loaded = ImageTools::LoadImage(PhotoJpeg24());
+        if (!loaded) {
+            state.SkipWithError(loaded.reason().c_str());
+            break;
+        }
+        const Image cut = ImageTools::CropImage(*loaded, 1500, 1000, 3000, 2000);
+        vips::VImage held = test::PixelsOf(cut);
+        benchmark::DoNotOptimize(held);
+    }
+}
+BENCHMARK(BM_LoadAndCropCentreHalf24MegapixelJpeg)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// The veil outside a 3:2 rectangle on a preview-sized image, computed into
+// memory.
+void BM_OverlayPreviewSized(benchmark::State& state) {
+    const Image preview = test::MakeImage(test::PhotoLikeImage(1200, 800).copy_memory());
+    const Rect r = ImageTools::CalculateAutoCropRectangleWithImage(preview, 2);
+    for (auto _ : state) {
+        const Image veiled =
+            ImageTools::DrawCropRectangleOnImageWithImage(preview, r.x, r.y + 37.5, r.width,
+                                                          r.height - 75);
+        vips::VImage held = test::PixelsOf(veiled);
+        benchmark::DoNotOptimize(held);
+    }
+}
+BENCHMARK(BM_OverlayPreviewSized)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+}  // namespace
+
+// Used by main() below.
+const std::string& PhotoJpeg24ForMain() { return PhotoJpeg24(); }
+
+}  // namespace vellumo
+
+int main(int argc, char** argv) {
+    vellumo::PhotoJpeg24ForMain();  // generated before any timing starts
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+        return 1;
+    }
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
