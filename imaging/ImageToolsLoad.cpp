@@ -13,9 +13,8 @@ namespace vellumo {
 namespace {
 
 // Images whose decoded pixels fit in this many bytes are decoded once into
-// memory at load (a 24-megapixel photo takes 72 MB). Larger ones are checked
-// by a streaming pass that keeps nothing and are then read again, region by
-// region, as the crop needs them.
+// memory at load (a 24-megapixel photo takes 72 MB); larger ones stay out of
+// memory (OpenHuge).
 constexpr double kDecodeInMemoryBytes = 768.0 * 1024 * 1024;
 
 // Page headers read at most when sizing a multi-page TIFF.
@@ -24,6 +23,28 @@ constexpr int kMaxPages = 1000;
 double DecodedBytes(const vips::VImage& image) {
     return static_cast<double>(image.width()) * image.height() * image.bands() *
            static_cast<double>(vips_format_sizeof(image.format()));
+}
+
+// A file too large to decode into memory. Random access keeps it out of
+// memory: TIFF strips and JPEG 2000 tiles are read as they are needed (after
+// one streaming pass over every pixel, to find damage before any output is
+// written); the other kinds are decoded once, whole, into a temporary file
+// that libvips maps in as regions are read, and deletes when done.
+Image OpenHuge(FileKind kind, const std::string& path, bool upright) {
+    vipsload::OpenOptions options;
+    options.access = VIPS_ACCESS_RANDOM;
+    vips::VImage pixels = vipsload::Open(kind, path, options);
+    if (kind == FileKind::Tiff || kind == FileKind::Jpeg2000) {
+        (void)pixels.avg();
+    } else {
+        (void)pixels.getpoint(0, 0);
+    }
+    if (!upright) {
+        pixels = pixels.autorot();
+    }
+    const double width = pixels.width();
+    const double height = pixels.height();
+    return ImageAccess::Make(std::move(pixels), width, height);
 }
 
 }  // namespace
@@ -40,21 +61,14 @@ LoadResult ImageTools::LoadImage(const std::string& path) {
         const bool upright = vipsload::Orientation(pixels) == 1;
         if (DecodedBytes(pixels) <= kDecodeInMemoryBytes) {
             pixels = pixels.copy_memory();
-        } else {
-            // Every pixel is decoded once, in strips, to find damage now
-            // rather than halfway through writing an output.
-            (void)pixels.avg();
-            vipsload::OpenOptions again;
-            // Turning the image upright needs it all at hand.
-            again.access = upright ? VIPS_ACCESS_SEQUENTIAL : VIPS_ACCESS_RANDOM;
-            pixels = vipsload::Open(*sniffed.kind, path, again);
+            if (!upright) {
+                pixels = pixels.autorot();
+            }
+            const double width = pixels.width();
+            const double height = pixels.height();
+            return LoadResult::Success(ImageAccess::Make(std::move(pixels), width, height));
         }
-        if (!upright) {
-            pixels = pixels.autorot();
-        }
-        const double width = pixels.width();
-        const double height = pixels.height();
-        return LoadResult::Success(ImageAccess::Make(std::move(pixels), width, height));
+        return LoadResult::Success(OpenHuge(*sniffed.kind, path, upright));
     } catch (const vips::VError& error) {
         return LoadResult::Failure(scope.Reason(error));
     }
