@@ -70,7 +70,7 @@ std::string FailureScope::Reason(const vips::VError& error) const {
     const std::string all = error.what();
     // Another thread may have emptied the text meanwhile; then all of it is
     // this error's.
-    const std::string own = all.size() > errorTextStart_ ? all.substr(errorTextStart_) : all;
+    const std::string own = all.size() >= errorTextStart_ ? all.substr(errorTextStart_) : all;
     const std::string reason = ReasonFromError(own);
     // Some decoders say only that they failed and give the cause as a
     // warning just before.
