@@ -1,0 +1,66 @@
+#include "batch/OverwritePrompts.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "batch/OutputPath.h"
+
+namespace vellumo {
+
+namespace {
+
+// The memory of a "to All" answer, for one pass only.
+enum class AnswerForAll { None = 0, OverwriteAll = 1, SkipAll = 2 };
+
+bool ItemExists(const std::string& path) {
+    std::error_code ignored;
+    return std::filesystem::exists(path, ignored);
+}
+
+}  // namespace
+
+std::string OverwriteQuestion(const std::string& path) {
+    return "The file " + path + " already exists. Do you want to overwrite it?";
+}
+
+std::vector<OverwriteDecision> PromptOverwrites(const CropSettings& settings,
+                                                const std::vector<std::string>& listImagePaths,
+                                                const OverwriteAsker& ask) {
+    AnswerForAll memory = AnswerForAll::None;
+    std::vector<OverwriteDecision> decisions;
+    decisions.reserve(listImagePaths.size());
+    for (long i = 0; i < static_cast<long>(listImagePaths.size()); ++i) {
+        const std::string path = GenerateOutputPathWithImageIndex(settings, listImagePaths, i);
+        if (!ItemExists(path)) {
+            decisions.push_back(OverwriteDecision::NoConflict);
+            continue;
+        }
+        if (memory == AnswerForAll::SkipAll) {
+            decisions.push_back(OverwriteDecision::Skip);
+            continue;
+        }
+        if (memory == AnswerForAll::OverwriteAll) {
+            decisions.push_back(OverwriteDecision::Overwrite);
+            continue;
+        }
+        switch (ask(OverwriteQuestion(path))) {
+            case kAnswerYes:
+                decisions.push_back(OverwriteDecision::Overwrite);
+                break;
+            case kAnswerYesToAll:
+                decisions.push_back(OverwriteDecision::Overwrite);
+                memory = AnswerForAll::OverwriteAll;
+                break;
+            case kAnswerNo:
+                decisions.push_back(OverwriteDecision::Skip);
+                break;
+            default:
+                decisions.push_back(OverwriteDecision::Skip);
+                memory = AnswerForAll::SkipAll;
+                break;
+        }
+    }
+    return decisions;
+}
+
+}  // namespace vellumo

@@ -1,0 +1,43 @@
+#pragma once
+
+// Settling, before a job starts, what happens to output files that already
+// exist: one decision per image, asked once per conflict unless a "to All"
+// answer already settled it.
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "batch/CropSettings.h"
+
+namespace vellumo {
+
+enum class OverwriteDecision : int {
+    NoConflict = 0,  // nothing exists at the output path: save
+    Overwrite = 1,   // something exists and is to be replaced
+    Skip = 2,        // something exists and is to be kept: do not save
+};
+
+// The answers of the overwrite question, as the message box returns them:
+// the first button is 1000. Any other code counts as "No to All".
+inline constexpr int kAnswerYes = 1000;
+inline constexpr int kAnswerYesToAll = 1001;
+inline constexpr int kAnswerNo = 1002;
+inline constexpr int kAnswerNoToAll = 1003;
+
+// The question and its buttons, in order.
+std::string OverwriteQuestion(const std::string& path);
+inline const std::vector<std::string> kOverwriteButtons = {"Yes", "Yes to All", "No", "No to All"};
+
+// Asks `question` and returns the code of the button pressed (1000 to 1003).
+using OverwriteAsker = std::function<int(const std::string& question)>;
+
+// One decision for each entry of the list, in order. An existing item of any
+// kind at the output path (a folder too) is a conflict. "Yes to All" and
+// "No to All" settle the conflicts after the one answered; nothing asked
+// before is revised.
+std::vector<OverwriteDecision> PromptOverwrites(const CropSettings& settings,
+                                                const std::vector<std::string>& listImagePaths,
+                                                const OverwriteAsker& ask);
+
+}  // namespace vellumo

@@ -1,0 +1,80 @@
+// The rule that turns the crop settings and an image into a rectangle.
+
+#include <gtest/gtest.h>
+
+#include "batch/CropRectangle.h"
+#include "tests/support/TestImages.h"
+
+namespace vellumo {
+namespace {
+
+using test::MakeSizedImage;
+
+CropSettings Percents(float x, float y, float w, float h) {
+    CropSettings s;
+    s.customCropPixels = false;
+    s.customCropPercents = true;
+    s.percentsOriginX = x;
+    s.percentsOriginY = y;
+    s.percentsWidth = w;
+    s.percentsHeight = h;
+    return s;
+}
+
+TEST(ResolveCropRectangle, PercentsOfTheImagesSides) {
+    EXPECT_EQ(ResolveCropRectangle(Percents(20, 20, 60, 60), MakeSizedImage(1000, 500)),
+              (Rect{200, 100, 600, 300}));
+}
+
+TEST(ResolveCropRectangle, PercentsAboveOneHundredPassThrough) {
+    EXPECT_EQ(ResolveCropRectangle(Percents(0, 0, 150, 100), MakeSizedImage(1000, 500)),
+              (Rect{0, 0, 1500, 500}));
+}
+
+TEST(ResolveCropRectangle, PercentsAreComputedInSinglePrecision) {
+    // 33.3 % of 1001: multiplied, then divided by 100, all in float.
+    const Rect r = ResolveCropRectangle(Percents(33.3f, 0, 1, 1), MakeSizedImage(1001, 10));
+    const float expected = 33.3f * 1001.0f / 100.0f;
+    EXPECT_EQ(r.x, static_cast<double>(expected));
+    EXPECT_NE(r.x, 33.3 * 1001.0 / 100.0);  // the double result differs
+}
+
+TEST(ResolveCropRectangle, DefaultPixelRectangleIsEmpty) {
+    EXPECT_EQ(ResolveCropRectangle(CropSettings{}, MakeSizedImage(800, 600)), (Rect{0, 0, 0, 0}));
+}
+
+TEST(ResolveCropRectangle, PixelFieldsAreTakenAsTheyAre) {
+    CropSettings s;
+    s.pixelsOriginX = -10.5f;
+    s.pixelsOriginY = 7.25f;
+    s.pixelsWidth = 5000;
+    s.pixelsHeight = 0.1f;
+    EXPECT_EQ(ResolveCropRectangle(s, MakeSizedImage(800, 600)),
+              (Rect{-10.5, 7.25, 5000, static_cast<double>(0.1f)}));
+}
+
+TEST(ResolveCropRectangle, AutoCropIgnoresTheSecondLevelAndTheFields) {
+    CropSettings s = Percents(1, 2, 3, 4);
+    s.autoCrop = true;
+    s.customCrop = false;
+    s.autoCropFormat = 3;
+    EXPECT_EQ(ResolveCropRectangle(s, MakeSizedImage(1000, 1000)), (Rect{0, 218.75, 1000, 562.5}));
+    // Choosing the pixel radio while auto-crop is on changes only the
+    // second level; the rectangle stays the auto-crop one.
+    s.customCropPixels = true;
+    s.customCropPercents = false;
+    EXPECT_EQ(ResolveCropRectangle(s, MakeSizedImage(1000, 1000)), (Rect{0, 218.75, 1000, 562.5}));
+}
+
+TEST(ResolveCropRectangle, NoModeGivesTheEmptyRectangle) {
+    CropSettings firstLevelOff = Percents(20, 20, 60, 60);
+    firstLevelOff.customCrop = false;
+    EXPECT_EQ(ResolveCropRectangle(firstLevelOff, MakeSizedImage(100, 100)), (Rect{}));
+
+    CropSettings secondLevelOff = Percents(20, 20, 60, 60);
+    secondLevelOff.customCropPercents = false;
+    EXPECT_EQ(ResolveCropRectangle(secondLevelOff, MakeSizedImage(100, 100)), (Rect{}));
+}
+
+}  // namespace
+}  // namespace vellumo
