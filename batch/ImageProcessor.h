@@ -1,0 +1,22 @@
+#pragma once
+
+#include "batch/ImageTask.h"
+
+namespace vellumo {
+
+// Does one image's work: load, bring to actual size, resolve the rectangle,
+// crop, act on the overwrite decision, save, carry metadata. Never throws;
+// every failure is an outcome with a reason.
+class ImageProcessor {
+  public:
+    virtual ~ImageProcessor() = default;
+    virtual ImageOutcome Process(const ImageTask& task) = 0;
+};
+
+// The work done right here, in the calling thread.
+class InProcessImageProcessor final : public ImageProcessor {
+  public:
+    ImageOutcome Process(const ImageTask& task) override;
+};
+
+}  // namespace vellumo

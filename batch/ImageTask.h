@@ -1,0 +1,51 @@
+#pragma once
+
+// One image's work in a crop job, and what came of it. A task holds all it
+// needs, so it can run anywhere (in this process or another) without the
+// window or the list.
+
+#include <optional>
+#include <string>
+
+#include "batch/CropSettings.h"
+#include "batch/OverwritePrompts.h"
+#include "imaging/Geometry.h"
+
+namespace vellumo {
+
+struct ImageTask {
+    long index = 0;      // position in the list
+    std::string source;  // the image file
+    std::string output;  // where its crop goes
+    OverwriteDecision decision = OverwriteDecision::NoConflict;
+    CropSettings settings;
+    // Copy the source's metadata and creation date into the output after a
+    // successful save (or onto the kept file of a skipped image). False once
+    // an earlier image of the job has failed.
+    bool carryMetadata = false;
+    // Decide and measure only: decode nothing, write nothing.
+    bool dryRun = false;
+};
+
+enum class ImageStatus {
+    Written,  // the crop was saved at the output path
+    Skipped,  // an existing file was kept, as the user answered
+    Failed,   // nothing was written; see the reason
+    Planned,  // a dry run: what would be done
+};
+
+struct ImageOutcome {
+    ImageStatus status = ImageStatus::Failed;
+    // For a failure, one line a person understands: "cannot decode: not a
+    // JPEG file", "cannot write: permission denied".
+    std::string reason;
+    // The rectangle as resolved, and the output's size in pixels, when the
+    // image could be read.
+    std::optional<Rect> rect;
+    std::optional<Size> outputSize;
+    // Set when removing an existing output before an overwrite failed: the
+    // error's description. The save was attempted anyway.
+    std::string removeError;
+};
+
+}  // namespace vellumo

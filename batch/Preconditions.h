@@ -1,0 +1,20 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "batch/CropSettings.h"
+
+namespace vellumo {
+
+inline constexpr const char* kNoImagesToCrop = "There are no images to crop.";
+inline constexpr const char* kSelectAnOutputFolder = "Please select an output folder.";
+
+// Why a job cannot start, tested in this order: an empty list, then an empty
+// output folder text (only emptiness: a folder of one blank passes).
+// Nothing when it can start.
+std::optional<std::string> CropJobRefusal(const std::vector<std::string>& listImagePaths,
+                                          const CropSettings& settings);
+
+}  // namespace vellumo

@@ -1,0 +1,153 @@
+// The job's order, flags and reports, with a scripted image processor.
+
+#include <gtest/gtest.h>
+
+#include "batch/CropJob.h"
+#include "batch/Preconditions.h"
+
+namespace vellumo {
+namespace {
+
+using D = OverwriteDecision;
+
+// Records every task and answers with scripted outcomes.
+class ScriptedProcessor : public ImageProcessor {
+  public:
+    explicit ScriptedProcessor(std::vector<ImageOutcome> outcomes)
+        : outcomes_(std::move(outcomes)) {}
+    ImageOutcome Process(const ImageTask& task) override {
+        tasks.push_back(task);
+        return outcomes_.at(tasks.size() - 1);
+    }
+    std::vector<ImageTask> tasks;
+
+  private:
+    std::vector<ImageOutcome> outcomes_;
+};
+
+ImageOutcome Written() {
+    ImageOutcome o;
+    o.status = ImageStatus::Written;
+    return o;
+}
+ImageOutcome Skipped() {
+    ImageOutcome o;
+    o.status = ImageStatus::Skipped;
+    return o;
+}
+ImageOutcome Failed(const std::string& reason) {
+    ImageOutcome o;
+    o.status = ImageStatus::Failed;
+    o.reason = reason;
+    return o;
+}
+
+class CropJobTest : public ::testing::Test {
+  protected:
+    CropJobTest() {
+        settings.outputFolder = "/out";
+        settings.nameTemplate = "[FileName]";
+        settings.keepMetadata = true;
+    }
+    std::vector<std::string> List(int n) {
+        std::vector<std::string> list;
+        for (int i = 0; i < n; ++i)
+            list.push_back("/in/p" + std::to_string(i) + ".jpg");
+        return list;
+    }
+    CropSettings settings;
+};
+
+TEST_F(CropJobTest, ReportsProgressAfterEachImageWithTheIndexJustHandled) {
+    ScriptedProcessor processor({Written(), Written(), Written()});
+    std::vector<double> progress;
+    const auto list = List(3);
+    JobCallbacks callbacks;
+    callbacks.progress = [&](long index, const ImageReport&) {
+        progress.push_back(static_cast<double>(index) / static_cast<double>(list.size()));
+    };
+    const JobReport report = RunCropJob(
+        settings, list, {D::NoConflict, D::NoConflict, D::NoConflict}, processor, callbacks);
+    EXPECT_EQ(progress, (std::vector<double>{0.0, 1.0 / 3.0, 2.0 / 3.0}));
+    EXPECT_TRUE(report.allSucceeded);
+    ASSERT_EQ(processor.tasks.size(), 3u);
+    for (long i = 0; i < 3; ++i) {
+        EXPECT_EQ(processor.tasks[i].index, i);  // strictly in list order
+        EXPECT_EQ(processor.tasks[i].source, list[i]);
+        EXPECT_EQ(processor.tasks[i].output, "/out/p" + std::to_string(i) + ".jpg");
+    }
+}
+
+TEST_F(CropJobTest, AFailedFirstSaveStopsMetadataButNotTheSaves) {
+    ScriptedProcessor processor({Failed("cannot write: permission denied"), Written(), Written()});
+    const JobReport report =
+        RunCropJob(settings, List(3), {D::NoConflict, D::NoConflict, D::NoConflict}, processor);
+    EXPECT_FALSE(report.allSucceeded);
+    ASSERT_EQ(processor.tasks.size(), 3u);
+    EXPECT_TRUE(processor.tasks[0].carryMetadata);
+    EXPECT_FALSE(processor.tasks[1].carryMetadata);
+    EXPECT_FALSE(processor.tasks[2].carryMetadata);
+    EXPECT_EQ(report.images[1].outcome.status, ImageStatus::Written);
+    EXPECT_EQ(report.images[0].outcome.reason, "cannot write: permission denied");
+}
+
+TEST_F(CropJobTest, AnImageThatCannotBeDecodedFailsAndTheJobGoesOn) {
+    ScriptedProcessor processor({Written(), Failed("cannot decode: not a JPEG file"), Written()});
+    const JobReport report =
+        RunCropJob(settings, List(3), {D::NoConflict, D::NoConflict, D::NoConflict}, processor);
+    EXPECT_FALSE(report.allSucceeded);
+    EXPECT_EQ(processor.tasks.size(), 3u);
+    EXPECT_TRUE(processor.tasks[1].carryMetadata);
+    EXPECT_FALSE(processor.tasks[2].carryMetadata);
+}
+
+TEST_F(CropJobTest, ASkippedImageStillGoesThroughTheMetadataStep) {
+    ScriptedProcessor processor({Skipped(), Written()});
+    const JobReport report = RunCropJob(settings, List(2), {D::Skip, D::NoConflict}, processor);
+    EXPECT_TRUE(report.allSucceeded);
+    EXPECT_EQ(processor.tasks[0].decision, D::Skip);
+    EXPECT_TRUE(processor.tasks[0].carryMetadata);
+}
+
+TEST_F(CropJobTest, EveryImageAnsweredNoStillSucceeds) {
+    ScriptedProcessor processor({Skipped(), Skipped()});
+    EXPECT_TRUE(RunCropJob(settings, List(2), {D::Skip, D::Skip}, processor).allSucceeded);
+}
+
+TEST_F(CropJobTest, AFailedRemovalIsPrintedAndDoesNotLowerAllSucceeded) {
+    ImageOutcome removeFailed = Written();
+    removeFailed.removeError = "could not remove /out/p0.jpg: Permission denied";
+    ScriptedProcessor processor({removeFailed});
+    ::testing::internal::CaptureStdout();
+    const JobReport report = RunCropJob(settings, List(1), {D::Overwrite}, processor);
+    EXPECT_EQ(::testing::internal::GetCapturedStdout(),
+              "Remove failed: could not remove /out/p0.jpg: Permission denied\n");
+    EXPECT_TRUE(report.allSucceeded);
+}
+
+TEST_F(CropJobTest, WithoutTheOptionNoImageCarriesMetadata) {
+    settings.keepMetadata = false;
+    ScriptedProcessor processor({Written(), Skipped()});
+    RunCropJob(settings, List(2), {D::NoConflict, D::Skip}, processor);
+    EXPECT_FALSE(processor.tasks[0].carryMetadata);
+    EXPECT_FALSE(processor.tasks[1].carryMetadata);
+}
+
+TEST_F(CropJobTest, EmptyListRunsNothing) {
+    ScriptedProcessor processor({});
+    const JobReport report = RunCropJob(settings, {}, {}, processor);
+    EXPECT_TRUE(report.allSucceeded);
+    EXPECT_TRUE(report.images.empty());
+}
+
+TEST(CropJobRefusal, EmptyListIsToldBeforeAnEmptyFolder) {
+    CropSettings settings;
+    settings.outputFolder = "";
+    EXPECT_EQ(CropJobRefusal({}, settings), "There are no images to crop.");
+    EXPECT_EQ(CropJobRefusal({"/a.png"}, settings), "Please select an output folder.");
+    settings.outputFolder = " ";
+    EXPECT_EQ(CropJobRefusal({"/a.png"}, settings), std::nullopt);
+}
+
+}  // namespace
+}  // namespace vellumo
