@@ -27,7 +27,7 @@ JobReport RunCropJob(const CropSettings& settings, const std::vector<std::string
         task.dryRun = options.dryRun;
 
         ImageReport image{i, task.source, task.output, task.decision, processor.Process(task)};
-        if (!image.outcome.removeError.empty()) {
+        if (options.printRemoveFailures && !image.outcome.removeError.empty()) {
             std::cout << "Remove failed: " << image.outcome.removeError << std::endl;
         }
         if (image.outcome.status == ImageStatus::Failed) {

@@ -38,6 +38,10 @@ struct JobCallbacks {
 
 struct JobOptions {
     bool dryRun = false;
+    // "Remove failed: ..." lines on standard output. Off when standard output
+    // carries something else (the command line's JSON); the error is in the
+    // image's outcome either way.
+    bool printRemoveFailures = true;
 };
 
 // Runs the job on the calling thread and returns when every image is done.

@@ -1,0 +1,183 @@
+#include "cli/CliOptions.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+
+namespace vellumo::cli {
+
+namespace {
+
+std::string Upper(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+    return text;
+}
+
+std::string Lower(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return text;
+}
+
+// "X,Y,W,H" as four numbers.
+std::optional<std::array<float, 4>> ParseRectangle(const std::string& text) {
+    std::array<float, 4> values{};
+    std::size_t start = 0;
+    for (std::size_t i = 0; i < 4; ++i) {
+        const std::size_t comma = text.find(',', start);
+        if ((i < 3) == (comma == std::string::npos)) {
+            return std::nullopt;
+        }
+        const std::string part =
+            text.substr(start, comma == std::string::npos ? comma : comma - start);
+        try {
+            std::size_t used = 0;
+            values[i] = std::stof(part, &used);
+            if (used != part.size()) {
+                return std::nullopt;
+            }
+        } catch (const std::exception&) {
+            return std::nullopt;
+        }
+        start = comma + 1;
+    }
+    return values;
+}
+
+bool IsAcceptedImageName(const std::string& path) {
+    static const char* const kExtensions[] = {"jpg", "jpeg", "jpe", "jp2",  "jpx",
+                                              "png", "gif",  "tif", "tiff", "bmp"};
+    std::string extension = std::filesystem::path(path).extension().string();
+    if (extension.empty()) {
+        return false;
+    }
+    extension = Lower(extension.substr(1));
+    return std::find(std::begin(kExtensions), std::end(kExtensions), extension) !=
+           std::end(kExtensions);
+}
+
+ParseOutcome UsageError(const std::string& message) {
+    ParseOutcome outcome;
+    outcome.exitCode = 2;
+    outcome.message = "vellumo-cli: " + message;
+    return outcome;
+}
+
+}  // namespace
+
+ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardInputIsTerminal) {
+    CLI::App app{"Crops image files in one go: the same engine as the Vellumo window.",
+                 "vellumo-cli"};
+    CliOptions options;
+    std::string autoRatio, pixels, percents, format = "JPG", overwrite;
+    float quality = 80.0f;
+
+    auto* autoOption = app.add_option(
+        "--auto", autoRatio,
+        "Centred crop of a ratio: 1:1, 4:3, 3:2 or 16:9 (turned for portrait images)");
+    auto* pixelsOption = app.add_option(
+        "--pixels", pixels, "Rectangle in pixels, X,Y,W,H, origin at the lower-left corner");
+    auto* percentsOption =
+        app.add_option("--percents", percents, "Rectangle in percents of each image, X,Y,W,H");
+    autoOption->excludes(pixelsOption)->excludes(percentsOption);
+    pixelsOption->excludes(percentsOption);
+    app.add_option("--format", format,
+                   "Output format: JPG JPEG JPE JP2 JPX PNG TIFF TIF GIF BMP (any case)")
+        ->capture_default_str();
+    app.add_option("--quality", quality, "Quality for JPEG and JPEG 2000, 0 to 100")
+        ->check(CLI::Range(0.0f, 100.0f))
+        ->capture_default_str();
+    app.add_option("--name", options.settings.nameTemplate,
+                   "File name template with [FileName] and [FileIndex]")
+        ->capture_default_str();
+    app.add_option("--output", options.settings.outputFolder, "Output folder")->required();
+    app.add_flag("--keep-metadata", options.settings.keepMetadata,
+                 "Carry EXIF, IPTC, XMP and the creation date over to the outputs");
+    app.add_option("--overwrite", overwrite,
+                   "Existing outputs: ask, all or none (default: ask on a terminal, else none)")
+        ->check(CLI::IsMember({"ask", "all", "none"}));
+    app.add_flag("--dry-run", options.dryRun, "Decide and report, write nothing");
+    app.add_flag("--json", options.json, "One JSON object per image on standard output");
+    app.add_flag("--quiet", options.quiet, "Print only failures");
+    app.add_option("FILE", options.files, "Image files to crop")->required();
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::CallForHelp&) {
+        ParseOutcome outcome;
+        outcome.message = app.help();
+        return outcome;
+    } catch (const CLI::ParseError& error) {
+        return UsageError(error.what());
+    }
+
+    CropSettings& s = options.settings;
+    if (!autoRatio.empty()) {
+        const auto& titles = kAutoCropFormatTitles;
+        const auto found = std::find(titles.begin(), titles.end(), autoRatio);
+        if (found == titles.end()) {
+            return UsageError("--auto: unknown ratio " + autoRatio +
+                              " (use 1:1, 4:3, 3:2 or 16:9)");
+        }
+        s.autoCrop = true;
+        s.customCrop = false;
+        s.autoCropFormat = found - titles.begin();
+    } else if (!pixels.empty()) {
+        const auto rect = ParseRectangle(pixels);
+        if (!rect) {
+            return UsageError("--pixels: expected four numbers X,Y,W,H, got " + pixels);
+        }
+        s.customCropPixels = true;
+        s.customCropPercents = false;
+        std::tie(s.pixelsOriginX, s.pixelsOriginY, s.pixelsWidth, s.pixelsHeight) =
+            std::tuple((*rect)[0], (*rect)[1], (*rect)[2], (*rect)[3]);
+    } else if (!percents.empty()) {
+        const auto rect = ParseRectangle(percents);
+        if (!rect) {
+            return UsageError("--percents: expected four numbers X,Y,W,H, got " + percents);
+        }
+        s.customCropPixels = false;
+        s.customCropPercents = true;
+        std::tie(s.percentsOriginX, s.percentsOriginY, s.percentsWidth, s.percentsHeight) =
+            std::tuple((*rect)[0], (*rect)[1], (*rect)[2], (*rect)[3]);
+    } else {
+        // The window's start state: custom pixels 0, 0, 0, 0 (the whole image).
+        s.pixelsOriginX = s.pixelsOriginY = s.pixelsWidth = s.pixelsHeight = 0.0f;
+    }
+
+    const auto& formats = kOutputFormatTitles;
+    const auto found = std::find(formats.begin(), formats.end(), Upper(format));
+    if (found == formats.end()) {
+        return UsageError("--format: unknown format " + format +
+                          " (use JPG JPEG JPE JP2 JPX PNG TIFF TIF GIF BMP)");
+    }
+    s.outputFormat = found - formats.begin();
+    s.quality = quality;
+
+    if (overwrite.empty()) {
+        options.overwrite = standardInputIsTerminal ? OverwriteMode::Ask : OverwriteMode::None;
+    } else {
+        options.overwrite = overwrite == "ask"   ? OverwriteMode::Ask
+                            : overwrite == "all" ? OverwriteMode::All
+                                                 : OverwriteMode::None;
+    }
+
+    for (const std::string& file : options.files) {
+        std::error_code ignored;
+        if (std::filesystem::is_directory(file, ignored)) {
+            return UsageError(file + " is a folder: give image files");
+        }
+        if (!IsAcceptedImageName(file)) {
+            return UsageError(
+                file + ": not an image file name (jpg jpeg jpe jp2 jpx png gif tif tiff bmp)");
+        }
+    }
+
+    ParseOutcome outcome;
+    outcome.options = std::move(options);
+    return outcome;
+}
+
+}  // namespace vellumo::cli

@@ -1,0 +1,34 @@
+#pragma once
+
+// The command line's options, parsed into the settings the engine reads.
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "batch/CropSettings.h"
+
+namespace vellumo::cli {
+
+enum class OverwriteMode { Ask, All, None };
+
+struct CliOptions {
+    CropSettings settings;
+    std::vector<std::string> files;
+    OverwriteMode overwrite = OverwriteMode::None;
+    bool dryRun = false;
+    bool json = false;
+    bool quiet = false;
+};
+
+struct ParseOutcome {
+    std::optional<CliOptions> options;  // set when the job can run
+    int exitCode = 0;                   // otherwise: 0 after --help, 2 after an error
+    std::string message;                // the help text, or one line naming the bad option
+};
+
+// `standardInputIsTerminal` settles the default of --overwrite: ask on a
+// terminal, none otherwise (no file is replaced without consent).
+ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardInputIsTerminal);
+
+}  // namespace vellumo::cli

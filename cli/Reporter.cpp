@@ -1,0 +1,137 @@
+#include "cli/Reporter.h"
+
+#include <cmath>
+#include <iostream>
+#include <nlohmann/json.hpp>
+
+namespace vellumo::cli {
+
+namespace {
+
+const char* DecisionName(OverwriteDecision decision) {
+    switch (decision) {
+        case OverwriteDecision::NoConflict:
+            return "no-conflict";
+        case OverwriteDecision::Overwrite:
+            return "overwrite";
+        case OverwriteDecision::Skip:
+            return "skip";
+    }
+    return "unknown";
+}
+
+const char* StatusName(ImageStatus status) {
+    switch (status) {
+        case ImageStatus::Written:
+            return "written";
+        case ImageStatus::Skipped:
+            return "skipped";
+        case ImageStatus::Failed:
+            return "failed";
+        case ImageStatus::Planned:
+            return "planned";
+    }
+    return "unknown";
+}
+
+nlohmann::json ToJson(const ImageReport& report) {
+    const ImageOutcome& outcome = report.outcome;
+    nlohmann::json object = {
+        {"index", report.index},
+        {"source", report.source},
+        {"output", report.output},
+        {"rect", nullptr},
+        {"size", nullptr},
+        {"decision", DecisionName(report.decision)},
+        {"status", StatusName(outcome.status)},
+        {"reason",
+         outcome.reason.empty() ? nlohmann::json(nullptr) : nlohmann::json(outcome.reason)},
+    };
+    if (outcome.rect) {
+        object["rect"] = {outcome.rect->x, outcome.rect->y, outcome.rect->width,
+                          outcome.rect->height};
+    }
+    if (outcome.outputSize) {
+        object["size"] = {static_cast<long long>(outcome.outputSize->width),
+                          static_cast<long long>(outcome.outputSize->height)};
+    }
+    if (!outcome.removeError.empty()) {
+        object["removeError"] = outcome.removeError;
+    }
+    return object;
+}
+
+std::string Describe(const ImageReport& report) {
+    const ImageOutcome& outcome = report.outcome;
+    std::string size;
+    if (outcome.outputSize) {
+        size = " (" + std::to_string(static_cast<long long>(outcome.outputSize->width)) + " x " +
+               std::to_string(static_cast<long long>(outcome.outputSize->height)) + ")";
+    }
+    switch (outcome.status) {
+        case ImageStatus::Written:
+            return "written   " + report.output + size;
+        case ImageStatus::Planned:
+            return "would write " + report.output + size;
+        case ImageStatus::Skipped:
+            return "kept      " + report.output + " (already exists)";
+        case ImageStatus::Failed:
+            return "failed    " + report.source + ": " + outcome.reason;
+    }
+    return {};
+}
+
+}  // namespace
+
+Reporter::Reporter(const CliOptions& options, long imageCount, bool standardErrorIsTerminal)
+    : options_(options),
+      count_(imageCount),
+      progressBar_(standardErrorIsTerminal && !options.quiet) {}
+
+void Reporter::Image(const ImageReport& report) {
+    if (progressBar_) {
+        std::cerr << "\r\033[K" << std::flush;  // clear the bar before printing a line
+    }
+    if (options_.json) {
+        std::cout << ToJson(report).dump() << std::endl;
+    } else if (report.outcome.status == ImageStatus::Failed) {
+        (options_.quiet ? std::cerr : std::cout) << Describe(report) << std::endl;
+    } else if (!options_.quiet) {
+        std::cout << Describe(report) << std::endl;
+    }
+    Progress(report.index + 1);
+}
+
+void Reporter::Progress(long done) {
+    if (!progressBar_ || count_ == 0) {
+        return;
+    }
+    constexpr int kWidth = 30;
+    const int filled = static_cast<int>(kWidth * done / count_);
+    const double elapsed =
+        std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count();
+    std::string line = "\r[" + std::string(filled, '#') + std::string(kWidth - filled, '.') + "] " +
+                       std::to_string(done) + "/" + std::to_string(count_);
+    if (done > 0 && done < count_) {
+        const double left = elapsed / done * (count_ - done);
+        line += " about " + std::to_string(static_cast<long long>(std::ceil(left))) + " s left";
+    }
+    std::cerr << line << "\033[K" << std::flush;
+}
+
+void Reporter::Finish(const JobReport& report) {
+    if (progressBar_) {
+        std::cerr << "\r\033[K" << std::flush;
+    }
+    if (options_.json) {
+        return;
+    }
+    if (!options_.quiet || !report.allSucceeded) {
+        (report.allSucceeded ? std::cout : std::cerr)
+            << (report.allSucceeded ? "Images cropped successfully."
+                                    : "Some images could not be cropped.")
+            << std::endl;
+    }
+}
+
+}  // namespace vellumo::cli
