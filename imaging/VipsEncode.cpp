@@ -1,0 +1,102 @@
+#include "imaging/VipsEncode.h"
+
+#include <cstring>
+#include <memory>
+
+#include "imaging/FileBytes.h"
+#include "imaging/FileErrors.h"
+#include "imaging/IccEmbed.h"
+#include "imaging/VipsRuntime.h"
+
+namespace vellumo::vipsencode {
+
+namespace {
+
+struct BlobRelease {
+    void operator()(VipsBlob* blob) const { vips_area_unref(VIPS_AREA(blob)); }
+};
+using BlobPtr = std::unique_ptr<VipsBlob, BlobRelease>;
+
+// Throws vips::VError. Every codec but BMP.
+void Encode(const vips::VImage& rendered, OutputCodec codec, double quality,
+            const std::string& path) {
+    const char* file = path.c_str();
+    switch (codec) {
+        case OutputCodec::Jpeg:
+            // Baseline, readable everywhere. `strip`: without it the encoder
+            // writes an Exif block of its own; the profile is put back after.
+            rendered.jpegsave(file, vips::VImage::option()
+                                        ->set("Q", QualityFactor(quality))
+                                        ->set("optimize_coding", true)
+                                        ->set("strip", true));
+            return;
+        case OutputCodec::Jpeg2000:
+            rendered.jp2ksave(file, vips::VImage::option()
+                                        ->set("Q", QualityFactor(quality))
+                                        ->set("lossless", Jpeg2000Lossless(quality)));
+            return;
+        case OutputCodec::Png:
+            rendered.pngsave(file);
+            return;
+        case OutputCodec::Tiff:
+            // LZW with differencing: lossless, and opened by every TIFF
+            // reader in use.
+            rendered.tiffsave(file, vips::VImage::option()
+                                        ->set("compression", VIPS_FOREIGN_TIFF_COMPRESSION_LZW)
+                                        ->set("predictor", VIPS_FOREIGN_TIFF_PREDICTOR_HORIZONTAL));
+            return;
+        case OutputCodec::Gif:
+            rendered.gifsave(
+                file,
+                vips::VImage::option()->set("dither", 1.0)->set("effort", 7)->set("bitdepth", 8));
+            return;
+        case OutputCodec::Bmp:
+            break;  // see EncodeBmp()
+    }
+}
+
+// Throws vips::VError. Through memory: ImageMagick reads meaning into file
+// names ("%d", "[0]", "bmp:"), so it never sees ours. Windows 3.x BMP
+// (24-bit) is read by every BMP reader; with alpha, a 32-bit BMP, which can
+// also carry the profile.
+BlobPtr EncodeBmp(const vips::VImage& rendered) {
+    const bool alpha = rendered.bands() == 4;
+    return BlobPtr(
+        rendered.magicksave_buffer(vips::VImage::option()->set("format", alpha ? "bmp" : "bmp3")));
+}
+
+bool EncoderDropsProfile(OutputCodec codec) {
+    return codec == OutputCodec::Jpeg || codec == OutputCodec::Jpeg2000;
+}
+
+}  // namespace
+
+SaveResult WriteFile(const vips::VImage& rendered, OutputCodec codec, double quality,
+                     const std::string& path) {
+    vipsruntime::FailureScope scope;
+    const std::size_t errorStart = std::strlen(vips_error_buffer());
+    BlobPtr bmp;
+    try {
+        if (codec == OutputCodec::Bmp) {
+            bmp = EncodeBmp(rendered);
+        } else {
+            Encode(rendered, codec, quality, path);
+        }
+    } catch (const vips::VError& error) {
+        const std::string all = error.what();
+        const std::string own = all.size() > errorStart ? all.substr(errorStart) : all;
+        std::string reason = ReasonFromSystemErrorText(own);
+        return SaveResult::Failed(reason.empty() ? scope.Reason(error) : reason);
+    }
+    if (bmp) {
+        return OverwriteFileBytes(path, VIPS_AREA(bmp.get())->data, VIPS_AREA(bmp.get())->length);
+    }
+    if (EncoderDropsProfile(codec) && rendered.get_typeof(VIPS_META_ICC_NAME) != 0) {
+        std::size_t size = 0;
+        const void* profile = rendered.get_blob(VIPS_META_ICC_NAME, &size);
+        return EmbedIccProfile(path, profile, size);
+    }
+    return SaveResult::Saved();
+}
+
+}  // namespace vellumo::vipsencode
