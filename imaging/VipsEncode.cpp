@@ -17,7 +17,7 @@ struct BlobRelease {
 };
 using BlobPtr = std::unique_ptr<VipsBlob, BlobRelease>;
 
-// Throws vips::VError. Every codec but BMP.
+// Throws vips::VError. The codecs whose encoders write files themselves.
 void Encode(const vips::VImage& rendered, OutputCodec codec, double quality,
             const std::string& path) {
     const char* file = path.c_str();
@@ -29,11 +29,6 @@ void Encode(const vips::VImage& rendered, OutputCodec codec, double quality,
                                         ->set("Q", QualityFactor(quality))
                                         ->set("optimize_coding", true)
                                         ->set("strip", true));
-            return;
-        case OutputCodec::Jpeg2000:
-            rendered.jp2ksave(file, vips::VImage::option()
-                                        ->set("Q", QualityFactor(quality))
-                                        ->set("lossless", Jpeg2000Lossless(quality)));
             return;
         case OutputCodec::Png:
             rendered.pngsave(file);
@@ -50,16 +45,29 @@ void Encode(const vips::VImage& rendered, OutputCodec codec, double quality,
                 file,
                 vips::VImage::option()->set("dither", 1.0)->set("effort", 7)->set("bitdepth", 8));
             return;
+        case OutputCodec::Jpeg2000:
         case OutputCodec::Bmp:
-            break;  // see EncodeBmp()
+            break;  // see EncodeInMemory()
     }
 }
 
-// Throws vips::VError. Through memory: ImageMagick reads meaning into file
-// names ("%d", "[0]", "bmp:"), so it never sees ours. Windows 3.x BMP
-// (24-bit) is read by every BMP reader; with alpha, a 32-bit BMP, which can
-// also carry the profile.
-BlobPtr EncodeBmp(const vips::VImage& rendered) {
+bool EncodesInMemory(OutputCodec codec) {
+    return codec == OutputCodec::Jpeg2000 || codec == OutputCodec::Bmp;
+}
+
+// Throws vips::VError. JPEG 2000 and BMP are encoded into memory and then
+// written by us. The JPEG 2000 encoder never gives up on a file write that
+// fails (a full disk): it would retry forever. ImageMagick, behind BMP,
+// reads meaning into file names ("%d", "[0]", "bmp:"), so it never sees
+// ours.
+BlobPtr EncodeInMemory(const vips::VImage& rendered, OutputCodec codec, double quality) {
+    if (codec == OutputCodec::Jpeg2000) {
+        return BlobPtr(rendered.jp2ksave_buffer(vips::VImage::option()
+                                                    ->set("Q", QualityFactor(quality))
+                                                    ->set("lossless", Jpeg2000Lossless(quality))));
+    }
+    // Windows 3.x BMP (24-bit) is read by every BMP reader; with alpha, a
+    // 32-bit BMP, which can also carry the profile.
     const bool alpha = rendered.bands() == 4;
     return BlobPtr(
         rendered.magicksave_buffer(vips::VImage::option()->set("format", alpha ? "bmp" : "bmp3")));
@@ -75,10 +83,10 @@ SaveResult WriteFile(const vips::VImage& rendered, OutputCodec codec, double qua
                      const std::string& path) {
     vipsruntime::FailureScope scope;
     const std::size_t errorStart = std::strlen(vips_error_buffer());
-    BlobPtr bmp;
+    BlobPtr inMemory;
     try {
-        if (codec == OutputCodec::Bmp) {
-            bmp = EncodeBmp(rendered);
+        if (EncodesInMemory(codec)) {
+            inMemory = EncodeInMemory(rendered, codec, quality);
         } else {
             Encode(rendered, codec, quality, path);
         }
@@ -88,8 +96,12 @@ SaveResult WriteFile(const vips::VImage& rendered, OutputCodec codec, double qua
         std::string reason = ReasonFromSystemErrorText(own);
         return SaveResult::Failed(reason.empty() ? scope.Reason(error) : reason);
     }
-    if (bmp) {
-        return OverwriteFileBytes(path, VIPS_AREA(bmp.get())->data, VIPS_AREA(bmp.get())->length);
+    if (inMemory) {
+        const SaveResult written = OverwriteFileBytes(path, VIPS_AREA(inMemory.get())->data,
+                                                      VIPS_AREA(inMemory.get())->length);
+        if (!written.saved) {
+            return written;
+        }
     }
     if (EncoderDropsProfile(codec) && rendered.get_typeof(VIPS_META_ICC_NAME) != 0) {
         std::size_t size = 0;
