@@ -30,6 +30,10 @@ struct FormatCase {
     const char* family;     // what ImageMagick calls the written file
 };
 
+void PrintTo(const FormatCase& format, std::ostream* out) {
+    *out << format.format << " (" << format.extension << ")";
+}
+
 const FormatCase kFormats[] = {
     {0, "jpg", "JPEG"}, {1, "jpeg", "JPEG"}, {2, "jpe", "JPEG"},  {3, "jp2", "JP2"},
     {4, "jpx", "JP2"},  {5, "png", "PNG"},   {6, "tiff", "TIFF"}, {7, "tif", "TIFF"},

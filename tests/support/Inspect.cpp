@@ -26,10 +26,28 @@ std::string ExifToolValue(const std::string& path, const std::string& tag, bool 
     return TrimLineEnd(RunCommand(command).out);
 }
 
-std::vector<std::string> ExifToolMetadataTags(const std::string& path) {
-    const CommandResult result =
-        RunCommand("exiftool -s -s -G0 -a -n -EXIF:all -GPS:all -IPTC:all -XMP:all " +
-                   ShellQuote(path) + " 2>/dev/null");
+std::map<std::string, std::string> ExifToolValues(const std::string& path,
+                                                  const std::vector<std::string>& tags,
+                                                  bool numeric) {
+    std::string command = std::string("exiftool -s -s ") + (numeric ? "-n " : "");
+    for (const std::string& tag : tags) {
+        command += ShellQuote("-" + tag) + " ";
+    }
+    const CommandResult result = RunCommand(command + ShellQuote(path) + " 2>/dev/null");
+    std::map<std::string, std::string> values;
+    std::istringstream lines(result.out);
+    for (std::string line; std::getline(lines, line);) {
+        const auto colon = line.find(": ");
+        if (colon != std::string::npos) {
+            values.emplace(line.substr(0, colon), TrimLineEnd(line.substr(colon + 2)));
+        }
+    }
+    return values;
+}
+
+std::vector<std::string> ExifToolTags(const std::string& path, const std::string& selection) {
+    const CommandResult result = RunCommand("exiftool -s -s -G1 -a -n " + selection + " " +
+                                            ShellQuote(path) + " 2>/dev/null");
     std::vector<std::string> tags;
     std::istringstream lines(result.out);
     for (std::string line; std::getline(lines, line);) {
@@ -38,6 +56,12 @@ std::vector<std::string> ExifToolMetadataTags(const std::string& path) {
         }
     }
     return tags;
+}
+
+std::string ExifToolBinary(const std::string& path, const std::string& tag) {
+    return RunCommand("exiftool -b " + ShellQuote("-" + tag) + " " + ShellQuote(path) +
+                      " 2>/dev/null")
+        .out;
 }
 
 std::string MagickFormat(const std::string& path) {

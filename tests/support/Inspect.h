@@ -3,6 +3,7 @@
 // Reading written files back with independent tools: exiftool for metadata,
 // ImageMagick for what a file really is, and coreutils for file dates.
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -13,9 +14,18 @@ namespace vellumo::test {
 // the file has no such tag.
 std::string ExifToolValue(const std::string& path, const std::string& tag, bool numeric = false);
 
-// Every tag exiftool finds in the groups Exif, GPS, IPTC and XMP, one
-// "Group:Tag=value" per entry; empty when there are none.
-std::vector<std::string> ExifToolMetadataTags(const std::string& path);
+// ExifToolValue for several tags at once (one run of exiftool), by tag name;
+// a tag the file does not have is missing from the map.
+std::map<std::string, std::string> ExifToolValues(const std::string& path,
+                                                  const std::vector<std::string>& tags,
+                                                  bool numeric = false);
+
+// Every tag exiftool finds for `selection` (as "-GPS:all -XMP:all"), one
+// "[Group] Tag: value" line per tag; empty when there are none.
+std::vector<std::string> ExifToolTags(const std::string& path, const std::string& selection);
+
+// The bytes exiftool extracts for a binary tag ("ICC_Profile").
+std::string ExifToolBinary(const std::string& path, const std::string& tag);
 
 // ImageMagick's name for the file's format ("JPEG", "JP2", "PNG", "TIFF",
 // "GIF", "BMP", "BMP3").
