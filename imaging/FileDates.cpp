@@ -17,20 +17,20 @@ namespace vellumo::filedates {
 
 namespace {
 
-TimePoint FromTimespec(long long seconds, long long nanoseconds) {
+TimePoint FromPosixTime(long long seconds, long long nanoseconds) {
     return TimePoint(std::chrono::duration_cast<TimePoint::duration>(
         std::chrono::seconds(seconds) + std::chrono::nanoseconds(nanoseconds)));
 }
 
-timespec ToTimespec(TimePoint date) {
+timespec ToPosixTime(TimePoint date) {
     const auto since =
         std::chrono::duration_cast<std::chrono::nanoseconds>(date.time_since_epoch());
     // Floor, so that dates before 1970 keep 0 <= tv_nsec < 1e9.
     const auto seconds = std::chrono::floor<std::chrono::seconds>(since);
-    timespec spec{};
-    spec.tv_sec = static_cast<time_t>(seconds.count());
-    spec.tv_nsec = static_cast<long>((since - seconds).count());
-    return spec;
+    timespec result{};
+    result.tv_sec = static_cast<time_t>(seconds.count());
+    result.tv_nsec = static_cast<long>((since - seconds).count());
+    return result;
 }
 
 }  // namespace
@@ -42,9 +42,9 @@ std::optional<TimePoint> CreationDate(const std::string& path) {
     if (statx(AT_FDCWD, path.c_str(), AT_STATX_SYNC_AS_STAT, STATX_BTIME | STATX_MTIME, &info) ==
         0) {
         if ((info.stx_mask & STATX_BTIME) != 0) {
-            return FromTimespec(info.stx_btime.tv_sec, info.stx_btime.tv_nsec);
+            return FromPosixTime(info.stx_btime.tv_sec, info.stx_btime.tv_nsec);
         }
-        return FromTimespec(info.stx_mtime.tv_sec, info.stx_mtime.tv_nsec);
+        return FromPosixTime(info.stx_mtime.tv_sec, info.stx_mtime.tv_nsec);
     }
     if (errno != ENOSYS) {
         return std::nullopt;
@@ -54,11 +54,11 @@ std::optional<TimePoint> CreationDate(const std::string& path) {
     if (stat(path.c_str(), &plain) != 0) {
         return std::nullopt;
     }
-    return FromTimespec(plain.st_mtim.tv_sec, plain.st_mtim.tv_nsec);
+    return FromPosixTime(plain.st_mtim.tv_sec, plain.st_mtim.tv_nsec);
 }
 
 bool SetCreationDate(const std::string& path, TimePoint date) {
-    const timespec times[2] = {{0, UTIME_OMIT}, ToTimespec(date)};
+    const timespec times[2] = {{0, UTIME_OMIT}, ToPosixTime(date)};
     return utimensat(AT_FDCWD, path.c_str(), times, 0) == 0;
 }
 
@@ -69,14 +69,14 @@ std::optional<TimePoint> CreationDate(const std::string& path) {
     if (stat(path.c_str(), &info) != 0) {
         return std::nullopt;
     }
-    return FromTimespec(info.st_birthtimespec.tv_sec, info.st_birthtimespec.tv_nsec);
+    return FromPosixTime(info.st_birthtimespec.tv_sec, info.st_birthtimespec.tv_nsec);
 }
 
 bool SetCreationDate(const std::string& path, TimePoint date) {
     attrlist attributes{};
     attributes.bitmapcount = ATTR_BIT_MAP_COUNT;
     attributes.commonattr = ATTR_CMN_CRTIME;
-    timespec birth = ToTimespec(date);
+    timespec birth = ToPosixTime(date);
     return setattrlist(path.c_str(), &attributes, &birth, sizeof birth, 0) == 0;
 }
 

@@ -18,7 +18,7 @@
 #include "imaging/ImageTools.h"
 #include "imaging/VipsRuntime.h"
 #include "tests/support/Commands.h"
-#include "tests/support/Inspect.h"
+#include "tests/support/ReadBack.h"
 #include "tests/support/TempDir.h"
 #include "tests/support/TestImages.h"
 

@@ -9,7 +9,7 @@
 #include "imaging/ImageTools.h"
 #include "imaging/MetadataCarry.h"
 #include "tests/support/Commands.h"
-#include "tests/support/Inspect.h"
+#include "tests/support/ReadBack.h"
 #include "tests/support/TempDir.h"
 #include "tests/support/TestData.h"
 #include "tests/support/TestImages.h"

@@ -7,7 +7,7 @@
 
 #include "imaging/ImageTools.h"
 #include "tests/support/Commands.h"
-#include "tests/support/Inspect.h"
+#include "tests/support/ReadBack.h"
 #include "tests/support/TempDir.h"
 
 namespace vellumo {

@@ -11,7 +11,7 @@
 #include "imaging/ImageAccess.h"
 #include "imaging/ImageTools.h"
 #include "tests/support/Commands.h"
-#include "tests/support/Inspect.h"
+#include "tests/support/ReadBack.h"
 #include "tests/support/TempDir.h"
 #include "tests/support/TestData.h"
 #include "tests/support/TestImages.h"

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "imaging/ImageTools.h"
-#include "tests/support/Inspect.h"
+#include "tests/support/ReadBack.h"
 #include "tests/support/TempDir.h"
 #include "tests/support/TestData.h"
 #include "tests/support/TestImages.h"

@@ -1,4 +1,4 @@
-#include "tests/support/Inspect.h"
+#include "tests/support/ReadBack.h"
 
 #include <cstdio>
 #include <fstream>
