@@ -115,7 +115,8 @@ class ImageTools {
     // or the new one, never a part; a failed write leaves it as it was and
     // leaves no temporary file behind.
     // Fails, writing nothing, for a format outside 0 to 9, or an image
-    // whose width or height is below 1 or not finite.
+    // whose width or height is below 1, not finite, or too large for any
+    // pixels.
     static SaveResult TrySaveImage(const Image& image, const std::string& path, long format,
                                    double quality);
     // TrySaveImage without the reason.
@@ -124,7 +125,9 @@ class ImageTools {
     // Copies the Exif, IPTC and XMP of the file at `originalImagePath` into
     // the saved file at `croppedImagePath`, which keeps its own format and
     // pixels (rewritten as TrySaveImage writes: in one step), then gives the
-    // saved file the source's creation date (ImageCreationDateWithPath).
+    // saved file the source's creation date (ImageCreationDateWithPath) as
+    // its birth time, or on Linux, where no birth time can be set, as its
+    // modification time.
     // Because the pixels were turned upright and cropped, the carried
     // orientation becomes 1 (top-left), Exif (and XMP) pixel dimensions
     // become the saved file's, and the source's thumbnail stays behind;

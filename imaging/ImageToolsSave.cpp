@@ -13,6 +13,13 @@
 
 namespace vellumo {
 
+namespace {
+
+// libvips counts pixels in `int`.
+constexpr double kBeyondPixelLibrary = 2147483648.0;
+
+}  // namespace
+
 SaveResult ImageTools::TrySaveImage(const Image& image, const std::string& path, long format,
                                     double quality) {
     const double width = image.Width();
@@ -29,6 +36,11 @@ SaveResult ImageTools::TrySaveImage(const Image& image, const std::string& path,
     }
     const vips::VImage* pixels = ImageAccess::Pixels(image);
     if (pixels == nullptr) {
+        // Only sizes beyond what the pixel library can hold come without
+        // pixels; any other image of a whole pixel or more has them.
+        if (width >= kBeyondPixelLibrary || height >= kBeyondPixelLibrary) {
+            return SaveResult::Failed("the image is too large to write");
+        }
         Fatal("an image of at least one whole pixel has no pixels");
     }
 

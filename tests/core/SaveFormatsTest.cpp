@@ -112,6 +112,15 @@ TEST_P(EveryFormat, SizeThatIsNotFiniteIsAFailedSaveThatWritesNothing) {
     EXPECT_TRUE(FolderIsEmpty(dir));
 }
 
+TEST_P(EveryFormat, SizeTooLargeForAnyPixelsIsAFailedSaveThatWritesNothing) {
+    const std::string path = dir.File(std::string("huge.") + GetParam().extension);
+    const Image huge = ImageTools::ResizeImage(test::MakeImage(CoordinateImage(4, 4)), 1e12, 10);
+    const SaveResult result = ImageTools::TrySaveImage(huge, path, GetParam().format, 0.8);
+    EXPECT_FALSE(result.saved);
+    EXPECT_EQ(result.reason, "the image is too large to write");
+    EXPECT_TRUE(FolderIsEmpty(dir));
+}
+
 TEST_P(EveryFormat, LeavesNoTemporaryFileBehind) {
     Save(MakeImage(CoordinateImage(64, 48)), 0.8);
     int files = 0;
