@@ -3,7 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "imaging/ImageTools.h"
+#include "tests/support/Commands.h"
 #include "tests/support/ReadBack.h"
 #include "tests/support/TempDir.h"
 #include "tests/support/TestData.h"
@@ -113,6 +116,74 @@ TEST(SaveWithoutMetadataProfiles, ImageWithoutProfileGetsNone) {
         ASSERT_TRUE(ImageTools::SaveImage(plain, dir.File(name), format, 0.8));
         EXPECT_TRUE(test::ExifToolBinary(dir.File(name), "ICC_Profile").empty()) << name;
     }
+}
+
+}  // namespace
+}  // namespace vellumo
+
+namespace vellumo {
+namespace {
+
+// A made-up RGB profile of `size` bytes: a header that passes libpng's
+// checks (size, version, class, colour space, D50 illuminant, no tags),
+// then filler. Large ones need several JPEG segments.
+std::string MadeUpRgbProfile(std::size_t size) {
+    std::string profile(size, '\0');
+    for (std::size_t i = 132; i < size; ++i) {
+        profile[i] = static_cast<char>(i * 7 % 251);
+    }
+    profile[0] = static_cast<char>(size >> 24);
+    profile[1] = static_cast<char>(size >> 16);
+    profile[2] = static_cast<char>(size >> 8);
+    profile[3] = static_cast<char>(size);
+    profile[8] = 2;  // version 2.1
+    profile[9] = 0x10;
+    profile.replace(12, 4, "mntr");
+    profile.replace(16, 4, "RGB ");
+    profile.replace(20, 4, "XYZ ");
+    profile.replace(36, 4, "acsp");
+    const unsigned char d50[12] = {0, 0, 0xF6, 0xD6, 0, 1, 0, 0, 0, 0, 0xD3, 0x2D};
+    profile.replace(68, 12, reinterpret_cast<const char*>(d50), 12);
+    return profile;
+}
+
+TEST(SaveWithoutMetadataProfiles, LargeProfileTravelsWhole) {
+    TempDir dir;
+    const std::string profile = MadeUpRgbProfile(200000);
+    vips::VImage pixels = test::CoordinateImage(64, 48).copy();
+    pixels.set(VIPS_META_ICC_NAME, nullptr, const_cast<char*>(profile.data()), profile.size());
+    const Image image = test::MakeImage(pixels);
+    for (const auto& [format, name] :
+         {std::pair{0L, "big.jpg"}, {3L, "big.jp2"}, {5L, "big.png"}, {6L, "big.tif"}}) {
+        ASSERT_TRUE(ImageTools::SaveImage(image, dir.File(name), format, 0.8)) << name;
+        EXPECT_TRUE(test::ExifToolBinary(dir.File(name), "ICC_Profile") == profile) << name;
+        EXPECT_EQ(test::MagickIdentifySize(dir.File(name)).width, 64) << name;
+    }
+}
+
+TEST(SaveWithoutMetadataProfiles, GreyProfileStaysWithGreyPixelsOnly) {
+    VELLUMO_REQUIRE_TESTDATA();
+    const std::string source = test::TestDataPath("tiff/pport_g4.tif");
+    ASSERT_EQ(test::ExifToolValue(source, "ColorSpaceData"), "GRAY");
+    const LoadResult loaded = ImageTools::LoadImage(source);
+    ASSERT_TRUE(loaded) << loaded.reason();
+    TempDir dir;
+    ASSERT_TRUE(ImageTools::SaveImage(*loaded, dir.File("g.png"), 5, 0.8));
+    ASSERT_TRUE(ImageTools::SaveImage(*loaded, dir.File("g.jpg"), 0, 0.8));
+    EXPECT_TRUE(test::ExifToolBinary(dir.File("g.png"), "ICC_Profile") ==
+                test::ExifToolBinary(source, "ICC_Profile"));
+    EXPECT_TRUE(test::ExifToolBinary(dir.File("g.jpg"), "ICC_Profile") ==
+                test::ExifToolBinary(source, "ICC_Profile"));
+    // A BMP holds colour pixels, which a grey profile does not describe
+    // (with alpha, the BMP is one that could carry a profile).
+    const vips::VImage greyAlpha = test::PixelsOf(*loaded).bandjoin_const({255.0});
+    ASSERT_EQ(greyAlpha.bands(), 2);
+    ASSERT_NE(greyAlpha.get_typeof(VIPS_META_ICC_NAME), 0u);
+    ASSERT_TRUE(ImageTools::SaveImage(test::MakeImage(greyAlpha), dir.File("ga.bmp"), 9, 0.8));
+    EXPECT_TRUE(test::ExifToolBinary(dir.File("ga.bmp"), "ICC_Profile").empty());
+    ASSERT_TRUE(ImageTools::SaveImage(test::MakeImage(greyAlpha), dir.File("ga.png"), 5, 0.8));
+    EXPECT_TRUE(test::ExifToolBinary(dir.File("ga.png"), "ICC_Profile") ==
+                test::ExifToolBinary(source, "ICC_Profile"));
 }
 
 }  // namespace
