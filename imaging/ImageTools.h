@@ -20,12 +20,14 @@
 //
 // Below, each function notes only its own edge behaviour.
 
+#include <chrono>
 #include <optional>
 #include <string>
 
 #include "imaging/Geometry.h"
 #include "imaging/Image.h"
 #include "imaging/LoadResult.h"
+#include "imaging/SaveResult.h"
 
 namespace vellumo {
 
@@ -96,6 +98,52 @@ class ImageTools {
     // clipped beyond the image's bounds.
     static Image DrawCropRectangleOnImageWithImage(const Image& image, double originX,
                                                    double originY, double width, double height);
+
+    // ---- Encoding and metadata -----------------------------------------
+
+    // Writes the image to `path` in output format `format`: 0 "JPG",
+    // 1 "JPEG", 2 "JPE" as JPEG; 3 "JP2", 4 "JPX" as JPEG 2000 (both written
+    // as JP2 files); 5 "PNG"; 6 "TIFF", 7 "TIF"; 8 "GIF"; 9 "BMP" (24-bit,
+    // or 32-bit when the image has alpha). `quality` (0.0 to 1.0, 1.0 the
+    // least compression; for JPEG 2000 1.0 is lossless) is used by JPEG and
+    // JPEG 2000 only: the other formats give the same bytes whatever it is.
+    // The file is W x H pixels, the image's size truncated toward zero.
+    // Alpha goes where the format has it; JPEG and 24-bit BMP get it
+    // flattened onto white. The image's ICC profile goes with it where the
+    // format can carry one; no Exif, IPTC or XMP is written.
+    // An existing file is replaced in one step: a reader sees the old file
+    // or the new one, never a part; a failed write leaves it as it was and
+    // leaves no temporary file behind.
+    // Fails, writing nothing, for a format outside 0 to 9, or an image
+    // whose width or height is below 1, not finite, or too large for any
+    // pixels.
+    static SaveResult TrySaveImage(const Image& image, const std::string& path, long format,
+                                   double quality);
+    // TrySaveImage without the reason.
+    static bool SaveImage(const Image& image, const std::string& path, long format, double quality);
+
+    // Copies the Exif, IPTC and XMP of the file at `originalImagePath` into
+    // the saved file at `croppedImagePath`, which keeps its own format and
+    // pixels (rewritten as TrySaveImage writes: in one step), then gives the
+    // saved file the source's creation date (ImageCreationDateWithPath) as
+    // its birth time, or on Linux, where no birth time can be set, as its
+    // modification time.
+    // Because the pixels were turned upright and cropped, the carried
+    // orientation becomes 1 (top-left), Exif (and XMP) pixel dimensions
+    // become the saved file's, and the source's thumbnail stays behind;
+    // everything else travels as it was. The saved file's colour profile is
+    // kept.
+    // Returns silently, changing nothing, when either file cannot be read as
+    // an image or the saved file is a GIF or BMP (formats without these
+    // metadata), and when the rewrite fails. Writes the line "ERROR" to
+    // standard output when only the date could not be set.
+    static void ChangeImageExifWithOriginalImagePath(const std::string& originalImagePath,
+                                                     const std::string& croppedImagePath);
+
+    // The file's birth time where the file system records one, else its
+    // modification time; the current time when the file's attributes cannot
+    // be read (it is gone, say).
+    static std::chrono::system_clock::time_point ImageCreationDateWithPath(const std::string& path);
 };
 
 }  // namespace vellumo

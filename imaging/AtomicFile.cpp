@@ -1,0 +1,115 @@
+#include "imaging/AtomicFile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cerrno>
+#include <filesystem>
+#include <random>
+
+#include "imaging/FileBytes.h"
+#include "imaging/FileErrors.h"
+
+namespace vellumo::atomicfile {
+
+namespace {
+
+// Enough tries to get past names left by a crashed run or taken by another
+// writer in the same folder at the same moment.
+constexpr int kNameAttempts = 100;
+
+std::string RandomSuffix() {
+    static std::atomic<unsigned> counter{0};
+    thread_local std::mt19937_64 random{std::random_device{}() ^
+                                        (static_cast<std::uint64_t>(getpid()) << 32)};
+    static const char kDigits[] = "abcdefghijklmnopqrstuvwxyz0123456789";
+    std::uint64_t bits = random() ^ counter.fetch_add(1);
+    std::string suffix;
+    for (int i = 0; i < 12; ++i) {
+        suffix += kDigits[bits % 36];
+        bits /= 36;
+    }
+    return suffix;
+}
+
+std::string FolderOf(const std::string& target) {
+    const std::filesystem::path folder = std::filesystem::path(target).parent_path();
+    return folder.empty() ? std::string(".") : folder.string();
+}
+
+// Creates an empty, hidden file in `folder` that no one else has, with the
+// permissions of any new file (the kernel applies the umask to 0666).
+int CreateTemporary(const std::string& folder, std::string& tempPath, int& error) {
+    for (int attempt = 0; attempt < kNameAttempts; ++attempt) {
+        tempPath = folder + "/.vellumo-" + RandomSuffix() + ".tmp";
+        const int fd = open(tempPath.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        if (fd >= 0) {
+            return fd;
+        }
+        if (errno != EEXIST) {
+            error = errno;
+            return -1;
+        }
+    }
+    error = EEXIST;
+    return -1;
+}
+
+// The rename itself is made durable by flushing the folder; a folder that
+// cannot be flushed still holds the new name, so that is not a failure.
+void FlushFolder(const std::string& folder) {
+    const int fd = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (fd >= 0) {
+        (void)fsync(fd);
+        close(fd);
+    }
+}
+
+}  // namespace
+
+SaveResult Replace(const std::string& target, const Filler& fill) {
+    const std::string folder = FolderOf(target);
+    std::string tempPath;
+    int error = 0;
+    int fd = CreateTemporary(folder, tempPath, error);
+    if (fd < 0) {
+        return SaveResult::Failed(ReasonFromErrno(error));
+    }
+    const auto fail = [&](SaveResult result) {
+        if (fd >= 0) {
+            close(fd);
+        }
+        unlink(tempPath.c_str());
+        return result;
+    };
+
+    SaveResult filled = fill(tempPath);
+    if (!filled.saved) {
+        return fail(std::move(filled));
+    }
+    // The filler wrote through its own descriptor; flushing ours flushes the
+    // same file.
+    if (fsync(fd) != 0) {
+        return fail(SaveResult::Failed(ReasonFromErrno(errno)));
+    }
+    const int closed = close(fd);
+    fd = -1;
+    if (closed != 0) {
+        return fail(SaveResult::Failed(ReasonFromErrno(errno)));
+    }
+    if (rename(tempPath.c_str(), target.c_str()) != 0) {
+        return fail(SaveResult::Failed(ReasonFromErrno(errno)));
+    }
+    FlushFolder(folder);
+    return SaveResult::Saved();
+}
+
+SaveResult ReplaceWithBytes(const std::string& target, const void* bytes, std::size_t size) {
+    return Replace(target, [&](const std::string& tempPath) {
+        return OverwriteFileBytes(tempPath, bytes, size);
+    });
+}
+
+}  // namespace vellumo::atomicfile

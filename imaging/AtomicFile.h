@@ -1,0 +1,28 @@
+#pragma once
+
+// Inside the core only: the one way Vellumo replaces a file. The new content
+// goes to a temporary file in the target's folder, is flushed to the disk,
+// and then takes the target's name in one rename. A reader sees the old file
+// or the new one, never a part of either; a failure leaves the target as it
+// was and no temporary file behind. The new file gets the permissions of any
+// newly created file (0666 less the umask).
+
+#include <cstddef>
+#include <functional>
+#include <string>
+
+#include "imaging/SaveResult.h"
+
+namespace vellumo::atomicfile {
+
+// Fills the empty temporary file at `tempPath` (by name: an encoder opens it
+// itself). Returns SaveResult::Saved() or the reason it failed.
+using Filler = std::function<SaveResult(const std::string& tempPath)>;
+
+// Replaces (or creates) `target` with what `fill` writes.
+SaveResult Replace(const std::string& target, const Filler& fill);
+
+// Replaces (or creates) `target` with `size` bytes.
+SaveResult ReplaceWithBytes(const std::string& target, const void* bytes, std::size_t size);
+
+}  // namespace vellumo::atomicfile

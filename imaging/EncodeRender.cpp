@@ -1,0 +1,104 @@
+#include "imaging/EncodeRender.h"
+
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "imaging/PixelConvert.h"
+
+namespace vellumo::encoderender {
+
+namespace {
+
+struct Needs {
+    bool grey;   // the format stores one-channel grey
+    bool alpha;  // the format stores an alpha channel
+};
+
+Needs NeedsOf(OutputCodec codec) {
+    switch (codec) {
+        case OutputCodec::Jpeg:
+            return {true, false};
+        case OutputCodec::Jpeg2000:
+        case OutputCodec::Png:
+        case OutputCodec::Tiff:
+            return {true, true};
+        case OutputCodec::Gif:
+        case OutputCodec::Bmp:
+            return {false, true};
+    }
+    return {false, false};
+}
+
+// As the pixel conversion counts bands: grey + alpha, RGB + alpha,
+// CMYK + alpha.
+bool HasAlpha(const vips::VImage& pixels) {
+    const bool cmyk = pixels.interpretation() == VIPS_INTERPRETATION_CMYK;
+    return pixels.bands() == 2 || (pixels.bands() == 4 && !cmyk) || (pixels.bands() == 5 && cmyk);
+}
+
+bool IsGrey(const vips::VImage& pixels, bool hasAlpha) {
+    const VipsInterpretation interpretation = pixels.interpretation();
+    return pixels.bands() - (hasAlpha ? 1 : 0) == 1 && interpretation != VIPS_INTERPRETATION_CMYK &&
+           interpretation != VIPS_INTERPRETATION_LAB;
+}
+
+// 8-bit grey, with its alpha when it has one.
+vips::VImage ToGrey8(const vips::VImage& pixels) {
+    vips::VImage out = pixels;
+    if (out.format() == VIPS_FORMAT_USHORT) {
+        // 16-bit samples keep their top byte, alpha included.
+        out = out.copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_GREY16))
+                  .colourspace(VIPS_INTERPRETATION_B_W);
+    } else if (out.format() != VIPS_FORMAT_UCHAR) {
+        out = out.cast(VIPS_FORMAT_UCHAR);
+    }
+    return out.copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_B_W));
+}
+
+// The colour space an ICC profile describes (bytes 16 to 19 of its header).
+std::string ProfileColourSpace(const vips::VImage& pixels) {
+    if (pixels.get_typeof(VIPS_META_ICC_NAME) == 0) {
+        return {};
+    }
+    std::size_t size = 0;
+    const void* data = pixels.get_blob(VIPS_META_ICC_NAME, &size);
+    if (size < 20) {
+        return {};
+    }
+    return std::string(static_cast<const char*>(data) + 16, 4);
+}
+
+// A copy whose only metadata is a profile matching its pixels.
+vips::VImage WithMatchingProfileOnly(const vips::VImage& pixels, bool grey) {
+    const std::string space = ProfileColourSpace(pixels);
+    const bool keepProfile = space == (grey ? "GRAY" : "RGB ");
+    vips::VImage out = pixels.copy();
+    gchar** fields = vips_image_get_fields(out.get_image());
+    for (gchar** field = fields; *field != nullptr; ++field) {
+        if (keepProfile && std::strcmp(*field, VIPS_META_ICC_NAME) == 0) {
+            continue;
+        }
+        // The header's own fields (width, format, resolution...) are not
+        // metadata and cannot be removed; the call leaves them alone.
+        out.remove(*field);
+    }
+    g_strfreev(fields);
+    return out;
+}
+
+}  // namespace
+
+vips::VImage ForCodec(const vips::VImage& pixels, OutputCodec codec) {
+    const Needs needs = NeedsOf(codec);
+    const bool hasAlpha = HasAlpha(pixels);
+    const bool grey = needs.grey && IsGrey(pixels, hasAlpha);
+    vips::VImage out = grey ? ToGrey8(pixels) : pixelconvert::ToSrgb8(pixels, hasAlpha);
+    if (hasAlpha && !needs.alpha) {
+        const std::vector<double> white(grey ? 1 : 3, 255.0);
+        out = out.flatten(vips::VImage::option()->set("background", white));
+    }
+    return WithMatchingProfileOnly(out, grey);
+}
+
+}  // namespace vellumo::encoderender

@@ -1,0 +1,20 @@
+#pragma once
+
+// Inside the core only: starting Exiv2 once, and images it holds in memory.
+
+#include <exiv2/exiv2.hpp>
+#include <vector>
+
+namespace vellumo::exivruntime {
+
+// Starts Exiv2 once per process (any thread may call it first): its
+// warnings never reach the terminal (a failure comes back as an
+// Exiv2::Error, which the caller turns into a result), and its XMP parser
+// is set up before threads share it.
+void EnsureStarted();
+
+// The whole file of an image opened over bytes in memory, as it stands
+// after writeMetadata(). Throws Exiv2::Error.
+std::vector<unsigned char> BytesOf(Exiv2::Image& image);
+
+}  // namespace vellumo::exivruntime

@@ -1,0 +1,20 @@
+// Carrying a source file's metadata and creation date over to a saved file.
+
+#include "imaging/FileDates.h"
+#include "imaging/ImageTools.h"
+#include "imaging/MetadataCarry.h"
+
+namespace vellumo {
+
+void ImageTools::ChangeImageExifWithOriginalImagePath(const std::string& originalImagePath,
+                                                      const std::string& croppedImagePath) {
+    metadatacarry::Carry(originalImagePath, croppedImagePath,
+                         [&] { return ImageCreationDateWithPath(originalImagePath); });
+}
+
+std::chrono::system_clock::time_point ImageTools::ImageCreationDateWithPath(
+    const std::string& path) {
+    return filedates::CreationDate(path).value_or(std::chrono::system_clock::now());
+}
+
+}  // namespace vellumo

@@ -1,0 +1,27 @@
+#pragma once
+
+// Inside the core only: the encoder behind each entry of the output format
+// list, and the quality factor each lossy encoder is given.
+
+#include <optional>
+
+namespace vellumo {
+
+enum class OutputCodec { Jpeg, Jpeg2000, Png, Tiff, Gif, Bmp };
+
+// 0 "JPG", 1 "JPEG", 2 "JPE" -> JPEG; 3 "JP2", 4 "JPX" -> JPEG 2000 (both
+// written as JP2 files); 5 "PNG"; 6 "TIFF", 7 "TIF"; 8 "GIF"; 9 "BMP".
+// Nothing for any other index.
+std::optional<OutputCodec> OutputCodecForFormat(long format);
+
+// The 1 to 100 quality factor for a compression factor from 0.0 (most
+// compression) to 1.0 (least): rounded to the nearest hundredth. libjpeg
+// and OpenJPEG know no factor 0, so 0.0 (and anything below, or not a
+// number) asks for their strongest compression, 1; above 1.0 counts as 1.0.
+int QualityFactor(double quality);
+
+// True when JPEG 2000 is to be written without loss: a compression factor of
+// 1.0 (or above).
+bool Jpeg2000Lossless(double quality);
+
+}  // namespace vellumo
