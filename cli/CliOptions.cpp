@@ -87,7 +87,17 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
                    "Output format: JPG JPEG JPE JP2 JPX PNG TIFF TIF GIF BMP (any case)")
         ->capture_default_str();
     app.add_option("--quality", quality, "Quality for JPEG and JPEG 2000, 0 to 100")
-        ->check(CLI::Range(0.0f, 100.0f))
+        ->check(CLI::Validator(
+            [](const std::string& text) -> std::string {
+                try {
+                    const float value = std::stof(text);
+                    if (value >= 0.0f && value <= 100.0f)
+                        return {};
+                } catch (const std::exception&) {
+                }
+                return "must be a number from 0 to 100, got " + text;
+            },
+            "0-100"))
         ->capture_default_str();
     app.add_option("--name", options.settings.nameTemplate,
                    "File name template with [FileName] and [FileIndex]")

@@ -34,9 +34,9 @@ const char* StatusName(ImageStatus status) {
     return "unknown";
 }
 
-nlohmann::json ToJson(const ImageReport& report) {
+nlohmann::ordered_json ToJson(const ImageReport& report) {
     const ImageOutcome& outcome = report.outcome;
-    nlohmann::json object = {
+    nlohmann::ordered_json object = {
         {"index", report.index},
         {"source", report.source},
         {"output", report.output},
@@ -44,8 +44,8 @@ nlohmann::json ToJson(const ImageReport& report) {
         {"size", nullptr},
         {"decision", DecisionName(report.decision)},
         {"status", StatusName(outcome.status)},
-        {"reason",
-         outcome.reason.empty() ? nlohmann::json(nullptr) : nlohmann::json(outcome.reason)},
+        {"reason", outcome.reason.empty() ? nlohmann::ordered_json(nullptr)
+                                          : nlohmann::ordered_json(outcome.reason)},
     };
     if (outcome.rect) {
         object["rect"] = {outcome.rect->x, outcome.rect->y, outcome.rect->width,

@@ -1,0 +1,288 @@
+// vellumo-cli end to end: real files in, files decoded by ImageMagick out.
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "tests/support/Commands.h"
+#include "tests/support/ReadBack.h"
+#include "tests/support/TempDir.h"
+#include "tests/support/TestData.h"
+#include "tests/support/TestImages.h"
+
+namespace vellumo {
+namespace {
+
+namespace fs = std::filesystem;
+using test::ShellQuote;
+
+struct CliRun {
+    int exitCode;
+    std::string out;
+    std::string err;
+    std::vector<nlohmann::json> objects;  // with --json
+};
+
+class CliTest : public ::testing::Test {
+  protected:
+    // Runs vellumo-cli with `arguments` (already quoted), standard input
+    // empty.
+    CliRun Cli(const std::string& arguments) {
+        const std::string errFile = dir.File("stderr.txt");
+        const test::CommandResult result = test::RunCommand(
+            ShellQuote(VELLUMO_CLI) + " " + arguments + " </dev/null 2>" + ShellQuote(errFile));
+        CliRun run{result.exitCode, result.out, test::ReadFile(errFile), {}};
+        std::istringstream lines(result.out);
+        for (std::string line; std::getline(lines, line);) {
+            if (!line.empty() && line[0] == '{')
+                run.objects.push_back(nlohmann::json::parse(line));
+        }
+        return run;
+    }
+    std::string Files(const std::vector<std::string>& paths) {
+        std::string text;
+        for (const auto& p : paths)
+            text += " " + ShellQuote(p);
+        return text;
+    }
+    std::string Out() { return dir.File("out"); }
+
+    test::TempDir dir;
+};
+
+TEST_F(CliTest, CropsEveryInputFormat) {
+    const vips::VImage pixels = test::CoordinateImage(300, 200);
+    const std::vector<std::string> lossless = {"in.png", "in.tif", "in.tiff", "in.bmp"};
+    pixels.pngsave(dir.File("in.png").c_str());
+    pixels.tiffsave(dir.File("in.tif").c_str());
+    pixels.tiffsave(dir.File("in.tiff").c_str(),
+                    vips::VImage::option()->set("compression", VIPS_FOREIGN_TIFF_COMPRESSION_LZW));
+    pixels.magicksave(dir.File("in.bmp").c_str(), vips::VImage::option()->set("format", "bmp3"));
+    pixels.jpegsave(dir.File("in.jpg").c_str(), vips::VImage::option()->set("Q", 95));
+    fs::copy_file(dir.File("in.jpg"), dir.File("in2.jpeg"));
+    fs::copy_file(dir.File("in.jpg"), dir.File("in3.jpe"));
+    pixels.jp2ksave(dir.File("in.jp2").c_str(), vips::VImage::option()->set("lossless", true));
+    fs::copy_file(dir.File("in.jp2"), dir.File("in4.jpx"));
+    pixels.gifsave(dir.File("in.gif").c_str());
+    const std::vector<std::string> names = {"in.png",   "in.tif",  "in.tiff", "in.bmp",  "in.jpg",
+                                            "in2.jpeg", "in3.jpe", "in.jp2",  "in4.jpx", "in.gif"};
+    std::vector<std::string> paths;
+    for (const auto& n : names)
+        paths.push_back(dir.File(n));
+
+    const CliRun run =
+        Cli("--pixels 10,20,100,50 --format png --name '[FileName]-[FileIndex]' --json --output " +
+            ShellQuote(Out()) + Files(paths));
+    EXPECT_EQ(run.exitCode, 0) << run.err;
+    ASSERT_EQ(run.objects.size(), names.size());
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const nlohmann::json& o = run.objects[i];
+        EXPECT_EQ(o["index"], i);
+        EXPECT_EQ(o["status"], "written") << o.dump();
+        EXPECT_EQ(o["rect"], nlohmann::json({10.0, 20.0, 100.0, 50.0}));
+        EXPECT_EQ(o["size"], nlohmann::json({100, 50}));
+        const std::string output = o["output"];
+        EXPECT_EQ(output, Out() + "/" + fs::path(names[i]).stem().string() + "-" +
+                              std::to_string(i + 1) + ".png");
+        const test::MagickSize size = test::MagickIdentifySize(output);
+        EXPECT_EQ(size.width, 100) << output;
+        EXPECT_EQ(size.height, 50) << output;
+        // Top row of the cut: 200 - 20 - 50 = 130.
+        const auto got = test::MagickPixels(output, "", "rgb", 8);
+        const auto want = test::MagickPixels(paths[i], "-crop 100x50+10+130 +repage", "rgb", 8);
+        if (i < lossless.size()) {
+            EXPECT_EQ(got, want) << output;
+        } else {
+            ASSERT_EQ(got.size(), want.size());
+            double error = 0;
+            for (std::size_t k = 0; k < got.size(); ++k)
+                error += std::abs(got[k] - want[k]);
+            EXPECT_LT(error / got.size(), 1.0) << output;  // the decoded source's pixels
+        }
+    }
+}
+
+TEST_F(CliTest, ACorruptFileInTheMiddleOfTenFailsWithAReason) {
+    std::vector<std::string> paths;
+    for (int i = 0; i < 10; ++i) {
+        const std::string path = dir.File("p" + std::to_string(i) + ".png");
+        if (i == 5) {
+            test::PhotoLikeImage(200, 150).pngsave(dir.File("whole.png").c_str());
+            const std::string bytes = test::ReadFile(dir.File("whole.png"));
+            std::ofstream(path, std::ios::binary) << bytes.substr(0, bytes.size() / 2);
+        } else {
+            test::CoordinateImage(200, 150).pngsave(path.c_str());
+        }
+        paths.push_back(path);
+    }
+    const CliRun run = Cli("--auto 16:9 --json --output " + ShellQuote(Out()) + Files(paths));
+    EXPECT_EQ(run.exitCode, 1);
+    ASSERT_EQ(run.objects.size(), 10u);
+    int written = 0;
+    for (const auto& o : run.objects) {
+        if (o["status"] == "written")
+            ++written;
+    }
+    EXPECT_EQ(written, 9);
+    EXPECT_EQ(run.objects[5]["status"], "failed");
+    EXPECT_TRUE(run.objects[5]["reason"].is_string());
+    EXPECT_EQ(std::string(run.objects[5]["reason"]).rfind("cannot decode: ", 0), 0u);
+    EXPECT_FALSE(fs::exists(std::string(run.objects[5]["output"])));
+    EXPECT_EQ(std::distance(fs::directory_iterator(Out()), fs::directory_iterator{}), 9);
+}
+
+TEST_F(CliTest, AnOutputFolderThatCannotBeMadeGivesFailuresWithReasons) {
+    test::CoordinateImage(50, 50).pngsave(dir.File("a.png").c_str());
+    std::ofstream(dir.File("file")) << "x";
+    const CliRun run = Cli("--output " + ShellQuote(dir.File("file") + "/sub") + " " +
+                           ShellQuote(dir.File("a.png")));
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_NE(run.out.find("failed"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("cannot write: "), std::string::npos) << run.out;
+    EXPECT_NE(run.err.find("Some images could not be cropped."), std::string::npos);
+}
+
+TEST_F(CliTest, AnUnwritableOutputFolderGivesFailuresWithReasons) {
+    test::CoordinateImage(50, 50).pngsave(dir.File("a.png").c_str());
+    fs::create_directory(Out());
+    fs::permissions(dir.path(),
+                    fs::perms::owner_all | fs::perms::others_read | fs::perms::others_exec);
+    fs::permissions(dir.File("a.png"),
+                    fs::perms::owner_read | fs::perms::owner_write | fs::perms::others_read);
+    fs::permissions(Out(), fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_read |
+                               fs::perms::others_exec);
+    std::string runAs;
+    if (geteuid() == 0) {
+        // The superuser writes anywhere: run as an ordinary user instead.
+        runAs = "setpriv --reuid=nobody --regid=nogroup --clear-groups ";
+    }
+    const test::CommandResult result =
+        test::RunCommand(runAs + ShellQuote(VELLUMO_CLI) + " --json --output " + ShellQuote(Out()) +
+                         " " + ShellQuote(dir.File("a.png")) + " </dev/null 2>/dev/null");
+    EXPECT_EQ(result.exitCode, 1) << result.out;
+    const nlohmann::json o = nlohmann::json::parse(result.out);
+    EXPECT_EQ(o["status"], "failed");
+    EXPECT_EQ(o["reason"], "cannot write: permission denied");
+    EXPECT_TRUE(fs::is_empty(Out()));
+}
+
+TEST_F(CliTest, OverwriteNoneNeverChangesAnExistingFile) {
+    test::CoordinateImage(50, 50).pngsave(dir.File("a.png").c_str());
+    fs::create_directory(Out());
+    const std::string existing = Out() + "/a_cropped (1).jpg";
+    std::ofstream(existing, std::ios::binary) << "precious bytes";
+    const CliRun run = Cli("--overwrite none --json --output " + ShellQuote(Out()) + " " +
+                           ShellQuote(dir.File("a.png")));
+    EXPECT_EQ(run.exitCode, 0);
+    ASSERT_EQ(run.objects.size(), 1u);
+    EXPECT_EQ(run.objects[0]["decision"], "skip");
+    EXPECT_EQ(run.objects[0]["status"], "skipped");
+    EXPECT_EQ(test::ReadFile(existing), "precious bytes");
+    // Not a terminal: the default is none as well.
+    EXPECT_EQ(Cli("--output " + ShellQuote(Out()) + " " + ShellQuote(dir.File("a.png"))).exitCode,
+              0);
+    EXPECT_EQ(test::ReadFile(existing), "precious bytes");
+}
+
+TEST_F(CliTest, OverwriteAllReplaces) {
+    test::CoordinateImage(50, 50).pngsave(dir.File("a.png").c_str());
+    fs::create_directory(Out());
+    const std::string existing = Out() + "/a_cropped (1).jpg";
+    std::ofstream(existing) << "old";
+    const CliRun run = Cli("--overwrite all --json --output " + ShellQuote(Out()) + " " +
+                           ShellQuote(dir.File("a.png")));
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(run.objects[0]["decision"], "overwrite");
+    EXPECT_EQ(test::MagickFormat(existing), "JPEG");
+}
+
+TEST_F(CliTest, DryRunDecidesAndWritesNothing) {
+    test::CoordinateImage(400, 300).pngsave(dir.File("a.png").c_str());
+    const CliRun run = Cli("--dry-run --percents 20,20,60,60 --json --output " + ShellQuote(Out()) +
+                           " " + ShellQuote(dir.File("a.png")));
+    EXPECT_EQ(run.exitCode, 0);
+    ASSERT_EQ(run.objects.size(), 1u);
+    EXPECT_EQ(run.objects[0]["status"], "planned");
+    EXPECT_EQ(run.objects[0]["rect"], nlohmann::json({80.0, 60.0, 240.0, 180.0}));
+    EXPECT_EQ(run.objects[0]["size"], nlohmann::json({240, 180}));
+    EXPECT_FALSE(fs::exists(Out()));
+}
+
+TEST_F(CliTest, NoCropOptionKeepsTheWholeImage) {
+    test::CoordinateImage(64, 48).pngsave(dir.File("a.png").c_str());
+    const CliRun run = Cli("--format PNG --json --output " + ShellQuote(Out()) + " " +
+                           ShellQuote(dir.File("a.png")));
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(run.objects[0]["size"], nlohmann::json({64, 48}));
+}
+
+TEST_F(CliTest, KeepMetadataCarriesTheCameraAndGps) {
+    VELLUMO_REQUIRE_TESTDATA();
+    const std::string source = test::TestDataPath("orientation/Samsung GT-I9000 (Galaxy S).jpg");
+    const CliRun run = Cli("--keep-metadata --auto 1:1 --json --output " + ShellQuote(Out()) + " " +
+                           ShellQuote(source));
+    ASSERT_EQ(run.exitCode, 0) << run.out;
+    const std::string output = run.objects[0]["output"];
+    EXPECT_EQ(test::ExifToolValue(output, "Model"), test::ExifToolValue(source, "Model"));
+    EXPECT_EQ(test::ExifToolValue(output, "GPSLatitude", true),
+              test::ExifToolValue(source, "GPSLatitude", true));
+    const CliRun plain = Cli("--auto 1:1 --json --name plain --output " + ShellQuote(Out()) + " " +
+                             ShellQuote(source));
+    EXPECT_EQ(test::ExifToolValue(plain.objects[0]["output"], "GPSLatitude"), "");
+}
+
+TEST_F(CliTest, UsageErrorsExitWithTwoAndOneLineNamingTheOption) {
+    test::CoordinateImage(8, 8).pngsave(dir.File("a.png").c_str());
+    const std::string a = " " + ShellQuote(dir.File("a.png"));
+    const struct {
+        std::string arguments;
+        std::string message;
+    } cases[] = {
+        {"--quality 300 --output o" + a,
+         "vellumo-cli: --quality: must be a number from 0 to 100, got 300\n"},
+        {"--format webp --output o" + a,
+         "vellumo-cli: --format: unknown format webp (use JPG JPEG JPE JP2 JPX PNG TIFF TIF GIF "
+         "BMP)\n"},
+        {"--auto 5:4 --output o" + a,
+         "vellumo-cli: --auto: unknown ratio 5:4 (use 1:1, 4:3, 3:2 or 16:9)\n"},
+        {"--pixels 1,2,3 --output o" + a,
+         "vellumo-cli: --pixels: expected four numbers X,Y,W,H, got 1,2,3\n"},
+        {"--auto 1:1 --percents 1,2,3,4 --output o" + a,
+         "vellumo-cli: --auto excludes --percents\n"},
+        {"--overwrite maybe --output o" + a, ""},
+        {a, "vellumo-cli: --output is required\n"},
+        {"--output o " + ShellQuote(dir.path().string()),
+         "vellumo-cli: " + dir.path().string() + " is a folder: give image files\n"},
+        {"--output o notes.txt",
+         "vellumo-cli: notes.txt: not an image file name (jpg jpeg jpe jp2 jpx png gif tif tiff "
+         "bmp)\n"},
+    };
+    for (const auto& c : cases) {
+        const CliRun run = Cli(c.arguments);
+        EXPECT_EQ(run.exitCode, 2) << c.arguments;
+        EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 1) << run.err;
+        if (!c.message.empty()) {
+            EXPECT_EQ(run.err, c.message);
+        } else {
+            EXPECT_NE(run.err.find("--overwrite"), std::string::npos) << run.err;
+        }
+        EXPECT_EQ(run.out, "");
+    }
+}
+
+TEST_F(CliTest, FormatNamesAreTakenInAnyCase) {
+    test::CoordinateImage(20, 10).pngsave(dir.File("a.png").c_str());
+    const CliRun run = Cli("--format tIf --json --output " + ShellQuote(Out()) + " " +
+                           ShellQuote(dir.File("a.png")));
+    EXPECT_EQ(run.exitCode, 0);
+    const std::string output = run.objects[0]["output"];
+    EXPECT_EQ(fs::path(output).extension(), ".tif");
+    EXPECT_EQ(test::MagickFormat(output), "TIFF");
+}
+
+}  // namespace
+}  // namespace vellumo

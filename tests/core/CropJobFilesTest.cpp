@@ -1,0 +1,186 @@
+// The job on real files: decisions, metadata, failures and the safety of
+// sources and existing outputs.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "batch/CropJob.h"
+#include "batch/OutputPath.h"
+#include "tests/support/Commands.h"
+#include "tests/support/ReadBack.h"
+#include "tests/support/TempDir.h"
+#include "tests/support/TestData.h"
+#include "tests/support/TestImages.h"
+
+namespace vellumo {
+namespace {
+
+namespace fs = std::filesystem;
+using D = OverwriteDecision;
+
+class CropJobFilesTest : public ::testing::Test {
+  protected:
+    CropJobFilesTest() {
+        settings.outputFolder = dir.File("out");
+        fs::create_directory(settings.outputFolder);
+        settings.outputFormat = 5;  // PNG
+        settings.nameTemplate = "[FileName]";
+        settings.customCropPixels = true;
+        settings.pixelsOriginX = 10;
+        settings.pixelsOriginY = 20;
+        settings.pixelsWidth = 100;
+        settings.pixelsHeight = 50;
+    }
+    std::string Source(const std::string& name, int w = 300, int h = 200) {
+        test::CoordinateImage(w, h).pngsave(dir.File(name).c_str());
+        return dir.File(name);
+    }
+    JobReport Run(const std::vector<std::string>& list, const std::vector<D>& decisions) {
+        InProcessImageProcessor processor;
+        return RunCropJob(settings, list, decisions, processor);
+    }
+
+    test::TempDir dir;
+    CropSettings settings;
+};
+
+TEST_F(CropJobFilesTest, WritesTheCropOfEveryImage) {
+    const std::vector<std::string> list = {Source("a.png"), Source("b.png", 120, 90)};
+    const JobReport report = Run(list, {D::NoConflict, D::NoConflict});
+    EXPECT_TRUE(report.allSucceeded);
+    for (long i = 0; i < 2; ++i) {
+        const std::string out = GenerateOutputPathWithImageIndex(settings, list, i);
+        EXPECT_EQ(report.images[i].outcome.status, ImageStatus::Written);
+        const test::MagickSize size = test::MagickIdentifySize(out);
+        EXPECT_EQ(size.width, 100);
+        EXPECT_EQ(size.height, 50);
+    }
+    // Pixels: top row of the cut is 200 - 20 - 50 = 130.
+    const std::string out0 = GenerateOutputPathWithImageIndex(settings, list, 0);
+    EXPECT_EQ(test::MagickPixels(out0, "", "rgb", 8),
+              test::MagickPixels(list[0], "-crop 100x50+10+130 +repage", "rgb", 8));
+    EXPECT_EQ(report.images[0].outcome.outputSize, (Size{100, 50}));
+}
+
+TEST_F(CropJobFilesTest, OverwriteReplacesTheExistingFile) {
+    const std::vector<std::string> list = {Source("a.png")};
+    const std::string out = GenerateOutputPathWithImageIndex(settings, list, 0);
+    std::ofstream(out) << "old contents";
+    const JobReport report = Run(list, {D::Overwrite});
+    EXPECT_TRUE(report.allSucceeded);
+    EXPECT_EQ(test::MagickIdentifySize(out).width, 100);
+}
+
+TEST_F(CropJobFilesTest, SkipLeavesTheExistingFileAlone) {
+    const std::vector<std::string> list = {Source("a.png")};
+    const std::string out = GenerateOutputPathWithImageIndex(settings, list, 0);
+    std::ofstream(out) << "old contents";
+    const JobReport report = Run(list, {D::Skip});
+    EXPECT_TRUE(report.allSucceeded);
+    EXPECT_EQ(report.images[0].outcome.status, ImageStatus::Skipped);
+    EXPECT_EQ(test::ReadFile(out), "old contents");
+}
+
+TEST_F(CropJobFilesTest, ASkippedImageWithTheOptionGetsTheSourcesMetadataOnItsKeptFile) {
+    VELLUMO_REQUIRE_TESTDATA();
+    const std::string source = dir.File("camera.jpg");
+    fs::copy_file(test::TestDataPath("orientation/Samsung GT-I9000 (Galaxy S).jpg"), source);
+    const std::vector<std::string> list = {source};
+    settings.keepMetadata = true;
+    settings.outputFormat = 0;  // JPG
+    const std::string out = GenerateOutputPathWithImageIndex(settings, list, 0);
+    // The kept file: a plain JPEG without metadata.
+    test::CoordinateImage(64, 48).jpegsave(out.c_str(), vips::VImage::option()->set("strip", true));
+    const std::vector<unsigned char> pixelsBefore = test::MagickPixels(out, "", "rgb", 8);
+    ASSERT_EQ(test::ExifToolValue(out, "Model"), "");
+
+    const JobReport report = Run(list, {D::Skip});
+    EXPECT_TRUE(report.allSucceeded);
+    EXPECT_EQ(test::ExifToolValue(out, "Model"), test::ExifToolValue(source, "Model"));
+    EXPECT_NE(test::ExifToolValue(out, "Model"), "");
+    EXPECT_EQ(test::MagickPixels(out, "", "rgb", 8), pixelsBefore);  // pixels left alone
+}
+
+TEST_F(CropJobFilesTest, AFailedSaveStopsMetadataForTheRestButNotTheSaves) {
+    VELLUMO_REQUIRE_TESTDATA();
+    const std::string camera = test::TestDataPath("orientation/Samsung GT-I9000 (Galaxy S).jpg");
+    fs::copy_file(camera, dir.File("first.jpg"));
+    fs::copy_file(camera, dir.File("second.jpg"));
+    const std::vector<std::string> list = {dir.File("first.jpg"), dir.File("second.jpg")};
+    settings.keepMetadata = true;
+    settings.outputFormat = 0;
+    // A non-empty folder in the way of the first output: the save fails.
+    const std::string blocked = GenerateOutputPathWithImageIndex(settings, list, 0);
+    fs::create_directory(blocked);
+    std::ofstream(blocked + "/keep") << "x";
+
+    ::testing::internal::CaptureStdout();
+    const JobReport report = Run(list, {D::Overwrite, D::NoConflict});
+    const std::string printed = ::testing::internal::GetCapturedStdout();
+    EXPECT_EQ(printed.rfind("Remove failed: ", 0), 0u) << printed;
+    EXPECT_FALSE(report.allSucceeded);
+    EXPECT_EQ(report.images[0].outcome.status, ImageStatus::Failed);
+    EXPECT_FALSE(report.images[0].outcome.reason.empty());
+    EXPECT_TRUE(fs::exists(blocked + "/keep"));
+
+    const std::string second = GenerateOutputPathWithImageIndex(settings, list, 1);
+    EXPECT_EQ(report.images[1].outcome.status, ImageStatus::Written);
+    EXPECT_EQ(test::MagickIdentifySize(second).width, 100);
+    EXPECT_EQ(test::ExifToolValue(second, "Model"), "");  // no metadata after a failure
+}
+
+TEST_F(CropJobFilesTest, AnEmptyFolderInTheWayIsRemovedAndReplaced) {
+    const std::vector<std::string> list = {Source("a.png")};
+    const std::string out = GenerateOutputPathWithImageIndex(settings, list, 0);
+    fs::create_directory(out);
+    ::testing::internal::CaptureStdout();
+    const JobReport report = Run(list, {D::Overwrite});
+    EXPECT_EQ(::testing::internal::GetCapturedStdout(), "");
+    EXPECT_TRUE(report.allSucceeded);
+    EXPECT_TRUE(fs::is_regular_file(out));
+}
+
+TEST_F(CropJobFilesTest, AnUndecodableImageFailsAndTheOthersAreWritten) {
+    const std::string broken = dir.File("broken.png");
+    std::ofstream(broken) << "not a picture";
+    const std::vector<std::string> list = {Source("a.png"), broken, Source("c.png")};
+    const JobReport report = Run(list, {D::NoConflict, D::NoConflict, D::NoConflict});
+    EXPECT_FALSE(report.allSucceeded);
+    EXPECT_EQ(report.images[1].outcome.status, ImageStatus::Failed);
+    EXPECT_EQ(report.images[1].outcome.reason,
+              "cannot decode: not an image Vellumo reads (a text file)");
+    EXPECT_FALSE(fs::exists(GenerateOutputPathWithImageIndex(settings, list, 1)));
+    EXPECT_TRUE(fs::exists(GenerateOutputPathWithImageIndex(settings, list, 2)));
+}
+
+TEST_F(CropJobFilesTest, ASourceIsReplacedOnlyWhenItIsTheOutputAndTheAnswerWasYes) {
+    settings.outputFolder = dir.path().string();
+    const std::string source = Source("a.png");
+    const std::vector<std::string> list = {source};
+    ASSERT_EQ(GenerateOutputPathWithImageIndex(settings, list, 0), source);
+    const std::string before = test::ReadFile(source);
+
+    EXPECT_TRUE(Run(list, {D::Skip}).allSucceeded);
+    EXPECT_EQ(test::ReadFile(source), before);
+
+    const std::vector<unsigned char> expected =
+        test::MagickPixels(source, "-crop 100x50+10+130 +repage", "rgb", 8);
+    EXPECT_TRUE(Run(list, {D::Overwrite}).allSucceeded);
+    EXPECT_EQ(test::MagickPixels(source, "", "rgb", 8), expected);  // cut from the original pixels
+}
+
+TEST_F(CropJobFilesTest, ADryRunWritesNothingAndMeasures) {
+    const std::vector<std::string> list = {Source("a.png")};
+    InProcessImageProcessor processor;
+    JobOptions options;
+    options.dryRun = true;
+    const JobReport report = RunCropJob(settings, list, {D::NoConflict}, processor, {}, options);
+    EXPECT_EQ(report.images[0].outcome.status, ImageStatus::Planned);
+    EXPECT_EQ(report.images[0].outcome.outputSize, (Size{100, 50}));
+    EXPECT_TRUE(fs::is_empty(settings.outputFolder));
+}
+
+}  // namespace
+}  // namespace vellumo
