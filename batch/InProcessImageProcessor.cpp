@@ -22,6 +22,16 @@ std::string Failure(const std::string& verb, const std::string& reason) {
     return "cannot " + verb + ": " + reason;
 }
 
+// The pixels are read while the save writes, so a save can fail on a
+// damaged source: tell that from a failed write.
+std::string SaveFailure(const std::string& source, const std::string& reason) {
+    const LoadResult check = ImageTools::LoadImage(source);
+    if (!check) {
+        return Failure("decode", check.reason());
+    }
+    return Failure("write", reason);
+}
+
 Size WholePixels(const Image& image) {
     return {std::trunc(image.Width()), std::trunc(image.Height())};
 }
@@ -78,7 +88,7 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task) {
         return Plan(task);
     }
     ImageOutcome outcome;
-    const LoadResult loaded = ImageTools::LoadImage(task.source);
+    const LoadResult loaded = ImageTools::OpenImage(task.source);
     if (!loaded) {
         outcome.reason = Failure("decode", loaded.reason());
         return outcome;
@@ -106,7 +116,7 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task) {
         const SaveResult result =
             ImageTools::TrySaveImage(cropped, task.output, task.settings.outputFormat, quality);
         if (!result.saved) {
-            outcome.reason = Failure("write", result.reason);
+            outcome.reason = SaveFailure(task.source, result.reason);
             return outcome;
         }
         saved = true;

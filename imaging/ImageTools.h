@@ -60,6 +60,15 @@ class ImageTools {
     // picture. The logical size equals the upright pixel size.
     static LoadResult LoadImage(const std::string& path);
 
+    // LoadImage for a single pass, as a crop job makes it: nothing is decoded
+    // now; the pixels are read from the file once, top to bottom, as the one
+    // operation that reads them (a save) needs them, overlapping decoding
+    // with encoding. Damage in rows that are needed fails that operation;
+    // rows that are never needed are never read. The result must be read
+    // only once. Files that must be turned upright, or are too large to
+    // hold, come as from LoadImage.
+    static LoadResult OpenImage(const std::string& path);
+
     // The largest width and, separately, the largest height over all pages or
     // frames of the file, from its headers only (no pixels decoded), upright
     // (sides swapped for orientations 5 to 8). Nothing for a file that

@@ -49,7 +49,11 @@ Image OpenHuge(FileKind kind, const std::string& path, bool upright) {
 
 }  // namespace
 
-LoadResult ImageTools::LoadImage(const std::string& path) {
+namespace {
+
+enum class Pass { Validated, Single };
+
+LoadResult Load(const std::string& path, Pass pass) {
     vipsruntime::EnsureStarted();
     const SniffedFile sniffed = SniffFile(path);
     if (!sniffed.kind) {
@@ -59,19 +63,31 @@ LoadResult ImageTools::LoadImage(const std::string& path) {
     try {
         vips::VImage pixels = vipsload::Open(*sniffed.kind, path);
         const bool upright = vipsload::Orientation(pixels) == 1;
-        if (DecodedBytes(pixels) <= kDecodeInMemoryBytes) {
-            pixels = pixels.copy_memory();
-            if (!upright) {
-                pixels = pixels.autorot();
-            }
-            const double width = pixels.width();
-            const double height = pixels.height();
-            return LoadResult::Success(ImageAccess::Make(std::move(pixels), width, height));
+        if (DecodedBytes(pixels) > kDecodeInMemoryBytes) {
+            return LoadResult::Success(OpenHuge(*sniffed.kind, path, upright));
         }
-        return LoadResult::Success(OpenHuge(*sniffed.kind, path, upright));
+        if (pass == Pass::Validated || !upright) {
+            pixels = pixels.copy_memory();
+        }
+        if (!upright) {
+            pixels = pixels.autorot();
+        }
+        const double width = pixels.width();
+        const double height = pixels.height();
+        return LoadResult::Success(ImageAccess::Make(std::move(pixels), width, height));
     } catch (const vips::VError& error) {
         return LoadResult::Failure(scope.Reason(error));
     }
+}
+
+}  // namespace
+
+LoadResult ImageTools::LoadImage(const std::string& path) {
+    return Load(path, Pass::Validated);
+}
+
+LoadResult ImageTools::OpenImage(const std::string& path) {
+    return Load(path, Pass::Single);
 }
 
 std::optional<Size> ImageTools::ImagePixelSizeWithPath(const std::string& path) {

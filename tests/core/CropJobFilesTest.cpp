@@ -155,6 +155,17 @@ TEST_F(CropJobFilesTest, AnUndecodableImageFailsAndTheOthersAreWritten) {
     EXPECT_TRUE(fs::exists(GenerateOutputPathWithImageIndex(settings, list, 2)));
 }
 
+TEST_F(CropJobFilesTest, DamageFoundWhileWritingIsReportedAsADecodeFailure) {
+    test::PhotoLikeImage(300, 200).jpegsave(dir.File("whole.jpg").c_str());
+    const std::string bytes = test::ReadFile(dir.File("whole.jpg"));
+    std::ofstream(dir.File("cut.jpg"), std::ios::binary) << bytes.substr(0, bytes.size() / 3);
+    const std::vector<std::string> list = {dir.File("cut.jpg")};
+    const JobReport report = Run(list, {D::NoConflict});
+    EXPECT_FALSE(report.allSucceeded);
+    EXPECT_EQ(report.images[0].outcome.reason, "cannot decode: premature end of input file");
+    EXPECT_TRUE(fs::is_empty(settings.outputFolder));  // not even a temporary file
+}
+
 TEST_F(CropJobFilesTest, ASourceIsReplacedOnlyWhenItIsTheOutputAndTheAnswerWasYes) {
     settings.outputFolder = dir.path().string();
     const std::string source = Source("a.png");

@@ -189,6 +189,34 @@ TEST(LoadImage, RealFilesOfEveryKindLoadAtTheirSize) {
     }
 }
 
+TEST(OpenImage, GivesTheSamePixelsAsLoadImageWithoutDecodingFirst) {
+    TempDir dir;
+    test::PhotoLikeImage(640, 480).jpegsave(dir.File("a.jpg").c_str());
+    const LoadResult opened = ImageTools::OpenImage(dir.File("a.jpg"));
+    const LoadResult loaded = ImageTools::LoadImage(dir.File("a.jpg"));
+    ASSERT_TRUE(opened && loaded);
+    EXPECT_EQ(opened->Width(), 640);
+    EXPECT_EQ(test::RawBytes(test::PixelsOf(*opened)), test::RawBytes(test::PixelsOf(*loaded)));
+}
+
+TEST(OpenImage, DamageIsFoundWhenTheDamagedRowsAreRead) {
+    TempDir dir;
+    test::PhotoLikeImage(800, 600).jpegsave(dir.File("whole.jpg").c_str());
+    const std::size_t full = std::filesystem::file_size(dir.File("whole.jpg"));
+    const std::string cut = Truncated(dir, dir.File("whole.jpg"), full / 2, "cut.jpg");
+    const LoadResult opened = ImageTools::OpenImage(cut);
+    ASSERT_TRUE(opened) << "the header is whole";
+    EXPECT_THROW(test::PixelsOf(*opened), vips::VError);
+}
+
+TEST(OpenImage, TurnedPhotosAreUprightAsWithLoadImage) {
+    VELLUMO_REQUIRE_TESTDATA();
+    const LoadResult opened = ImageTools::OpenImage(TestDataPath("orientation/Landscape_6.jpg"));
+    ASSERT_TRUE(opened);
+    EXPECT_EQ(opened->Width(), 1800);
+    EXPECT_EQ(opened->Height(), 1200);
+}
+
 TEST(ImagePixelSize, IsTheMaximumOverPagesOfDifferentSizes) {
     TempDir dir;
     CoordinateImage(300, 40).pngsave(dir.File("wide.png").c_str());
