@@ -64,6 +64,18 @@ TEST_F(CropJobFilesTest, WritesTheCropOfEveryImage) {
     EXPECT_EQ(report.images[0].outcome.outputSize, (Size{100, 50}));
 }
 
+TEST_F(CropJobFilesTest, AZeroRectangleOrNoModeKeepsTheWholeImage) {
+    const std::vector<std::string> list = {Source("a.png")};
+    settings.pixelsWidth = 0;  // pixel mode, width 0
+    EXPECT_EQ(Run(list, {D::NoConflict}).images[0].outcome.outputSize, (Size{300, 200}));
+    settings.pixelsWidth = 100;
+    settings.customCrop = false;  // no mode at all
+    const JobReport report = Run(list, {D::Overwrite});
+    EXPECT_EQ(report.images[0].outcome.rect, (Rect{0, 0, 0, 0}));
+    EXPECT_EQ(test::MagickIdentifySize(GenerateOutputPathWithImageIndex(settings, list, 0)).width,
+              300);
+}
+
 TEST_F(CropJobFilesTest, OverwriteReplacesTheExistingFile) {
     const std::vector<std::string> list = {Source("a.png")};
     const std::string out = GenerateOutputPathWithImageIndex(settings, list, 0);
