@@ -21,8 +21,8 @@ const std::string& PhotoJpeg24() {
         const std::string file = test::BuildPath("bench-data/photo-6000x4000.jpg");
         if (!std::filesystem::exists(file)) {
             std::filesystem::create_directories(std::filesystem::path(file).parent_path());
-            test::PhotoLikeImage(6000, 4000).jpegsave(file.c_str(),
-                                                      vips::VImage::option()->set("Q", 90));
+            test::PhotoLikeImage(6000, 4000)
+                .jpegsave(file.c_str(), vips::VImage::option()->set("Q", 90));
         }
         return file;
     }();
@@ -33,7 +33,8 @@ void BM_Load24MegapixelJpeg(benchmark::State& state) {
     for (auto _ : state) {
         LoadResult loaded = ImageTools::LoadImage(PhotoJpeg24());
         benchmark::DoNotOptimize(loaded);
-        if (!loaded) state.SkipWithError(loaded.reason().c_str());
+        if (!loaded)
+            state.SkipWithError(loaded.reason().c_str());
     }
 }
 BENCHMARK(BM_Load24MegapixelJpeg)->Unit(benchmark::kMillisecond)->UseRealTime();
@@ -59,24 +60,73 @@ void BM_OverlayPreviewSized(benchmark::State& state) {
     const Image preview = test::MakeImage(test::PhotoLikeImage(1200, 800).copy_memory());
     const Rect r = ImageTools::CalculateAutoCropRectangleWithImage(preview, 2);
     for (auto _ : state) {
-        const Image veiled =
-            ImageTools::DrawCropRectangleOnImageWithImage(preview, r.x, r.y + 37.5, r.width,
-                                                          r.height - 75);
+        const Image veiled = ImageTools::DrawCropRectangleOnImageWithImage(preview, r.x, r.y + 37.5,
+                                                                           r.width, r.height - 75);
         vips::VImage held = test::PixelsOf(veiled);
         benchmark::DoNotOptimize(held);
     }
 }
 BENCHMARK(BM_OverlayPreviewSized)->Unit(benchmark::kMillisecond)->UseRealTime();
 
+// The longer side of the window's preview picture at 1280 x 800.
+constexpr int kPreviewSide = 800;
+
+// What selecting a row costs in the window, less the drawing on screen:
+// decode a preview-sized picture, veil it outside a 3:2 rectangle, and
+// render it as 8-bit RGBA.
+void PreviewOf(benchmark::State& state, const std::string& path) {
+    for (auto _ : state) {
+        const PreviewResult preview = ImageTools::LoadPreview(path, kPreviewSide);
+        if (!preview) {
+            state.SkipWithError(preview.reason().c_str());
+            break;
+        }
+        const Image full = Image::OfSize(preview->fullSize.width, preview->fullSize.height);
+        const Rect r = ImageTools::CalculateAutoCropRectangleWithImage(full, 2);
+        const double scale = preview->picture.Width() / full.Width();
+        const Image veiled = ImageTools::DrawCropRectangleOnImageWithImage(
+            preview->picture, r.x * scale, r.y * scale, r.width * scale, r.height * scale);
+        auto bitmap = ImageTools::RenderRgba8(veiled);
+        benchmark::DoNotOptimize(bitmap);
+    }
+}
+
+void BM_Preview24MegapixelJpeg(benchmark::State& state) {
+    PreviewOf(state, PhotoJpeg24());
+}
+BENCHMARK(BM_Preview24MegapixelJpeg)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// A 100-megapixel PNG (10000 x 10000), generated once.
+const std::string& PhotoPng100() {
+    static const std::string path = [] {
+        const std::string file = test::BuildPath("bench-data/photo-10000x10000.png");
+        if (!std::filesystem::exists(file)) {
+            std::filesystem::create_directories(std::filesystem::path(file).parent_path());
+            test::PhotoLikeImage(10000, 10000)
+                .pngsave(file.c_str(), vips::VImage::option()->set("compression", 1));
+        }
+        return file;
+    }();
+    return path;
+}
+
+void BM_Preview100MegapixelPng(benchmark::State& state) {
+    PreviewOf(state, PhotoPng100());
+}
+BENCHMARK(BM_Preview100MegapixelPng)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(2);
+
 }  // namespace
 
 // Used by main() below.
-const std::string& PhotoJpeg24ForMain() { return PhotoJpeg24(); }
+void MakeInputs() {
+    PhotoJpeg24();
+    PhotoPng100();
+}
 
 }  // namespace vellumo
 
 int main(int argc, char** argv) {
-    vellumo::PhotoJpeg24ForMain();  // generated before any timing starts
+    vellumo::MakeInputs();  // generated before any timing starts
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
         return 1;

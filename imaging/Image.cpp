@@ -15,6 +15,10 @@ struct Image::Data {
 
 Image::Image(std::shared_ptr<const Data> data) : data_(std::move(data)) {}
 
+Image Image::OfSize(double width, double height) {
+    return ImageAccess::MakeWithoutPixels(width, height);
+}
+
 double Image::Width() const {
     return data_ ? data_->width : 0.0;
 }

@@ -18,6 +18,10 @@ class Image {
     // The empty image: 0 x 0, no pixels.
     Image() = default;
 
+    // An image of this size without pixels: what the geometry needs to
+    // measure a file that has not been decoded at full size.
+    static Image OfSize(double width, double height);
+
     double Width() const;
     double Height() const;
 

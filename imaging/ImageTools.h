@@ -27,6 +27,7 @@
 #include "imaging/Geometry.h"
 #include "imaging/Image.h"
 #include "imaging/LoadResult.h"
+#include "imaging/Preview.h"
 #include "imaging/SaveResult.h"
 
 namespace vellumo {
@@ -68,6 +69,15 @@ class ImageTools {
     // only once. Files that must be turned upright, or are too large to
     // hold, come as from LoadImage.
     static LoadResult OpenImage(const std::string& path);
+
+    // The picture the window shows for a file: decoded at a reduced size
+    // where the decoder can (JPEG shrink-on-load), scaled down to fit in
+    // maxSide x maxSide (never up), upright. Damage fails it, as LoadImage.
+    static PreviewResult LoadPreview(const std::string& path, int maxSide);
+
+    // The image as 8-bit sRGB RGBA, for display. Nothing for an image
+    // without pixels.
+    static std::optional<RgbaBitmap> RenderRgba8(const Image& image);
 
     // The largest width and, separately, the largest height over all pages or
     // frames of the file, from its headers only (no pixels decoded), upright

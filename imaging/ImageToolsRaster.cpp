@@ -180,21 +180,32 @@ Image ImageTools::DrawCropRectangleOnImageWithImage(const Image& image, double o
     const vips::VImage inside = FloatImage(across, columns, 1).replicate(1, rows) *
                                 FloatImage(upward, 1, rows).replicate(columns, 1);
 
-    // Veil alpha: 0.6 outside, 0 inside, in between on the edges. The white
-    // veil goes over the image (premultiplied source-over of veil on image).
-    const vips::VImage veil = (1.0 - inside) * 0.6;
-    const vips::VImage rgba = pixelconvert::ToSrgb8(*pixels, true).cast(VIPS_FORMAT_FLOAT);
-    const vips::VImage alpha = rgba[3] / 255.0;
-    const vips::VImage colour = rgba.extract_band(0, vips::VImage::option()->set("n", 3));
-    const vips::VImage keep = 1.0 - veil;
-    const vips::VImage outAlpha = veil + alpha * keep;
-    // Premultiplied colour, then back to straight colour for the 8-bit result.
-    const vips::VImage premultiplied = colour * alpha * keep + veil * 255.0;
-    // libvips gives 0 for a division by 0, which is right for a pixel with
-    // no coverage at all.
-    const vips::VImage straight = premultiplied / outAlpha;
-    vips::VImage result = straight.bandjoin(outAlpha * 255.0);
-    result = (result + 0.5).cast(VIPS_FORMAT_UCHAR);
+    const vips::VImage rgba = pixelconvert::ToSrgb8(*pixels, true);
+    vips::VImage result;
+    if (!pixels->has_alpha()) {
+        // Opaque, the usual case, in 8-bit arithmetic: outside, 0.6 x white
+        // + 0.4 x the pixel; inside, the pixel itself; on the edges, the two
+        // blended by the coverage.
+        const vips::VImage colour = rgba.extract_band(0, vips::VImage::option()->set("n", 3));
+        const vips::VImage veiled = (colour * 0.4 + (0.6 * 255.0 + 0.5)).cast(VIPS_FORMAT_UCHAR);
+        const vips::VImage mask = (inside * 255.0 + 0.5).cast(VIPS_FORMAT_UCHAR);
+        result = mask.ifthenelse(colour, veiled, vips::VImage::option()->set("blend", true))
+                     .bandjoin_const({255.0});
+    } else {
+        // Veil alpha: 0.6 outside, 0 inside, in between on the edges. The
+        // white veil goes over the image (premultiplied source-over).
+        const vips::VImage veil = (1.0 - inside) * 0.6;
+        const vips::VImage straightIn = rgba.cast(VIPS_FORMAT_FLOAT);
+        const vips::VImage alpha = straightIn[3] / 255.0;
+        const vips::VImage colour = straightIn.extract_band(0, vips::VImage::option()->set("n", 3));
+        const vips::VImage keep = 1.0 - veil;
+        const vips::VImage outAlpha = veil + alpha * keep;
+        const vips::VImage premultiplied = colour * alpha * keep + veil * 255.0;
+        // libvips gives 0 for a division by 0, which is right for a pixel
+        // with no coverage at all.
+        const vips::VImage straight = premultiplied / outAlpha;
+        result = (straight.bandjoin(outAlpha * 255.0) + 0.5).cast(VIPS_FORMAT_UCHAR);
+    }
     result = result.copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
     return ImageAccess::Make(std::move(result), image.Width(), image.Height());
 }

@@ -8,35 +8,42 @@
 
 namespace vellumo {
 
-// What loading a file gives: an image, or the reason a person can read why
+// What reading a file gives: a value, or the reason a person can read why
 // there is none ("not a JPEG file", "file is truncated"). Used like
-// std::optional<Image>.
-class LoadResult {
+// std::optional<T>.
+template <typename T>
+class Loaded {
   public:
-    static LoadResult Success(Image image) { return LoadResult(std::move(image), {}); }
-    static LoadResult Failure(std::string reason) { return LoadResult({}, std::move(reason)); }
+    static Loaded Success(T value) { return Loaded(std::move(value), {}); }
+    static Loaded Failure(std::string reason) {
+        if (reason.empty()) {
+            reason = "unknown reason";
+        }
+        return Loaded({}, std::move(reason));
+    }
 
     bool has_value() const { return reason_.empty(); }
     explicit operator bool() const { return has_value(); }
 
-    const Image& operator*() const { return value(); }
-    const Image* operator->() const { return &value(); }
-    const Image& value() const {
+    const T& operator*() const { return value(); }
+    const T* operator->() const { return &value(); }
+    const T& value() const {
         if (!has_value()) {
-            Fatal("LoadResult::value() on a failed load: " + reason_);
+            Fatal("value of a failed load: " + reason_);
         }
-        return image_;
+        return value_;
     }
 
-    // Empty when there is an image.
+    // Empty when there is a value.
     const std::string& reason() const { return reason_; }
 
   private:
-    LoadResult(Image image, std::string reason)
-        : image_(std::move(image)), reason_(std::move(reason)) {}
+    Loaded(T value, std::string reason) : value_(std::move(value)), reason_(std::move(reason)) {}
 
-    Image image_;
+    T value_;
     std::string reason_;
 };
+
+using LoadResult = Loaded<Image>;
 
 }  // namespace vellumo

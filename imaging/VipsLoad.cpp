@@ -9,6 +9,9 @@ vips::VImage Open(FileKind kind, const std::string& path, const OpenOptions& opt
     const char* file = path.c_str();
     switch (kind) {
         case FileKind::Jpeg:
+            if (options.shrink > 1) {
+                vopts->set("shrink", options.shrink);
+            }
             return vips::VImage::jpegload(file, vopts);
         case FileKind::Png:
             return vips::VImage::pngload(file, vopts);

@@ -13,6 +13,7 @@ namespace vellumo::vipsload {
 struct OpenOptions {
     VipsAccess access = VIPS_ACCESS_SEQUENTIAL;
     int page = 0;
+    int shrink = 1;  // JPEG only: decode at 1/2, 1/4 or 1/8 of the size
     // Decoder errors and truncation fail the decode instead of leaving grey
     // rows behind.
     VipsFailOn failOn = VIPS_FAIL_ON_ERROR;
