@@ -53,7 +53,9 @@ ImageTableView::ImageTableView(QWidget* parent) : QTableView(parent) {
 
 void ImageTableView::RegisterForDraggedTypes(const QStringList& mimeTypes) {
     draggedTypes_ = mimeTypes;
-    setAcceptDrops(!mimeTypes.isEmpty());
+    // Drops arrive at the viewport; the table itself stays out of it, or a
+    // drag the viewport refused would be offered to the table a second time.
+    setAcceptDrops(false);
     viewport()->setAcceptDrops(!mimeTypes.isEmpty());
 }
 
@@ -133,8 +135,23 @@ void ImageTableView::dragEnterEvent(QDragEnterEvent* event) {
         event->ignore();
         return;
     }
+    // Only a widget that takes the enter is told of the moves that follow.
+    // The table follows every drag it could take in some gap, so a pointer
+    // that enters over the middle of a row can still move on between rows;
+    // each position is then judged as the pointer moves.
+    const TableDragInfo info{event->mimeData(), event->source()};
+    const int gapAfterLastRow = model() != nullptr ? model()->rowCount() : 0;
+    const bool takenInSomeGap =
+        dropDelegate_->tableViewValidateDrop(
+            *this, info, gapAfterLastRow, TableDropOperation::Above) == TableDragOperation::Move &&
+        ActionForTakingFiles(event->possibleActions()) != Qt::IgnoreAction;
+    if (!takenInSomeGap) {
+        event->ignore();
+        return;
+    }
     setState(QAbstractItemView::DraggingState);
     AnswerProposedDrop(*event);
+    event->accept();
 }
 
 void ImageTableView::dragMoveEvent(QDragMoveEvent* event) {
