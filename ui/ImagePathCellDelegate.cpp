@@ -4,7 +4,7 @@ namespace vellumo {
 
 namespace {
 
-constexpr int kIconSize = 16;
+constexpr int kIconSize = 20;
 constexpr int kRowPadding = 8;
 
 }  // namespace

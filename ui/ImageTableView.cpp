@@ -42,13 +42,13 @@ ImageTableView::ImageTableView(QWidget* parent) : QTableView(parent) {
     setAlternatingRowColors(true);
     setWordWrap(false);
     setTextElideMode(Qt::ElideMiddle);
-    setIconSize(QSize(16, 16));
+    setIconSize(QSize(20, 20));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     horizontalHeader()->hide();
     horizontalHeader()->setStretchLastSection(true);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setDefaultSectionSize(std::max(24, fontMetrics().height() + 10));
+    verticalHeader()->setDefaultSectionSize(std::max(28, fontMetrics().height() + 12));
 }
 
 void ImageTableView::RegisterForDraggedTypes(const QStringList& mimeTypes) {
