@@ -1,5 +1,6 @@
 // Image files dropped onto the table from outside the program.
 
+#include <QAbstractItemView>
 #include <QFileInfo>
 #include <QMimeData>
 #include <QUrl>
@@ -11,6 +12,23 @@
 
 namespace vellumo {
 
+namespace {
+
+// A table, or the viewport of one (item views draw, and may start drags,
+// from their viewport).
+bool IsTable(const QObject* source) {
+    if (source == nullptr) {
+        return false;
+    }
+    if (qobject_cast<const QAbstractItemView*>(source) != nullptr) {
+        return true;
+    }
+    const auto* view = qobject_cast<const QAbstractItemView*>(source->parent());
+    return view != nullptr && view->viewport() == source;
+}
+
+}  // namespace
+
 TableDragOperation ViewController::tableViewValidateDrop(ImageTableView&, const TableDragInfo& info,
                                                          int, TableDropOperation operation) {
     const QList<QUrl> urls = info.mimeData->urls();
@@ -21,7 +39,7 @@ TableDragOperation ViewController::tableViewValidateDrop(ImageTableView&, const 
         return TableDragOperation::None;
     }
     // Rows are not dragged within or between tables, ours included.
-    if (qobject_cast<const QAbstractItemView*>(info.source) != nullptr) {
+    if (IsTable(info.source)) {
         return TableDragOperation::None;
     }
     return carriesImageFile ? TableDragOperation::Move : TableDragOperation::None;

@@ -88,6 +88,11 @@ class DragSourceTest : public QObject {
         QVERIFY(!own.move.accepted);
         QVERIFY(!own.drop.accepted);
 
+        const Outcome ownViewport = DragFrom(table.viewport(), {png}, table);
+        QVERIFY(ownViewport.dragWasRunning);
+        QVERIFY(!ownViewport.move.accepted);
+        QVERIFY(!ownViewport.drop.accepted);
+
         QTableView otherTable;
         QStandardItemModel otherModel(1, 1);
         otherTable.setModel(&otherModel);
