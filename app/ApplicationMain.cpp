@@ -1,0 +1,36 @@
+#include "app/ApplicationMain.h"
+
+#include <QApplication>
+#include <cstdio>
+#include <cstdlib>
+
+#include "app/AppDelegate.h"
+#include "ui/MainWindow.h"
+#include "ui/ViewController.h"
+
+namespace vellumo {
+
+void ApplicationMain(int argc, char** argv, const LaunchHook& launched) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Vellumo"));
+    AppDelegate delegate(application);
+
+    MainWindow window;
+    ViewController controller;
+    controller.LoadView(window);
+    window.show();
+    delegate.applicationDidFinishLaunching();
+    if (launched) {
+        launched(window, controller);
+    }
+
+    application.exec();
+
+    // Tearing the application down would wait for the worker threads of
+    // Qt's thread pool, that is for a running crop job. The process ends
+    // here instead; only the standard streams are flushed.
+    std::fflush(nullptr);
+    std::quick_exit(EXIT_SUCCESS);
+}
+
+}  // namespace vellumo

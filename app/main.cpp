@@ -1,0 +1,7 @@
+// Vellumo: a desktop batch image cropper.
+
+#include "app/ApplicationMain.h"
+
+int main(int argc, char** argv) {
+    vellumo::ApplicationMain(argc, argv);
+}

@@ -1,0 +1,374 @@
+// The image list: adding through the open panel, duplicates, removing, and
+// the table's rows with their file-kind icons.
+
+#include <QAbstractItemDelegate>
+#include <QApplication>
+#include <QFile>
+#include <QFileDialog>
+#include <QLabel>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include "tests/gui/support/LoadedWindow.h"
+#include "tests/gui/support/SizedImage.h"
+#include "ui/CropPreviewView.h"
+#include "ui/FileKindIcons.h"
+#include "ui/ImageTableView.h"
+#include "ui/MessageBox.h"
+
+using vellumo::CropPreviewView;
+using vellumo::ImageTableView;
+using vellumo::MessageBoxRequest;
+using vellumo::MessageBoxStyle;
+using vellumo::ViewController;
+using vellumo::test::LoadedWindow;
+
+namespace {
+
+QImage IconPixels(const QIcon& icon) {
+    return icon.pixmap(QSize(32, 32)).toImage().convertToFormat(QImage::Format_ARGB32);
+}
+
+// The icon the table shows for a path, drawn; a null image for no icon.
+QImage RowIcon(LoadedWindow& loaded, const QString& path) {
+    loaded.AddImages({path});
+    auto& table = loaded.Control<ImageTableView>("tableViewImage");
+    const int row = static_cast<int>(loaded.controller().listImagePaths().indexOf(path));
+    const QVariant decoration = table.model()->index(row, 0).data(Qt::DecorationRole);
+    if (!decoration.isValid()) {
+        return {};
+    }
+    return IconPixels(decoration.value<QIcon>());
+}
+
+bool HasVisiblePixels(const QImage& image) {
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (qAlpha(image.pixel(x, y)) > 0) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+void ShowSomethingInThePreview(LoadedWindow& loaded) {
+    loaded.controller().setCurrentImage(vellumo::test::SizedImage(4000, 3000));
+    loaded.controller().UpdateImageSize();
+    loaded.Control<CropPreviewView>("imageViewCropPreview")
+        .SetImage(QImage(40, 30, QImage::Format_RGB32));
+    QCOMPARE(loaded.Control<QLabel>("labelOriginalDimensionsWidth").text(), "Width: 4000");
+}
+
+void VerifyPreviewEmptied(LoadedWindow& loaded) {
+    QVERIFY(loaded.controller().currentImage().IsEmpty());
+    QVERIFY(loaded.Control<CropPreviewView>("imageViewCropPreview").image().isNull());
+    QCOMPARE(loaded.Control<QLabel>("labelOriginalDimensionsWidth").text(), "Width: 0");
+    QCOMPARE(loaded.Control<QLabel>("labelOriginalDimensionsHeight").text(), "Height: 0");
+    QCOMPARE(loaded.Control<QLabel>("labelOutputDimensionsWidth").text(), "Width: 0");
+    QCOMPARE(loaded.Control<QLabel>("labelOutputDimensionsHeight").text(), "Height: 0");
+}
+
+QStringList TableRows(LoadedWindow& loaded) {
+    auto& table = loaded.Control<ImageTableView>("tableViewImage");
+    QStringList rows;
+    for (int row = 0; row < table.model()->rowCount(); ++row) {
+        rows << table.model()->index(row, 0).data().toString();
+    }
+    return rows;
+}
+
+void SelectRow(LoadedWindow& loaded, int row) {
+    auto& table = loaded.Control<ImageTableView>("tableViewImage");
+    table.selectRow(row);
+    QCOMPARE(table.SelectedRow(), row);
+}
+
+}  // namespace
+
+class ImageListTest : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void addingAsksForSeveralImageFilesOfTheTenExtensions() {
+        LoadedWindow loaded;
+        loaded.AddImages({"/pics/a.jpg"});
+        QCOMPARE(loaded.panels.size(), 1u);
+        const vellumo::OpenPanelRequest& request = loaded.panels.front();
+        QVERIFY(request.allowsMultipleSelection);
+        QVERIFY(request.canChooseFiles);
+        QVERIFY(!request.canChooseDirectories);
+        QVERIFY(!request.canCreateDirectories);
+        QCOMPARE(request.allowedFileTypes, QStringList({"jpg", "jpeg", "jpe", "jp2", "jpx", "png",
+                                                        "tiff", "tif", "gif", "bmp"}));
+    }
+
+    void addingAppendsInThePanelsOrderAndTheTableShowsFullPaths() {
+        LoadedWindow loaded;
+        loaded.AddImages({"/pics/b.png", "/pics/a.jpg"});
+        loaded.AddImages({"/more/z.tif", "/more/c.gif", "/more/y.bmp"});
+        const QStringList expected = {"/pics/b.png", "/pics/a.jpg", "/more/z.tif", "/more/c.gif",
+                                      "/more/y.bmp"};
+        QCOMPARE(loaded.controller().listImagePaths(), expected);
+        QCOMPARE(loaded.controller().numberOfRowsInTableView(), 5);
+        QCOMPARE(TableRows(loaded), expected);
+        QVERIFY(loaded.boxes.empty());
+    }
+
+    void addingAPathAlreadyListedChangesNothingAndSaysNothing() {
+        LoadedWindow loaded;
+        loaded.AddImages({"/pics/a.jpg", "/pics/b.png"});
+        loaded.AddImages({"/pics/b.png"});
+        QCOMPARE(loaded.controller().listImagePaths(), QStringList({"/pics/a.jpg", "/pics/b.png"}));
+        // Within one choice too.
+        loaded.AddImages({"/pics/c.png", "/pics/c.png", "/pics/a.jpg"});
+        QCOMPARE(loaded.controller().listImagePaths(),
+                 QStringList({"/pics/a.jpg", "/pics/b.png", "/pics/c.png"}));
+        QVERIFY(loaded.boxes.empty());
+    }
+
+    void pathsThatDifferOnlyInCaseAreTwoEntries() {
+        LoadedWindow loaded;
+        loaded.AddImages({"/pics/Photo.jpg"});
+        loaded.AddImages({"/pics/photo.jpg", "/Pics/Photo.jpg"});
+        QCOMPARE(loaded.controller().listImagePaths(),
+                 QStringList({"/pics/Photo.jpg", "/pics/photo.jpg", "/Pics/Photo.jpg"}));
+    }
+
+    void canonicallyEquivalentSpellingsAreOneEntry() {
+        LoadedWindow loaded;
+        const QString precomposed = QString::fromUtf8("/pics/caf\u00e9.png");
+        const QString decomposed = QString::fromUtf8("/pics/cafe\u0301.png");
+        QVERIFY(precomposed != decomposed);
+        loaded.AddImages({precomposed});
+        loaded.AddImages({decomposed});
+        QCOMPARE(loaded.controller().listImagePaths(), QStringList({precomposed}));
+        // Spellings of one file that are different texts stay two entries.
+        loaded.AddImages({"/pics/../pics/caf\u00e9.png"});
+        QCOMPARE(loaded.controller().listImagePaths().size(), 2);
+    }
+
+    void anEmptyPathIsSkipped() {
+        LoadedWindow loaded;
+        loaded.AddImages({"", "/pics/a.jpg"});
+        QCOMPARE(loaded.controller().listImagePaths(), QStringList({"/pics/a.jpg"}));
+    }
+
+    void addingEmptiesThePreviewWhicheverRowIsSelected() {
+        LoadedWindow loaded;
+        loaded.AddImages({"/pics/a.jpg", "/pics/b.png", "/pics/c.gif"});
+        SelectRow(loaded, 1);
+        ShowSomethingInThePreview(loaded);
+
+        loaded.AddImages({"/pics/d.bmp"});
+
+        VerifyPreviewEmptied(loaded);
+        // The selected row stays selected.
+        QCOMPARE(loaded.Control<ImageTableView>("tableViewImage").SelectedRow(), 1);
+    }
+
+    void cancellingThePanelChangesNothing() {
+        LoadedWindow loaded;
+        loaded.AddImages({"/pics/a.jpg"});
+        ShowSomethingInThePreview(loaded);
+        loaded.panelAnswers.push_back(std::nullopt);
+        loaded.controller().OnAddImages();
+        QCOMPARE(loaded.controller().listImagePaths(), QStringList({"/pics/a.jpg"}));
+        QVERIFY(loaded.boxes.empty());
+        QCOMPARE(loaded.Control<QLabel>("labelOriginalDimensionsWidth").text(), "Width: 4000");
+    }
+
+    void aPanelWithoutFilesSaysTheImagesCouldNotBeLoaded() {
+        LoadedWindow loaded;
+        loaded.AddImages({"/pics/a.jpg"});
+        loaded.AddImages({});
+        QCOMPARE(loaded.boxes.size(), 1u);
+        QCOMPARE(loaded.boxes.front(),
+                 (MessageBoxRequest{
+                     "The images could not be loaded.", MessageBoxStyle::Warning, {"OK"}}));
+        QCOMPARE(loaded.controller().listImagePaths(), QStringList({"/pics/a.jpg"}));
+    }
+
+    void removeSelectedRemovesTheSelectedRowOnly() {
+        LoadedWindow loaded;
+        loaded.AddImages({"/pics/a.jpg", "/pics/b.png", "/pics/c.gif"});
+        SelectRow(loaded, 1);
+        ShowSomethingInThePreview(loaded);
+
+        loaded.Control<QPushButton>("buttonRemoveSelected").click();
+
+        QCOMPARE(loaded.controller().listImagePaths(), QStringList({"/pics/a.jpg", "/pics/c.gif"}));
+        QCOMPARE(TableRows(loaded), QStringList({"/pics/a.jpg", "/pics/c.gif"}));
+        VerifyPreviewEmptied(loaded);
+    }
+
+    void removeSelectedWithNoRowKeepsTheListButEmptiesThePreview() {
+        LoadedWindow loaded;
+        loaded.AddImages({"/pics/a.jpg", "/pics/b.png"});
+        QCOMPARE(loaded.Control<ImageTableView>("tableViewImage").SelectedRow(), -1);
+        loaded.Control<CropPreviewView>("imageViewCropPreview")
+            .SetImage(QImage(40, 30, QImage::Format_RGB32));
+
+        loaded.controller().OnRemoveSelected();
+
+        QCOMPARE(loaded.controller().listImagePaths(), QStringList({"/pics/a.jpg", "/pics/b.png"}));
+        QVERIFY(loaded.Control<CropPreviewView>("imageViewCropPreview").image().isNull());
+    }
+
+    void removeSelectedOnAnEmptyListDoesNothingAtAll() {
+        LoadedWindow loaded;
+        loaded.Control<CropPreviewView>("imageViewCropPreview")
+            .SetImage(QImage(40, 30, QImage::Format_RGB32));
+        loaded.controller().OnRemoveSelected();
+        QVERIFY(!loaded.Control<CropPreviewView>("imageViewCropPreview").image().isNull());
+    }
+
+    void removeAllOnAnEmptyListAsksNothing() {
+        LoadedWindow loaded;
+        loaded.Control<QPushButton>("buttonRemoveAll").click();
+        QVERIFY(loaded.boxes.empty());
+    }
+
+    void removeAllAnsweredNoKeepsEveryEntry() {
+        LoadedWindow loaded;
+        loaded.AddImages({"/pics/a.jpg", "/pics/b.png"});
+        ShowSomethingInThePreview(loaded);
+        loaded.boxAnswers.push_back(1001);
+
+        loaded.Control<QPushButton>("buttonRemoveAll").click();
+
+        QCOMPARE(loaded.boxes.size(), 1u);
+        QCOMPARE(loaded.boxes.front(),
+                 (MessageBoxRequest{"Are you sure you want to remove all the images from the list?",
+                                    MessageBoxStyle::Warning,
+                                    {"Yes", "No"}}));
+        QCOMPARE(loaded.controller().listImagePaths(), QStringList({"/pics/a.jpg", "/pics/b.png"}));
+        QCOMPARE(TableRows(loaded).size(), 2);
+        QCOMPARE(loaded.Control<QLabel>("labelOriginalDimensionsWidth").text(), "Width: 4000");
+    }
+
+    void removeAllAnsweredYesEmptiesListAndPreview() {
+        LoadedWindow loaded;
+        loaded.AddImages({"/pics/a.jpg", "/pics/b.png"});
+        ShowSomethingInThePreview(loaded);
+        loaded.boxAnswers.push_back(1000);
+
+        loaded.controller().OnRemoveAll();
+
+        QVERIFY(loaded.controller().listImagePaths().isEmpty());
+        QVERIFY(TableRows(loaded).isEmpty());
+        VerifyPreviewEmptied(loaded);
+    }
+
+    void theIconFollowsTheLowerCasedExtension_data() {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("icon");
+        QTest::newRow("jpg") << "/p/a.jpg"
+                             << "JPG";
+        QTest::newRow("JPEG in capitals") << "/p/b.JPEG"
+                                          << "JPG";
+        QTest::newRow("jpe") << "/p/c.jpe"
+                             << "JPG";
+        QTest::newRow("jp2") << "/p/d.jp2"
+                             << "JPG";
+        QTest::newRow("jpx") << "/p/e.Jpx"
+                             << "JPG";
+        QTest::newRow("png") << "/p/f.png"
+                             << "PNG";
+        QTest::newRow("tiff") << "/p/g.tiff"
+                              << "TIF";
+        QTest::newRow("TIF in capitals") << "/p/h.TIF"
+                                         << "TIF";
+        QTest::newRow("gif") << "/p/i.gif"
+                             << "GIF";
+        QTest::newRow("bmp") << "/p/j.BMP"
+                             << "BMP";
+    }
+
+    void theIconFollowsTheLowerCasedExtension() {
+        QFETCH(QString, path);
+        QFETCH(QString, icon);
+        LoadedWindow loaded;
+        const QImage shown = RowIcon(loaded, path);
+        QVERIFY(!shown.isNull());
+        QCOMPARE(shown, IconPixels(vellumo::FileKindIcon(icon)));
+    }
+
+    void aPathWithoutAKnownExtensionGetsNoIcon_data() {
+        QTest::addColumn<QString>("path");
+        QTest::newRow("no extension") << "/p/photo";
+        QTest::newRow("another extension") << "/p/notes.txt";
+        QTest::newRow("a dot in a folder only") << "/p.jpg/photo";
+    }
+
+    void aPathWithoutAKnownExtensionGetsNoIcon() {
+        QFETCH(QString, path);
+        LoadedWindow loaded;
+        QVERIFY(RowIcon(loaded, path).isNull());
+        QCOMPARE(TableRows(loaded), QStringList({path}));
+    }
+
+    void theFiveIconsAreDrawnAndDiffer() {
+        LoadedWindow loaded;  // loads the resources
+        QList<QImage> drawn;
+        for (const char* name : {"JPG", "PNG", "TIF", "GIF", "BMP"}) {
+            const QImage pixels = IconPixels(vellumo::FileKindIcon(name));
+            QVERIFY2(HasVisiblePixels(pixels), name);
+            for (const QImage& other : drawn) {
+                QVERIFY2(pixels != other, name);
+            }
+            drawn << pixels;
+        }
+    }
+
+    void theRowsAreDrawnByTheImagePathCell() {
+        LoadedWindow loaded;
+        auto& table = loaded.Control<ImageTableView>("tableViewImage");
+        QCOMPARE(table.itemDelegate()->objectName(), QStringLiteral("ImagePathCellID"));
+    }
+
+    void addingThroughARealFileDialog() {
+        QTemporaryDir folder;
+        for (const char* name : {"a.png", "b.JPG", "notes.txt"}) {
+            QFile file(folder.filePath(name));
+            QVERIFY(file.open(QIODevice::WriteOnly));
+        }
+        LoadedWindow loaded;
+        loaded.controller().services() =
+            vellumo::WindowServices::Desktop([&loaded]() -> QWidget* { return &loaded.window(); });
+        loaded.Show();
+
+        // The dialog is looked at and answered from inside its own modal loop;
+        // it is always answered, so a failed check cannot leave it open.
+        bool answered = false;
+        QFileDialog::FileMode mode = QFileDialog::AnyFile;
+        bool readOnly = false;
+        QString filter;
+        QTimer::singleShot(0, [&] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            if (dialog == nullptr) {
+                return;
+            }
+            mode = dialog->fileMode();
+            readOnly = dialog->testOption(QFileDialog::ReadOnly);
+            filter = dialog->nameFilters().join(' ');
+            dialog->setDirectory(folder.path());
+            dialog->selectFile(folder.filePath("b.JPG"));
+            QMetaObject::invokeMethod(dialog, "accept");
+            answered = true;
+        });
+        loaded.controller().OnAddImages();
+
+        QVERIFY(answered);
+        QCOMPARE(mode, QFileDialog::ExistingFiles);
+        QVERIFY(readOnly);
+        QVERIFY2(filter.contains("*.[jJ][pP][gG]") && filter.contains("*.[bB][mM][pP]"),
+                 qPrintable(filter));
+        QCOMPARE(loaded.controller().listImagePaths(), QStringList({folder.filePath("b.JPG")}));
+    }
+};
+
+QTEST_MAIN(ImageListTest)
+#include "ImageListTest.moc"

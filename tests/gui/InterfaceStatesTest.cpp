@@ -1,0 +1,357 @@
+// The window's start values, the new-document command, and the states while
+// and after a crop job; the window-level commands.
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "tests/gui/support/LoadedWindow.h"
+#include "tests/gui/support/SizedImage.h"
+#include "ui/CropPreviewView.h"
+#include "ui/ImageTableView.h"
+#include "ui/LatchingRadioButton.h"
+#include "ui/ProgressFraction.h"
+#include "ui/QualitySlider.h"
+#include "ui/Stepper.h"
+
+using vellumo::CropPreviewView;
+using vellumo::ImageTableView;
+using vellumo::LatchingRadioButton;
+using vellumo::QualitySlider;
+using vellumo::Stepper;
+using vellumo::ViewController;
+using vellumo::test::LoadedWindow;
+
+namespace {
+
+// The 27 controls a crop job locks, in the order it locks them.
+const QStringList kLockedControls = {
+    "buttonAddImages",
+    "buttonRemoveSelected",
+    "buttonRemoveAll",
+    "radioAutoCrop",
+    "comboAutoCropFormat",
+    "radioCustomCrop",
+    "radioCustomCropPixels",
+    "textFieldCustomCropPixelsOriginX",
+    "textFieldCustomCropPixelsOriginY",
+    "textFieldCustomCropPixelsWidth",
+    "textFieldCustomCropPixelsHeight",
+    "radioCustomCropPercents",
+    "textFieldCustomCropPercentsOriginX",
+    "stepperCustomCropPercentsOriginX",
+    "textFieldCustomCropPercentsOriginY",
+    "stepperCustomCropPercentsOriginY",
+    "textFieldCustomCropPercentsWidth",
+    "stepperCustomCropPercentsWidth",
+    "textFieldCustomCropPercentsHeight",
+    "stepperCustomCropPercentsHeight",
+    "comboFormat",
+    "sliderQuality",
+    "textFieldName",
+    "textFieldOutputFolder",
+    "checkKeepEXIFInformationAndCreationDate",
+    "buttonBrowse",
+    "buttonCropImages",
+};
+
+// Controls a crop job leaves alone.
+const QStringList kControlsLeftEnabled = {
+    "tableViewImage",
+    "tabView",
+    "imageViewCropPreview",
+    "labelOriginalDimensionsWidth",
+    "labelOriginalDimensionsHeight",
+    "labelOutputDimensionsWidth",
+    "labelOutputDimensionsHeight",
+    "labelQuality",
+    "progressIndicator",
+};
+
+// Notes, in order, each change of a watched control's enabled state, with the
+// crop button's title at that moment.
+class EnabledChangeRecorder : public QObject {
+  public:
+    EnabledChangeRecorder(LoadedWindow& loaded, const QStringList& names)
+        : cropButton_(loaded.Control<QPushButton>("buttonCropImages")) {
+        for (const QString& name : names) {
+            loaded.Control<QWidget>(qPrintable(name)).installEventFilter(this);
+        }
+    }
+
+    QStringList changes;
+    QStringList cropTitles;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::EnabledChange) {
+            changes << watched->objectName();
+            cropTitles << cropButton_.text();
+        }
+        return false;
+    }
+
+  private:
+    QPushButton& cropButton_;
+};
+
+QStringList Items(const QComboBox& combo) {
+    QStringList items;
+    for (int i = 0; i < combo.count(); ++i) {
+        items << combo.itemText(i);
+    }
+    return items;
+}
+
+void VerifyStartValues(LoadedWindow& loaded) {
+    ViewController& controller = loaded.controller();
+    QVERIFY(controller.listImagePaths().isEmpty());
+    QCOMPARE(loaded.Control<ImageTableView>("tableViewImage").model()->rowCount(), 0);
+    QCOMPARE(loaded.Control<QTabWidget>("tabView").currentIndex(), 0);
+
+    QVERIFY(!loaded.Control<LatchingRadioButton>("radioAutoCrop").isChecked());
+    QVERIFY(loaded.Control<LatchingRadioButton>("radioCustomCrop").isChecked());
+    QVERIFY(loaded.Control<LatchingRadioButton>("radioCustomCropPixels").isChecked());
+    QVERIFY(!loaded.Control<LatchingRadioButton>("radioCustomCropPercents").isChecked());
+
+    for (const char* name : {"textFieldCustomCropPixelsOriginX", "textFieldCustomCropPixelsOriginY",
+                             "textFieldCustomCropPixelsWidth", "textFieldCustomCropPixelsHeight"}) {
+        QCOMPARE(loaded.Control<QLineEdit>(name).text(), QStringLiteral("0"));
+    }
+    QCOMPARE(loaded.Control<QLineEdit>("textFieldCustomCropPercentsOriginX").text(), "20");
+    QCOMPARE(loaded.Control<QLineEdit>("textFieldCustomCropPercentsOriginY").text(), "20");
+    QCOMPARE(loaded.Control<QLineEdit>("textFieldCustomCropPercentsWidth").text(), "60");
+    QCOMPARE(loaded.Control<QLineEdit>("textFieldCustomCropPercentsHeight").text(), "60");
+    QCOMPARE(loaded.Control<Stepper>("stepperCustomCropPercentsOriginX").value(), 20.0);
+    QCOMPARE(loaded.Control<Stepper>("stepperCustomCropPercentsOriginY").value(), 20.0);
+    QCOMPARE(loaded.Control<Stepper>("stepperCustomCropPercentsWidth").value(), 60.0);
+    QCOMPARE(loaded.Control<Stepper>("stepperCustomCropPercentsHeight").value(), 60.0);
+
+    auto& format = loaded.Control<QComboBox>("comboFormat");
+    QCOMPARE(format.currentIndex(), 0);
+    QCOMPARE(format.currentText(), QStringLiteral("JPG"));
+
+    auto& slider = loaded.Control<QualitySlider>("sliderQuality");
+    QCOMPARE(slider.doubleValue(), 80.0);
+    QVERIFY(slider.isEnabled());
+    QCOMPARE(loaded.Control<QLabel>("labelQuality").text(), QStringLiteral("80"));
+
+    QCOMPARE(loaded.Control<QLineEdit>("textFieldName").text(),
+             QStringLiteral("[FileName]_cropped ([FileIndex])"));
+    QCOMPARE(loaded.Control<QLineEdit>("textFieldOutputFolder").text(), QString());
+    QVERIFY(!loaded.Control<QCheckBox>("checkKeepEXIFInformationAndCreationDate").isChecked());
+    QCOMPARE(loaded.Control<QProgressBar>("progressIndicator").value(), 0);
+
+    QVERIFY(controller.currentImage().IsEmpty());
+    QVERIFY(loaded.Control<CropPreviewView>("imageViewCropPreview").image().isNull());
+    QCOMPARE(loaded.Control<QLabel>("labelOriginalDimensionsWidth").text(), "Width: 0");
+    QCOMPARE(loaded.Control<QLabel>("labelOriginalDimensionsHeight").text(), "Height: 0");
+    QCOMPARE(loaded.Control<QLabel>("labelOutputDimensionsWidth").text(), "Width: 0");
+    QCOMPARE(loaded.Control<QLabel>("labelOutputDimensionsHeight").text(), "Height: 0");
+}
+
+}  // namespace
+
+class InterfaceStatesTest : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void theWindowStartsWithTheStartValues() {
+        LoadedWindow loaded;
+        VerifyStartValues(loaded);
+        ViewController& controller = loaded.controller();
+        QCOMPARE(
+            controller.acceptedExtensions(),
+            QStringList({"jpg", "jpeg", "jpe", "jp2", "jpx", "png", "gif", "tif", "tiff", "bmp"}));
+        QCOMPARE(controller.currentProfilePath(), QString());
+        QCOMPARE(loaded.window().windowTitle(), QStringLiteral("Vellumo"));
+        QCOMPARE(Items(loaded.Control<QComboBox>("comboAutoCropFormat")),
+                 QStringList({"1:1", "4:3", "3:2", "16:9"}));
+        QCOMPARE(loaded.Control<QComboBox>("comboAutoCropFormat").currentIndex(), 0);
+        QCOMPARE(
+            Items(loaded.Control<QComboBox>("comboFormat")),
+            QStringList({"JPG", "JPEG", "JPE", "JP2", "JPX", "PNG", "TIFF", "TIF", "GIF", "BMP"}));
+        QCOMPARE(loaded.Control<QPushButton>("buttonCropImages").text(), "Crop Images");
+        // Nothing was asked or opened on the way.
+        QVERIFY(loaded.boxes.empty());
+        QVERIFY(loaded.panels.empty());
+    }
+
+    void newRestoresEveryValueButKeepsTheRatioAndTheEnabledStates() {
+        QTemporaryDir folder;
+        LoadedWindow loaded;
+        ViewController& controller = loaded.controller();
+
+        // Change everything the user can change.
+        loaded.AddImages({folder.filePath("a.png"), folder.filePath("b.jpg")});
+        QCOMPARE(controller.listImagePaths().size(), 2);
+        loaded.Control<QTabWidget>("tabView").setCurrentIndex(1);
+        loaded.Control<LatchingRadioButton>("radioAutoCrop").setChecked(true);
+        loaded.Control<LatchingRadioButton>("radioCustomCrop").setChecked(false);
+        loaded.Control<LatchingRadioButton>("radioCustomCropPixels").setChecked(false);
+        loaded.Control<LatchingRadioButton>("radioCustomCropPercents").setChecked(true);
+        for (const char* name :
+             {"textFieldCustomCropPixelsOriginX", "textFieldCustomCropPixelsOriginY",
+              "textFieldCustomCropPixelsWidth", "textFieldCustomCropPixelsHeight",
+              "textFieldCustomCropPercentsOriginX", "textFieldCustomCropPercentsOriginY",
+              "textFieldCustomCropPercentsWidth", "textFieldCustomCropPercentsHeight"}) {
+            loaded.Control<QLineEdit>(name).setText("7");
+        }
+        for (const char* name :
+             {"stepperCustomCropPercentsOriginX", "stepperCustomCropPercentsOriginY",
+              "stepperCustomCropPercentsWidth", "stepperCustomCropPercentsHeight"}) {
+            loaded.Control<Stepper>(name).setValue(7);
+        }
+        loaded.Control<QComboBox>("comboAutoCropFormat").setCurrentIndex(2);
+        loaded.Control<QComboBox>("comboFormat").setCurrentIndex(8);
+        loaded.Control<QualitySlider>("sliderQuality").setDoubleValue(33.5);
+        loaded.Control<QLabel>("labelQuality").setText("33");
+        loaded.Control<QLineEdit>("textFieldName").setText("photo");
+        loaded.Control<QLineEdit>("textFieldOutputFolder").setText("/out");
+        loaded.Control<QCheckBox>("checkKeepEXIFInformationAndCreationDate").setChecked(true);
+        vellumo::SetProgressFraction(loaded.Control<QProgressBar>("progressIndicator"), 0.5);
+        controller.setCurrentImage(vellumo::test::SizedImage(400, 300));
+        controller.UpdateImageSize();
+        QCOMPARE(loaded.Control<QLabel>("labelOriginalDimensionsWidth").text(), "Width: 400");
+        loaded.Control<CropPreviewView>("imageViewCropPreview")
+            .SetImage(QImage(40, 30, QImage::Format_RGB32));
+        controller.setCurrentProfilePath("/profiles/mine.vellumo");
+        loaded.window().setWindowTitle("mine — Vellumo");
+        // A job is running: the controls are locked, the slider too.
+        controller.DisableInterface();
+
+        controller.OnFileNew();
+
+        VerifyStartValues(loaded);
+        QCOMPARE(loaded.Control<QComboBox>("comboAutoCropFormat").currentIndex(), 2);
+        QCOMPARE(controller.currentProfilePath(), QString());
+        QCOMPARE(loaded.window().windowTitle(), QStringLiteral("Vellumo"));
+        // Enabled states are kept (the slider is enabled: "JPG" takes a
+        // quality), and the crop button keeps its title.
+        for (const QString& name : kLockedControls) {
+            if (name == "sliderQuality") {
+                continue;
+            }
+            QVERIFY2(!loaded.Control<QWidget>(qPrintable(name)).isEnabled(), qPrintable(name));
+        }
+        QCOMPARE(loaded.Control<QPushButton>("buttonCropImages").text(), "Cropping...");
+    }
+
+    void theNewCommandOfTheMenuStartsAfresh() {
+        LoadedWindow loaded;
+        loaded.Control<QLineEdit>("textFieldName").setText("changed");
+        loaded.Control<QAction>("actionNew").trigger();
+        QCOMPARE(loaded.Control<QLineEdit>("textFieldName").text(),
+                 QStringLiteral("[FileName]_cropped ([FileIndex])"));
+    }
+
+    void resetChangesValuesOnly() {
+        LoadedWindow loaded;
+        loaded.Control<QPushButton>("buttonBrowse").setEnabled(false);
+        loaded.Control<QComboBox>("comboFormat").setCurrentIndex(5);
+        loaded.Control<QualitySlider>("sliderQuality").setEnabled(false);
+        EnabledChangeRecorder recorder(loaded, kLockedControls);
+        loaded.controller().ResetInterface();
+        // Only the slider changes state: the default format takes a quality.
+        QCOMPARE(recorder.changes, QStringList({"sliderQuality"}));
+        QVERIFY(!loaded.Control<QPushButton>("buttonBrowse").isEnabled());
+    }
+
+    void disablingLocksTheControlsInOrderThenRetitlesTheCropButton() {
+        LoadedWindow loaded;
+        EnabledChangeRecorder recorder(loaded, kLockedControls + kControlsLeftEnabled);
+        loaded.controller().DisableInterface();
+
+        QCOMPARE(recorder.changes, kLockedControls);
+        QCOMPARE(recorder.cropTitles.last(), QStringLiteral("Crop Images"));
+        QCOMPARE(loaded.Control<QPushButton>("buttonCropImages").text(), "Cropping...");
+        for (const QString& name : kLockedControls) {
+            QVERIFY2(!loaded.Control<QWidget>(qPrintable(name)).isEnabled(), qPrintable(name));
+        }
+        for (const QString& name : kControlsLeftEnabled) {
+            QVERIFY2(loaded.Control<QWidget>(qPrintable(name)).isEnabled(), qPrintable(name));
+        }
+        for (const char* name : {"actionNew", "actionQuit", "actionVideoTutorial"}) {
+            QVERIFY2(loaded.Control<QAction>(name).isEnabled(), name);
+        }
+    }
+
+    void enablingUnlocksInOrderThenSettlesTheSliderByFormat_data() {
+        QTest::addColumn<int>("format");
+        QTest::addColumn<bool>("sliderEnabled");
+        const QStringList titles = {"JPG", "JPEG", "JPE", "JP2", "JPX",
+                                    "PNG", "TIFF", "TIF", "GIF", "BMP"};
+        for (int i = 0; i < titles.size(); ++i) {
+            QTest::newRow(qPrintable(titles[i])) << i << (i <= 4);
+        }
+        QTest::newRow("no format selected") << -1 << false;
+    }
+
+    void enablingUnlocksInOrderThenSettlesTheSliderByFormat() {
+        QFETCH(int, format);
+        QFETCH(bool, sliderEnabled);
+        LoadedWindow loaded;
+        loaded.Control<QComboBox>("comboFormat").setCurrentIndex(format);
+        loaded.controller().DisableInterface();
+
+        EnabledChangeRecorder recorder(loaded, kLockedControls);
+        loaded.controller().EnableInterface();
+
+        QStringList expected = kLockedControls;
+        if (!sliderEnabled) {
+            expected << "sliderQuality";  // enabled with the others, then settled
+        }
+        QCOMPARE(recorder.changes, expected);
+        QCOMPARE(loaded.Control<QPushButton>("buttonCropImages").text(), "Crop Images");
+        QCOMPARE(loaded.Control<QualitySlider>("sliderQuality").isEnabled(), sliderEnabled);
+        for (const QString& name : kLockedControls) {
+            if (name != "sliderQuality") {
+                QVERIFY2(loaded.Control<QWidget>(qPrintable(name)).isEnabled(), qPrintable(name));
+            }
+        }
+    }
+
+    void enablingLeavesTheCropModeControlsOfTheOtherModeEnabled() {
+        LoadedWindow loaded;
+        loaded.Control<LatchingRadioButton>("radioAutoCrop").setChecked(true);
+        loaded.Control<LatchingRadioButton>("radioCustomCrop").setChecked(false);
+        loaded.controller().DisableInterface();
+        loaded.controller().EnableInterface();
+        QVERIFY(loaded.Control<QLineEdit>("textFieldCustomCropPixelsWidth").isEnabled());
+        QVERIFY(loaded.Control<Stepper>("stepperCustomCropPercentsWidth").isEnabled());
+        QVERIFY(loaded.Control<LatchingRadioButton>("radioCustomCropPercents").isEnabled());
+    }
+
+    void theWindowMayAlwaysClose() {
+        LoadedWindow loaded;
+        loaded.Show();
+        loaded.controller().DisableInterface();  // also while a job runs
+        QVERIFY(loaded.controller().windowShouldClose(loaded.window()));
+        QVERIFY(loaded.window().close());
+        QVERIFY(!loaded.window().isVisible());
+        QVERIFY(loaded.boxes.empty());
+    }
+
+    void theVideoTutorialOpensItsAddressAndIgnoresAFailure() {
+        LoadedWindow loaded;
+        loaded.Control<QAction>("actionVideoTutorial").trigger();
+        QCOMPARE(loaded.openedUrls.size(), 1u);
+        const QUrl address = loaded.openedUrls.front();
+        QCOMPARE(address.toString(), QString::fromLatin1(ViewController::kVideoTutorialAddress));
+        QVERIFY(address.isValid());
+        QCOMPARE(address.scheme(), QStringLiteral("https"));
+        // The opener failed; nothing is said about it and nothing changed.
+        QVERIFY(loaded.boxes.empty());
+        VerifyStartValues(loaded);
+    }
+};
+
+QTEST_MAIN(InterfaceStatesTest)
+#include "InterfaceStatesTest.moc"

@@ -1,0 +1,230 @@
+// The interface description holds every control the controller needs, each
+// named like its outlet and of the right kind; a missing one stops the
+// program at load, naming it.
+
+#include <QAction>
+#include <QFile>
+#include <QHash>
+#include <QProcess>
+#include <QTabWidget>
+#include <QTest>
+#include <QXmlStreamReader>
+
+#include "tests/gui/support/LoadedWindow.h"
+
+using vellumo::test::LoadedWindow;
+
+namespace {
+
+struct ExpectedOutlet {
+    const char* name;
+    const char* className;  // the class in the description
+    const char* kind;       // the Qt control kind it is, or extends
+};
+
+// Every outlet of the controller, in declaration order.
+constexpr ExpectedOutlet kOutlets[] = {
+    {"buttonAddImages", "QPushButton", "QPushButton"},
+    {"buttonRemoveSelected", "QPushButton", "QPushButton"},
+    {"buttonRemoveAll", "QPushButton", "QPushButton"},
+    {"progressIndicator", "QProgressBar", "QProgressBar"},
+    {"buttonCropImages", "QPushButton", "QPushButton"},
+    {"tableViewImage", "vellumo::ImageTableView", "QTableView"},
+    {"labelOriginalDimensionsWidth", "QLabel", "QLabel"},
+    {"labelOriginalDimensionsHeight", "QLabel", "QLabel"},
+    {"labelOutputDimensionsWidth", "QLabel", "QLabel"},
+    {"labelOutputDimensionsHeight", "QLabel", "QLabel"},
+    {"radioAutoCrop", "vellumo::LatchingRadioButton", "QRadioButton"},
+    {"comboAutoCropFormat", "QComboBox", "QComboBox"},
+    {"radioCustomCrop", "vellumo::LatchingRadioButton", "QRadioButton"},
+    {"radioCustomCropPixels", "vellumo::LatchingRadioButton", "QRadioButton"},
+    {"textFieldCustomCropPixelsOriginX", "QLineEdit", "QLineEdit"},
+    {"textFieldCustomCropPixelsOriginY", "QLineEdit", "QLineEdit"},
+    {"textFieldCustomCropPixelsWidth", "QLineEdit", "QLineEdit"},
+    {"textFieldCustomCropPixelsHeight", "QLineEdit", "QLineEdit"},
+    {"radioCustomCropPercents", "vellumo::LatchingRadioButton", "QRadioButton"},
+    {"textFieldCustomCropPercentsOriginX", "QLineEdit", "QLineEdit"},
+    {"stepperCustomCropPercentsOriginX", "vellumo::Stepper", "QAbstractSpinBox"},
+    {"textFieldCustomCropPercentsOriginY", "QLineEdit", "QLineEdit"},
+    {"stepperCustomCropPercentsOriginY", "vellumo::Stepper", "QAbstractSpinBox"},
+    {"textFieldCustomCropPercentsWidth", "QLineEdit", "QLineEdit"},
+    {"stepperCustomCropPercentsWidth", "vellumo::Stepper", "QAbstractSpinBox"},
+    {"textFieldCustomCropPercentsHeight", "QLineEdit", "QLineEdit"},
+    {"stepperCustomCropPercentsHeight", "vellumo::Stepper", "QAbstractSpinBox"},
+    {"comboFormat", "QComboBox", "QComboBox"},
+    {"sliderQuality", "vellumo::QualitySlider", "QSlider"},
+    {"labelQuality", "QLabel", "QLabel"},
+    {"textFieldName", "QLineEdit", "QLineEdit"},
+    {"textFieldOutputFolder", "QLineEdit", "QLineEdit"},
+    {"buttonBrowse", "QPushButton", "QPushButton"},
+    {"checkKeepEXIFInformationAndCreationDate", "QCheckBox", "QCheckBox"},
+    {"tabView", "QTabWidget", "QTabWidget"},
+    {"imageViewCropPreview", "vellumo::CropPreviewView", "QWidget"},
+};
+
+struct Description {
+    QHash<QString, QString> widgetClasses;  // objectName -> class
+    QHash<QString, QString> extends;        // custom class -> base class
+    QHash<QString, QString> actionShortcuts;
+    QHash<QString, bool> actionEnabled;
+};
+
+Description ReadDescription() {
+    QFile file(QStringLiteral(VELLUMO_MAIN_WINDOW_UI));
+    if (!file.open(QIODevice::ReadOnly)) {
+        qFatal("cannot read %s", VELLUMO_MAIN_WINDOW_UI);
+    }
+    Description description;
+    QXmlStreamReader xml(&file);
+    QString customClass;
+    QString action;
+    QString propertyName;
+    while (!xml.atEnd()) {
+        xml.readNext();
+        if (!xml.isStartElement()) {
+            continue;
+        }
+        const auto element = xml.name();
+        if (element == u"widget") {
+            const QString name = xml.attributes().value("name").toString();
+            const QString cls = xml.attributes().value("class").toString();
+            description.widgetClasses.insert(name, cls);
+            action.clear();
+        } else if (element == u"class") {
+            customClass = xml.readElementText();
+        } else if (element == u"extends") {
+            description.extends.insert(customClass, xml.readElementText());
+        } else if (element == u"action") {
+            action = xml.attributes().value("name").toString();
+            description.actionEnabled.insert(action, true);
+        } else if (element == u"property") {
+            propertyName = xml.attributes().value("name").toString();
+        } else if (element == u"string" && !action.isEmpty() && propertyName == "shortcut") {
+            description.actionShortcuts.insert(action, xml.readElementText());
+        } else if (element == u"bool" && !action.isEmpty() && propertyName == "enabled") {
+            description.actionEnabled.insert(action, xml.readElementText() == "true");
+        }
+    }
+    if (xml.hasError()) {
+        qFatal("%s is not well-formed: %s", VELLUMO_MAIN_WINDOW_UI, qPrintable(xml.errorString()));
+    }
+    return description;
+}
+
+struct ProbeRun {
+    bool crashed = false;
+    QString out;
+    QString errors;
+};
+
+ProbeRun RunFatalProbe(const QStringList& arguments) {
+    QProcess probe;
+    probe.start(QStringLiteral(VELLUMO_FATAL_PROBE), arguments);
+    if (!probe.waitForFinished(30000)) {
+        probe.kill();
+        qFatal("the probe did not finish");
+    }
+    return {probe.exitStatus() == QProcess::CrashExit,
+            QString::fromUtf8(probe.readAllStandardOutput()),
+            QString::fromUtf8(probe.readAllStandardError())};
+}
+
+}  // namespace
+
+class OutletsTest : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void theDescriptionHoldsEveryOutletWithItsKind() {
+        const Description description = ReadDescription();
+        QCOMPARE(std::size(kOutlets), 36u);
+        for (const ExpectedOutlet& outlet : kOutlets) {
+            const QString name = QString::fromLatin1(outlet.name);
+            QVERIFY2(description.widgetClasses.contains(name), outlet.name);
+            const QString cls = description.widgetClasses.value(name);
+            QCOMPARE(cls, QString::fromLatin1(outlet.className));
+            const QString kind = description.extends.value(cls, cls);
+            QVERIFY2(kind == QString::fromLatin1(outlet.kind) || cls == outlet.kind,
+                     qPrintable(name + " is a " + cls + " extending " + kind));
+        }
+        // The tab view has a crop tab and an output tab.
+        QCOMPARE(description.widgetClasses.value("tabCrop"), QStringLiteral("QWidget"));
+        QCOMPARE(description.widgetClasses.value("tabOutput"), QStringLiteral("QWidget"));
+    }
+
+    void theLoadedWindowConnectsEveryOutletToItsKind() {
+        LoadedWindow loaded;
+        for (const ExpectedOutlet& outlet : kOutlets) {
+            const auto found =
+                loaded.window().findChildren<QWidget*>(QString::fromLatin1(outlet.name));
+            QCOMPARE(found.size(), 1);
+            QVERIFY2(found[0]->inherits(outlet.kind), outlet.name);
+            QCOMPARE(QString::fromLatin1(found[0]->metaObject()->className()),
+                     QString::fromLatin1(outlet.className));
+        }
+        auto& tabs = loaded.Control<QTabWidget>("tabView");
+        QCOMPARE(tabs.count(), 2);
+        QCOMPARE(tabs.tabText(0), QStringLiteral("Crop"));
+        QCOMPARE(tabs.tabText(1), QStringLiteral("Output"));
+    }
+
+    void theMenuCarriesTheCommandsWithTheirShortcuts() {
+        const Description description = ReadDescription();
+        QCOMPARE(description.actionShortcuts.value("actionNew"), QStringLiteral("Ctrl+N"));
+        QCOMPARE(description.actionShortcuts.value("actionLoadProfile"), QStringLiteral("Ctrl+O"));
+        QCOMPARE(description.actionShortcuts.value("actionSaveProfile"), QStringLiteral("Ctrl+S"));
+        QCOMPARE(description.actionShortcuts.value("actionSaveProfileAs"),
+                 QStringLiteral("Ctrl+Shift+S"));
+        QCOMPARE(description.actionShortcuts.value("actionQuit"), QStringLiteral("Ctrl+Q"));
+        QVERIFY(description.actionEnabled.value("actionVideoTutorial"));
+        QVERIFY(description.actionEnabled.value("actionNew"));
+        QVERIFY(description.actionEnabled.value("actionQuit"));
+        // Profiles have no file format yet: their commands are shown disabled.
+        QVERIFY(!description.actionEnabled.value("actionLoadProfile"));
+        QVERIFY(!description.actionEnabled.value("actionSaveProfile"));
+        QVERIFY(!description.actionEnabled.value("actionSaveProfileAs"));
+
+        LoadedWindow loaded;
+        const auto shortcut = [&](const char* name) {
+            return loaded.Control<QAction>(name).shortcut();
+        };
+        QCOMPARE(shortcut("actionNew"), QKeySequence(Qt::CTRL | Qt::Key_N));
+        QCOMPARE(shortcut("actionLoadProfile"), QKeySequence(Qt::CTRL | Qt::Key_O));
+        QCOMPARE(shortcut("actionSaveProfile"), QKeySequence(Qt::CTRL | Qt::Key_S));
+        QCOMPARE(shortcut("actionSaveProfileAs"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
+        QCOMPARE(shortcut("actionQuit"), QKeySequence(Qt::CTRL | Qt::Key_Q));
+        QCOMPARE(loaded.Control<QAction>("actionLoadProfile").text(),
+                 QStringLiteral("Load Profile…"));
+        QCOMPARE(loaded.Control<QAction>("actionSaveProfileAs").text(),
+                 QStringLiteral("Save Profile As…"));
+        QCOMPARE(loaded.Control<QAction>("actionVideoTutorial").text(),
+                 QStringLiteral("Video Tutorial"));
+    }
+
+    void aMissingControlStopsTheProgramNamingIt_data() {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("first outlet") << QStringLiteral("buttonAddImages");
+        QTest::newRow("a stepper") << QStringLiteral("stepperCustomCropPercentsHeight");
+        QTest::newRow("the preview") << QStringLiteral("imageViewCropPreview");
+        QTest::newRow("a menu command") << QStringLiteral("actionQuit");
+    }
+
+    void aMissingControlStopsTheProgramNamingIt() {
+        QFETCH(QString, name);
+        const ProbeRun run = RunFatalProbe({"missing", name});
+        QVERIFY2(run.crashed, qPrintable(run.out + run.errors));
+        QVERIFY2(!run.out.contains("loaded"), qPrintable(run.out));
+        QVERIFY2(run.errors.contains("the window has no control named " + name),
+                 qPrintable(run.errors));
+    }
+
+    void aControlOfAnotherKindStopsTheProgramNamingIt() {
+        const ProbeRun run = RunFatalProbe({"wrong-kind", "buttonBrowse"});
+        QVERIFY2(run.crashed, qPrintable(run.out + run.errors));
+        QVERIFY2(run.errors.contains("buttonBrowse is a QLabel, not a QPushButton"),
+                 qPrintable(run.errors));
+    }
+};
+
+QTEST_MAIN(OutletsTest)
+#include "OutletsTest.moc"

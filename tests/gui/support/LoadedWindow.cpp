@@ -1,0 +1,47 @@
+#include "tests/gui/support/LoadedWindow.h"
+
+#include <QTest>
+
+namespace vellumo::test {
+
+LoadedWindow::LoadedWindow()
+    : window_(std::make_unique<MainWindow>()), controller_(std::make_unique<ViewController>()) {
+    WindowServices& services = controller_->services();
+    services.showMessageBox = [this](const MessageBoxRequest& request) {
+        boxes.push_back(request);
+        if (boxAnswers.empty()) {
+            return kFirstButtonAnswer;
+        }
+        const int answer = boxAnswers.front();
+        boxAnswers.pop_front();
+        return answer;
+    };
+    services.runOpenPanel = [this](const OpenPanelRequest& request) -> OpenPanelResult {
+        panels.push_back(request);
+        if (panelAnswers.empty()) {
+            return std::nullopt;
+        }
+        OpenPanelResult answer = panelAnswers.front();
+        panelAnswers.pop_front();
+        return answer;
+    };
+    services.openUrl = [this](const QUrl& address) {
+        openedUrls.push_back(address);
+        return false;
+    };
+    controller_->LoadView(*window_);
+}
+
+void LoadedWindow::Show() {
+    window_->show();
+    if (!QTest::qWaitForWindowExposed(window_.get())) {
+        Fatal("test: the window was not shown");
+    }
+}
+
+void LoadedWindow::AddImages(const QStringList& paths) {
+    panelAnswers.push_back(paths);
+    controller_->OnAddImages();
+}
+
+}  // namespace vellumo::test

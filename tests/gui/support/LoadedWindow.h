@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QStringList>
+#include <QUrl>
+#include <deque>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "imaging/Fatal.h"
+#include "ui/MainWindow.h"
+#include "ui/ViewController.h"
+#include "ui/WindowServices.h"
+
+namespace vellumo::test {
+
+// The main window with its controller, loaded the way the application loads
+// it, but with answerers in place of the desktop services:
+// - message boxes are recorded and answered from `boxAnswers` (the first
+//   button, 1000, once the queue is empty);
+// - open panels are recorded and answered from `panelAnswers` (a cancel once
+//   the queue is empty);
+// - web addresses are recorded and fail to open.
+class LoadedWindow {
+  public:
+    LoadedWindow();
+
+    MainWindow& window() { return *window_; }
+    ViewController& controller() { return *controller_; }
+
+    // Shows the window and waits until it is laid out on the screen.
+    void Show();
+
+    // The control of that name and kind; stops the test program when there
+    // is none.
+    template <class T>
+    T& Control(const char* name) {
+        T* control = window_->findChild<T*>(QString::fromLatin1(name));
+        if (control == nullptr) {
+            Fatal(std::string("test: the window has no ") + T::staticMetaObject.className() +
+                  " named " + name);
+        }
+        return *control;
+    }
+
+    // Adds the paths with the add-images command, the panel choosing them.
+    void AddImages(const QStringList& paths);
+
+    std::vector<MessageBoxRequest> boxes;
+    std::deque<int> boxAnswers;
+    std::vector<OpenPanelRequest> panels;
+    std::deque<OpenPanelResult> panelAnswers;
+    std::vector<QUrl> openedUrls;
+
+  private:
+    std::unique_ptr<MainWindow> window_;
+    std::unique_ptr<ViewController> controller_;
+};
+
+}  // namespace vellumo::test

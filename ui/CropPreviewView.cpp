@@ -1,0 +1,87 @@
+#include "ui/CropPreviewView.h"
+
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOptionFrame>
+#include <algorithm>
+#include <cmath>
+
+namespace vellumo {
+
+namespace {
+
+constexpr int kMargin = 6;
+
+}  // namespace
+
+CropPreviewView::CropPreviewView(QWidget* parent) : QWidget(parent) {
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void CropPreviewView::SetImage(const QImage& image) {
+    image_ = image;
+    scaled_ = QImage();
+    update();
+}
+
+QRect CropPreviewView::ImageRect() const {
+    if (image_.isNull()) {
+        return {};
+    }
+    const QRect area = rect().adjusted(kMargin, kMargin, -kMargin, -kMargin);
+    if (area.isEmpty()) {
+        return {};
+    }
+    // One image pixel per screen pixel at most: its natural size in the
+    // view's (device-independent) units.
+    const qreal ratio = devicePixelRatioF();
+    const qreal naturalWidth = image_.width() / ratio;
+    const qreal naturalHeight = image_.height() / ratio;
+    const qreal scale = std::min({1.0, area.width() / naturalWidth, area.height() / naturalHeight});
+    const int width = std::max(1, static_cast<int>(std::floor(naturalWidth * scale)));
+    const int height = std::max(1, static_cast<int>(std::floor(naturalHeight * scale)));
+    return {area.x() + (area.width() - width) / 2, area.y() + (area.height() - height) / 2, width,
+            height};
+}
+
+QSize CropPreviewView::sizeHint() const {
+    return {480, 360};
+}
+
+QSize CropPreviewView::minimumSizeHint() const {
+    return {160, 120};
+}
+
+void CropPreviewView::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(rect(), palette().color(QPalette::Base).darker(104));
+
+    const QRect target = ImageRect();
+    if (!target.isEmpty()) {
+        const qreal ratio = devicePixelRatioF();
+        const QSize deviceSize(static_cast<int>(std::lround(target.width() * ratio)),
+                               static_cast<int>(std::lround(target.height() * ratio)));
+        painter.drawImage(target.topLeft(), ScaledImage(deviceSize, ratio));
+    }
+
+    QStyleOptionFrame frame;
+    frame.initFrom(this);
+    frame.frameShape = QFrame::StyledPanel;
+    frame.state |= QStyle::State_Sunken;
+    frame.lineWidth = 1;
+    style()->drawPrimitive(QStyle::PE_Frame, &frame, &painter, this);
+}
+
+const QImage& CropPreviewView::ScaledImage(const QSize& deviceSize, qreal devicePixelRatio) {
+    if (scaled_.isNull() || scaled_.size() != deviceSize ||
+        scaled_.devicePixelRatio() != devicePixelRatio) {
+        scaled_ = image_.size() == deviceSize
+                      ? image_
+                      : image_.scaled(deviceSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        scaled_.setDevicePixelRatio(devicePixelRatio);
+    }
+    return scaled_;
+}
+
+}  // namespace vellumo

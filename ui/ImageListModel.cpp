@@ -1,0 +1,67 @@
+#include "ui/ImageListModel.h"
+
+#include <string>
+
+#include "imaging/Fatal.h"
+#include "ui/FileKindIcons.h"
+
+namespace vellumo {
+
+ImageListModel::ImageListModel(const QStringList& paths, QObject* parent)
+    : QAbstractListModel(parent), paths_(paths), rows_(static_cast<int>(paths.size())) {
+    for (const char* name : {"JPG", "PNG", "TIF", "GIF", "BMP"}) {
+        icons_.insert(QString::fromLatin1(name), FileKindIcon(QString::fromLatin1(name)));
+    }
+}
+
+void ImageListModel::Reload() {
+    beginResetModel();
+    rows_ = static_cast<int>(paths_.size());
+    endResetModel();
+}
+
+void ImageListModel::RowInserted(int row) {
+    if (row < 0 || row > rows_ || rows_ + 1 > paths_.size()) {
+        Fatal("a row was inserted into the image table outside its rows");
+    }
+    beginInsertRows(QModelIndex(), row, row);
+    ++rows_;
+    endInsertRows();
+}
+
+int ImageListModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : rows_;
+}
+
+QVariant ImageListModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid()) {
+        return {};
+    }
+    const int row = index.row();
+    if (row < 0 || row >= paths_.size()) {
+        Fatal("the image table asked for row " + std::to_string(row) + " of a list of " +
+              std::to_string(paths_.size()));
+    }
+    const QString& path = paths_[row];
+    switch (role) {
+        case Qt::DisplayRole:
+        case Qt::ToolTipRole:
+            return path;
+        case Qt::DecorationRole:
+            if (const auto name = FileKindIconName(path)) {
+                return icons_.value(*name);
+            }
+            return {};
+        default:
+            return {};
+    }
+}
+
+Qt::ItemFlags ImageListModel::flags(const QModelIndex& index) const {
+    if (!index.isValid()) {
+        return Qt::ItemIsDropEnabled;
+    }
+    return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+}
+
+}  // namespace vellumo

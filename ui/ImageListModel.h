@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QAbstractListModel>
+#include <QHash>
+#include <QIcon>
+#include <QStringList>
+
+namespace vellumo {
+
+// The image table's rows over the controller's list of image paths: one row
+// per path, showing the full path with the file-kind icon.
+//
+// The list belongs to the controller and changes there first; the model then
+// learns of it, either as a whole (Reload) or as one inserted row
+// (RowInserted). Between the two, the model keeps the row count it last
+// learned, so views never see rows it has not announced.
+class ImageListModel : public QAbstractListModel {
+    Q_OBJECT
+
+  public:
+    ImageListModel(const QStringList& paths, QObject* parent = nullptr);
+
+    // The list changed as a whole: the rows are read again.
+    void Reload();
+    // The list gained one entry at `row`.
+    void RowInserted(int row);
+
+    int rowCount(const QModelIndex& parent = QModelIndex()) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+  private:
+    const QStringList& paths_;
+    int rows_ = 0;
+    QHash<QString, QIcon> icons_;
+};
+
+}  // namespace vellumo

@@ -1,0 +1,39 @@
+#pragma once
+
+// The rules by which the image list accepts paths, shared by the add command
+// and by drops.
+
+#include <QString>
+#include <QStringList>
+
+class QUrl;
+
+namespace vellumo {
+
+// The ten lower-case extensions the list accepts, in the list's own order:
+// "jpg", "jpeg", "jpe", "jp2", "jpx", "png", "gif", "tif", "tiff", "bmp".
+QStringList AcceptedImageExtensions();
+
+// The same ten in the order the add-images panel offers them:
+// "jpg", "jpeg", "jpe", "jp2", "jpx", "png", "tiff", "tif", "gif", "bmp".
+QStringList OpenPanelImageExtensions();
+
+// The extension of `path` read as a file path (after the last dot of the last
+// component), in lower case; empty when there is none.
+QString LowerCaseExtension(const QString& path);
+
+// Text equality as the list compares paths: case-sensitive, no path
+// normalisation ("/a/../b" and "/b" differ), but canonically equivalent
+// Unicode spellings (a precomposed "é" and "e" + combining accent) count as
+// equal.
+bool SamePathText(const QString& a, const QString& b);
+
+// True when any entry of `list` is the same text as `path`.
+bool ListContainsPath(const QStringList& list, const QString& path);
+
+// True for a local-file URL whose extension names one of the six image kinds
+// a drop accepts (JPEG, JPEG 2000, PNG, GIF, TIFF, BMP). The file itself is
+// not opened.
+bool IsImageFileUrl(const QUrl& url);
+
+}  // namespace vellumo

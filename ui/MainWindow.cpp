@@ -1,0 +1,52 @@
+#include "ui/MainWindow.h"
+
+#include <QCloseEvent>
+#include <QScreen>
+#include <QSplitter>
+
+#include "ui_MainWindow.h"
+
+// The icons live in this library; a static library's resources are only
+// linked in when something refers to them.
+static void LoadWindowResources() {
+    Q_INIT_RESOURCE(vellumo);
+}
+
+namespace vellumo {
+
+MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent) {
+    LoadWindowResources();
+    Ui::MainWindow controls;
+    controls.setupUi(this);
+    splitter_ = controls.splitterMain;
+    // The description's size suits a 1280 x 800 screen; never open larger
+    // than the screen at hand.
+    if (const QScreen* screen = this->screen()) {
+        resize(size().boundedTo(screen->availableGeometry().size()));
+    }
+}
+
+void MainWindow::SetDelegate(WindowDelegate* delegate) {
+    delegate_ = delegate;
+}
+
+void MainWindow::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    if (!splitInitially_) {
+        splitInitially_ = true;
+        // The list of full paths gets a little less than half of the width;
+        // later the splitter keeps whatever the user makes of it.
+        const int width = splitter_->width();
+        splitter_->setSizes({width * 46 / 100, width - width * 46 / 100});
+    }
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    if (delegate_ != nullptr && !delegate_->windowShouldClose(*this)) {
+        event->ignore();
+        return;
+    }
+    event->accept();
+}
+
+}  // namespace vellumo

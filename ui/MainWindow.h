@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QMainWindow>
+
+class QSplitter;
+
+namespace vellumo {
+
+// Answers the window's questions about itself.
+class WindowDelegate {
+  public:
+    // Whether the window may close now.
+    virtual bool windowShouldClose(QWidget& window) = 0;
+
+  protected:
+    ~WindowDelegate() = default;
+};
+
+// The application's one window, built from the interface description
+// resources/MainWindow.ui: every control, the menu bar and their shortcuts.
+// Its controller finds the controls by name.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+  public:
+    explicit MainWindow(QWidget* parent = nullptr);
+
+    void SetDelegate(WindowDelegate* delegate);
+
+  protected:
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    WindowDelegate* delegate_ = nullptr;
+    QSplitter* splitter_ = nullptr;
+    bool splitInitially_ = false;
+};
+
+}  // namespace vellumo

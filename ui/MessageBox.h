@@ -1,0 +1,44 @@
+#pragma once
+
+// Every message box of the window is built here: the sentence as the box's
+// text, "Vellumo" as its title, the warning style except for a success report,
+// the buttons in reading order with the first as the default. A box answers
+// with the code of the pressed button: 1000 for the first, 1001 for the
+// second, and so on.
+
+#include <QString>
+#include <QStringList>
+#include <memory>
+
+class QMessageBox;
+class QWidget;
+
+namespace vellumo {
+
+enum class MessageBoxStyle { Warning, Informational };
+
+struct MessageBoxRequest {
+    QString text;
+    MessageBoxStyle style = MessageBoxStyle::Warning;
+    QStringList buttons;  // in reading order; at least one
+
+    friend bool operator==(const MessageBoxRequest&, const MessageBoxRequest&) = default;
+};
+
+inline constexpr int kFirstButtonAnswer = 1000;
+
+// Each button of a built box carries its answer in this property.
+inline constexpr char kAnswerProperty[] = "vellumoAnswer";
+
+// A one-button "OK" box in the warning style.
+MessageBoxRequest NoticeRequest(const QString& text);
+
+// The real box for a request, not yet shown. Escape (or closing the box)
+// presses the last button: in every box of the window the last button is the
+// one that changes nothing.
+std::unique_ptr<QMessageBox> BuildMessageBox(const MessageBoxRequest& request, QWidget* parent);
+
+// Shows the box modally and waits for the answer.
+int RunMessageBox(const MessageBoxRequest& request, QWidget* parent);
+
+}  // namespace vellumo

@@ -1,0 +1,35 @@
+#pragma once
+
+// The modal chooser of existing files or folders ("open panel").
+
+#include <QString>
+#include <QStringList>
+#include <optional>
+
+class QWidget;
+
+namespace vellumo {
+
+struct OpenPanelRequest {
+    bool allowsMultipleSelection = false;
+    bool canChooseFiles = true;
+    bool canChooseDirectories = false;
+    bool canCreateDirectories = false;
+    QStringList allowedFileTypes;  // extensions without the dot; empty allows any
+    QString prompt;                // title of the confirm button; empty keeps the usual one
+
+    friend bool operator==(const OpenPanelRequest&, const OpenPanelRequest&) = default;
+};
+
+// The chosen paths, absolute, in the panel's order; nothing when the user
+// cancelled.
+using OpenPanelResult = std::optional<QStringList>;
+
+// Runs a real file dialog configured by the request.
+OpenPanelResult RunOpenPanel(const OpenPanelRequest& request, QWidget* parent);
+
+// The dialog's name filter for the allowed extensions, matching any mix of
+// upper and lower case ("photo.JPG" as well as "photo.jpg").
+QString NameFilterForExtensions(const QStringList& extensions);
+
+}  // namespace vellumo

@@ -1,0 +1,48 @@
+#include "ui/QualitySlider.h"
+
+#include <cmath>
+
+namespace vellumo {
+
+namespace {
+
+int ToSteps(double value) {
+    return static_cast<int>(std::lround(value * QualitySlider::kStepsPerUnit));
+}
+
+}  // namespace
+
+QualitySlider::QualitySlider(QWidget* parent) : QSlider(Qt::Horizontal, parent) {
+    setRange(0, 100 * kStepsPerUnit);
+    setSingleStep(kStepsPerUnit);
+    setPageStep(10 * kStepsPerUnit);
+    connect(this, &QSlider::valueChanged, this, [this](int steps) {
+        Q_EMIT doubleValueChanged(static_cast<double>(steps) / kStepsPerUnit);
+    });
+}
+
+double QualitySlider::doubleValue() const {
+    return static_cast<double>(value()) / kStepsPerUnit;
+}
+
+void QualitySlider::setDoubleValue(double value) {
+    setValue(ToSteps(value));
+}
+
+double QualitySlider::doubleMinimum() const {
+    return static_cast<double>(minimum()) / kStepsPerUnit;
+}
+
+double QualitySlider::doubleMaximum() const {
+    return static_cast<double>(maximum()) / kStepsPerUnit;
+}
+
+void QualitySlider::setDoubleMinimum(double minimum) {
+    setMinimum(ToSteps(minimum));
+}
+
+void QualitySlider::setDoubleMaximum(double maximum) {
+    setMaximum(ToSteps(maximum));
+}
+
+}  // namespace vellumo

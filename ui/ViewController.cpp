@@ -1,0 +1,136 @@
+#include "ui/ViewController.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTabWidget>
+
+#include "ui/CropPreviewView.h"
+#include "ui/ImageListModel.h"
+#include "ui/ImagePaths.h"
+#include "ui/LatchingRadioButton.h"
+#include "ui/PopUpChoices.h"
+#include "ui/QualitySlider.h"
+#include "ui/Stepper.h"
+
+namespace vellumo {
+
+ViewController::ViewController(QObject* parent)
+    : QObject(parent),
+      acceptedExtensions_(AcceptedImageExtensions()),
+      imageListModel_(new ImageListModel(listImagePaths_, this)),
+      services_(WindowServices::Desktop(
+          [this]() -> QWidget* { return view_.isNull() ? nullptr : view_->window(); })) {}
+
+ViewController::~ViewController() {
+    // The window and the table may outlive their delegate.
+    if (auto* window = qobject_cast<MainWindow*>(view_.data())) {
+        window->SetDelegate(nullptr);
+    }
+    if (tableViewImage.isConnected()) {
+        tableViewImage->SetDropDelegate(nullptr);
+    }
+}
+
+void ViewController::LoadView(QWidget& window) {
+    view_ = &window;
+    ConnectOutlets(window);
+    ConnectCommands();
+    viewDidLoad();
+}
+
+void ViewController::viewDidLoad() {
+    // The controller answers the window's close question. The view's own
+    // window is the application's one window.
+    if (auto* window = qobject_cast<MainWindow*>(view_.isNull() ? nullptr : view_->window())) {
+        window->SetDelegate(this);
+    }
+
+    // Files dragged from a file manager arrive as a list of file URLs.
+    tableViewImage->RegisterForDraggedTypes({QStringLiteral("text/uri-list")});
+
+    tableViewImage->SetDropDelegate(this);
+    tableViewImage->SetImageListModel(imageListModel_);
+
+    comboAutoCropFormat->clear();
+    comboAutoCropFormat->addItems(AutoCropFormatTitles());
+
+    comboFormat->clear();
+    comboFormat->addItems(OutputFormatTitles());
+
+    ResetInterface();
+}
+
+int ViewController::numberOfRowsInTableView() const {
+    return static_cast<int>(listImagePaths_.size());
+}
+
+void ViewController::ConnectOutlets(QWidget& window) {
+    buttonAddImages.Connect(window);
+    buttonRemoveSelected.Connect(window);
+    buttonRemoveAll.Connect(window);
+    progressIndicator.Connect(window);
+    buttonCropImages.Connect(window);
+    tableViewImage.Connect(window);
+    labelOriginalDimensionsWidth.Connect(window);
+    labelOriginalDimensionsHeight.Connect(window);
+    labelOutputDimensionsWidth.Connect(window);
+    labelOutputDimensionsHeight.Connect(window);
+    radioAutoCrop.Connect(window);
+    comboAutoCropFormat.Connect(window);
+    radioCustomCrop.Connect(window);
+    radioCustomCropPixels.Connect(window);
+    textFieldCustomCropPixelsOriginX.Connect(window);
+    textFieldCustomCropPixelsOriginY.Connect(window);
+    textFieldCustomCropPixelsWidth.Connect(window);
+    textFieldCustomCropPixelsHeight.Connect(window);
+    radioCustomCropPercents.Connect(window);
+    textFieldCustomCropPercentsOriginX.Connect(window);
+    stepperCustomCropPercentsOriginX.Connect(window);
+    textFieldCustomCropPercentsOriginY.Connect(window);
+    stepperCustomCropPercentsOriginY.Connect(window);
+    textFieldCustomCropPercentsWidth.Connect(window);
+    stepperCustomCropPercentsWidth.Connect(window);
+    textFieldCustomCropPercentsHeight.Connect(window);
+    stepperCustomCropPercentsHeight.Connect(window);
+    comboFormat.Connect(window);
+    sliderQuality.Connect(window);
+    labelQuality.Connect(window);
+    textFieldName.Connect(window);
+    textFieldOutputFolder.Connect(window);
+    buttonBrowse.Connect(window);
+    checkKeepEXIFInformationAndCreationDate.Connect(window);
+    tabView.Connect(window);
+    imageViewCropPreview.Connect(window);
+
+    actionNew.Connect(window);
+    actionLoadProfile.Connect(window);
+    actionSaveProfile.Connect(window);
+    actionSaveProfileAs.Connect(window);
+    actionQuit.Connect(window);
+    actionVideoTutorial.Connect(window);
+}
+
+void ViewController::ConnectCommands() {
+    connect(actionNew.get(), &QAction::triggered, this, &ViewController::OnFileNew);
+    connect(actionLoadProfile.get(), &QAction::triggered, this, &ViewController::OnLoadProfile);
+    connect(actionSaveProfile.get(), &QAction::triggered, this, &ViewController::OnSaveProfile);
+    connect(actionSaveProfileAs.get(), &QAction::triggered, this, &ViewController::OnSaveProfileAs);
+    connect(actionQuit.get(), &QAction::triggered, this, &ViewController::OnAppQuit);
+    connect(actionVideoTutorial.get(), &QAction::triggered, this, &ViewController::OnVideoTutorial);
+
+    connect(buttonAddImages.get(), &QPushButton::clicked, this, &ViewController::OnAddImages);
+    connect(buttonRemoveSelected.get(), &QPushButton::clicked, this,
+            &ViewController::OnRemoveSelected);
+    connect(buttonRemoveAll.get(), &QPushButton::clicked, this, &ViewController::OnRemoveAll);
+}
+
+void ViewController::EmptyPreview() {
+    imageViewCropPreview->SetImage(QImage());
+}
+
+}  // namespace vellumo

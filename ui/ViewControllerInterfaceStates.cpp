@@ -1,0 +1,128 @@
+// The window's three interface states: start values, locked while a crop
+// job runs, and idle again afterwards.
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTabWidget>
+
+#include "ui/CropPreviewView.h"
+#include "ui/LatchingRadioButton.h"
+#include "ui/PopUpChoices.h"
+#include "ui/ProgressFraction.h"
+#include "ui/QualitySlider.h"
+#include "ui/Stepper.h"
+#include "ui/TextFieldNumber.h"
+#include "ui/ViewController.h"
+
+namespace vellumo {
+
+namespace {
+
+constexpr char kCroppingTitle[] = "Cropping...";
+constexpr char kCropImagesTitle[] = "Crop Images";
+constexpr char kDefaultNameTemplate[] = "[FileName]_cropped ([FileIndex])";
+constexpr double kDefaultQuality = 80.0;
+
+}  // namespace
+
+void ViewController::ResetInterface() {
+    listImagePaths_.clear();
+
+    tabView->setCurrentIndex(0);
+
+    // Custom crop in pixels.
+    radioAutoCrop->setChecked(false);
+    radioCustomCrop->setChecked(true);
+    radioCustomCropPixels->setChecked(true);
+    radioCustomCropPercents->setChecked(false);
+
+    SetTextFieldNumber(*textFieldCustomCropPixelsOriginX, 0);
+    SetTextFieldNumber(*textFieldCustomCropPixelsOriginY, 0);
+    SetTextFieldNumber(*textFieldCustomCropPixelsWidth, 0);
+    SetTextFieldNumber(*textFieldCustomCropPixelsHeight, 0);
+
+    // A centred rectangle of 60 % of each side, once percents are chosen.
+    SetTextFieldNumber(*textFieldCustomCropPercentsOriginX, 20);
+    SetTextFieldNumber(*textFieldCustomCropPercentsOriginY, 20);
+    stepperCustomCropPercentsOriginX->setValue(20);
+    stepperCustomCropPercentsOriginY->setValue(20);
+
+    SetTextFieldNumber(*textFieldCustomCropPercentsWidth, 60);
+    SetTextFieldNumber(*textFieldCustomCropPercentsHeight, 60);
+    stepperCustomCropPercentsWidth->setValue(60);
+    stepperCustomCropPercentsHeight->setValue(60);
+
+    comboFormat->setCurrentIndex(0);
+
+    sliderQuality->setDoubleValue(kDefaultQuality);
+    labelQuality->setText(QStringLiteral("80"));
+
+    textFieldName->setText(QString::fromLatin1(kDefaultNameTemplate));
+    textFieldOutputFolder->setText(QString());
+    checkKeepEXIFInformationAndCreationDate->setChecked(false);
+
+    SetProgressFraction(*progressIndicator, 0.0);
+
+    // "JPG" takes a quality.
+    sliderQuality->setEnabled(true);
+
+    tableViewImage->ReloadData();
+    ClearImageListSelection();
+    EmptyPreview();
+}
+
+std::vector<QWidget*> ViewController::ControlsLockedWhileCropping() const {
+    return {
+        buttonAddImages.get(),
+        buttonRemoveSelected.get(),
+        buttonRemoveAll.get(),
+        radioAutoCrop.get(),
+        comboAutoCropFormat.get(),
+        radioCustomCrop.get(),
+        radioCustomCropPixels.get(),
+        textFieldCustomCropPixelsOriginX.get(),
+        textFieldCustomCropPixelsOriginY.get(),
+        textFieldCustomCropPixelsWidth.get(),
+        textFieldCustomCropPixelsHeight.get(),
+        radioCustomCropPercents.get(),
+        textFieldCustomCropPercentsOriginX.get(),
+        stepperCustomCropPercentsOriginX.get(),
+        textFieldCustomCropPercentsOriginY.get(),
+        stepperCustomCropPercentsOriginY.get(),
+        textFieldCustomCropPercentsWidth.get(),
+        stepperCustomCropPercentsWidth.get(),
+        textFieldCustomCropPercentsHeight.get(),
+        stepperCustomCropPercentsHeight.get(),
+        comboFormat.get(),
+        sliderQuality.get(),
+        textFieldName.get(),
+        textFieldOutputFolder.get(),
+        checkKeepEXIFInformationAndCreationDate.get(),
+        buttonBrowse.get(),
+        buttonCropImages.get(),
+    };
+}
+
+void ViewController::DisableInterface() {
+    // The job reads the list and the settings while it runs, so nothing that
+    // changes them may be used meanwhile. The table, the tabs, the preview,
+    // the labels, the progress bar and the menu stay as they are.
+    for (QWidget* control : ControlsLockedWhileCropping()) {
+        control->setEnabled(false);
+    }
+    buttonCropImages->setText(QString::fromLatin1(kCroppingTitle));
+}
+
+void ViewController::EnableInterface() {
+    for (QWidget* control : ControlsLockedWhileCropping()) {
+        control->setEnabled(true);
+    }
+    buttonCropImages->setText(QString::fromLatin1(kCropImagesTitle));
+    sliderQuality->setEnabled(OutputFormatTakesQuality(comboFormat->currentIndex()));
+}
+
+}  // namespace vellumo

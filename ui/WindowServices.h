@@ -1,0 +1,30 @@
+#pragma once
+
+// What the window's controller asks of the desktop: modal message boxes, the
+// open panel and the web browser. The real application uses the real ones;
+// tests put answerers in their place so that no person is needed.
+
+#include <QUrl>
+#include <functional>
+
+#include "ui/MessageBox.h"
+#include "ui/OpenPanel.h"
+
+class QWidget;
+
+namespace vellumo {
+
+struct WindowServices {
+    // Shows a modal box; returns the pressed button's answer (1000, 1001, ...).
+    std::function<int(const MessageBoxRequest&)> showMessageBox;
+    // Runs a modal open panel.
+    std::function<OpenPanelResult(const OpenPanelRequest&)> runOpenPanel;
+    // Opens a web address in the default browser; false when that failed.
+    std::function<bool(const QUrl&)> openUrl;
+
+    // The real services; dialogs are put over the window `parent()` gives at
+    // the moment they are shown (it may be null).
+    static WindowServices Desktop(std::function<QWidget*()> parent);
+};
+
+}  // namespace vellumo
