@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+
+#include "imaging/Preview.h"
+
+namespace vellumo {
+
+// Decodes the picture the window shows for a file (see
+// ImageTools::LoadPreview). Never throws; a file that cannot be shown is a
+// failure with a reason.
+class PreviewDecoder {
+public:
+    virtual ~PreviewDecoder() = default;
+    virtual PreviewResult Decode(const std::string& path, int maxSide) = 0;
+};
+
+// Decodes right here, in the calling thread.
+class InProcessPreviewDecoder final : public PreviewDecoder {
+public:
+    PreviewResult Decode(const std::string& path, int maxSide) override;
+};
+
+}  // namespace vellumo
