@@ -5,6 +5,8 @@
 #include <cctype>
 #include <filesystem>
 
+#include "batch/Profile.h"
+
 namespace vellumo::cli {
 
 namespace {
@@ -71,8 +73,14 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
     CLI::App app{"Crops image files in one go: the same engine as the Vellumo window.",
                  "vellumo-cli"};
     CliOptions options;
-    std::string autoRatio, pixels, percents, format = "JPG", overwrite;
+    std::string autoRatio, pixels, percents, format = "JPG", overwrite, profile;
+    std::string nameTemplate{kDefaultNameTemplate}, outputFolder;
     float quality = 80.0f;
+    bool keepMetadata = false;
+
+    auto* profileOption = app.add_option(
+        "--profile", profile,
+        "Settings from a profile saved by the window; options given here override it");
 
     auto* autoOption = app.add_option(
         "--auto", autoRatio,
@@ -83,28 +91,31 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
         app.add_option("--percents", percents, "Rectangle in percents of each image, X,Y,W,H");
     autoOption->excludes(pixelsOption)->excludes(percentsOption);
     pixelsOption->excludes(percentsOption);
-    app.add_option("--format", format,
-                   "Output format: JPG JPEG JPE JP2 JPX PNG TIFF TIF GIF BMP (any case)")
-        ->capture_default_str();
-    app.add_option("--quality", quality, "Quality for JPEG and JPEG 2000, 0 to 100")
-        ->check(CLI::Validator(
-            [](const std::string& text) -> std::string {
-                try {
-                    const float value = std::stof(text);
-                    if (value >= 0.0f && value <= 100.0f)
-                        return {};
-                } catch (const std::exception&) {
-                }
-                return "must be a number from 0 to 100, got " + text;
-            },
-            "0-100"))
-        ->capture_default_str();
-    app.add_option("--name", options.settings.nameTemplate,
-                   "File name template with [FileName] and [FileIndex]")
-        ->capture_default_str();
-    app.add_option("--output", options.settings.outputFolder, "Output folder")->required();
-    app.add_flag("--keep-metadata", options.settings.keepMetadata,
-                 "Carry EXIF, IPTC, XMP and the creation date over to the outputs");
+    auto* formatOption =
+        app.add_option("--format", format,
+                       "Output format: JPG JPEG JPE JP2 JPX PNG TIFF TIF GIF BMP (any case)")
+            ->capture_default_str();
+    auto* qualityOption =
+        app.add_option("--quality", quality, "Quality for JPEG and JPEG 2000, 0 to 100")
+            ->check(CLI::Validator(
+                [](const std::string& text) -> std::string {
+                    try {
+                        const float value = std::stof(text);
+                        if (value >= 0.0f && value <= 100.0f)
+                            return {};
+                    } catch (const std::exception&) {
+                    }
+                    return "must be a number from 0 to 100, got " + text;
+                },
+                "0-100"))
+            ->capture_default_str();
+    auto* nameOption =
+        app.add_option("--name", nameTemplate, "File name template with [FileName] and [FileIndex]")
+            ->capture_default_str();
+    auto* outputOption = app.add_option("--output", outputFolder, "Output folder");
+    auto* keepOption =
+        app.add_flag("--keep-metadata", keepMetadata,
+                     "Carry EXIF, IPTC, XMP and the creation date over to the outputs");
     app.add_option("--overwrite", overwrite,
                    "Existing outputs: ask, all or none (default: ask on a terminal, else none)")
         ->check(CLI::IsMember({"ask", "all", "none"}));
@@ -124,6 +135,13 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
     }
 
     CropSettings& s = options.settings;
+    if (profileOption->count() > 0) {
+        const Loaded<CropSettings> loaded = ReadProfile(profile, s);
+        if (!loaded) {
+            return UsageError("--profile: " + profile + ": " + loaded.reason());
+        }
+        s = *loaded;
+    }
     if (!autoRatio.empty()) {
         const auto& titles = kAutoCropFormatTitles;
         const auto found = std::find(titles.begin(), titles.end(), autoRatio);
@@ -139,6 +157,8 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
         if (!rect) {
             return UsageError("--pixels: expected four numbers X,Y,W,H, got " + pixels);
         }
+        s.autoCrop = false;
+        s.customCrop = true;
         s.customCropPixels = true;
         s.customCropPercents = false;
         std::tie(s.pixelsOriginX, s.pixelsOriginY, s.pixelsWidth, s.pixelsHeight) =
@@ -148,23 +168,36 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
         if (!rect) {
             return UsageError("--percents: expected four numbers X,Y,W,H, got " + percents);
         }
+        s.autoCrop = false;
+        s.customCrop = true;
         s.customCropPixels = false;
         s.customCropPercents = true;
         std::tie(s.percentsOriginX, s.percentsOriginY, s.percentsWidth, s.percentsHeight) =
             std::tuple((*rect)[0], (*rect)[1], (*rect)[2], (*rect)[3]);
-    } else {
-        // The window's start state: custom pixels 0, 0, 0, 0 (the whole image).
-        s.pixelsOriginX = s.pixelsOriginY = s.pixelsWidth = s.pixelsHeight = 0.0f;
     }
+    // Without a crop option or a profile: the window's start state, custom
+    // pixels 0, 0, 0, 0, which keeps every image whole.
 
-    const auto& formats = kOutputFormatTitles;
-    const auto found = std::find(formats.begin(), formats.end(), Upper(format));
-    if (found == formats.end()) {
-        return UsageError("--format: unknown format " + format +
-                          " (use JPG JPEG JPE JP2 JPX PNG TIFF TIF GIF BMP)");
+    if (formatOption->count() > 0) {
+        const auto& formats = kOutputFormatTitles;
+        const auto found = std::find(formats.begin(), formats.end(), Upper(format));
+        if (found == formats.end()) {
+            return UsageError("--format: unknown format " + format +
+                              " (use JPG JPEG JPE JP2 JPX PNG TIFF TIF GIF BMP)");
+        }
+        s.outputFormat = found - formats.begin();
     }
-    s.outputFormat = found - formats.begin();
-    s.quality = quality;
+    if (qualityOption->count() > 0)
+        s.quality = quality;
+    if (nameOption->count() > 0)
+        s.nameTemplate = nameTemplate;
+    if (outputOption->count() > 0)
+        s.outputFolder = outputFolder;
+    if (keepOption->count() > 0)
+        s.keepMetadata = keepMetadata;
+    if (s.outputFolder.empty()) {
+        return UsageError("--output is required");
+    }
 
     if (overwrite.empty()) {
         options.overwrite = standardInputIsTerminal ? OverwriteMode::Ask : OverwriteMode::None;

@@ -8,6 +8,7 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "batch/Profile.h"
 #include "tests/support/Commands.h"
 #include "tests/support/ReadBack.h"
 #include "tests/support/TempDir.h"
@@ -272,6 +273,40 @@ TEST_F(CliTest, UsageErrorsExitWithTwoAndOneLineNamingTheOption) {
         }
         EXPECT_EQ(run.out, "");
     }
+}
+
+TEST_F(CliTest, AProfileGivesTheSettingsAndOptionsOverrideIt) {
+    test::CoordinateImage(400, 300).pngsave(dir.File("a.png").c_str());
+    CropSettings settings;
+    settings.autoCrop = true;
+    settings.customCrop = false;
+    settings.autoCropFormat = 3;  // 16:9
+    settings.outputFormat = 5;    // PNG
+    settings.nameTemplate = "from-profile";
+    settings.outputFolder = Out();
+    ASSERT_TRUE(WriteProfile(dir.File("p.vellumo"), settings).saved);
+
+    const CliRun run = Cli("--profile " + ShellQuote(dir.File("p.vellumo")) + " --json " +
+                           ShellQuote(dir.File("a.png")));
+    ASSERT_EQ(run.exitCode, 0) << run.err;
+    EXPECT_EQ(run.objects[0]["output"], Out() + "/from-profile (1).png");
+    EXPECT_EQ(run.objects[0]["size"], nlohmann::json({400, 225}));
+
+    const CliRun overridden =
+        Cli("--profile " + ShellQuote(dir.File("p.vellumo")) +
+            " --format bmp --pixels 0,0,10,10 --json " + ShellQuote(dir.File("a.png")));
+    ASSERT_EQ(overridden.exitCode, 0) << overridden.err;
+    EXPECT_EQ(overridden.objects[0]["output"], Out() + "/from-profile (1).bmp");
+    EXPECT_EQ(overridden.objects[0]["size"], nlohmann::json({10, 10}));
+}
+
+TEST_F(CliTest, ABadProfileIsAUsageError) {
+    std::ofstream(dir.File("bad.vellumo")) << R"({"version": 99})";
+    const CliRun run =
+        Cli("--profile " + ShellQuote(dir.File("bad.vellumo")) + " --output o a.png");
+    EXPECT_EQ(run.exitCode, 2);
+    EXPECT_EQ(run.err, "vellumo-cli: --profile: " + dir.File("bad.vellumo") +
+                           ": version 99 is not one this Vellumo reads (it reads version 1)\n");
 }
 
 TEST_F(CliTest, FormatNamesAreTakenInAnyCase) {

@@ -1,0 +1,183 @@
+#include "batch/Profile.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cmath>
+#include <fstream>
+#include <nlohmann/json.hpp>
+#include <sstream>
+#include <system_error>
+
+#include "imaging/AtomicFile.h"
+
+namespace vellumo {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+// A problem with one value, naming it for the warning.
+struct Problem {
+    std::string text;
+};
+
+const Json* Member(const Json& object, const char* key) {
+    const auto found = object.find(key);
+    return found == object.end() ? nullptr : &*found;
+}
+
+void ReadBool(const Json& object, const char* key, bool& value) {
+    if (const Json* member = Member(object, key)) {
+        if (!member->is_boolean())
+            throw Problem{"\"" + std::string(key) + "\" must be true or false"};
+        value = member->get<bool>();
+    }
+}
+
+float Number(const Json& value, const std::string& name, double low, double high) {
+    if (!value.is_number())
+        throw Problem{"\"" + name + "\" must be a number"};
+    const double number = value.get<double>();
+    if (!std::isfinite(number) || number < low || number > high) {
+        std::ostringstream range;
+        range << "\"" << name << "\" must be between " << low << " and " << high;
+        throw Problem{range.str()};
+    }
+    return static_cast<float>(number);
+}
+
+void ReadString(const Json& object, const char* key, std::string& value) {
+    if (const Json* member = Member(object, key)) {
+        if (!member->is_string())
+            throw Problem{"\"" + std::string(key) + "\" must be text"};
+        value = member->get<std::string>();
+    }
+}
+
+// The four fields of a rectangle object; missing ones keep their values.
+void ReadRectangle(const Json& object, const char* key, float& x, float& y, float& w, float& h) {
+    const Json* member = Member(object, key);
+    if (member == nullptr)
+        return;
+    if (!member->is_object())
+        throw Problem{"\"" + std::string(key) + "\" must be an object"};
+    // Fields hold any finite number (a width of 150 % is a valid request);
+    // this bound only keeps nonsense out.
+    constexpr double kLimit = 1e9;
+    const std::pair<const char*, float*> fields[] = {
+        {"x", &x}, {"y", &y}, {"width", &w}, {"height", &h}};
+    for (const auto& [name, target] : fields) {
+        if (const Json* value = Member(*member, name)) {
+            *target = Number(*value, std::string(key) + "." + name, -kLimit, kLimit);
+        }
+    }
+}
+
+template <std::size_t N>
+long TitleIndex(const Json& value, const char* key, const std::array<std::string_view, N>& titles,
+                bool anyCase) {
+    if (!value.is_string())
+        throw Problem{"\"" + std::string(key) + "\" must be text"};
+    std::string title = value.get<std::string>();
+    if (anyCase) {
+        std::transform(title.begin(), title.end(), title.begin(),
+                       [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+    }
+    const auto found = std::find(titles.begin(), titles.end(), title);
+    if (found == titles.end()) {
+        throw Problem{"\"" + std::string(key) + "\" has an unknown value \"" +
+                      value.get<std::string>() + "\""};
+    }
+    return static_cast<long>(found - titles.begin());
+}
+
+}  // namespace
+
+std::string ProfileText(const CropSettings& s) {
+    const Json profile = {
+        {"version", kProfileVersion},
+        {"autoCrop", s.autoCrop},
+        {"customCrop", s.customCrop},
+        {"customCropPixels", s.customCropPixels},
+        {"customCropPercents", s.customCropPercents},
+        {"autoCropRatio", kAutoCropFormatTitles.at(static_cast<std::size_t>(s.autoCropFormat))},
+        {"pixels",
+         {{"x", s.pixelsOriginX},
+          {"y", s.pixelsOriginY},
+          {"width", s.pixelsWidth},
+          {"height", s.pixelsHeight}}},
+        {"percents",
+         {{"x", s.percentsOriginX},
+          {"y", s.percentsOriginY},
+          {"width", s.percentsWidth},
+          {"height", s.percentsHeight}}},
+        {"format", kOutputFormatTitles.at(static_cast<std::size_t>(s.outputFormat))},
+        {"quality", s.quality},
+        {"nameTemplate", s.nameTemplate},
+        {"outputFolder", s.outputFolder},
+        {"keepMetadata", s.keepMetadata},
+    };
+    return profile.dump(2) + "\n";
+}
+
+Loaded<CropSettings> SettingsFromProfileText(const std::string& text, const CropSettings& current) {
+    const Json profile = Json::parse(text, nullptr, /*allow_exceptions=*/false);
+    if (profile.is_discarded()) {
+        return Loaded<CropSettings>::Failure("the file is not valid JSON");
+    }
+    if (!profile.is_object()) {
+        return Loaded<CropSettings>::Failure("the file does not hold a profile");
+    }
+    const Json* version = Member(profile, "version");
+    if (version == nullptr) {
+        return Loaded<CropSettings>::Failure("the file has no \"version\"");
+    }
+    if (!version->is_number_integer() || version->get<long long>() != kProfileVersion) {
+        return Loaded<CropSettings>::Failure("version " + version->dump() +
+                                             " is not one this Vellumo reads (it reads version 1)");
+    }
+    CropSettings s = current;
+    try {
+        ReadBool(profile, "autoCrop", s.autoCrop);
+        ReadBool(profile, "customCrop", s.customCrop);
+        ReadBool(profile, "customCropPixels", s.customCropPixels);
+        ReadBool(profile, "customCropPercents", s.customCropPercents);
+        if (const Json* ratio = Member(profile, "autoCropRatio")) {
+            s.autoCropFormat = TitleIndex(*ratio, "autoCropRatio", kAutoCropFormatTitles, false);
+        }
+        ReadRectangle(profile, "pixels", s.pixelsOriginX, s.pixelsOriginY, s.pixelsWidth,
+                      s.pixelsHeight);
+        ReadRectangle(profile, "percents", s.percentsOriginX, s.percentsOriginY, s.percentsWidth,
+                      s.percentsHeight);
+        if (const Json* format = Member(profile, "format")) {
+            s.outputFormat = TitleIndex(*format, "format", kOutputFormatTitles, true);
+        }
+        if (const Json* quality = Member(profile, "quality")) {
+            s.quality = Number(*quality, "quality", 0, 100);
+        }
+        ReadString(profile, "nameTemplate", s.nameTemplate);
+        ReadString(profile, "outputFolder", s.outputFolder);
+        ReadBool(profile, "keepMetadata", s.keepMetadata);
+    } catch (const Problem& problem) {
+        return Loaded<CropSettings>::Failure(problem.text);
+    }
+    return Loaded<CropSettings>::Success(s);
+}
+
+SaveResult WriteProfile(const std::string& path, const CropSettings& settings) {
+    const std::string text = ProfileText(settings);
+    return atomicfile::ReplaceWithBytes(path, text.data(), text.size());
+}
+
+Loaded<CropSettings> ReadProfile(const std::string& path, const CropSettings& current) {
+    std::ifstream in(path, std::ios::binary);
+    if (!in) {
+        return Loaded<CropSettings>::Failure("the file cannot be opened (" +
+                                             std::generic_category().message(errno) + ")");
+    }
+    std::ostringstream text;
+    text << in.rdbuf();
+    return SettingsFromProfileText(text.str(), current);
+}
+
+}  // namespace vellumo

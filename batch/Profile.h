@@ -1,0 +1,46 @@
+#pragma once
+
+// Profiles: every setting a person sets in the window, saved as a small,
+// human-readable JSON file (".vellumo") and loaded back, by the window and
+// by the command line alike. A profile never holds the image list.
+//
+//   {
+//     "version": 1,
+//     "autoCrop": false, "customCrop": true,
+//     "customCropPixels": true, "customCropPercents": false,
+//     "autoCropRatio": "1:1",
+//     "pixels": {"x": 0, "y": 0, "width": 0, "height": 0},
+//     "percents": {"x": 20, "y": 20, "width": 60, "height": 60},
+//     "format": "JPG", "quality": 80,
+//     "nameTemplate": "[FileName]_cropped ([FileIndex])",
+//     "outputFolder": "", "keepMetadata": false
+//   }
+
+#include <string>
+
+#include "batch/CropSettings.h"
+#include "imaging/LoadResult.h"
+#include "imaging/SaveResult.h"
+
+namespace vellumo {
+
+inline constexpr int kProfileVersion = 1;
+inline constexpr const char* kProfileExtension = ".vellumo";
+
+// The profile's text for `settings`.
+std::string ProfileText(const CropSettings& settings);
+
+// The settings a profile's text gives, starting from `current`: keys that are
+// missing keep the current value, unknown keys are ignored. All or nothing:
+// text that is not JSON, another version, a value of the wrong type or out of
+// range gives a failure naming the problem and no settings at all.
+Loaded<CropSettings> SettingsFromProfileText(const std::string& text, const CropSettings& current);
+
+// Writes the profile to `path` atomically.
+SaveResult WriteProfile(const std::string& path, const CropSettings& settings);
+
+// Reads the profile at `path` (see SettingsFromProfileText); a file that
+// cannot be read is a failure with the reason.
+Loaded<CropSettings> ReadProfile(const std::string& path, const CropSettings& current);
+
+}  // namespace vellumo

@@ -1,0 +1,138 @@
+// Profiles: every setting saved and loaded back, all or nothing.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "batch/Profile.h"
+#include "tests/support/ReadBack.h"
+#include "tests/support/TempDir.h"
+
+namespace vellumo {
+namespace {
+
+CropSettings Unusual() {
+    CropSettings s;
+    s.autoCrop = true;
+    s.customCrop = false;
+    s.customCropPixels = false;
+    s.customCropPercents = true;
+    s.autoCropFormat = 2;
+    s.pixelsOriginX = -3.5f;
+    s.pixelsOriginY = 12.25f;
+    s.pixelsWidth = 640.75f;
+    s.pixelsHeight = 480.125f;
+    s.percentsOriginX = 12.3f;
+    s.percentsOriginY = 0.1f;
+    s.percentsWidth = 150.0f;
+    s.percentsHeight = 33.333f;
+    s.outputFormat = 7;
+    s.quality = 42.5f;
+    s.nameTemplate = "photo [FileIndex] – \"é\"";
+    s.outputFolder = "/tmp/out folder";
+    s.keepMetadata = true;
+    return s;
+}
+
+void ExpectSame(const CropSettings& a, const CropSettings& b) {
+    EXPECT_EQ(a.autoCrop, b.autoCrop);
+    EXPECT_EQ(a.customCrop, b.customCrop);
+    EXPECT_EQ(a.customCropPixels, b.customCropPixels);
+    EXPECT_EQ(a.customCropPercents, b.customCropPercents);
+    EXPECT_EQ(a.autoCropFormat, b.autoCropFormat);
+    EXPECT_EQ(a.pixelsOriginX, b.pixelsOriginX);
+    EXPECT_EQ(a.pixelsOriginY, b.pixelsOriginY);
+    EXPECT_EQ(a.pixelsWidth, b.pixelsWidth);
+    EXPECT_EQ(a.pixelsHeight, b.pixelsHeight);
+    EXPECT_EQ(a.percentsOriginX, b.percentsOriginX);
+    EXPECT_EQ(a.percentsOriginY, b.percentsOriginY);
+    EXPECT_EQ(a.percentsWidth, b.percentsWidth);
+    EXPECT_EQ(a.percentsHeight, b.percentsHeight);
+    EXPECT_EQ(a.outputFormat, b.outputFormat);
+    EXPECT_EQ(a.quality, b.quality);
+    EXPECT_EQ(a.nameTemplate, b.nameTemplate);
+    EXPECT_EQ(a.outputFolder, b.outputFolder);
+    EXPECT_EQ(a.keepMetadata, b.keepMetadata);
+}
+
+TEST(Profile, SaveThenLoadRestoresEverySettingExactly) {
+    test::TempDir dir;
+    const std::string path = dir.File("mine.vellumo");
+    ASSERT_TRUE(WriteProfile(path, Unusual()).saved);
+    const Loaded<CropSettings> loaded = ReadProfile(path, CropSettings{});
+    ASSERT_TRUE(loaded) << loaded.reason();
+    ExpectSame(*loaded, Unusual());
+    // Only the profile is there: no temporary file left behind.
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()), {}), 1);
+}
+
+TEST(Profile, IsReadableJsonWithAVersion) {
+    const std::string text = ProfileText(CropSettings{});
+    EXPECT_NE(text.find("\"version\": 1"), std::string::npos) << text;
+    EXPECT_NE(text.find("\"format\": \"JPG\""), std::string::npos) << text;
+    EXPECT_NE(text.find("\"nameTemplate\": \"[FileName]_cropped ([FileIndex])\""),
+              std::string::npos);
+    EXPECT_EQ(text.find("list"), std::string::npos);
+}
+
+TEST(Profile, MissingKeysKeepTheCurrentValueAndUnknownKeysAreIgnored) {
+    const Loaded<CropSettings> loaded = SettingsFromProfileText(
+        R"({"version": 1, "quality": 55, "percents": {"width": 70}, "futureOption": [1, 2]})",
+        Unusual());
+    ASSERT_TRUE(loaded) << loaded.reason();
+    CropSettings expected = Unusual();
+    expected.quality = 55;
+    expected.percentsWidth = 70;
+    ExpectSame(*loaded, expected);
+}
+
+TEST(Profile, FormatNamesInAnyCase) {
+    const auto loaded = SettingsFromProfileText(R"({"version": 1, "format": "png"})", {});
+    ASSERT_TRUE(loaded);
+    EXPECT_EQ(loaded->outputFormat, 5);
+}
+
+TEST(Profile, BadFilesGiveAReasonAndNoSettings) {
+    const struct {
+        const char* text;
+        const char* reason;
+    } cases[] = {
+        {"{ not json", "the file is not valid JSON"},
+        {"[1, 2]", "the file does not hold a profile"},
+        {R"({"quality": 50})", "the file has no \"version\""},
+        {R"({"version": 99})", "version 99 is not one this Vellumo reads (it reads version 1)"},
+        {R"({"version": 1, "quality": 300})", "\"quality\" must be between 0 and 100"},
+        {R"({"version": 1, "quality": "high"})", "\"quality\" must be a number"},
+        {R"({"version": 1, "format": "WEBP"})", "\"format\" has an unknown value \"WEBP\""},
+        {R"({"version": 1, "autoCropRatio": "5:4"})",
+         "\"autoCropRatio\" has an unknown value \"5:4\""},
+        {R"({"version": 1, "autoCrop": "yes"})", "\"autoCrop\" must be true or false"},
+        {R"({"version": 1, "pixels": {"x": 1e300}})",
+         "\"pixels.x\" must be between -1e+09 and 1e+09"},
+        {R"({"version": 1, "outputFolder": 7})", "\"outputFolder\" must be text"},
+    };
+    for (const auto& c : cases) {
+        const Loaded<CropSettings> loaded = SettingsFromProfileText(c.text, Unusual());
+        EXPECT_FALSE(loaded) << c.text;
+        EXPECT_EQ(loaded.reason(), c.reason) << c.text;
+    }
+}
+
+TEST(Profile, AnUnreadableFileIsAFailure) {
+    test::TempDir dir;
+    const Loaded<CropSettings> loaded = ReadProfile(dir.File("none.vellumo"), {});
+    EXPECT_FALSE(loaded);
+    EXPECT_EQ(loaded.reason(), "the file cannot be opened (No such file or directory)");
+}
+
+TEST(Profile, WritingReplacesAnExistingProfile) {
+    test::TempDir dir;
+    const std::string path = dir.File("p.vellumo");
+    std::ofstream(path) << "old";
+    ASSERT_TRUE(WriteProfile(path, Unusual()).saved);
+    EXPECT_EQ(test::ReadFile(path), ProfileText(Unusual()));
+}
+
+}  // namespace
+}  // namespace vellumo
