@@ -122,6 +122,14 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
     app.add_flag("--dry-run", options.dryRun, "Decide and report, write nothing");
     app.add_flag("--json", options.json, "One JSON object per image on standard output");
     app.add_flag("--quiet", options.quiet, "Print only failures");
+    double timeoutSeconds = 120;
+    app.add_option("--max-pixels", options.limits.maxPixels,
+                   "Refuse images that declare more pixels than this")
+        ->check(CLI::PositiveNumber)
+        ->capture_default_str();
+    app.add_option("--timeout", timeoutSeconds, "Give up on an image after this many seconds")
+        ->check(CLI::PositiveNumber)
+        ->capture_default_str();
     app.add_option("FILE", options.files, "Image files to crop")->required();
 
     try {
@@ -134,6 +142,8 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
         return UsageError(error.what());
     }
 
+    options.limits.timeout =
+        std::chrono::milliseconds(static_cast<long long>(timeoutSeconds * 1000.0));
     CropSettings& s = options.settings;
     if (profileOption->count() > 0) {
         const Loaded<CropSettings> loaded = ReadProfile(profile, s);

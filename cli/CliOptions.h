@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "batch/CropSettings.h"
+#include "batch/WorkerLimits.h"
 
 namespace vellumo::cli {
 
@@ -19,6 +20,7 @@ struct CliOptions {
     bool dryRun = false;
     bool json = false;
     bool quiet = false;
+    WorkerLimits limits;
 };
 
 struct ParseOutcome {

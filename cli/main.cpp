@@ -9,8 +9,8 @@
 #include <iostream>
 
 #include "batch/CropJob.h"
-#include "batch/ImageProcessor.h"
 #include "batch/OverwritePrompts.h"
+#include "batch/WorkerImageProcessor.h"
 #include "cli/CliOptions.h"
 #include "cli/Reporter.h"
 #include "cli/TerminalPrompt.h"
@@ -37,7 +37,9 @@ int main(int argc, char** argv) {
 
     cli::Reporter reporter(options, static_cast<long>(options.files.size()),
                            isatty(STDERR_FILENO) == 1);
-    InProcessImageProcessor processor;
+    // Decoding and encoding happen in a worker process: a file that crashes
+    // a decoder fails alone and the batch goes on.
+    WorkerImageProcessor processor(options.limits);
     JobCallbacks callbacks;
     callbacks.progress = [&](long, const ImageReport& report) { reporter.Image(report); };
     JobOptions jobOptions;

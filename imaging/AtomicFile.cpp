@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <atomic>
+#include <cstring>
 #include <cerrno>
 #include <filesystem>
 #include <random>
@@ -34,6 +35,22 @@ std::string RandomSuffix() {
     return suffix;
 }
 
+std::string TemporaryPrefix(long pid) { return "/.vellumo-" + std::to_string(pid) + "-"; }
+
+// The temporary file being written, for a signal handler to remove: a fixed
+// buffer, since a handler may not allocate. One write at a time per process
+// is what the worker does; other callers never use the handler.
+char currentTemporary[4096];
+std::atomic<bool> haveCurrentTemporary{false};
+
+void SetCurrentTemporary(const std::string& path) {
+    if (path.size() < sizeof currentTemporary) {
+        haveCurrentTemporary = false;
+        std::memcpy(currentTemporary, path.c_str(), path.size() + 1);
+        haveCurrentTemporary = true;
+    }
+}
+
 std::string FolderOf(const std::string& target) {
     const std::filesystem::path folder = std::filesystem::path(target).parent_path();
     return folder.empty() ? std::string(".") : folder.string();
@@ -43,7 +60,7 @@ std::string FolderOf(const std::string& target) {
 // permissions of any new file (the kernel applies the umask to 0666).
 int CreateTemporary(const std::string& folder, std::string& tempPath, int& error) {
     for (int attempt = 0; attempt < kNameAttempts; ++attempt) {
-        tempPath = folder + "/.vellumo-" + RandomSuffix() + ".tmp";
+        tempPath = folder + TemporaryPrefix(getpid()) + RandomSuffix() + ".tmp";
         const int fd = open(tempPath.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
         if (fd >= 0) {
             return fd;
@@ -77,11 +94,13 @@ SaveResult Replace(const std::string& target, const Filler& fill) {
     if (fd < 0) {
         return SaveResult::Failed(ReasonFromErrno(error));
     }
+    SetCurrentTemporary(tempPath);
     const auto fail = [&](SaveResult result) {
         if (fd >= 0) {
             close(fd);
         }
         unlink(tempPath.c_str());
+        haveCurrentTemporary = false;
         return result;
     };
 
@@ -102,6 +121,7 @@ SaveResult Replace(const std::string& target, const Filler& fill) {
     if (rename(tempPath.c_str(), target.c_str()) != 0) {
         return fail(SaveResult::Failed(ReasonFromErrno(errno)));
     }
+    haveCurrentTemporary = false;
     FlushFolder(folder);
     return SaveResult::Saved();
 }
@@ -110,6 +130,28 @@ SaveResult ReplaceWithBytes(const std::string& target, const void* bytes, std::s
     return Replace(target, [&](const std::string& tempPath) {
         return OverwriteFileBytes(tempPath, bytes, size);
     });
+}
+
+int RemoveLeftovers(const std::string& folder, long pid) {
+    const std::string prefix = TemporaryPrefix(pid).substr(1);
+    std::error_code error;
+    int removed = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
+        const std::string name = entry.path().filename().string();
+        if (name.rfind(prefix, 0) == 0 && name.size() > 4 &&
+            name.compare(name.size() - 4, 4, ".tmp") == 0) {
+            if (std::filesystem::remove(entry.path(), error)) {
+                ++removed;
+            }
+        }
+    }
+    return removed;
+}
+
+void RemoveCurrentTemporaryFromSignalHandler() {
+    if (haveCurrentTemporary) {
+        unlink(currentTemporary);
+    }
 }
 
 }  // namespace vellumo::atomicfile

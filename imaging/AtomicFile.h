@@ -25,4 +25,14 @@ SaveResult Replace(const std::string& target, const Filler& fill);
 // Replaces (or creates) `target` with `size` bytes.
 SaveResult ReplaceWithBytes(const std::string& target, const void* bytes, std::size_t size);
 
+// Temporary files are named ".vellumo-<process id>-<random>.tmp", so that
+// what a process that died mid-write left behind can be told from another
+// writer's work in progress. Removes the temporary files of process `pid`
+// from `folder`; returns how many.
+int RemoveLeftovers(const std::string& folder, long pid);
+
+// Removes the temporary file this process is writing right now, if any.
+// Safe to call from a signal handler (a process told to stop mid-write).
+void RemoveCurrentTemporaryFromSignalHandler();
+
 }  // namespace vellumo::atomicfile

@@ -55,8 +55,12 @@ constexpr std::size_t kErrorTextLimit = 4096;
 FailureScope::FailureScope() {
     if (collectorDepth++ == 0) {
         collectedWarnings.clear();
-    }
-    if (std::strlen(vips_error_buffer()) > kErrorTextLimit) {
+        // libvips skips a message that repeats the last one it holds, so a
+        // second failure on the same file would come without words: start
+        // from an empty text. (Another thread's failure, caught at the same
+        // moment, can lose its words this way; it still fails.)
+        vips_error_clear();
+    } else if (std::strlen(vips_error_buffer()) > kErrorTextLimit) {
         vips_error_clear();
     }
     errorTextStart_ = std::strlen(vips_error_buffer());

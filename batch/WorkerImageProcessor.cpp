@@ -1,0 +1,41 @@
+#include "batch/WorkerImageProcessor.h"
+
+#include <filesystem>
+
+#include "imaging/AtomicFile.h"
+
+namespace vellumo {
+
+WorkerImageProcessor::WorkerImageProcessor(WorkerLimits limits) : worker_(limits) {}
+
+ImageOutcome WorkerImageProcessor::Process(const ImageTask& task) {
+    const WorkerProcess::Reply reply =
+        worker_.Exchange(workerprotocol::ImageRequest(task, worker_.limits().maxPixels));
+    if (reply.message) {
+        if (auto outcome = workerprotocol::OutcomeFrom(*reply.message)) {
+            return *outcome;
+        }
+    }
+    if (reply.deadWorker != 0) {
+        std::filesystem::path folder = std::filesystem::path(task.output).parent_path();
+        atomicfile::RemoveLeftovers(folder.empty() ? "." : folder.string(), reply.deadWorker);
+    }
+    ImageOutcome failed;
+    failed.reason =
+        "cannot decode: " +
+        (reply.failure.empty() ? std::string("the image worker answered nonsense") : reply.failure);
+    return failed;
+}
+
+WorkerPreviewDecoder::WorkerPreviewDecoder(WorkerLimits limits) : worker_(limits) {}
+
+PreviewResult WorkerPreviewDecoder::Decode(const std::string& path, int maxSide) {
+    const WorkerProcess::Reply reply =
+        worker_.Exchange(workerprotocol::PreviewRequest(path, maxSide, worker_.limits().maxPixels));
+    if (reply.message) {
+        return workerprotocol::PreviewFrom(*reply.message);
+    }
+    return PreviewResult::Failure(reply.failure);
+}
+
+}  // namespace vellumo

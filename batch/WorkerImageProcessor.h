@@ -1,0 +1,36 @@
+#pragma once
+
+#include "batch/ImageProcessor.h"
+#include "batch/PreviewDecoder.h"
+#include "batch/WorkerLimits.h"
+#include "batch/WorkerProcess.h"
+
+namespace vellumo {
+
+// Each image's work done in a separate, long-lived worker process under
+// limits: a crash, an exhausted memory or a timeout fails that image alone,
+// with a reason, and the next image gets a fresh worker. What a dead worker
+// left half-written (its temporary file) is removed.
+class WorkerImageProcessor final : public ImageProcessor {
+  public:
+    explicit WorkerImageProcessor(WorkerLimits limits = {});
+    ImageOutcome Process(const ImageTask& task) override;
+
+    // The running worker's process id, or 0.
+    long WorkerPid() const { return worker_.Pid(); }
+
+  private:
+    WorkerProcess worker_;
+};
+
+// Previews decoded in a worker process of their own, likewise.
+class WorkerPreviewDecoder final : public PreviewDecoder {
+  public:
+    explicit WorkerPreviewDecoder(WorkerLimits limits = {});
+    PreviewResult Decode(const std::string& path, int maxSide) override;
+
+  private:
+    WorkerProcess worker_;
+};
+
+}  // namespace vellumo

@@ -1,0 +1,178 @@
+#include "batch/WorkerProcess.h"
+
+#include <fcntl.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <sstream>
+
+extern char** environ;
+
+namespace vellumo {
+
+namespace {
+
+// The worker's end of the socket, as the worker expects it.
+constexpr int kWorkerSocketFd = 3;
+
+std::string Gigabytes(std::uint64_t bytes) {
+    std::ostringstream text;
+    const double gb = static_cast<double>(bytes) / (1024.0 * 1024.0 * 1024.0);
+    text << (gb < 10 ? std::round(gb * 10) / 10 : std::round(gb)) << " GB";
+    return text.str();
+}
+
+}  // namespace
+
+std::string WorkerExecutablePath() {
+    if (const char* configured = std::getenv("VELLUMO_WORKER"); configured && *configured) {
+        return configured;
+    }
+    std::error_code error;
+    const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", error);
+    if (!error) {
+        const std::filesystem::path beside = self.parent_path() / "vellumo-worker";
+        if (std::filesystem::exists(beside, error)) {
+            return beside.string();
+        }
+    }
+    return VELLUMO_WORKER_BUILD_PATH;
+}
+
+WorkerProcess::WorkerProcess(WorkerLimits limits) : limits_(limits) {}
+
+WorkerProcess::~WorkerProcess() {
+    Stop();
+}
+
+bool WorkerProcess::Start(std::string& failure) {
+    int sockets[2];
+    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, sockets) != 0) {
+        failure = "the image worker could not be started (no socket)";
+        return false;
+    }
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    // dup2 clears close-on-exec on the copy the worker keeps.
+    posix_spawn_file_actions_adddup2(&actions, sockets[1], kWorkerSocketFd);
+    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    const std::string path = WorkerExecutablePath();
+    const std::string addressSpace = std::to_string(WorkerAddressSpace(limits_));
+    const char* argv[] = {path.c_str(),      "--socket-fd",        "3",
+                          "--address-space", addressSpace.c_str(), nullptr};
+    pid_t pid = 0;
+    const int spawned =
+        posix_spawn(&pid, path.c_str(), &actions, nullptr, const_cast<char* const*>(argv), environ);
+    posix_spawn_file_actions_destroy(&actions);
+    close(sockets[1]);
+    if (spawned != 0) {
+        close(sockets[0]);
+        failure = "the image worker could not be started (" + path + ": " +
+                  std::generic_category().message(spawned) + ")";
+        return false;
+    }
+    pid_ = pid;
+    socket_ = sockets[0];
+    workerprotocol::Message hello;
+    const auto status = workerprotocol::Receive(socket_, hello, 30000);
+    if (status != workerprotocol::ReceiveStatus::Received ||
+        workerprotocol::HelloVersion(hello) != workerprotocol::kVersion) {
+        Stop();
+        failure = "the image worker did not start properly (" + path + ")";
+        return false;
+    }
+    return true;
+}
+
+int WorkerProcess::Stop() {
+    if (socket_ >= 0) {
+        close(socket_);
+        socket_ = -1;
+    }
+    int status = 0;
+    if (pid_ > 0) {
+        // A worker that has not already ended is stopped now.
+        if (waitpid(pid_, &status, WNOHANG) == 0) {
+            kill(pid_, SIGKILL);
+            while (waitpid(pid_, &status, 0) < 0 && errno == EINTR) {
+            }
+        }
+        pid_ = 0;
+    }
+    return status;
+}
+
+std::string WorkerProcess::DeathReason(int status, bool timedOut,
+                                       std::uint64_t decodingBytes) const {
+    if (timedOut) {
+        std::ostringstream seconds;
+        seconds << std::chrono::duration<double>(limits_.timeout).count();
+        return "decoding took longer than " + seconds.str() + " s";
+    }
+    // A decoder that needs more memory than the worker may have fails as
+    // allocations fail: an abort, a crash, or the system's out-of-memory
+    // killer.
+    const bool outOfMemory = decodingBytes > WorkerAddressSpace(limits_) / 2;
+    if (WIFSIGNALED(status)) {
+        if (outOfMemory) {
+            return "this image would need " + Gigabytes(decodingBytes) + " of memory";
+        }
+        if (WTERMSIG(status) == SIGKILL) {
+            return "the image worker was stopped from outside while working on this file";
+        }
+        return "the image decoder crashed on this file";
+    }
+    if (outOfMemory) {
+        return "this image would need " + Gigabytes(decodingBytes) + " of memory";
+    }
+    return "the image worker ended unexpectedly on this file";
+}
+
+WorkerProcess::Reply WorkerProcess::Exchange(const workerprotocol::Message& request) {
+    Reply reply;
+    if (pid_ == 0 && !Start(reply.failure)) {
+        return reply;
+    }
+    if (!workerprotocol::Send(socket_, request)) {
+        // Gone since the last request (killed from outside, say): once more
+        // with a fresh one.
+        Stop();
+        if (!Start(reply.failure))
+            return reply;
+        if (!workerprotocol::Send(socket_, request)) {
+            reply.deadWorker = pid_;
+            reply.failure = DeathReason(Stop(), false, 0);
+            return reply;
+        }
+    }
+    const auto deadline = std::chrono::steady_clock::now() + limits_.timeout;
+    std::uint64_t decodingBytes = 0;
+    for (;;) {
+        const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
+            deadline - std::chrono::steady_clock::now());
+        workerprotocol::Message message;
+        const auto status = workerprotocol::Receive(
+            socket_, message, static_cast<int>(std::max<long long>(0, left.count())));
+        if (status == workerprotocol::ReceiveStatus::Received) {
+            if (workerprotocol::TypeOf(message) == "decoding") {
+                decodingBytes = workerprotocol::DecodingBytes(message);
+                continue;
+            }
+            reply.message = std::move(message);
+            return reply;
+        }
+        const bool timedOut = status == workerprotocol::ReceiveStatus::TimedOut;
+        reply.deadWorker = pid_;
+        reply.failure = DeathReason(Stop(), timedOut, decodingBytes);
+        return reply;
+    }
+}
+
+}  // namespace vellumo

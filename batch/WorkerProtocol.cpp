@@ -1,0 +1,352 @@
+#include "batch/WorkerProtocol.h"
+
+#include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <nlohmann/json.hpp>
+
+#include "batch/Profile.h"
+#include "imaging/ImageAccess.h"
+#include "imaging/PixelConvert.h"
+#include "imaging/VipsRuntime.h"
+
+namespace vellumo::workerprotocol {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+// Frames larger than this are refused: nothing the worker sends comes near
+// (a preview picture is a few megabytes).
+constexpr std::uint32_t kMaxPart = 512u * 1024u * 1024u;
+
+bool SendAll(int socket, const char* data, std::size_t size) {
+    while (size > 0) {
+        const ssize_t sent = send(socket, data, size, MSG_NOSIGNAL);
+        if (sent < 0) {
+            if (errno == EINTR)
+                continue;
+            return false;
+        }
+        data += sent;
+        size -= static_cast<std::size_t>(sent);
+    }
+    return true;
+}
+
+// Reads exactly `size` bytes, waiting at most until `deadline` (in poll
+// milliseconds from now, re-computed by the caller's single wait).
+ReceiveStatus ReceiveAll(int socket, char* data, std::size_t size, int timeoutMilliseconds) {
+    while (size > 0) {
+        pollfd waiting{socket, POLLIN, 0};
+        const int ready = poll(&waiting, 1, timeoutMilliseconds);
+        if (ready < 0) {
+            if (errno == EINTR)
+                continue;
+            return ReceiveStatus::Closed;
+        }
+        if (ready == 0) {
+            return ReceiveStatus::TimedOut;
+        }
+        const ssize_t got = recv(socket, data, size, 0);
+        if (got < 0) {
+            if (errno == EINTR)
+                continue;
+            return ReceiveStatus::Closed;
+        }
+        if (got == 0) {
+            return ReceiveStatus::Closed;
+        }
+        data += got;
+        size -= static_cast<std::size_t>(got);
+    }
+    return ReceiveStatus::Received;
+}
+
+void PutU32(char* at, std::uint32_t value) {
+    for (int i = 0; i < 4; ++i)
+        at[i] = static_cast<char>((value >> (8 * i)) & 0xff);
+}
+
+std::uint32_t GetU32(const char* at) {
+    std::uint32_t value = 0;
+    for (int i = 0; i < 4; ++i)
+        value |= static_cast<std::uint32_t>(static_cast<unsigned char>(at[i])) << (8 * i);
+    return value;
+}
+
+Json Parse(const Message& message) {
+    return Json::parse(message.json, nullptr, false);
+}
+
+const char* DecisionName(OverwriteDecision d) {
+    switch (d) {
+        case OverwriteDecision::Overwrite:
+            return "overwrite";
+        case OverwriteDecision::Skip:
+            return "skip";
+        case OverwriteDecision::NoConflict:
+            break;
+    }
+    return "no-conflict";
+}
+
+OverwriteDecision DecisionFrom(const std::string& name) {
+    if (name == "overwrite")
+        return OverwriteDecision::Overwrite;
+    if (name == "skip")
+        return OverwriteDecision::Skip;
+    return OverwriteDecision::NoConflict;
+}
+
+const char* StatusName(ImageStatus s) {
+    switch (s) {
+        case ImageStatus::Written:
+            return "written";
+        case ImageStatus::Skipped:
+            return "skipped";
+        case ImageStatus::Planned:
+            return "planned";
+        case ImageStatus::Failed:
+            break;
+    }
+    return "failed";
+}
+
+ImageStatus StatusFrom(const std::string& name) {
+    if (name == "written")
+        return ImageStatus::Written;
+    if (name == "skipped")
+        return ImageStatus::Skipped;
+    if (name == "planned")
+        return ImageStatus::Planned;
+    return ImageStatus::Failed;
+}
+
+}  // namespace
+
+bool Send(int socket, const Message& message) {
+    if (message.json.size() > kMaxPart || message.binary.size() > kMaxPart) {
+        return false;
+    }
+    char header[8];
+    PutU32(header, static_cast<std::uint32_t>(message.json.size()));
+    PutU32(header + 4, static_cast<std::uint32_t>(message.binary.size()));
+    return SendAll(socket, header, sizeof header) &&
+           SendAll(socket, message.json.data(), message.json.size()) &&
+           SendAll(socket, message.binary.data(), message.binary.size());
+}
+
+ReceiveStatus Receive(int socket, Message& message, int timeoutMilliseconds) {
+    char header[8];
+    ReceiveStatus status = ReceiveAll(socket, header, sizeof header, timeoutMilliseconds);
+    if (status != ReceiveStatus::Received) {
+        return status;
+    }
+    const std::uint32_t jsonSize = GetU32(header);
+    const std::uint32_t binarySize = GetU32(header + 4);
+    if (jsonSize > kMaxPart || binarySize > kMaxPart) {
+        return ReceiveStatus::Closed;
+    }
+    // Once a frame has begun, the rest follows at once.
+    message.json.assign(jsonSize, '\0');
+    message.binary.assign(binarySize, '\0');
+    status = ReceiveAll(socket, message.json.data(), jsonSize, -1);
+    if (status == ReceiveStatus::Received) {
+        status = ReceiveAll(socket, message.binary.data(), binarySize, -1);
+    }
+    return status;
+}
+
+std::string TypeOf(const Message& message) {
+    const Json json = Parse(message);
+    if (!json.is_object() || !json.contains("type") || !json["type"].is_string())
+        return {};
+    return json["type"].get<std::string>();
+}
+
+Message Hello() {
+    return {Json{{"type", "hello"}, {"version", kVersion}}.dump(), {}};
+}
+
+std::optional<int> HelloVersion(const Message& message) {
+    const Json json = Parse(message);
+    if (TypeOf(message) != "hello" || !json["version"].is_number_integer())
+        return std::nullopt;
+    return json["version"].get<int>();
+}
+
+Message ImageRequest(const ImageTask& task, std::uint64_t maxPixels) {
+    const Json json = {
+        {"type", "image"},
+        {"index", task.index},
+        {"source", task.source},
+        {"output", task.output},
+        {"decision", DecisionName(task.decision)},
+        {"settings", Json::parse(ProfileText(task.settings))},
+        {"carryMetadata", task.carryMetadata},
+        {"dryRun", task.dryRun},
+        {"maxPixels", maxPixels},
+    };
+    return {json.dump(), {}};
+}
+
+std::optional<ImageTask> TaskFrom(const Message& message, std::uint64_t& maxPixels) {
+    const Json json = Parse(message);
+    if (TypeOf(message) != "image")
+        return std::nullopt;
+    try {
+        ImageTask task;
+        task.index = json.at("index").get<long>();
+        task.source = json.at("source").get<std::string>();
+        task.output = json.at("output").get<std::string>();
+        task.decision = DecisionFrom(json.at("decision").get<std::string>());
+        const Loaded<CropSettings> settings =
+            SettingsFromProfileText(json.at("settings").dump(), CropSettings{});
+        if (!settings)
+            return std::nullopt;
+        task.settings = *settings;
+        task.carryMetadata = json.at("carryMetadata").get<bool>();
+        task.dryRun = json.at("dryRun").get<bool>();
+        maxPixels = json.at("maxPixels").get<std::uint64_t>();
+        return task;
+    } catch (const nlohmann::json::exception&) {
+        return std::nullopt;
+    }
+}
+
+Message PreviewRequest(const std::string& path, int maxSide, std::uint64_t maxPixels) {
+    return {
+        Json{{"type", "preview"}, {"path", path}, {"maxSide", maxSide}, {"maxPixels", maxPixels}}
+            .dump(),
+        {}};
+}
+
+bool PreviewRequestFrom(const Message& message, std::string& path, int& maxSide,
+                        std::uint64_t& maxPixels) {
+    const Json json = Parse(message);
+    if (TypeOf(message) != "preview")
+        return false;
+    try {
+        path = json.at("path").get<std::string>();
+        maxSide = json.at("maxSide").get<int>();
+        maxPixels = json.at("maxPixels").get<std::uint64_t>();
+        return true;
+    } catch (const nlohmann::json::exception&) {
+        return false;
+    }
+}
+
+Message DecodingNote(std::uint64_t bytes) {
+    return {Json{{"type", "decoding"}, {"bytes", bytes}}.dump(), {}};
+}
+
+std::uint64_t DecodingBytes(const Message& message) {
+    const Json json = Parse(message);
+    if (TypeOf(message) != "decoding" || !json["bytes"].is_number_unsigned())
+        return 0;
+    return json["bytes"].get<std::uint64_t>();
+}
+
+Message OutcomeReply(const ImageOutcome& outcome) {
+    Json json = {{"type", "outcome"},
+                 {"status", StatusName(outcome.status)},
+                 {"reason", outcome.reason},
+                 {"removeError", outcome.removeError}};
+    if (outcome.rect) {
+        json["rect"] = {outcome.rect->x, outcome.rect->y, outcome.rect->width,
+                        outcome.rect->height};
+    }
+    if (outcome.outputSize) {
+        json["size"] = {outcome.outputSize->width, outcome.outputSize->height};
+    }
+    return {json.dump(), {}};
+}
+
+std::optional<ImageOutcome> OutcomeFrom(const Message& message) {
+    const Json json = Parse(message);
+    if (TypeOf(message) != "outcome")
+        return std::nullopt;
+    try {
+        ImageOutcome outcome;
+        outcome.status = StatusFrom(json.at("status").get<std::string>());
+        outcome.reason = json.at("reason").get<std::string>();
+        outcome.removeError = json.at("removeError").get<std::string>();
+        if (json.contains("rect")) {
+            const auto& r = json["rect"];
+            outcome.rect = Rect{r.at(0).get<double>(), r.at(1).get<double>(), r.at(2).get<double>(),
+                                r.at(3).get<double>()};
+        }
+        if (json.contains("size")) {
+            outcome.outputSize =
+                Size{json["size"].at(0).get<double>(), json["size"].at(1).get<double>()};
+        }
+        return outcome;
+    } catch (const nlohmann::json::exception&) {
+        return std::nullopt;
+    }
+}
+
+Message PreviewReply(const PreviewResult& preview) {
+    if (!preview) {
+        return {Json{{"type", "preview"}, {"reason", preview.reason()}}.dump(), {}};
+    }
+    // The picture travels as 8-bit sRGB, three samples a pixel, or four
+    // when it has alpha.
+    const vips::VImage* pixels = ImageAccess::Pixels(preview->picture);
+    if (pixels == nullptr) {
+        return {Json{{"type", "preview"}, {"reason", "the picture is empty"}}.dump(), {}};
+    }
+    vipsruntime::FailureScope scope;
+    try {
+        const vips::VImage rgb = pixelconvert::ToSrgb8(*pixels, pixels->has_alpha());
+        std::size_t size = 0;
+        void* data = rgb.write_to_memory(&size);
+        Message message{Json{{"type", "preview"},
+                             {"fullSize", {preview->fullSize.width, preview->fullSize.height}},
+                             {"width", rgb.width()},
+                             {"height", rgb.height()},
+                             {"bands", rgb.bands()}}
+                            .dump(),
+                        std::string(static_cast<const char*>(data), size)};
+        g_free(data);
+        return message;
+    } catch (const vips::VError& error) {
+        return {Json{{"type", "preview"}, {"reason", scope.Reason(error)}}.dump(), {}};
+    }
+}
+
+PreviewResult PreviewFrom(const Message& message) {
+    const Json json = Parse(message);
+    if (TypeOf(message) != "preview") {
+        return PreviewResult::Failure("the image worker answered something else");
+    }
+    if (json.contains("reason")) {
+        return PreviewResult::Failure(json["reason"].get<std::string>());
+    }
+    try {
+        const int width = json.at("width").get<int>();
+        const int height = json.at("height").get<int>();
+        const int bands = json.at("bands").get<int>();
+        if (width <= 0 || height <= 0 || (bands != 3 && bands != 4) ||
+            message.binary.size() != static_cast<std::size_t>(width) * height * bands) {
+            return PreviewResult::Failure("the image worker sent a damaged picture");
+        }
+        vipsruntime::EnsureStarted();
+        vips::VImage pixels = vips::VImage::new_from_memory_steal(
+            g_memdup2(message.binary.data(), message.binary.size()), message.binary.size(), width,
+            height, bands, VIPS_FORMAT_UCHAR);
+        pixels =
+            pixels.copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
+        const Size full{json.at("fullSize").at(0).get<double>(),
+                        json.at("fullSize").at(1).get<double>()};
+        return PreviewResult::Success(Preview{full, ImageAccess::Make(pixels, width, height)});
+    } catch (const nlohmann::json::exception&) {
+        return PreviewResult::Failure("the image worker sent a damaged picture");
+    }
+}
+
+}  // namespace vellumo::workerprotocol
