@@ -30,6 +30,9 @@ JobReport RunCropJob(const CropSettings& settings, const std::vector<std::string
         if (options.printRemoveFailures && !image.outcome.removeError.empty()) {
             std::cout << "Remove failed: " << image.outcome.removeError << std::endl;
         }
+        if (options.printRemoveFailures && !image.outcome.console.empty()) {
+            std::cout << image.outcome.console << std::flush;
+        }
         if (image.outcome.status == ImageStatus::Failed) {
             report.allSucceeded = false;
         }

@@ -38,9 +38,9 @@ struct JobCallbacks {
 
 struct JobOptions {
     bool dryRun = false;
-    // "Remove failed: ..." lines on standard output. Off when standard output
-    // carries something else (the command line's JSON); the error is in the
-    // image's outcome either way.
+    // "Remove failed: ..." lines, and what a worker process wrote, on
+    // standard output. Off when standard output carries something else (the
+    // command line's JSON); both are in the image's outcome either way.
     bool printRemoveFailures = true;
 };
 

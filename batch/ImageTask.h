@@ -46,6 +46,9 @@ struct ImageOutcome {
     // Set when removing an existing output before an overwrite failed: the
     // error's description. The save was attempted anyway.
     std::string removeError;
+    // What the work wrote to standard output (the line "ERROR" when a
+    // creation date could not be carried), for the engine to pass on.
+    std::string console;
 };
 
 }  // namespace vellumo

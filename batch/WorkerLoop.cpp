@@ -1,7 +1,9 @@
 #include "batch/WorkerLoop.h"
 
 #include <cstdlib>
+#include <iostream>
 #include <optional>
+#include <sstream>
 #include <string>
 
 #include "batch/ImageProcessor.h"
@@ -12,6 +14,12 @@
 namespace vellumo {
 
 namespace {
+
+std::string Megapixels(std::uint64_t pixels) {
+    std::ostringstream text;
+    text << static_cast<double>(pixels) / 1e6;
+    return text.str();
+}
 
 // Why a file is refused before decoding, or nothing. Tells the engine how
 // much memory the decoded image takes (about four bytes a pixel), so that a
@@ -26,7 +34,7 @@ std::optional<std::string> CheckPixels(int socket, const std::string& path,
     if (pixels > static_cast<double>(maxPixels)) {
         return "the image declares " + std::to_string(static_cast<long long>(size->width)) + " x " +
                std::to_string(static_cast<long long>(size->height)) +
-               " pixels, more than the limit of " + std::to_string(maxPixels / 1'000'000) +
+               " pixels, more than the limit of " + Megapixels(maxPixels) +
                " megapixels";
     }
     workerprotocol::Send(socket,
@@ -57,7 +65,14 @@ int RunWorker(int socket) {
             if (auto refusal = CheckPixels(socket, task->source, maxPixels)) {
                 outcome.reason = "cannot decode: " + *refusal;
             } else {
+                // This process's own standard output goes nowhere (decoders
+                // print there as they fail); what the work itself prints
+                // travels with the outcome.
+                std::ostringstream console;
+                std::streambuf* const standardOutput = std::cout.rdbuf(console.rdbuf());
                 outcome = processor.Process(*task);
+                std::cout.rdbuf(standardOutput);
+                outcome.console = console.str();
             }
             reply = workerprotocol::OutcomeReply(outcome);
         } else {

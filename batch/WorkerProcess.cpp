@@ -63,6 +63,11 @@ bool WorkerProcess::Start(std::string& failure) {
     // dup2 clears close-on-exec on the copy the worker keeps.
     posix_spawn_file_actions_adddup2(&actions, sockets[1], kWorkerSocketFd);
     posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    // What decoders print as they fail (or crash) is noise to the person
+    // running a batch; the engine reports each failure with its reason, and
+    // what the work itself prints comes back with its outcome.
+    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
     const std::string path = WorkerExecutablePath();
     const std::string addressSpace = std::to_string(WorkerAddressSpace(limits_));
     const char* argv[] = {path.c_str(),      "--socket-fd",        "3",

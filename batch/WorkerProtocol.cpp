@@ -255,7 +255,8 @@ Message OutcomeReply(const ImageOutcome& outcome) {
     Json json = {{"type", "outcome"},
                  {"status", StatusName(outcome.status)},
                  {"reason", outcome.reason},
-                 {"removeError", outcome.removeError}};
+                 {"removeError", outcome.removeError},
+                 {"console", outcome.console}};
     if (outcome.rect) {
         json["rect"] = {outcome.rect->x, outcome.rect->y, outcome.rect->width,
                         outcome.rect->height};
@@ -275,6 +276,7 @@ std::optional<ImageOutcome> OutcomeFrom(const Message& message) {
         outcome.status = StatusFrom(json.at("status").get<std::string>());
         outcome.reason = json.at("reason").get<std::string>();
         outcome.removeError = json.at("removeError").get<std::string>();
+        outcome.console = json.at("console").get<std::string>();
         if (json.contains("rect")) {
             const auto& r = json["rect"];
             outcome.rect = Rect{r.at(0).get<double>(), r.at(1).get<double>(), r.at(2).get<double>(),

@@ -58,6 +58,9 @@ nlohmann::ordered_json ToJson(const ImageReport& report) {
     if (!outcome.removeError.empty()) {
         object["removeError"] = outcome.removeError;
     }
+    if (!outcome.console.empty()) {
+        object["console"] = outcome.console;
+    }
     return object;
 }
 

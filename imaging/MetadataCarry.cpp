@@ -1,5 +1,7 @@
 #include "imaging/MetadataCarry.h"
 
+#include <iostream>
+
 #include <cstdint>
 #include <cstdio>
 #include <exception>
@@ -175,8 +177,7 @@ void Carry(const std::string& originalImagePath, const std::string& croppedImage
         return;
     }
     if (!filedates::SetCreationDate(croppedImagePath, date)) {
-        std::fputs("ERROR\n", stdout);
-        std::fflush(stdout);
+        std::cout << "ERROR" << std::endl;
     }
 }
 

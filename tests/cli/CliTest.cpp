@@ -309,6 +309,67 @@ TEST_F(CliTest, ABadProfileIsAUsageError) {
                            ": version 99 is not one this Vellumo reads (it reads version 1)\n");
 }
 
+TEST_F(CliTest, AFileThatCrashesTheDecoderFailsAloneInABatchOfTen) {
+    VELLUMO_REQUIRE_TESTDATA();
+    std::vector<std::string> paths;
+    for (int i = 0; i < 10; ++i) {
+        if (i == 4) {
+            paths.push_back(test::TestDataPath("bad/issue254.jp2"));
+            continue;
+        }
+        paths.push_back(dir.File("p" + std::to_string(i) + ".png"));
+        test::CoordinateImage(120, 90).pngsave(paths.back().c_str());
+    }
+    const CliRun run = Cli("--auto 1:1 --json --output " + ShellQuote(Out()) + Files(paths));
+    EXPECT_EQ(run.exitCode, 1);
+    ASSERT_EQ(run.objects.size(), 10u);
+    EXPECT_EQ(run.objects[4]["status"], "failed");
+    EXPECT_EQ(run.objects[4]["reason"], "cannot decode: the image decoder crashed on this file");
+    EXPECT_EQ(std::distance(fs::directory_iterator(Out()), fs::directory_iterator{}), 9);
+    EXPECT_EQ(run.err, "");  // the crash's own noise stays in the worker
+}
+
+TEST_F(CliTest, EveryHostileFileFailsWithAReasonAndNothingDiesOfASignal) {
+    VELLUMO_REQUIRE_TESTDATA();
+    std::vector<std::string> paths;
+    for (const auto& entry : fs::directory_iterator(test::TestDataPath("bad"))) {
+        paths.push_back(entry.path().string());
+    }
+    std::sort(paths.begin(), paths.end());
+    const CliRun run = Cli("--auto 4:3 --json --output " + ShellQuote(Out()) + Files(paths));
+    EXPECT_TRUE(run.exitCode == 0 || run.exitCode == 1) << "exit " << run.exitCode;
+    ASSERT_EQ(run.objects.size(), paths.size());
+    int failed = 0;
+    for (const auto& o : run.objects) {
+        if (o["status"] == "failed") {
+            ++failed;
+            ASSERT_TRUE(o["reason"].is_string()) << o.dump();
+            EXPECT_GT(std::string(o["reason"]).size(), std::string("cannot decode: ").size())
+                << o.dump();
+        } else {
+            EXPECT_EQ(o["status"], "written") << o.dump();
+        }
+    }
+    EXPECT_GT(failed, 20);
+    for (const auto& entry : fs::directory_iterator(Out())) {
+        EXPECT_NE(entry.path().filename().string().rfind(".vellumo-", 0), 0u) << entry.path();
+    }
+}
+
+TEST_F(CliTest, LimitsAreSetFromTheCommandLine) {
+    test::CoordinateImage(400, 300).pngsave(dir.File("a.png").c_str());
+    const CliRun refused = Cli("--max-pixels 100000 --json --output " + ShellQuote(Out()) + " " +
+                               ShellQuote(dir.File("a.png")));
+    EXPECT_EQ(refused.exitCode, 1);
+    EXPECT_EQ(refused.objects[0]["reason"],
+              "cannot decode: the image declares 400 x 300 pixels, more than the limit of 0.1 "
+              "megapixels");
+    const CliRun allowed = Cli("--max-pixels 120000 --timeout 30 --json --output " +
+                               ShellQuote(Out()) + " " + ShellQuote(dir.File("a.png")));
+    EXPECT_EQ(allowed.exitCode, 0);
+    EXPECT_EQ(Cli("--timeout -1 --output o " + ShellQuote(dir.File("a.png"))).exitCode, 2);
+}
+
 TEST_F(CliTest, FormatNamesAreTakenInAnyCase) {
     test::CoordinateImage(20, 10).pngsave(dir.File("a.png").c_str());
     const CliRun run = Cli("--format tIf --json --output " + ShellQuote(Out()) + " " +

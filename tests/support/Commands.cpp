@@ -2,8 +2,11 @@
 
 #include <stdio.h>
 #include <sys/wait.h>
+#include <zlib.h>
 
 #include <array>
+#include <fstream>
+#include <iterator>
 
 namespace vellumo::test {
 
@@ -57,6 +60,16 @@ MagickSize MagickIdentifySize(const std::string& path) {
         return {};
     }
     return size;
+}
+
+std::string ReadFileBytes(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+unsigned Crc32(const std::string& bytes) {
+    return static_cast<unsigned>(
+        crc32(0L, reinterpret_cast<const Bytef*>(bytes.data()), static_cast<uInt>(bytes.size())));
 }
 
 }  // namespace vellumo::test

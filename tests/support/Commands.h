@@ -31,4 +31,10 @@ struct MagickSize {
 // The size ImageMagick reads for the first page or frame, or 0 x 0.
 MagickSize MagickIdentifySize(const std::string& path);
 
+// The whole file as bytes.
+std::string ReadFileBytes(const std::string& path);
+
+// The CRC-32 of `bytes`, as PNG chunks carry it.
+unsigned Crc32(const std::string& bytes);
+
 }  // namespace vellumo::test

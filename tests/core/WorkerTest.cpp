@@ -1,0 +1,194 @@
+// The worker process: hostile files, dead and stopped workers, limits.
+
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <thread>
+
+#include "batch/CropJob.h"
+#include "batch/OutputPath.h"
+#include "batch/WorkerImageProcessor.h"
+#include "imaging/ImageTools.h"
+#include "tests/support/Commands.h"
+#include "tests/support/TempDir.h"
+#include "tests/support/TestData.h"
+#include "tests/support/TestImages.h"
+
+namespace vellumo {
+namespace {
+
+namespace fs = std::filesystem;
+using D = OverwriteDecision;
+
+class WorkerTest : public ::testing::Test {
+  protected:
+    WorkerTest() {
+        settings.outputFolder = dir.File("out");
+        fs::create_directory(settings.outputFolder);
+        settings.outputFormat = 5;  // PNG
+        settings.nameTemplate = "[FileName]";
+        settings.autoCrop = true;
+        settings.customCrop = false;
+        settings.autoCropFormat = 3;
+    }
+    // A quickly made PNG: coordinates as colours.
+    std::string Picture(const std::string& name, int w, int h) {
+        test::CoordinateImage(w, h).pngsave(dir.File(name).c_str(),
+                                            vips::VImage::option()->set("compression", 1));
+        return dir.File(name);
+    }
+    // Every file left in the output folder: outputs only, never a
+    // temporary file.
+    std::vector<std::string> OutputFolder() {
+        std::vector<std::string> names;
+        for (const auto& entry : fs::directory_iterator(settings.outputFolder)) {
+            names.push_back(entry.path().filename().string());
+        }
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+
+    test::TempDir dir;
+    CropSettings settings;
+};
+
+TEST_F(WorkerTest, ACrashingDecoderFailsOnlyItsImage) {
+    VELLUMO_REQUIRE_TESTDATA();
+    const std::vector<std::string> list = {
+        Picture("a.png", 64, 48), test::TestDataPath("bad/issue254.jp2"), Picture("c.png", 64, 48)};
+    WorkerImageProcessor processor;
+    const JobReport report =
+        RunCropJob(settings, list, {D::NoConflict, D::NoConflict, D::NoConflict}, processor);
+    EXPECT_FALSE(report.allSucceeded);
+    EXPECT_EQ(report.images[0].outcome.status, ImageStatus::Written);
+    EXPECT_EQ(report.images[1].outcome.status, ImageStatus::Failed);
+    EXPECT_EQ(report.images[1].outcome.reason,
+              "cannot decode: the image decoder crashed on this file");
+    EXPECT_EQ(report.images[2].outcome.status, ImageStatus::Written);
+    EXPECT_EQ(OutputFolder(), (std::vector<std::string>{"a.png", "c.png"}));
+}
+
+TEST_F(WorkerTest, AWorkerKilledMidImageFailsThatImageAndTheJobGoesOn) {
+    // Large enough that writing each takes a good part of a second.
+    std::vector<std::string> list;
+    for (int i = 0; i < 4; ++i)
+        list.push_back(Picture("p" + std::to_string(i) + ".png", 4000, 3000));
+    WorkerImageProcessor processor;
+    std::thread killer;
+    JobCallbacks callbacks;
+    callbacks.progress = [&](long index, const ImageReport&) {
+        if (index == 0) {
+            // Image 1 is next: stop its worker as soon as it is writing the
+            // output (its temporary file has appeared).
+            const long pid = processor.WorkerPid();
+            const std::string folder = settings.outputFolder;
+            killer = std::thread([pid, folder] {
+                const std::string prefix = ".vellumo-" + std::to_string(pid) + "-";
+                for (int tries = 0; tries < 20000; ++tries) {
+                    for (const auto& entry : fs::directory_iterator(folder)) {
+                        if (entry.path().filename().string().rfind(prefix, 0) == 0) {
+                            kill(static_cast<pid_t>(pid), SIGKILL);
+                            return;
+                        }
+                    }
+                    std::this_thread::sleep_for(std::chrono::microseconds(500));
+                }
+            });
+        }
+    };
+    const JobReport report =
+        RunCropJob(settings, list, std::vector<D>(4, D::NoConflict), processor, callbacks);
+    killer.join();
+    EXPECT_FALSE(report.allSucceeded);
+    EXPECT_EQ(report.images[1].outcome.status, ImageStatus::Failed);
+    EXPECT_EQ(
+        report.images[1].outcome.reason,
+        "cannot decode: the image worker was stopped from outside while working on this file");
+    for (int i : {0, 2, 3})
+        EXPECT_EQ(report.images[i].outcome.status, ImageStatus::Written) << i;
+    // No partial file anywhere: not at the output path, not as a temporary.
+    EXPECT_EQ(OutputFolder(), (std::vector<std::string>{"p0.png", "p2.png", "p3.png"}));
+    for (const std::string& name : OutputFolder()) {
+        EXPECT_EQ(test::MagickIdentifySize(settings.outputFolder + "/" + name).width, 4000) << name;
+    }
+}
+
+TEST_F(WorkerTest, AnImageOverTheTimeLimitFailsWithTheLimitInItsReason) {
+    const std::vector<std::string> list = {Picture("slow.png", 4000, 3000),
+                                           Picture("quick.png", 32, 32)};
+    WorkerLimits limits;
+    limits.timeout = std::chrono::milliseconds(150);
+    WorkerImageProcessor processor(limits);
+    const JobReport report = RunCropJob(settings, list, {D::NoConflict, D::NoConflict}, processor);
+    EXPECT_EQ(report.images[0].outcome.reason, "cannot decode: decoding took longer than 0.15 s");
+    EXPECT_EQ(report.images[1].outcome.status, ImageStatus::Written);
+    EXPECT_EQ(OutputFolder(), (std::vector<std::string>{"quick.png"}));
+}
+
+// A PNG whose header declares `width` x `height` pixels (the data is
+// a tiny image's).
+std::string DeclaringPng(const test::TempDir& dir, unsigned width, unsigned height) {
+    test::CoordinateImage(4, 4).pngsave(dir.File("tiny.png").c_str());
+    std::string bytes = test::ReadFileBytes(dir.File("tiny.png"));
+    for (int i = 0; i < 4; ++i) {
+        bytes[16 + i] = static_cast<char>((width >> (24 - 8 * i)) & 0xff);
+        bytes[20 + i] = static_cast<char>((height >> (24 - 8 * i)) & 0xff);
+    }
+    const unsigned crc = test::Crc32(bytes.substr(12, 17));
+    for (int i = 0; i < 4; ++i)
+        bytes[29 + i] = static_cast<char>((crc >> (24 - 8 * i)) & 0xff);
+    std::ofstream(dir.File("huge.png"), std::ios::binary) << bytes;
+    return dir.File("huge.png");
+}
+
+TEST_F(WorkerTest, AFileDeclaringMorePixelsThanTheLimitFailsFastFromItsHeader) {
+    const std::string huge = DeclaringPng(dir, 100000, 100000);
+    WorkerImageProcessor processor;
+    const auto start = std::chrono::steady_clock::now();
+    const JobReport report = RunCropJob(settings, {huge}, {D::NoConflict}, processor);
+    const double seconds =
+        std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    EXPECT_EQ(report.images[0].outcome.reason,
+              "cannot decode: the image declares 100000 x 100000 pixels, more than the limit of "
+              "1000 megapixels");
+    EXPECT_LT(seconds, 1.0);
+}
+
+TEST_F(WorkerTest, AnImageNeedingMoreMemoryThanTheWorkerMayHaveFailsAlone) {
+    const std::vector<std::string> list = {Picture("big.png", 9000, 9000),
+                                           Picture("small.png", 40, 30)};
+    WorkerLimits limits;
+    limits.addressSpaceBytes = 400ull * 1024 * 1024;
+    WorkerImageProcessor processor(limits);
+    const JobReport report = RunCropJob(settings, list, {D::NoConflict, D::NoConflict}, processor);
+    EXPECT_EQ(report.images[0].outcome.status, ImageStatus::Failed);
+    EXPECT_EQ(report.images[0].outcome.reason.rfind("cannot decode: ", 0), 0u);
+    EXPECT_NE(report.images[0].outcome.reason.find("memory"), std::string::npos)
+        << report.images[0].outcome.reason;
+    EXPECT_EQ(report.images[1].outcome.status, ImageStatus::Written);
+}
+
+TEST_F(WorkerTest, PreviewsComeFromTheWorkerAndItsDeathIsAReason) {
+    VELLUMO_REQUIRE_TESTDATA();
+    WorkerPreviewDecoder previews;
+    const PreviewResult crashed = previews.Decode(test::TestDataPath("bad/issue254.jp2"), 400);
+    EXPECT_FALSE(crashed);
+    EXPECT_EQ(crashed.reason(), "the image decoder crashed on this file");
+    const PreviewResult photo =
+        previews.Decode(test::TestDataPath("orientation/Landscape_6.jpg"), 300);
+    ASSERT_TRUE(photo) << photo.reason();
+    EXPECT_EQ(photo->fullSize, (Size{1800, 1200}));
+    EXPECT_EQ(photo->picture.Width(), 300);
+    EXPECT_EQ(photo->picture.Height(), 200);
+    const auto local =
+        ImageTools::LoadPreview(test::TestDataPath("orientation/Landscape_6.jpg"), 300);
+    EXPECT_EQ(ImageTools::RenderRgba8(photo->picture)->pixels,
+              ImageTools::RenderRgba8(local->picture)->pixels);
+}
+
+}  // namespace
+}  // namespace vellumo
