@@ -9,6 +9,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 count=${1:-20}
 build=build
+cli=${VELLUMO_CLI:-$build/cli/vellumo-cli}
 data=$build/bench-data/batch
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -37,7 +38,7 @@ measure() {  # name, command...
 
 echo "Batch: $count photo-like 6000 x 4000 JPEGs, centre 16:9, JPEG q80"
 mkdir -p "$work/vellumo" "$work/magick" "$work/vips"
-measure vellumo "$build/cli/vellumo-cli" --auto 16:9 --format JPG --quality 80 \
+measure vellumo "$cli" --auto 16:9 --format JPG --quality 80 \
     --name '[FileName]' --output "$work/vellumo" --overwrite all --quiet "${files[@]}"
 measure imagemagick mogrify -path "$work/magick" -crop "$crop_geometry" +repage -quality 80 "${files[@]}"
 measure vips bash -c 'out=$0; for f in "$@"; do
