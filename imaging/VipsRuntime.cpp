@@ -135,6 +135,15 @@ std::string Tidy(std::string line) {
     while (!line.empty() && (line.back() == ' ' || line.back() == '\r' || line.back() == '.')) {
         line.pop_back();
     }
+    // libvips: "out of memory --- size == 411MB".
+    if (const auto size = line.find(" --- size == ");
+        line.rfind("out of memory", 0) == 0 && size != std::string::npos) {
+        std::string amount = line.substr(size + 13);
+        if (amount.size() > 2 && amount.compare(amount.size() - 2, 2, "MB") == 0) {
+            amount.insert(amount.size() - 2, " ");
+        }
+        line = "out of memory (this image needs " + amount + " at once)";
+    }
     // "Premature end of ..." reads as part of a sentence; "IEND: ..." keeps
     // its capitals.
     if (line.size() >= 2 && std::isupper(static_cast<unsigned char>(line[0])) &&

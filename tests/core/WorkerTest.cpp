@@ -159,8 +159,12 @@ TEST_F(WorkerTest, AFileDeclaringMorePixelsThanTheLimitFailsFastFromItsHeader) {
 }
 
 TEST_F(WorkerTest, AnImageNeedingMoreMemoryThanTheWorkerMayHaveFailsAlone) {
-    const std::vector<std::string> list = {Picture("big.png", 9000, 9000),
-                                           Picture("small.png", 40, 30)};
+    // 12000 x 12000, stored on its side: turning it upright needs all of its
+    // 432 MB decoded at once, more than the worker may have here.
+    vips::VImage sideways = test::CoordinateImage(12000, 12000).copy();
+    sideways.set(VIPS_META_ORIENTATION, 6);
+    sideways.jpegsave(dir.File("big.jpg").c_str());
+    const std::vector<std::string> list = {dir.File("big.jpg"), Picture("small.png", 40, 30)};
     WorkerLimits limits;
     limits.addressSpaceBytes = 400ull * 1024 * 1024;
     WorkerImageProcessor processor(limits);
