@@ -200,7 +200,7 @@ void ViewController::ConnectCommands() {
 }
 
 void ViewController::EmptyPreview() {
-    ++refreshCount_;
+    shownRefresh_ = ++refreshCount_;
     imageViewCropPreview->SetImage(QImage());
 }
 

@@ -124,6 +124,9 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     // refreshes the labels. Nothing without a current image.
     void UpdateCropPreview();
     void UpdateImageSize();
+    // True while the preview still waits for a decode or a picture that was
+    // asked for last.
+    bool isPreviewPending() const;
 
     // ---- Crop job (ViewControllerCropJob.cpp) -----------------------------
 
@@ -274,6 +277,7 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     // Counters that tell the latest selection and refresh from older ones.
     quint64 selectionCount_ = 0;
     quint64 refreshCount_ = 0;
+    quint64 shownRefresh_ = 0;
 
     bool cropping_ = false;
     long jobImageCount_ = 0;

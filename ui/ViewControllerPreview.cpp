@@ -95,7 +95,12 @@ void ViewController::ShowCropPreview(quint64 refresh, const QImage& picture) {
     if (refresh != refreshCount_) {
         return;
     }
+    shownRefresh_ = refresh;
     imageViewCropPreview->SetImage(picture);
+}
+
+bool ViewController::isPreviewPending() const {
+    return imageViewCropPreview->isBusy() || shownRefresh_ != refreshCount_;
 }
 
 void ViewController::UpdateImageSize() {
