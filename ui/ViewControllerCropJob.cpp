@@ -80,17 +80,17 @@ void ViewController::StartCropJob(const CropSettings& settings,
 }
 
 void ViewController::ReportCropProgress(long index) {
+    const auto elapsed = std::chrono::milliseconds(jobClock_.elapsed());
+    labelJobStatus->setText(JobStatusText(index + 1, jobImageCount_, elapsed));
     // The index of the image just finished, over the list's length: the bar
     // stays at 0 after the first image and ends one image short of full.
     const auto count = static_cast<double>(listImagePaths_.size());
     SetProgressFraction(*progressIndicator, count > 0 ? static_cast<double>(index) / count : 0.0);
-    const auto elapsed = std::chrono::milliseconds(jobClock_.elapsed());
-    labelJobStatus->setText(JobStatusText(index + 1, jobImageCount_, elapsed));
 }
 
 void ViewController::FinishCropJob(const JobReport& report) {
-    SetProgressFraction(*progressIndicator, 0.0);
     labelJobStatus->clear();
+    SetProgressFraction(*progressIndicator, 0.0);
     cropping_ = false;
     EnableInterface();
     ShowCropResult(report);

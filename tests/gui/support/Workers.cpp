@@ -3,6 +3,11 @@
 namespace vellumo::test {
 
 ImageOutcome RecordingProcessor::Process(const ImageTask& task) {
+    {
+        std::unique_lock lock(mutex_);
+        ++started_;
+        released_.wait(lock, [this] { return !held_; });
+    }
     ImageOutcome outcome = inner_.Process(task);
     const std::lock_guard lock(mutex_);
     tasks_.push_back(task);
@@ -18,6 +23,33 @@ std::vector<ImageTask> RecordingProcessor::tasks() const {
 std::vector<ImageOutcome> RecordingProcessor::outcomes() const {
     const std::lock_guard lock(mutex_);
     return outcomes_;
+}
+
+std::vector<OverwriteDecision> RecordingProcessor::decisions() const {
+    const std::lock_guard lock(mutex_);
+    std::vector<OverwriteDecision> decisions;
+    for (const ImageTask& task : tasks_) {
+        decisions.push_back(task.decision);
+    }
+    return decisions;
+}
+
+void RecordingProcessor::Hold() {
+    const std::lock_guard lock(mutex_);
+    held_ = true;
+}
+
+void RecordingProcessor::Release() {
+    {
+        const std::lock_guard lock(mutex_);
+        held_ = false;
+    }
+    released_.notify_all();
+}
+
+int RecordingProcessor::started() const {
+    const std::lock_guard lock(mutex_);
+    return started_;
 }
 
 PreviewResult GatedPreviewDecoder::Decode(const std::string& path, int maxSide) {

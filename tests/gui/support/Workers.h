@@ -16,16 +16,26 @@ namespace vellumo::test {
 
 // Crops in this process, as the window does, and notes every task with its
 // outcome. Called on the job's thread; read the records once the job ended.
+// While held, each image waits before it is cropped.
 class RecordingProcessor final : public ImageProcessor {
   public:
     ImageOutcome Process(const ImageTask& task) override;
 
     std::vector<ImageTask> tasks() const;
     std::vector<ImageOutcome> outcomes() const;
+    std::vector<OverwriteDecision> decisions() const;
+
+    void Hold();
+    void Release();
+    // How many images have begun (including a held one).
+    int started() const;
 
   private:
     InProcessImageProcessor inner_;
     mutable std::mutex mutex_;
+    std::condition_variable released_;
+    bool held_ = false;
+    int started_ = 0;
     std::vector<ImageTask> tasks_;
     std::vector<ImageOutcome> outcomes_;
 };
