@@ -29,6 +29,7 @@ void CropPreviewView::SetImage(const QImage& image) {
     image_ = image;
     scaled_ = QImage();
     update();
+    Q_EMIT imageChanged();
 }
 
 void CropPreviewView::SetBusy(bool busy) {

@@ -43,6 +43,10 @@ class CropPreviewView : public QWidget {
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
+  Q_SIGNALS:
+    // A picture was set (an empty one too).
+    void imageChanged();
+
   protected:
     void paintEvent(QPaintEvent* event) override;
 
