@@ -111,6 +111,11 @@ void CropPreviewView::paintEvent(QPaintEvent*) {
     style()->drawPrimitive(QStyle::PE_Frame, &frame, &painter, this);
 }
 
+void CropPreviewView::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    Q_EMIT resized();
+}
+
 void CropPreviewView::PaintBusyMark(QPainter& painter) {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);

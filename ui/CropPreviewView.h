@@ -46,9 +46,12 @@ class CropPreviewView : public QWidget {
   Q_SIGNALS:
     // A picture was set (an empty one too).
     void imageChanged();
+    // The view's size changed, so pictures of another size may suit it.
+    void resized();
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     // The area inside the margins where pictures go.

@@ -31,6 +31,10 @@ ViewController::ViewController(QObject* parent)
     previewWork_.setMaxThreadCount(2);
     // One job at a time, its images one after another.
     jobWork_.setMaxThreadCount(1);
+    previewResizeSettle_.setSingleShot(true);
+    previewResizeSettle_.setInterval(kPreviewResizeSettleMs);
+    connect(&previewResizeSettle_, &QTimer::timeout, this,
+            &ViewController::DecodeAgainIfPictureTooSmall);
 }
 
 ViewController::~ViewController() {
@@ -156,6 +160,8 @@ void ViewController::ConnectCommands() {
     connect(buttonRemoveAll.get(), &QPushButton::clicked, this, &ViewController::OnRemoveAll);
     connect(tableViewImage.get(), &ImageTableView::selectionDidChange, this,
             &ViewController::tableViewSelectionDidChange);
+    connect(imageViewCropPreview.get(), &CropPreviewView::resized, &previewResizeSettle_,
+            qOverload<>(&QTimer::start));
 
     // Only what the user does reaches the handlers: clicks, choices from a
     // list, typing, steps. Values the program sets send nothing.

@@ -15,6 +15,7 @@
 #include <QString>
 #include <QStringList>
 #include <QThreadPool>
+#include <QTimer>
 #include <memory>
 #include <string>
 #include <vector>
@@ -52,6 +53,9 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
   public:
     static constexpr char kWindowTitle[] = "Vellumo";
     static constexpr char kVideoTutorialAddress[] = "https://vellumo.app/help/video-tutorial";
+    // How long the preview's size must stay still before a picture that has
+    // become too small for it is decoded again.
+    static constexpr int kPreviewResizeSettleMs = 200;
 
     // Starts with an empty list, an empty current image, the accepted
     // extensions, no profile, and no outlet connected.
@@ -201,6 +205,9 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     // dropped.
     void ShowDecodedPreview(quint64 selection, const QString& path, const PreviewResult& result);
     void ShowCropPreview(quint64 refresh, const QImage& picture);
+    // After the preview has grown: decodes the current image again when its
+    // picture would now be shown enlarged.
+    void DecodeAgainIfPictureTooSmall();
 
     // The job's steps on the GUI thread.
     int AskOverwrite(const std::string& question);
@@ -278,6 +285,8 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     quint64 selectionCount_ = 0;
     quint64 refreshCount_ = 0;
     quint64 shownRefresh_ = 0;
+    // Waits for the preview's size to settle before decoding again.
+    QTimer previewResizeSettle_;
 
     bool cropping_ = false;
     long jobImageCount_ = 0;

@@ -103,6 +103,21 @@ bool ViewController::isPreviewPending() const {
     return imageViewCropPreview->isBusy() || shownRefresh_ != refreshCount_;
 }
 
+void ViewController::DecodeAgainIfPictureTooSmall() {
+    if (currentImage_.IsEmpty() || imageViewCropPreview->isBusy()) {
+        return;
+    }
+    const int wanted = std::clamp(imageViewCropPreview->LongestPictureSide(), kSmallestPictureSide,
+                                  kLargestPictureSide);
+    const double have = std::max(previewPicture_.Width(), previewPicture_.Height());
+    const double full = std::max(currentImage_.Width(), currentImage_.Height());
+    // A picture as large as the file itself cannot get any sharper.
+    if (have >= wanted || have >= full) {
+        return;
+    }
+    tableViewSelectionDidChange();
+}
+
 void ViewController::UpdateImageSize() {
     const double width = currentImage_.Width();
     const double height = currentImage_.Height();

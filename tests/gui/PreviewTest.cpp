@@ -324,6 +324,37 @@ class PreviewTest : public QObject {
         QCOMPARE(table.model()->index(0, 0).data(Qt::ToolTipRole).toString(), bad);
     }
 
+    void aGrownPreviewGetsASharperPictureAndAShrunkOneKeepsIts() {
+        QTemporaryDir dir;
+        LoadedWindow loaded;
+        auto decoder = std::make_shared<GatedPreviewDecoder>();
+        loaded.controller().SetPreviewDecoder(decoder);
+        loaded.Show();
+        loaded.window().resize(1000, 700);
+        loaded.AddImages(
+            {vellumo::test::Write(vellumo::test::Quarters(4000, 2000), dir.filePath("wide.png"))});
+        ClickRow(loaded, 0);
+        auto& view = loaded.Control<CropPreviewView>("imageViewCropPreview");
+        const int before = PreviewPicture(loaded).width();
+        QCOMPARE(before, view.LongestPictureSide());
+        QCOMPARE(decoder->started(), 1);
+
+        loaded.window().resize(1600, 1100);
+        QTRY_COMPARE(decoder->started(), 2);
+        QVERIFY(vellumo::test::WaitForPreview(loaded));
+        const int after = PreviewPicture(loaded).width();
+        QVERIFY2(after > before, qPrintable(QStringLiteral("%1 -> %2").arg(before).arg(after)));
+        QCOMPARE(after, view.LongestPictureSide());
+        QCOMPARE(AllLabels(loaded),
+                 QStringLiteral("Width: 4000 / Height: 2000 -> Width: 4000 / Height: 2000"));
+
+        // Smaller again: the picture is only drawn smaller.
+        loaded.window().resize(1000, 700);
+        QTest::qWait(vellumo::ViewController::kPreviewResizeSettleMs + 200);
+        QCOMPARE(decoder->started(), 2);
+        QCOMPARE(PreviewPicture(loaded).width(), after);
+    }
+
     void theLatestRefreshWins() {
         QTemporaryDir dir;
         LoadedWindow loaded;
