@@ -134,6 +134,7 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
 
     // ---- Crop job (ViewControllerCropJob.cpp) -----------------------------
 
+    // True from the moment a job starts until its report is shown.
     bool isCropping() const { return cropping_; }
 
     // ---- Window and table delegate ----------------------------------------
