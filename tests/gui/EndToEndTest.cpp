@@ -179,6 +179,10 @@ class EndToEndTest : public QObject {
         // The kept file is as it was; every other output is its source's
         // region, pixel for pixel as ImageMagick decodes both.
         QCOMPARE(QImage(out + "/" + kFiles[3].output), old);
+        const auto keptSize =
+            vellumo::test::MagickIdentifySize((out + "/" + kFiles[3].output).toStdString());
+        QCOMPARE(keptSize.width, 40);
+        QCOMPARE(keptSize.height, 30);
         for (int i : {0, 1, 2, 4}) {
             const Expected& file = kFiles[i];
             const QString written = out + "/" + file.output;
