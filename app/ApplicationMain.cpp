@@ -26,9 +26,11 @@ void ApplicationMain(int argc, char** argv, const LaunchHook& launched) {
 
     application.exec();
 
-    // Tearing the application down would wait for the worker threads of
-    // Qt's thread pool, that is for a running crop job. The process ends
-    // here instead; only the standard streams are flushed.
+    // Tearing the application down would wait for the worker threads: the
+    // controller's crop job and preview decodes, Qt's own pool. The process
+    // ends here instead; only the standard streams are flushed. Every file
+    // is written under a temporary name and renamed into place, so a job cut
+    // off here leaves no part of a file at an output path.
     std::fflush(nullptr);
     std::quick_exit(EXIT_SUCCESS);
 }

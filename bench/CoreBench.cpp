@@ -6,28 +6,15 @@
 
 #include <benchmark/benchmark.h>
 
-#include <filesystem>
-
+#include "bench/BenchInputs.h"
 #include "imaging/ImageTools.h"
-#include "tests/support/TestData.h"
 #include "tests/support/TestImages.h"
 
 namespace vellumo {
 namespace {
 
-// A photo-like 6000 x 4000 (24-megapixel) JPEG at quality 90.
-const std::string& PhotoJpeg24() {
-    static const std::string path = [] {
-        const std::string file = test::BuildPath("bench-data/photo-6000x4000.jpg");
-        if (!std::filesystem::exists(file)) {
-            std::filesystem::create_directories(std::filesystem::path(file).parent_path());
-            test::PhotoLikeImage(6000, 4000)
-                .jpegsave(file.c_str(), vips::VImage::option()->set("Q", 90));
-        }
-        return file;
-    }();
-    return path;
-}
+using bench::PhotoJpeg24;
+using bench::PhotoPng100;
 
 void BM_Load24MegapixelJpeg(benchmark::State& state) {
     for (auto _ : state) {
@@ -95,20 +82,6 @@ void BM_Preview24MegapixelJpeg(benchmark::State& state) {
     PreviewOf(state, PhotoJpeg24());
 }
 BENCHMARK(BM_Preview24MegapixelJpeg)->Unit(benchmark::kMillisecond)->UseRealTime();
-
-// A 100-megapixel PNG (10000 x 10000), generated once.
-const std::string& PhotoPng100() {
-    static const std::string path = [] {
-        const std::string file = test::BuildPath("bench-data/photo-10000x10000.png");
-        if (!std::filesystem::exists(file)) {
-            std::filesystem::create_directories(std::filesystem::path(file).parent_path());
-            test::PhotoLikeImage(10000, 10000)
-                .pngsave(file.c_str(), vips::VImage::option()->set("compression", 1));
-        }
-        return file;
-    }();
-    return path;
-}
 
 void BM_Preview100MegapixelPng(benchmark::State& state) {
     PreviewOf(state, PhotoPng100());

@@ -11,25 +11,59 @@ namespace vellumo {
 namespace {
 
 constexpr int kMargin = 6;
+// The busy mark: twelve spokes, one turn a second.
+constexpr int kSpokes = 12;
+constexpr int kSpokeIntervalMs = 1000 / kSpokes;
+constexpr int kBusyMarkRadius = 18;
 
 }  // namespace
 
 CropPreviewView::CropPreviewView(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    busyAnimation_.setInterval(kSpokeIntervalMs);
+    connect(&busyAnimation_, &QTimer::timeout, this, qOverload<>(&QWidget::update));
 }
 
 void CropPreviewView::SetImage(const QImage& image) {
     image_ = image;
     scaled_ = QImage();
     update();
+    Q_EMIT imageChanged();
+}
+
+void CropPreviewView::SetBusy(bool busy) {
+    if (busy == busy_) {
+        return;
+    }
+    busy_ = busy;
+    if (busy_) {
+        busyFor_.start();
+        busyAnimation_.start();
+    } else {
+        busyAnimation_.stop();
+    }
+    update();
+}
+
+bool CropPreviewView::isShowingBusyMark() const {
+    return busy_ && busyFor_.elapsed() >= kBusyMarkDelayMs;
+}
+
+QRect CropPreviewView::PictureArea() const {
+    return rect().adjusted(kMargin, kMargin, -kMargin, -kMargin);
+}
+
+int CropPreviewView::LongestPictureSide() const {
+    const QRect area = PictureArea();
+    return static_cast<int>(std::ceil(std::max(area.width(), area.height()) * devicePixelRatioF()));
 }
 
 QRect CropPreviewView::ImageRect() const {
     if (image_.isNull()) {
         return {};
     }
-    const QRect area = rect().adjusted(kMargin, kMargin, -kMargin, -kMargin);
+    const QRect area = PictureArea();
     if (area.isEmpty()) {
         return {};
     }
@@ -65,12 +99,40 @@ void CropPreviewView::paintEvent(QPaintEvent*) {
         painter.drawImage(target.topLeft(), ScaledImage(deviceSize, ratio));
     }
 
+    if (isShowingBusyMark()) {
+        PaintBusyMark(painter);
+    }
+
     QStyleOptionFrame frame;
     frame.initFrom(this);
     frame.frameShape = QFrame::StyledPanel;
     frame.state |= QStyle::State_Sunken;
     frame.lineWidth = 1;
     style()->drawPrimitive(QStyle::PE_Frame, &frame, &painter, this);
+}
+
+void CropPreviewView::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    Q_EMIT resized();
+}
+
+void CropPreviewView::PaintBusyMark(QPainter& painter) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(rect().center());
+    // The spoke at the front is the darkest; the ones behind it fade.
+    const int front = static_cast<int>(busyFor_.elapsed() / kSpokeIntervalMs) % kSpokes;
+    QColor colour = palette().color(QPalette::Text);
+    for (int i = 0; i < kSpokes; ++i) {
+        const int behind = (front - i + kSpokes) % kSpokes;
+        colour.setAlphaF(1.0 - 0.8 * behind / (kSpokes - 1.0));
+        painter.setPen(QPen(colour, 3.0, Qt::SolidLine, Qt::RoundCap));
+        painter.save();
+        painter.rotate(360.0 * i / kSpokes);
+        painter.drawLine(QPointF(0, -kBusyMarkRadius / 2.0), QPointF(0, -kBusyMarkRadius));
+        painter.restore();
+    }
+    painter.restore();
 }
 
 const QImage& CropPreviewView::ScaledImage(const QSize& deviceSize, qreal devicePixelRatio) {

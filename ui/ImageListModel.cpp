@@ -1,5 +1,7 @@
 #include "ui/ImageListModel.h"
 
+#include <QApplication>
+#include <QStyle>
 #include <string>
 
 #include "imaging/Fatal.h"
@@ -17,7 +19,35 @@ ImageListModel::ImageListModel(const QStringList& paths, QObject* parent)
 void ImageListModel::Reload() {
     beginResetModel();
     rows_ = static_cast<int>(paths_.size());
+    // A file that has left the list starts afresh if it comes back.
+    for (auto it = unreadable_.begin(); it != unreadable_.end();) {
+        it = paths_.contains(it.key()) ? std::next(it) : unreadable_.erase(it);
+    }
     endResetModel();
+}
+
+void ImageListModel::MarkUnreadable(const QString& path, const QString& reason) {
+    unreadable_.insert(path, reason);
+    PathDataChanged(path);
+}
+
+void ImageListModel::ClearUnreadable(const QString& path) {
+    if (unreadable_.remove(path) > 0) {
+        PathDataChanged(path);
+    }
+}
+
+QString ImageListModel::UnreadableReason(const QString& path) const {
+    return unreadable_.value(path);
+}
+
+void ImageListModel::PathDataChanged(const QString& path) {
+    for (int row = 0; row < rows_; ++row) {
+        if (paths_[row] == path) {
+            const QModelIndex cell = index(row, 0);
+            Q_EMIT dataChanged(cell, cell, {Qt::DecorationRole, Qt::ToolTipRole});
+        }
+    }
 }
 
 void ImageListModel::RowInserted(int row) {
@@ -43,11 +73,19 @@ QVariant ImageListModel::data(const QModelIndex& index, int role) const {
               std::to_string(paths_.size()));
     }
     const QString& path = paths_[row];
+    const auto unreadable = unreadable_.constFind(path);
     switch (role) {
         case Qt::DisplayRole:
+            return path;
         case Qt::ToolTipRole:
+            if (unreadable != unreadable_.constEnd()) {
+                return path + QStringLiteral("\nCannot be shown: ") + *unreadable;
+            }
             return path;
         case Qt::DecorationRole:
+            if (unreadable != unreadable_.constEnd()) {
+                return QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
+            }
             if (const auto name = FileKindIconName(path)) {
                 return icons_.value(*name);
             }

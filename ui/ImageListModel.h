@@ -8,7 +8,9 @@
 namespace vellumo {
 
 // The image table's rows over the controller's list of image paths: one row
-// per path, showing the full path with the file-kind icon.
+// per path, showing the full path with the file-kind icon. A file found
+// unreadable when it was selected shows a warning icon instead, and the
+// reason in its tooltip, until it is read successfully or leaves the list.
 //
 // The list belongs to the controller and changes there first; the model then
 // learns of it, either as a whole (Reload) or as one inserted row
@@ -25,14 +27,24 @@ class ImageListModel : public QAbstractListModel {
     // The list gained one entry at `row`.
     void RowInserted(int row);
 
+    // Marks the rows of `path` as unreadable, for `reason`.
+    void MarkUnreadable(const QString& path, const QString& reason);
+    // Takes the mark off the rows of `path`.
+    void ClearUnreadable(const QString& path);
+    // Why `path` is marked; empty when it is not.
+    QString UnreadableReason(const QString& path) const;
+
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
   private:
+    void PathDataChanged(const QString& path);
+
     const QStringList& paths_;
     int rows_ = 0;
     QHash<QString, QIcon> icons_;
+    QHash<QString, QString> unreadable_;  // path -> reason
 };
 
 }  // namespace vellumo

@@ -19,6 +19,9 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent) {
     Ui::MainWindow controls;
     controls.setupUi(this);
     splitter_ = controls.splitterMain;
+    // The job's status line keeps its height when it is empty, so the window
+    // does not move when a job starts or ends.
+    controls.labelJobStatus->setMinimumHeight(controls.labelJobStatus->fontMetrics().height());
     // The description's size suits a 1280 x 800 screen; never open larger
     // than the screen at hand.
     if (const QScreen* screen = this->screen()) {

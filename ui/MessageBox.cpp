@@ -18,6 +18,9 @@ std::unique_ptr<QMessageBox> BuildMessageBox(const MessageBoxRequest& request, Q
     auto box = std::make_unique<QMessageBox>(parent);
     box->setWindowTitle(QStringLiteral("Vellumo"));
     box->setText(request.text);
+    if (!request.details.isEmpty()) {
+        box->setDetailedText(request.details);
+    }
     box->setIcon(request.style == MessageBoxStyle::Informational ? QMessageBox::Information
                                                                  : QMessageBox::Warning);
     // One role for all buttons: the button box orders buttons of one role as

@@ -21,6 +21,8 @@ struct MessageBoxRequest {
     QString text;
     MessageBoxStyle style = MessageBoxStyle::Warning;
     QStringList buttons;  // in reading order; at least one
+    // Shown on request under the text ("Show Details..."); none when empty.
+    QString details = {};
 
     friend bool operator==(const MessageBoxRequest&, const MessageBoxRequest&) = default;
 };

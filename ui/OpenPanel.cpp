@@ -52,6 +52,7 @@ OpenPanelResult RunOpenPanel(const OpenPanelRequest& request, QWidget* parent) {
         dialog.setNameFilter(NameFilterForExtensions(request.allowedFileTypes));
     }
     if (!request.prompt.isEmpty()) {
+        dialog.setWindowTitle(request.prompt);
         dialog.setLabelText(QFileDialog::Accept, request.prompt);
     }
     if (dialog.exec() != QDialog::Accepted) {

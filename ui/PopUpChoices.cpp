@@ -1,17 +1,30 @@
 #include "ui/PopUpChoices.h"
 
+#include <string_view>
+
+#include "batch/CropSettings.h"
+
 namespace vellumo {
 
+namespace {
+
+template <std::size_t N>
+QStringList Titles(const std::array<std::string_view, N>& titles) {
+    QStringList list;
+    for (const std::string_view title : titles) {
+        list << QString::fromLatin1(title.data(), static_cast<qsizetype>(title.size()));
+    }
+    return list;
+}
+
+}  // namespace
+
 QStringList AutoCropFormatTitles() {
-    return {"1:1", "4:3", "3:2", "16:9"};
+    return Titles(kAutoCropFormatTitles);
 }
 
 QStringList OutputFormatTitles() {
-    return {"JPG", "JPEG", "JPE", "JP2", "JPX", "PNG", "TIFF", "TIF", "GIF", "BMP"};
-}
-
-bool OutputFormatTakesQuality(int index) {
-    return index >= 0 && index <= 4;
+    return Titles(kOutputFormatTitles);
 }
 
 }  // namespace vellumo

@@ -4,15 +4,13 @@
 
 namespace vellumo {
 
-// The auto-crop aspect ratios; the index is the auto-crop format.
+// The auto-crop aspect ratios as the pop-up list shows them; the index is
+// the auto-crop format (kAutoCropFormatTitles).
 QStringList AutoCropFormatTitles();  // "1:1", "4:3", "3:2", "16:9"
 
-// The output formats; the index is the output format, the lower-cased title
-// the output file's extension.
+// The output formats as the pop-up list shows them; the index is the output
+// format (kOutputFormatTitles), the lower-cased title the output file's
+// extension. Which of them take a quality: OutputFormatTakesQuality.
 QStringList OutputFormatTitles();  // "JPG" ... "BMP"
-
-// True for the formats that take a quality: indices 0 to 4, the JPEG and
-// JPEG 2000 family. False for the rest and for no selection (-1).
-bool OutputFormatTakesQuality(int index);
 
 }  // namespace vellumo

@@ -19,6 +19,20 @@ QualitySlider::QualitySlider(QWidget* parent) : QSlider(Qt::Horizontal, parent) 
     connect(this, &QSlider::valueChanged, this, [this](int steps) {
         Q_EMIT doubleValueChanged(static_cast<double>(steps) / kStepsPerUnit);
     });
+    // Every user action (a key, a click on the groove, a drag, the wheel) is
+    // announced before the slider takes the position it leads to. Only an
+    // action that will change the value is remembered, so that the mark is
+    // always used up by that change.
+    connect(this, &QAbstractSlider::actionTriggered, this,
+            [this] { userAction_ = sliderPosition() != value(); });
+}
+
+void QualitySlider::sliderChange(SliderChange change) {
+    QSlider::sliderChange(change);
+    if (change == SliderValueChange && userAction_) {
+        userAction_ = false;
+        Q_EMIT doubleValueMoved(doubleValue());
+    }
 }
 
 double QualitySlider::doubleValue() const {

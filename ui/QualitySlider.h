@@ -30,6 +30,16 @@ class QualitySlider : public QSlider {
   Q_SIGNALS:
     // Emitted whenever the value changes, by the user or by the program.
     void doubleValueChanged(double value);
+    // The slider's action: emitted when the user changes the value (mouse,
+    // keyboard or wheel), never when the program sets it.
+    void doubleValueMoved(double value);
+
+  protected:
+    void sliderChange(SliderChange change) override;
+
+  private:
+    // Set between a user's action and the change of value it brings.
+    bool userAction_ = false;
 };
 
 }  // namespace vellumo

@@ -24,7 +24,18 @@ ViewController::ViewController(QObject* parent)
       acceptedExtensions_(AcceptedImageExtensions()),
       imageListModel_(new ImageListModel(listImagePaths_, this)),
       services_(WindowServices::Desktop(
-          [this]() -> QWidget* { return view_.isNull() ? nullptr : view_->window(); })) {}
+          [this]() -> QWidget* { return view_.isNull() ? nullptr : view_->window(); })),
+      previewDecoder_(std::make_shared<InProcessPreviewDecoder>()),
+      imageProcessor_(std::make_shared<InProcessImageProcessor>()) {
+    // A long decode (a huge PNG) must not hold up the next selection's.
+    previewWork_.setMaxThreadCount(2);
+    // One job at a time, its images one after another.
+    jobWork_.setMaxThreadCount(1);
+    previewResizeSettle_.setSingleShot(true);
+    previewResizeSettle_.setInterval(kPreviewResizeSettleMs);
+    connect(&previewResizeSettle_, &QTimer::timeout, this,
+            &ViewController::DecodeAgainIfPictureTooSmall);
+}
 
 ViewController::~ViewController() {
     // The window and the table may outlive their delegate.
@@ -63,6 +74,25 @@ void ViewController::viewDidLoad() {
     comboFormat->addItems(OutputFormatTitles());
 
     ResetInterface();
+}
+
+void ViewController::setCurrentImage(const Image& image) {
+    currentImage_ = image;
+    previewPicture_ = image;
+}
+
+void ViewController::SetPreviewDecoder(std::shared_ptr<PreviewDecoder> decoder) {
+    if (!decoder) {
+        Fatal("the window needs a preview decoder");
+    }
+    previewDecoder_ = std::move(decoder);
+}
+
+void ViewController::SetImageProcessor(std::shared_ptr<ImageProcessor> processor) {
+    if (!processor) {
+        Fatal("the window needs an image processor");
+    }
+    imageProcessor_ = std::move(processor);
 }
 
 int ViewController::numberOfRowsInTableView() const {
@@ -106,6 +136,7 @@ void ViewController::ConnectOutlets(QWidget& window) {
     checkKeepEXIFInformationAndCreationDate.Connect(window);
     tabView.Connect(window);
     imageViewCropPreview.Connect(window);
+    labelJobStatus.Connect(window);
 
     actionNew.Connect(window);
     actionLoadProfile.Connect(window);
@@ -127,9 +158,55 @@ void ViewController::ConnectCommands() {
     connect(buttonRemoveSelected.get(), &QPushButton::clicked, this,
             &ViewController::OnRemoveSelected);
     connect(buttonRemoveAll.get(), &QPushButton::clicked, this, &ViewController::OnRemoveAll);
+    connect(tableViewImage.get(), &ImageTableView::selectionDidChange, this,
+            &ViewController::tableViewSelectionDidChange);
+    connect(imageViewCropPreview.get(), &CropPreviewView::resized, &previewResizeSettle_,
+            qOverload<>(&QTimer::start));
+
+    // Only what the user does reaches the handlers: clicks, choices from a
+    // list, typing, steps. Values the program sets send nothing.
+    connect(radioAutoCrop.get(), &QAbstractButton::clicked, this,
+            &ViewController::OnAutoCropSelected);
+    connect(comboAutoCropFormat.get(), &QComboBox::activated, this,
+            &ViewController::OnAutoCropFormatSelected);
+    connect(radioCustomCrop.get(), &QAbstractButton::clicked, this,
+            &ViewController::OnCustomCropSelected);
+    connect(radioCustomCropPixels.get(), &QAbstractButton::clicked, this,
+            &ViewController::OnCustomCropPixelsSelected);
+    connect(textFieldCustomCropPixelsOriginX.get(), &QLineEdit::textEdited, this,
+            &ViewController::OnCustomCropPixelsOriginXChanged);
+    connect(textFieldCustomCropPixelsOriginY.get(), &QLineEdit::textEdited, this,
+            &ViewController::OnCustomCropPixelsOriginYChanged);
+    connect(textFieldCustomCropPixelsWidth.get(), &QLineEdit::textEdited, this,
+            &ViewController::OnCustomCropPixelsWidthChanged);
+    connect(textFieldCustomCropPixelsHeight.get(), &QLineEdit::textEdited, this,
+            &ViewController::OnCustomCropPixelsHeightChanged);
+    connect(radioCustomCropPercents.get(), &QAbstractButton::clicked, this,
+            &ViewController::OnCustomCropPercentsSelected);
+    // The percent fields have no handler: what is typed there is read when
+    // the crop rule next runs.
+    connect(stepperCustomCropPercentsOriginX.get(), &Stepper::valueStepped, this,
+            &ViewController::OnStepperCustomCropPercentsOriginXChanged);
+    connect(stepperCustomCropPercentsOriginY.get(), &Stepper::valueStepped, this,
+            &ViewController::OnStepperCustomCropPercentsOriginYChanged);
+    connect(stepperCustomCropPercentsWidth.get(), &Stepper::valueStepped, this,
+            &ViewController::OnStepperCustomCropPercentsWidthChanged);
+    connect(stepperCustomCropPercentsHeight.get(), &Stepper::valueStepped, this,
+            &ViewController::OnStepperCustomCropPercentsHeightChanged);
+
+    connect(comboFormat.get(), &QComboBox::activated, this, &ViewController::OnFormatSelected);
+    connect(sliderQuality.get(), &QualitySlider::doubleValueMoved, this,
+            &ViewController::OnQualityChanged);
+    connect(textFieldName.get(), &QLineEdit::textEdited, this, &ViewController::OnNameChanged);
+    connect(buttonBrowse.get(), &QPushButton::clicked, this, &ViewController::OnBrowse);
+    connect(checkKeepEXIFInformationAndCreationDate.get(), &QAbstractButton::clicked, this,
+            &ViewController::OnKeepEXIFInformationAndCreationDateSelected);
+
+    connect(buttonCropImages.get(), &QPushButton::clicked, this, &ViewController::OnCropImages);
 }
 
 void ViewController::EmptyPreview() {
+    shownRefresh_ = ++refreshCount_;
     imageViewCropPreview->SetImage(QImage());
 }
 

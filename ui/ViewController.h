@@ -4,14 +4,26 @@
 // the window: the ordered list of image paths, the image shown in the
 // preview, and references to all controls (outlets, found by name when the
 // window is loaded). Every command of the window arrives here. All of it runs
-// on the GUI thread.
+// on the GUI thread; decoding previews and the crop job run on worker
+// threads, which never touch a control: they get plain values taken on the
+// GUI thread and hand their results back to it as queued calls.
 
+#include <QElapsedTimer>
+#include <QImage>
 #include <QObject>
 #include <QPointer>
 #include <QString>
 #include <QStringList>
+#include <QThreadPool>
+#include <QTimer>
+#include <memory>
+#include <string>
 #include <vector>
 
+#include "batch/CropJob.h"
+#include "batch/CropSettings.h"
+#include "batch/ImageProcessor.h"
+#include "batch/PreviewDecoder.h"
 #include "imaging/Image.h"
 #include "ui/ImageTableView.h"
 #include "ui/MainWindow.h"
@@ -41,6 +53,9 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
   public:
     static constexpr char kWindowTitle[] = "Vellumo";
     static constexpr char kVideoTutorialAddress[] = "https://vellumo.app/help/video-tutorial";
+    // How long the preview's size must stay still before a picture that has
+    // become too small for it is decoded again.
+    static constexpr int kPreviewResizeSettleMs = 200;
 
     // Starts with an empty list, an empty current image, the accepted
     // extensions, no profile, and no outlet connected.
@@ -60,14 +75,29 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     // ---- State ------------------------------------------------------------
 
     const QStringList& listImagePaths() const { return listImagePaths_; }
+    // The selected image as the labels and the crop rule see it: its full
+    // pixel size (the pixels shown are a smaller picture of it).
     const Image& currentImage() const { return currentImage_; }
-    void setCurrentImage(const Image& image) { currentImage_ = image; }
+    // Makes `image` current, shown as it is.
+    void setCurrentImage(const Image& image);
     const QStringList& acceptedExtensions() const { return acceptedExtensions_; }
     const QString& currentProfilePath() const { return currentProfilePath_; }
     void setCurrentProfilePath(const QString& path) { currentProfilePath_ = path; }
 
     // The desktop services the commands use; tests replace them.
     WindowServices& services() { return services_; }
+
+    // What decodes the previews and what crops each image of a job; both
+    // work in this process unless replaced. A replacement is used from the
+    // next preview or job on.
+    void SetPreviewDecoder(std::shared_ptr<PreviewDecoder> decoder);
+    void SetImageProcessor(std::shared_ptr<ImageProcessor> processor);
+
+    // ---- Crop settings (ViewControllerCropModes.cpp) ----------------------
+
+    // Everything the crop rule and the job read from the controls, as they
+    // are now. The preview, the labels and the job all go through this.
+    CropSettings CropSettingsFromControls() const;
 
     // ---- Interface states (ViewControllerInterfaceStates.cpp) -------------
 
@@ -87,9 +117,25 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     void ClearImageListSelection();
     int numberOfRowsInTableView() const;
 
-    // ---- Dimension labels -------------------------------------------------
+    // ---- Preview and dimension labels (ViewControllerPreview.cpp) ---------
 
+    // The selected row's file becomes the current image (decoded away from
+    // the GUI thread, the preview busy meanwhile), then the preview and the
+    // labels are refreshed. No row, or one that cannot be decoded, clears
+    // them as ClearImageListSelection does; an undecodable row is marked.
+    void tableViewSelectionDidChange();
+    // Redraws the preview with the crop marked (away from the GUI thread) and
+    // refreshes the labels. Nothing without a current image.
+    void UpdateCropPreview();
     void UpdateImageSize();
+    // True while the preview still waits for a decode or a picture that was
+    // asked for last.
+    bool isPreviewPending() const;
+
+    // ---- Crop job (ViewControllerCropJob.cpp) -----------------------------
+
+    // True from the moment a job starts until its report is shown.
+    bool isCropping() const { return cropping_; }
 
     // ---- Window and table delegate ----------------------------------------
 
@@ -116,12 +162,61 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     void OnRemoveSelected();
     void OnRemoveAll();
 
+    // ---- Crop modes (ViewControllerCropModes.cpp) -------------------------
+
+    void OnAutoCropSelected();
+    void OnAutoCropFormatSelected();
+    void OnCustomCropSelected();
+    void OnCustomCropPixelsSelected();
+    void OnCustomCropPixelsOriginXChanged();
+    void OnCustomCropPixelsOriginYChanged();
+    void OnCustomCropPixelsWidthChanged();
+    void OnCustomCropPixelsHeightChanged();
+    void OnCustomCropPercentsSelected();
+    void OnStepperCustomCropPercentsOriginXChanged();
+    void OnStepperCustomCropPercentsOriginYChanged();
+    void OnStepperCustomCropPercentsWidthChanged();
+    void OnStepperCustomCropPercentsHeightChanged();
+
+    // ---- Output settings (ViewControllerOutputSettings.cpp) ---------------
+
+    void OnFormatSelected();
+    void OnQualityChanged();
+    void OnNameChanged();
+    void OnBrowse();
+    void OnKeepEXIFInformationAndCreationDateSelected();
+
+    // ---- The crop command (ViewControllerCropJob.cpp) ---------------------
+
+    // Checks that there are images and an output folder, locks the
+    // interface, asks about every existing output file, then starts the job
+    // on a worker thread and returns.
+    void OnCropImages();
+
   private:
     void ConnectOutlets(QWidget& window);
     void ConnectCommands();
     // The 27 controls a crop job disables, in the order it disables them.
     std::vector<QWidget*> ControlsLockedWhileCropping() const;
+    // Empties the preview; pictures still being made for it are dropped.
     void EmptyPreview();
+
+    // Back on the GUI thread with a decoded preview or a veiled picture;
+    // results of a selection or refresh that is no longer the latest are
+    // dropped.
+    void ShowDecodedPreview(quint64 selection, const QString& path, const PreviewResult& result);
+    void ShowCropPreview(quint64 refresh, const QImage& picture);
+    // After the preview has grown: decodes the current image again when its
+    // picture would now be shown enlarged.
+    void DecodeAgainIfPictureTooSmall();
+
+    // The job's steps on the GUI thread.
+    int AskOverwrite(const std::string& question);
+    void StartCropJob(const CropSettings& settings, const std::vector<std::string>& list,
+                      const std::vector<OverwriteDecision>& decisions);
+    void ReportCropProgress(long index);
+    void FinishCropJob(const JobReport& report);
+    void ShowCropResult(const JobReport& report);
 
     // State, in declaration order.
     QStringList listImagePaths_;
@@ -167,6 +262,9 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
         "checkKeepEXIFInformationAndCreationDate"};
     Outlet<QTabWidget> tabView{"tabView"};
     Outlet<CropPreviewView> imageViewCropPreview{"imageViewCropPreview"};
+    // The line under the progress bar: which image the job is at, and how
+    // long it will take.
+    Outlet<QLabel> labelJobStatus{"labelJobStatus"};
 
     // The menu commands.
     Outlet<QAction> actionNew{"actionNew"};
@@ -179,6 +277,27 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     QPointer<QWidget> view_;
     ImageListModel* imageListModel_ = nullptr;
     WindowServices services_;
+    std::shared_ptr<PreviewDecoder> previewDecoder_;
+    std::shared_ptr<ImageProcessor> imageProcessor_;
+
+    // The current image's picture, as decoded for the preview.
+    Image previewPicture_;
+    // Counters that tell the latest selection and refresh from older ones.
+    quint64 selectionCount_ = 0;
+    quint64 refreshCount_ = 0;
+    quint64 shownRefresh_ = 0;
+    // Waits for the preview's size to settle before decoding again.
+    QTimer previewResizeSettle_;
+
+    bool cropping_ = false;
+    long jobImageCount_ = 0;
+    QElapsedTimer jobClock_;
+
+    // Last, so that they go first: a controller that is destroyed waits for
+    // its workers (the application itself ends without destroying it, so it
+    // never waits for a job).
+    QThreadPool previewWork_;
+    QThreadPool jobWork_;
 };
 
 }  // namespace vellumo

@@ -78,7 +78,11 @@ void ViewController::RefreshImageList() {
 }
 
 void ViewController::ClearImageListSelection() {
+    // A preview still being decoded belongs to a selection that is over.
+    ++selectionCount_;
+    imageViewCropPreview->SetBusy(false);
     currentImage_ = Image();
+    previewPicture_ = Image();
     EmptyPreview();
     UpdateImageSize();
 }

@@ -9,9 +9,9 @@
 #include <QPushButton>
 #include <QTabWidget>
 
+#include "batch/CropSettings.h"
 #include "ui/CropPreviewView.h"
 #include "ui/LatchingRadioButton.h"
-#include "ui/PopUpChoices.h"
 #include "ui/ProgressFraction.h"
 #include "ui/QualitySlider.h"
 #include "ui/Stepper.h"
@@ -24,7 +24,6 @@ namespace {
 
 constexpr char kCroppingTitle[] = "Cropping...";
 constexpr char kCropImagesTitle[] = "Crop Images";
-constexpr char kDefaultNameTemplate[] = "[FileName]_cropped ([FileIndex])";
 constexpr double kDefaultQuality = 80.0;
 
 }  // namespace
@@ -61,7 +60,8 @@ void ViewController::ResetInterface() {
     sliderQuality->setDoubleValue(kDefaultQuality);
     labelQuality->setText(QStringLiteral("80"));
 
-    textFieldName->setText(QString::fromLatin1(kDefaultNameTemplate));
+    textFieldName->setText(QString::fromLatin1(
+        kDefaultNameTemplate.data(), static_cast<qsizetype>(kDefaultNameTemplate.size())));
     textFieldOutputFolder->setText(QString());
     checkKeepEXIFInformationAndCreationDate->setChecked(false);
 

@@ -1,11 +1,122 @@
-// The preview and the four dimension labels.
+// The preview of the selected image with its crop marked, and the four
+// dimension labels.
+//
+// Selecting a row decodes a picture of the file no larger than the preview
+// can show (a worker thread's job: a large file takes a while), together with
+// the file's full pixel size. The current image is an image of that full
+// size, so the labels and the crop rule speak of the whole file; the crop
+// rectangle is scaled onto the small picture only for drawing. Each
+// selection and each refresh is numbered, and a result that arrives after a
+// newer one was asked for is dropped.
 
+#include <QFile>
 #include <QLabel>
+#include <algorithm>
 
+#include "batch/CropRectangle.h"
+#include "imaging/ImageTools.h"
+#include "ui/CropPreviewView.h"
 #include "ui/DimensionText.h"
+#include "ui/ImageListModel.h"
+#include "ui/LatchingRadioButton.h"
+#include "ui/PreviewPicture.h"
 #include "ui/ViewController.h"
 
 namespace vellumo {
+
+namespace {
+
+// Bounds of the decoded picture's longer side: legible while the window is
+// still being laid out, and not wasteful on a very large screen.
+constexpr int kSmallestPictureSide = 256;
+constexpr int kLargestPictureSide = 4096;
+
+}  // namespace
+
+void ViewController::tableViewSelectionDidChange() {
+    const int row = tableViewImage->SelectedRow();
+    if (row < 0 || row >= listImagePaths_.size()) {
+        ClearImageListSelection();
+        return;
+    }
+    const quint64 selection = ++selectionCount_;
+    const QString path = listImagePaths_[row];
+    const int side = std::clamp(imageViewCropPreview->LongestPictureSide(), kSmallestPictureSide,
+                                kLargestPictureSide);
+    // Pictures of earlier selections not yet begun are not needed any more.
+    previewWork_.clear();
+    imageViewCropPreview->SetBusy(true);
+    previewWork_.start([this, decoder = previewDecoder_, selection, path, side] {
+        PreviewResult result = decoder->Decode(QFile::encodeName(path).toStdString(), side);
+        QMetaObject::invokeMethod(
+            this,
+            [this, selection, path, result = std::move(result)] {
+                ShowDecodedPreview(selection, path, result);
+            },
+            Qt::QueuedConnection);
+    });
+}
+
+void ViewController::ShowDecodedPreview(quint64 selection, const QString& path,
+                                        const PreviewResult& result) {
+    if (selection != selectionCount_) {
+        return;
+    }
+    imageViewCropPreview->SetBusy(false);
+    if (!result) {
+        // The program goes on; the row tells why there is nothing to see.
+        imageListModel_->MarkUnreadable(path, QString::fromStdString(result.reason()));
+        ClearImageListSelection();
+        return;
+    }
+    imageListModel_->ClearUnreadable(path);
+    currentImage_ = Image::OfSize(result->fullSize.width, result->fullSize.height);
+    previewPicture_ = result->picture;
+    UpdateCropPreview();
+}
+
+void ViewController::UpdateCropPreview() {
+    if (!(currentImage_.Width() > 0.0) || !(currentImage_.Height() > 0.0)) {
+        return;
+    }
+    const Rect rect = ResolveCropRectangle(CropSettingsFromControls(), currentImage_);
+    const quint64 refresh = ++refreshCount_;
+    const Size fullSize{currentImage_.Width(), currentImage_.Height()};
+    previewWork_.start([this, picture = previewPicture_, fullSize, rect, refresh] {
+        const QImage veiled = VeiledPreviewPicture(picture, fullSize, rect);
+        QMetaObject::invokeMethod(
+            this, [this, refresh, veiled] { ShowCropPreview(refresh, veiled); },
+            Qt::QueuedConnection);
+    });
+    UpdateImageSize();
+}
+
+void ViewController::ShowCropPreview(quint64 refresh, const QImage& picture) {
+    if (refresh != refreshCount_) {
+        return;
+    }
+    shownRefresh_ = refresh;
+    imageViewCropPreview->SetImage(picture);
+}
+
+bool ViewController::isPreviewPending() const {
+    return imageViewCropPreview->isBusy() || shownRefresh_ != refreshCount_;
+}
+
+void ViewController::DecodeAgainIfPictureTooSmall() {
+    if (currentImage_.IsEmpty() || imageViewCropPreview->isBusy()) {
+        return;
+    }
+    const int wanted = std::clamp(imageViewCropPreview->LongestPictureSide(), kSmallestPictureSide,
+                                  kLargestPictureSide);
+    const double have = std::max(previewPicture_.Width(), previewPicture_.Height());
+    const double full = std::max(currentImage_.Width(), currentImage_.Height());
+    // A picture as large as the file itself cannot get any sharper.
+    if (have >= wanted || have >= full) {
+        return;
+    }
+    tableViewSelectionDidChange();
+}
 
 void ViewController::UpdateImageSize() {
     const double width = currentImage_.Width();
@@ -19,8 +130,28 @@ void ViewController::UpdateImageSize() {
     }
     labelOriginalDimensionsWidth->setText(DimensionText(kWidthCaption, width));
     labelOriginalDimensionsHeight->setText(DimensionText(kHeightCaption, height));
-    // The output labels depend on the crop mode and its fields; they are
-    // filled here, from the crop rule, once the crop controls are wired.
+
+    const CropSettings settings = CropSettingsFromControls();
+    if (settings.autoCrop) {
+        // The auto-crop rectangle always lies on the image: no lower bound.
+        const Rect rect = ResolveCropRectangle(settings, currentImage_);
+        labelOutputDimensionsWidth->setText(DimensionText(kWidthCaption, rect.width));
+        labelOutputDimensionsHeight->setText(DimensionText(kHeightCaption, rect.height));
+        return;
+    }
+    // With no mode chosen the output labels keep what they showed.
+    if (!settings.customCrop || (!settings.customCropPixels && !settings.customCropPercents)) {
+        return;
+    }
+    const Rect rect = ResolveCropRectangle(settings, currentImage_);
+    const Size cropped = ImageTools::CalculateCroppedImageSize(currentImage_, rect.x, rect.y,
+                                                               rect.width, rect.height);
+    // A crop that leaves less than a pixel keeps the image whole.
+    const bool keepsWhole = cropped.width < 1.0 || cropped.height < 1.0;
+    labelOutputDimensionsWidth->setText(
+        DimensionText(kWidthCaption, keepsWhole ? width : cropped.width));
+    labelOutputDimensionsHeight->setText(
+        DimensionText(kHeightCaption, keepsWhole ? height : cropped.height));
 }
 
 }  // namespace vellumo

@@ -159,13 +159,24 @@ class ControlsTest : public QObject {
         QVERIFY(custom.isChecked());
         QCOMPARE(clicked.count(), 1);
 
-        // The pair is not exclusive by itself: its handler switches the
-        // other one off.
+        // The pair is not exclusive by itself: in the window, its handler
+        // switches the other one off.
         ClickRadio(automatic);
         QVERIFY(automatic.isChecked());
-        QVERIFY(custom.isChecked());
+        QVERIFY(!custom.isChecked());
+        QWidget siblings;
+        auto* first = new LatchingRadioButton(QStringLiteral("first"), &siblings);
+        auto* second = new LatchingRadioButton(QStringLiteral("second"), &siblings);
+        second->move(0, 40);
+        siblings.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&siblings));
+        ClickRadio(*first);
+        ClickRadio(*second);
+        QVERIFY(first->isChecked());
+        QVERIFY(second->isChecked());
 
         // The program can put both off.
+        custom.setChecked(true);
         automatic.setChecked(false);
         custom.setChecked(false);
         QVERIFY(!automatic.isChecked());

@@ -4,6 +4,7 @@
 //   vellumo_gui_fatal_probe missing <objectName>     a control removed from the window
 //   vellumo_gui_fatal_probe wrong-kind <objectName>  a QLabel in a control's place
 //   vellumo_gui_fatal_probe dimension <value>        a dimension label for the value
+//   vellumo_gui_fatal_probe quality <value>          the quality label for the value
 
 #include <QApplication>
 #include <QLabel>
@@ -11,13 +12,15 @@
 
 #include "ui/DimensionText.h"
 #include "ui/MainWindow.h"
+#include "ui/QualityText.h"
 #include "ui/ViewController.h"
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() != 3) {
-        std::fprintf(stderr, "usage: %s missing|wrong-kind|dimension <argument>\n", argv[0]);
+        std::fprintf(stderr, "usage: %s missing|wrong-kind|dimension|quality <argument>\n",
+                     argv[0]);
         return 2;
     }
     const QString mode = arguments[1];
@@ -25,6 +28,12 @@ int main(int argc, char** argv) {
 
     if (mode == "dimension") {
         const QString text = vellumo::DimensionText(vellumo::kWidthCaption, argument.toDouble());
+        std::printf("%s\n", qPrintable(text));
+        return 0;
+    }
+
+    if (mode == "quality") {
+        const QString text = vellumo::QualityText(argument.toFloat());
         std::printf("%s\n", qPrintable(text));
         return 0;
     }

@@ -1,8 +1,14 @@
 // On a high-density screen (this suite runs at a scale factor of 2) the
 // preview draws the picture at the screen's own resolution.
 
+#include <QTemporaryDir>
 #include <QTest>
+#include <memory>
 
+#include "tests/gui/support/LoadedWindow.h"
+#include "tests/gui/support/PictureFiles.h"
+#include "tests/gui/support/WindowDriving.h"
+#include "tests/gui/support/Workers.h"
 #include "ui/CropPreviewView.h"
 
 using vellumo::CropPreviewView;
@@ -40,6 +46,29 @@ class HiDpiTest : public QObject {
             }
         }
         QCOMPARE(different, 0);
+    }
+
+    // The selected image is decoded for the screen's pixels, not the view's
+    // units, and shown one picture pixel per screen pixel.
+    void aSelectedImageIsDecodedForTheScreensPixels() {
+        QTemporaryDir dir;
+        vellumo::test::LoadedWindow loaded;
+        auto decoder = std::make_shared<vellumo::test::GatedPreviewDecoder>();
+        loaded.controller().SetPreviewDecoder(decoder);
+        loaded.Show();
+        loaded.AddImages(
+            {vellumo::test::Write(vellumo::test::Quarters(4000, 2000), dir.filePath("wide.png"))});
+        vellumo::test::ClickRow(loaded, 0);
+
+        auto& view = loaded.Control<CropPreviewView>("imageViewCropPreview");
+        const int longest = std::max(view.width(), view.height()) - 12;  // inside the margins
+        QCOMPARE(decoder->maxSides().back(), 2 * longest);
+        const QImage picture = vellumo::test::PreviewPicture(loaded);
+        QCOMPARE(picture.width(), 2 * longest);
+        // Fitted into the view, never enlarged beyond the screen's pixels.
+        const QRect shown = view.ImageRect();
+        QVERIFY(shown.width() * 2 <= picture.width());
+        QVERIFY(shown.width() >= view.width() - 13 || shown.height() >= view.height() - 13);
     }
 };
 

@@ -2,8 +2,12 @@
 // without a question, also while a background job runs.
 
 #include <QApplication>
+#include <QDir>
 #include <QElapsedTimer>
+#include <QImage>
 #include <QProcess>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include "app/AppDelegate.h"
@@ -51,6 +55,69 @@ class LifecycleTest : public QObject {
         QCOMPARE(out.contains("job running"), withJob);
         // It ends 0.2 s after it started; allow for a slow, busy machine.
         QVERIFY2(clock.elapsed() < 10000, qPrintable(QString::number(clock.elapsed())));
+    }
+
+    void endingWhileTheCropJobWritesLeavesNoHalfFile_data() {
+        QTest::addColumn<QString>("mode");
+        QTest::newRow("Quit") << "crop-quit";
+        QTest::newRow("closing the window") << "crop-close";
+    }
+
+    // The window's own job writes large PNG files; the program is ended as
+    // soon as the first is being written. It ends at once, and whatever is
+    // at an output path is a whole file.
+    void endingWhileTheCropJobWritesLeavesNoHalfFile() {
+        QFETCH(QString, mode);
+        QTemporaryDir dir;
+        const QString out = dir.filePath("out");
+        QVERIFY(QDir().mkpath(out));
+        // Noise compresses badly, so each PNG takes a while to write.
+        QImage noise(3000, 2000, QImage::Format_RGB32);
+        for (int y = 0; y < noise.height(); ++y) {
+            QRandomGenerator::global()->fillRange(reinterpret_cast<quint32*>(noise.scanLine(y)),
+                                                  noise.width());
+        }
+        QStringList images;
+        for (int i = 1; i <= 3; ++i) {
+            images << dir.filePath(QStringLiteral("noise%1.bmp").arg(i));
+            QVERIFY(noise.save(images.back()));
+        }
+
+        QProcess probe;
+        QElapsedTimer sinceWriting;
+        QString printed;
+        connect(&probe, &QProcess::readyReadStandardOutput, [&] {
+            printed += QString::fromUtf8(probe.readAllStandardOutput());
+            if (printed.contains("writing") && !sinceWriting.isValid()) {
+                sinceWriting.start();
+            }
+        });
+        probe.start(QStringLiteral(VELLUMO_LIFECYCLE_PROBE), QStringList{mode, out} + images);
+        const bool ended = probe.waitForFinished(60000);
+        const qint64 afterWriting = sinceWriting.isValid() ? sinceWriting.elapsed() : -1;
+        if (!ended) {
+            probe.kill();
+            probe.waitForFinished();
+        }
+        printed += QString::fromUtf8(probe.readAllStandardOutput());
+        const QString errors = QString::fromUtf8(probe.readAllStandardError());
+        QVERIFY2(ended, qPrintable(printed + errors));
+        QCOMPARE(probe.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(probe.exitCode(), 0);
+        QVERIFY2(printed.contains("job running") && printed.contains("writing"),
+                 qPrintable(printed));
+        // At once: well before the file being written could be finished.
+        QVERIFY2(afterWriting >= 0 && afterWriting < 1000,
+                 qPrintable(QString::number(afterWriting)));
+
+        for (int i = 1; i <= 3; ++i) {
+            const QString path = out + QStringLiteral("/noise%1_cropped (%1).png").arg(i);
+            if (!QFile::exists(path)) {
+                continue;
+            }
+            const QImage written(path);
+            QVERIFY2(written.size() == QSize(3000, 2000), qPrintable(path));
+        }
     }
 };
 

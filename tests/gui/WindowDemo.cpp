@@ -1,27 +1,75 @@
 // Starts Vellumo with the image files named on the command line already in
 // its list, as if they had been added; used for screenshots of the window.
 //
-//   vellumo_window_demo image...
+//   vellumo_window_demo [--auto RATIO] [--select ROW] image...
+//
+// --auto chooses auto crop with that ratio ("1:1", "4:3", "3:2", "16:9"),
+// --select selects a row (from 0), both as clicks in the window would.
 
+#include <QAbstractButton>
+#include <QComboBox>
 #include <QStringList>
+#include <QTableView>
+#include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 
 #include "app/ApplicationMain.h"
+#include "ui/MainWindow.h"
 #include "ui/ViewController.h"
 
-int main(int argc, char** argv) {
+namespace {
+
+struct DemoOptions {
+    QString autoCropRatio;
+    int selectedRow = -1;
     QStringList paths;
+};
+
+DemoOptions ParseOptions(int argc, char** argv) {
+    DemoOptions options;
     for (int i = 1; i < argc; ++i) {
-        paths << QString::fromStdString(std::filesystem::absolute(argv[i]).lexically_normal());
+        const QString argument = QString::fromLocal8Bit(argv[i]);
+        if (argument == "--auto" && i + 1 < argc) {
+            options.autoCropRatio = QString::fromLocal8Bit(argv[++i]);
+        } else if (argument == "--select" && i + 1 < argc) {
+            options.selectedRow = std::atoi(argv[++i]);
+        } else {
+            options.paths << QString::fromStdString(
+                std::filesystem::absolute(argv[i]).lexically_normal());
+        }
     }
-    vellumo::ApplicationMain(argc, argv,
-                             [paths](vellumo::MainWindow&, vellumo::ViewController& controller) {
-                                 vellumo::WindowServices& services = controller.services();
-                                 const auto realPanel = services.runOpenPanel;
-                                 services.runOpenPanel = [paths](const vellumo::OpenPanelRequest&) {
-                                     return vellumo::OpenPanelResult(paths);
-                                 };
-                                 controller.OnAddImages();
-                                 services.runOpenPanel = realPanel;
-                             });
+    return options;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const DemoOptions options = ParseOptions(argc, argv);
+    vellumo::ApplicationMain(
+        argc, argv, [options](vellumo::MainWindow& window, vellumo::ViewController& controller) {
+            vellumo::WindowServices& services = controller.services();
+            const auto realPanel = services.runOpenPanel;
+            services.runOpenPanel = [&options](const vellumo::OpenPanelRequest&) {
+                return vellumo::OpenPanelResult(options.paths);
+            };
+            controller.OnAddImages();
+            services.runOpenPanel = realPanel;
+
+            if (!options.autoCropRatio.isEmpty()) {
+                auto* ratios = window.findChild<QComboBox*>("comboAutoCropFormat");
+                const int index = ratios->findText(options.autoCropRatio);
+                if (index < 0) {
+                    std::fprintf(stderr, "no auto-crop ratio %s\n",
+                                 qPrintable(options.autoCropRatio));
+                    std::exit(2);
+                }
+                ratios->setCurrentIndex(index);
+                Q_EMIT ratios->activated(index);
+                window.findChild<QAbstractButton*>("radioAutoCrop")->click();
+            }
+            if (options.selectedRow >= 0) {
+                window.findChild<QTableView*>("tableViewImage")->selectRow(options.selectedRow);
+            }
+        });
 }

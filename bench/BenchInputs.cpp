@@ -1,0 +1,47 @@
+// Apart from the benchmarks that use it: it reaches the pixel library's
+// headers, which the window's benchmark must not see.
+
+#include "bench/BenchInputs.h"
+
+#include <filesystem>
+
+#include "tests/support/TestData.h"
+#include "tests/support/TestImages.h"
+
+namespace vellumo::bench {
+
+namespace {
+
+void PrepareFolder(const std::string& file) {
+    std::filesystem::create_directories(std::filesystem::path(file).parent_path());
+}
+
+}  // namespace
+
+const std::string& PhotoJpeg24() {
+    static const std::string path = [] {
+        const std::string file = test::BuildPath("bench-data/photo-6000x4000.jpg");
+        if (!std::filesystem::exists(file)) {
+            PrepareFolder(file);
+            test::PhotoLikeImage(6000, 4000)
+                .jpegsave(file.c_str(), vips::VImage::option()->set("Q", 90));
+        }
+        return file;
+    }();
+    return path;
+}
+
+const std::string& PhotoPng100() {
+    static const std::string path = [] {
+        const std::string file = test::BuildPath("bench-data/photo-10000x10000.png");
+        if (!std::filesystem::exists(file)) {
+            PrepareFolder(file);
+            test::PhotoLikeImage(10000, 10000)
+                .pngsave(file.c_str(), vips::VImage::option()->set("compression", 1));
+        }
+        return file;
+    }();
+    return path;
+}
+
+}  // namespace vellumo::bench

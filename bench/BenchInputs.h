@@ -1,0 +1,16 @@
+#pragma once
+
+// Photo-like inputs shared by the benchmarks, generated once into the build
+// tree (bench-data/) and reused by every later run.
+
+#include <string>
+
+namespace vellumo::bench {
+
+// A 6000 x 4000 (24-megapixel) JPEG at quality 90.
+const std::string& PhotoJpeg24();
+
+// A 10000 x 10000 (100-megapixel) PNG.
+const std::string& PhotoPng100();
+
+}  // namespace vellumo::bench

@@ -1,0 +1,153 @@
+// What selecting a photo in the window costs, end to end: from the table's
+// new selection to the preview's picture (the photo with a 3:2 crop marked)
+// being set on the view, through the window's own controller and workers.
+// Meanwhile a 1 ms timer on the GUI thread measures the longest time the
+// thread was not free to run it.
+//
+//   build/bench/vellumo_bench_window_preview [RUNS]
+//
+// Runs without a display on Qt's offscreen platform unless QT_QPA_PLATFORM
+// says otherwise; the window has the size it has on a 1280 x 800 screen.
+// Inputs are shared with vellumo_bench_core (build/bench-data/).
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QElapsedTimer>
+#include <QTableView>
+#include <QTimer>
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <vector>
+
+#include "bench/BenchInputs.h"
+#include "ui/CropPreviewView.h"
+#include "ui/MainWindow.h"
+#include "ui/ViewController.h"
+
+namespace {
+
+struct Timing {
+    double milliseconds = 0;
+    double longestGuiStall = 0;
+};
+
+// Watches the GUI thread: the longest gap between ticks of a 1 ms timer.
+class StallWatch {
+  public:
+    StallWatch() {
+        QObject::connect(&timer_, &QTimer::timeout, [this] {
+            const double gap = sinceTick_.nsecsElapsed() / 1e6;
+            longest_ = std::max(longest_, gap);
+            sinceTick_.restart();
+        });
+        timer_.setTimerType(Qt::PreciseTimer);
+    }
+    void Start() {
+        longest_ = 0;
+        sinceTick_.start();
+        timer_.start(1);
+    }
+    double Stop() {
+        timer_.stop();
+        return longest_;
+    }
+
+  private:
+    QTimer timer_;
+    QElapsedTimer sinceTick_;
+    double longest_ = 0;
+};
+
+// Selects `row` and waits until its picture is on the view.
+Timing SelectAndWait(vellumo::ViewController& controller, QTableView& table,
+                     vellumo::CropPreviewView& view, int row) {
+    table.clearSelection();
+    QApplication::processEvents();
+    StallWatch watch;
+    QEventLoop loop;
+    QElapsedTimer clock;
+    const auto connection = QObject::connect(&view, &vellumo::CropPreviewView::imageChanged, [&] {
+        if (!view.image().isNull() && !controller.isPreviewPending()) {
+            loop.quit();
+        }
+    });
+    watch.Start();
+    clock.start();
+    table.selectRow(row);
+    loop.exec();
+    Timing timing;
+    timing.milliseconds = clock.nsecsElapsed() / 1e6;
+    // The picture is drawn on the screen at the next paint: count it in.
+    view.repaint();
+    timing.longestGuiStall = watch.Stop();
+    QObject::disconnect(connection);
+    return timing;
+}
+
+void Report(const char* what, std::vector<Timing> runs) {
+    std::sort(runs.begin(), runs.end(),
+              [](const Timing& a, const Timing& b) { return a.milliseconds < b.milliseconds; });
+    double stall = 0;
+    for (const Timing& run : runs) {
+        stall = std::max(stall, run.longestGuiStall);
+    }
+    std::printf(
+        "%-34s runs %2zu  median %7.1f ms  min %7.1f ms  max %7.1f ms  "
+        "longest GUI-thread stall %5.1f ms\n",
+        what, runs.size(), runs[runs.size() / 2].milliseconds, runs.front().milliseconds,
+        runs.back().milliseconds, stall);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    const int runs = argc > 1 ? std::max(1, std::atoi(argv[1])) : 10;
+    const QString jpeg = QString::fromStdString(vellumo::bench::PhotoJpeg24());
+    const QString png = QString::fromStdString(vellumo::bench::PhotoPng100());
+
+    QApplication application(argc, argv);
+    vellumo::MainWindow window;
+    vellumo::ViewController controller;
+    controller.LoadView(window);
+    window.resize(1280, 800);
+    window.show();
+    QApplication::processEvents();
+
+    controller.services().runOpenPanel = [&](const vellumo::OpenPanelRequest&) {
+        return vellumo::OpenPanelResult(QStringList{jpeg, png});
+    };
+    controller.OnAddImages();
+    auto* ratios = window.findChild<QComboBox*>("comboAutoCropFormat");
+    ratios->setCurrentIndex(2);  // "3:2"
+    Q_EMIT ratios->activated(2);
+    window.findChild<QAbstractButton*>("radioAutoCrop")->click();
+
+    auto& table = *window.findChild<QTableView*>("tableViewImage");
+    auto& view = *window.findChild<vellumo::CropPreviewView*>("imageViewCropPreview");
+    std::printf("preview view %d x %d, device pixel ratio %.1f: pictures of up to %d pixels\n",
+                view.width(), view.height(), view.devicePixelRatioF(), view.LongestPictureSide());
+
+    // A first selection of each warms up the decoders and the thread pools.
+    SelectAndWait(controller, table, view, 0);
+    SelectAndWait(controller, table, view, 1);
+
+    std::vector<Timing> jpegRuns;
+    for (int i = 0; i < runs; ++i) {
+        jpegRuns.push_back(SelectAndWait(controller, table, view, 0));
+    }
+    Report("24-megapixel JPEG (6000 x 4000)", jpegRuns);
+
+    std::vector<Timing> pngRuns;
+    for (int i = 0; i < std::max(1, runs / 3); ++i) {
+        pngRuns.push_back(SelectAndWait(controller, table, view, 1));
+    }
+    Report("100-megapixel PNG (10000 x 10000)", pngRuns);
+    std::fflush(stdout);
+    // As the application does: no waiting for worker threads at the end.
+    std::quick_exit(EXIT_SUCCESS);
+}

@@ -1,0 +1,467 @@
+// The crop command through the window: its two notices, the overwrite
+// questions and what each answer does to the files, the job's progress and
+// status line, the metadata option, and the report with its details.
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <memory>
+
+#include "batch/OverwritePrompts.h"
+#include "tests/gui/support/LoadedWindow.h"
+#include "tests/gui/support/PictureFiles.h"
+#include "tests/gui/support/RealImages.h"
+#include "tests/gui/support/WindowDriving.h"
+#include "tests/gui/support/Workers.h"
+#include "tests/support/ReadBack.h"
+#include "ui/LatchingRadioButton.h"
+#include "ui/ProgressFraction.h"
+
+using vellumo::ImageOutcome;
+using vellumo::ImageStatus;
+using vellumo::ImageTask;
+using vellumo::LatchingRadioButton;
+using vellumo::MessageBoxRequest;
+using vellumo::MessageBoxStyle;
+using vellumo::OverwriteDecision;
+using vellumo::test::Choose;
+using vellumo::test::Click;
+using vellumo::test::CropAndWait;
+using vellumo::test::LabelText;
+using vellumo::test::LoadedWindow;
+using vellumo::test::RecordingProcessor;
+
+namespace {
+
+using D = OverwriteDecision;
+
+const QList<QColor> kColours = {Qt::red, Qt::green, Qt::blue, Qt::yellow, Qt::cyan, Qt::magenta};
+
+MessageBoxRequest Question(const QString& path) {
+    return {"The file " + path + " already exists. Do you want to overwrite it?",
+            MessageBoxStyle::Warning,
+            {"Yes", "Yes to All", "No", "No to All"}};
+}
+
+// The window, shown, writing PNG files into an output folder, with a
+// recording processor.
+struct JobWindow {
+    QTemporaryDir dir;
+    LoadedWindow loaded;
+    std::shared_ptr<RecordingProcessor> processor = std::make_shared<RecordingProcessor>();
+    QStringList sources;
+
+    JobWindow() {
+        loaded.controller().SetImageProcessor(processor);
+        loaded.Show();
+        QDir(dir.path()).mkdir("out");
+        loaded.Control<QLineEdit>("textFieldOutputFolder").setText(dir.filePath("out"));
+        Choose(loaded.Control<QComboBox>("comboFormat"), "PNG");
+    }
+
+    // Lists `count` plain pictures of different colours, 120 x 80.
+    void AddPictures(int count) {
+        QStringList added;
+        for (int i = 0; i < count; ++i) {
+            const int number = static_cast<int>(sources.size()) + 1;
+            added << vellumo::test::Write(
+                vellumo::test::Plain(120, 80, kColours[(number - 1) % kColours.size()]),
+                dir.filePath(QStringLiteral("p%1.png").arg(number)));
+            sources << added.back();
+        }
+        loaded.AddImages(added);
+    }
+
+    // Where the job writes image `index` (from 0).
+    QString Output(int index) {
+        return dir.filePath(QStringLiteral("out/p%1_cropped (%1).png").arg(index + 1));
+    }
+
+    // Puts an existing file of another size and colour where output `index`
+    // goes.
+    void PutExisting(int index) {
+        vellumo::test::Write(vellumo::test::Plain(30, 20, Qt::black), Output(index));
+    }
+
+    // Output `index` is a fresh crop of its source (not the file put there).
+    bool Replaced(int index) {
+        const QImage written(Output(index));
+        return written.size() == QSize(120, 80) &&
+               written.pixelColor(5, 5) == kColours[index % kColours.size()];
+    }
+    bool Kept(int index) { return QImage(Output(index)).size() == QSize(30, 20); }
+
+    std::vector<MessageBoxRequest> Questions() {
+        std::vector<MessageBoxRequest> questions;
+        for (const MessageBoxRequest& box : loaded.boxes) {
+            if (box.buttons.size() == 4) {
+                questions.push_back(box);
+            }
+        }
+        return questions;
+    }
+};
+
+// A processor that writes nothing and reports what it is told to.
+class ScriptedProcessor final : public vellumo::ImageProcessor {
+  public:
+    explicit ScriptedProcessor(ImageOutcome outcome) : outcome_(std::move(outcome)) {}
+    ImageOutcome Process(const ImageTask&) override { return outcome_; }
+
+  private:
+    ImageOutcome outcome_;
+};
+
+}  // namespace
+
+class CropJobTest : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void anEmptyListGivesOnlyTheNoImagesNotice() {
+        LoadedWindow loaded;
+        loaded.Show();
+        QCOMPARE(loaded.Control<QLineEdit>("textFieldOutputFolder").text(), QString());
+        QVERIFY(CropAndWait(loaded));
+        QCOMPARE(loaded.boxes.size(), std::size_t{1});
+        QCOMPARE(loaded.boxes[0], vellumo::NoticeRequest("There are no images to crop."));
+        // Nothing else changed: the interface was never locked.
+        QVERIFY(loaded.Control<QPushButton>("buttonAddImages").isEnabled());
+        QCOMPARE(loaded.Control<QPushButton>("buttonCropImages").text(),
+                 QStringLiteral("Crop Images"));
+    }
+
+    void anEmptyFolderGivesTheFolderNotice() {
+        JobWindow w;
+        w.AddPictures(1);
+        w.loaded.Control<QLineEdit>("textFieldOutputFolder").clear();
+        QVERIFY(CropAndWait(w.loaded));
+        QCOMPARE(w.loaded.boxes.size(), std::size_t{1});
+        QCOMPARE(w.loaded.boxes[0], vellumo::NoticeRequest("Please select an output folder."));
+        QVERIFY(w.processor->tasks().empty());
+        QVERIFY(w.loaded.Control<QPushButton>("buttonAddImages").isEnabled());
+    }
+
+    void aFolderOfOneBlankPassesTheCheck() {
+        JobWindow w;
+        w.AddPictures(1);
+        // The blank is a folder name of its own, relative to where the
+        // program runs.
+        const QString before = QDir::currentPath();
+        QVERIFY(QDir::setCurrent(w.dir.path()));
+        QVERIFY(QDir(w.dir.path()).mkdir(" "));
+        w.loaded.Control<QLineEdit>("textFieldOutputFolder").setText(" ");
+        const bool ended = CropAndWait(w.loaded);
+        QDir::setCurrent(before);
+        QVERIFY(ended);
+        QCOMPARE(w.loaded.boxes.back().text, QStringLiteral("Images cropped successfully."));
+        QCOMPARE(QImage(w.dir.filePath(" /p1_cropped (1).png")).size(), QSize(120, 80));
+    }
+
+    void zeroPixelsAndNoModeCropWithTheEmptyRectangle() {
+        JobWindow w;
+        w.AddPictures(1);
+        // The start values: pixels, all 0.
+        QVERIFY(CropAndWait(w.loaded));
+        QCOMPARE(w.processor->outcomes().back().rect.value(), (vellumo::Rect{0, 0, 0, 0}));
+        QVERIFY(w.Replaced(0));
+
+        // Pixels with a height of 0.
+        QFile::remove(w.Output(0));
+        vellumo::test::Type(w.loaded.Control<QLineEdit>("textFieldCustomCropPixelsWidth"), "50");
+        QVERIFY(CropAndWait(w.loaded));
+        QCOMPARE(w.processor->outcomes().back().rect.value(), (vellumo::Rect{0, 0, 50, 0}));
+        QVERIFY(w.Replaced(0));
+
+        // No mode at all: auto crop and custom crop both off.
+        QFile::remove(w.Output(0));
+        w.loaded.Control<LatchingRadioButton>("radioCustomCrop").setChecked(false);
+        QVERIFY(CropAndWait(w.loaded));
+        QCOMPARE(w.processor->outcomes().back().rect.value(), (vellumo::Rect{0, 0, 0, 0}));
+        QVERIFY(w.Replaced(0));
+        QCOMPARE(w.loaded.boxes.back().text, QStringLiteral("Images cropped successfully."));
+    }
+
+    void threeImagesShowProgressOfNoneAThirdAndTwoThirdsThenNone() {
+        JobWindow w;
+        w.AddPictures(3);
+        auto& bar = w.loaded.Control<QProgressBar>("progressIndicator");
+        auto& status = w.loaded.Control<QLabel>("labelJobStatus");
+        // Start away from 0 so that the first value shows.
+        vellumo::SetProgressFraction(bar, 0.5);
+        QStringList seen;
+        QObject::connect(&bar, &QProgressBar::valueChanged, [&](int value) {
+            seen << QStringLiteral("%1 %2").arg(value).arg(status.text());
+        });
+        w.processor->Hold();
+        Click(w.loaded.Control<QPushButton>("buttonCropImages"));
+        QCOMPARE(w.loaded.Control<QPushButton>("buttonCropImages").text(),
+                 QStringLiteral("Cropping..."));
+        QCOMPARE(status.text(), QStringLiteral("Cropping 1 of 3"));
+        w.processor->Release();
+        QTRY_VERIFY(!w.loaded.controller().isCropping());
+
+        QCOMPARE(seen.size(), 4);
+        QCOMPARE(seen[0].section(' ', 0, 0), QStringLiteral("0"));
+        QCOMPARE(seen[1].section(' ', 0, 0), QStringLiteral("333"));
+        QCOMPARE(seen[2].section(' ', 0, 0), QStringLiteral("667"));
+        QCOMPARE(seen[3], QStringLiteral("0 "));
+        const QRegularExpression running(
+            QString::fromUtf8("^\\d+ Cropping (\\d) of 3 — about \\d+ s left$"));
+        QCOMPARE(running.match(seen[0]).captured(1), QStringLiteral("2"));
+        QCOMPARE(running.match(seen[1]).captured(1), QStringLiteral("3"));
+        QCOMPARE(seen[2].section(' ', 1), QString());  // all done: the line is empty
+        QCOMPARE(status.text(), QString());
+        QCOMPARE(w.loaded.Control<QPushButton>("buttonCropImages").text(),
+                 QStringLiteral("Crop Images"));
+        QCOMPARE(w.loaded.boxes.back().text, QStringLiteral("Images cropped successfully."));
+    }
+
+    void theWindowStaysResponsiveWhileTheJobRuns() {
+        JobWindow w;
+        w.AddPictures(2);
+        w.processor->Hold();
+        Click(w.loaded.Control<QPushButton>("buttonCropImages"));
+        QTRY_COMPARE(w.processor->started(), 1);
+        QVERIFY(w.loaded.controller().isCropping());
+        QVERIFY(!w.loaded.Control<QPushButton>("buttonAddImages").isEnabled());
+        // Events keep flowing, and the list still previews its images.
+        int ticks = 0;
+        QTimer ticker;
+        QObject::connect(&ticker, &QTimer::timeout, [&ticks] { ++ticks; });
+        ticker.start(10);
+        vellumo::test::ClickRow(w.loaded, 1);
+        QTest::qWait(200);
+        QVERIFY2(ticks >= 10, qPrintable(QString::number(ticks)));
+        QCOMPARE(LabelText(w.loaded, "labelOriginalDimensionsWidth"), QStringLiteral("Width: 120"));
+        QVERIFY(w.loaded.controller().isCropping());
+        w.processor->Release();
+        QTRY_VERIFY(!w.loaded.controller().isCropping());
+        QVERIFY(w.loaded.Control<QPushButton>("buttonAddImages").isEnabled());
+    }
+
+    void aFailedSaveStopsTheMetadataForTheRestButNotTheSaves() {
+        VELLUMO_QSKIP_WITHOUT_TESTDATA();
+        JobWindow w;
+        QStringList cameras;
+        for (const char* name : {"first.jpg", "second.jpg", "third.jpg"}) {
+            cameras << w.dir.filePath(name);
+            QVERIFY(QFile::copy(vellumo::test::RealImage("jpeg/Canon_40D.jpg"), cameras.back()));
+        }
+        w.loaded.AddImages(cameras);
+        Choose(w.loaded.Control<QComboBox>("comboFormat"), "JPG");
+        Click(w.loaded.Control<QCheckBox>("checkKeepEXIFInformationAndCreationDate"));
+        // A folder with something in it where the first output goes: it
+        // cannot be replaced.
+        const QString blocked = w.dir.filePath("out/first_cropped (1).jpg");
+        QVERIFY(QDir().mkpath(blocked + "/inside"));
+        w.loaded.boxAnswers.push_back(vellumo::kAnswerYes);
+
+        QVERIFY(CropAndWait(w.loaded));
+        QCOMPARE(w.Questions().size(), std::size_t{1});
+        const MessageBoxRequest& report = w.loaded.boxes.back();
+        QCOMPARE(report.text, QStringLiteral("Some images could not be cropped."));
+        QCOMPARE(report.style, MessageBoxStyle::Warning);
+        QCOMPARE(report.buttons, QStringList{"OK"});
+        QVERIFY2(report.details.startsWith("Not cropped: " + cameras[0] + " ("),
+                 qPrintable(report.details));
+        QVERIFY(QFileInfo(blocked).isDir());
+
+        for (const char* written : {"out/second_cropped (2).jpg", "out/third_cropped (3).jpg"}) {
+            const std::string path = w.dir.filePath(written).toStdString();
+            QCOMPARE(QImage(w.dir.filePath(written)).size(), QSize(100, 68));
+            QCOMPARE(vellumo::test::ExifToolValue(path, "Model"), std::string());
+        }
+        // Without the failure the metadata goes with every image.
+        QVERIFY(QDir(blocked).removeRecursively());
+        w.loaded.boxAnswers.push_back(vellumo::kAnswerYesToAll);
+        QVERIFY(CropAndWait(w.loaded));
+        QCOMPARE(w.loaded.boxes.back().text, QStringLiteral("Images cropped successfully."));
+        QCOMPARE(vellumo::test::ExifToolValue(
+                     w.dir.filePath("out/third_cropped (3).jpg").toStdString(), "Model"),
+                 std::string("Canon EOS 40D"));
+    }
+
+    void anImageAnsweredNoKeepsItsPixelsButGetsTheMetadata() {
+        VELLUMO_QSKIP_WITHOUT_TESTDATA();
+        JobWindow w;
+        const QString camera = w.dir.filePath("camera.jpg");
+        QVERIFY(QFile::copy(vellumo::test::RealImage("jpeg/Canon_40D.jpg"), camera));
+        w.loaded.AddImages({camera});
+        Choose(w.loaded.Control<QComboBox>("comboFormat"), "JPG");
+        Click(w.loaded.Control<QCheckBox>("checkKeepEXIFInformationAndCreationDate"));
+        const QString kept = w.dir.filePath("out/camera_cropped (1).jpg");
+        vellumo::test::Write(vellumo::test::Quarters(64, 48), kept);
+        QCOMPARE(vellumo::test::ExifToolValue(kept.toStdString(), "Model"), std::string());
+        const QImage before(kept);
+        w.loaded.boxAnswers.push_back(vellumo::kAnswerNo);
+
+        QVERIFY(CropAndWait(w.loaded));
+        QCOMPARE(w.Questions().size(), std::size_t{1});
+        QCOMPARE(w.loaded.boxes.back().text, QStringLiteral("Images cropped successfully."));
+        QCOMPARE(w.loaded.boxes.back().details,
+                 "Skipped: " + camera + " (" + kept + " already exists and was kept)");
+        QCOMPARE(QImage(kept), before);
+        QCOMPARE(vellumo::test::ExifToolValue(kept.toStdString(), "Model"),
+                 std::string("Canon EOS 40D"));
+    }
+
+    void aFailedRemovalDoesNotCountAsAFailure() {
+        JobWindow w;
+        w.AddPictures(1);
+        ImageOutcome outcome;
+        outcome.status = ImageStatus::Written;
+        outcome.removeError = "could not remove the old file: Permission denied";
+        w.loaded.controller().SetImageProcessor(std::make_shared<ScriptedProcessor>(outcome));
+        w.PutExisting(0);
+        QVERIFY(CropAndWait(w.loaded));
+        QCOMPARE(w.loaded.boxes.back().text, QStringLiteral("Images cropped successfully."));
+        QCOMPARE(w.loaded.boxes.back().style, MessageBoxStyle::Informational);
+    }
+
+    void theReportNamesEachFailedAndSkippedImage() {
+        JobWindow w;
+        w.AddPictures(1);
+        const QString text = w.dir.filePath("notes.png");
+        {
+            QFile file(text);
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write("not a picture");
+        }
+        w.loaded.AddImages({text});
+        w.AddPictures(1);
+        w.PutExisting(0);
+        w.loaded.boxAnswers.push_back(vellumo::kAnswerNo);
+        QVERIFY(CropAndWait(w.loaded));
+        const MessageBoxRequest& report = w.loaded.boxes.back();
+        QCOMPARE(report.text, QStringLiteral("Some images could not be cropped."));
+        QCOMPARE(report.details, "Skipped: " + w.sources[0] + " (" + w.Output(0) +
+                                     " already exists and was kept)\nNot cropped: " + text +
+                                     " (cannot decode: not an image Vellumo reads (a text file))");
+        QVERIFY(w.Kept(0));
+        QVERIFY(QFile::exists(w.dir.filePath("out/p2_cropped (3).png")));
+    }
+
+    void withNoExistingFilesNothingIsAsked() {
+        JobWindow w;
+        w.AddPictures(3);
+        QVERIFY(CropAndWait(w.loaded));
+        QCOMPARE(w.loaded.boxes.size(), std::size_t{1});
+        QCOMPARE(w.processor->decisions(),
+                 (std::vector<D>{D::NoConflict, D::NoConflict, D::NoConflict}));
+        for (int i = 0; i < 3; ++i) {
+            QVERIFY(w.Replaced(i));
+        }
+    }
+
+    void yesToAllOnTheSecondOfFiveConflicts() {
+        JobWindow w;
+        w.AddPictures(6);
+        for (int i : {0, 1, 2, 4, 5}) {
+            w.PutExisting(i);
+        }
+        w.loaded.boxAnswers = {vellumo::kAnswerNo, vellumo::kAnswerYesToAll};
+        QVERIFY(CropAndWait(w.loaded));
+        const auto questions = w.Questions();
+        QCOMPARE(questions.size(), std::size_t{2});
+        QCOMPARE(questions[0], Question(w.Output(0)));
+        QCOMPARE(questions[1], Question(w.Output(1)));
+        QCOMPARE(w.processor->decisions(),
+                 (std::vector<D>{D::Skip, D::Overwrite, D::Overwrite, D::NoConflict, D::Overwrite,
+                                 D::Overwrite}));
+        QVERIFY(w.Kept(0));
+        for (int i = 1; i < 6; ++i) {
+            QVERIFY2(w.Replaced(i), qPrintable(QString::number(i)));
+        }
+        QCOMPARE(w.loaded.boxes.back().text, QStringLiteral("Images cropped successfully."));
+    }
+
+    void noToAllOnTheFirstConflict() {
+        JobWindow w;
+        w.AddPictures(4);
+        for (int i : {0, 2, 3}) {
+            w.PutExisting(i);
+        }
+        w.loaded.boxAnswers = {vellumo::kAnswerNoToAll};
+        QVERIFY(CropAndWait(w.loaded));
+        QCOMPARE(w.Questions().size(), std::size_t{1});
+        QCOMPARE(w.processor->decisions(),
+                 (std::vector<D>{D::Skip, D::NoConflict, D::Skip, D::Skip}));
+        QVERIFY(w.Kept(0));
+        QVERIFY(w.Replaced(1));
+        QVERIFY(w.Kept(2));
+        QVERIFY(w.Kept(3));
+        // Every conflict answered "No": still a success.
+        QCOMPARE(w.loaded.boxes.back().text, QStringLiteral("Images cropped successfully."));
+        QCOMPARE(w.loaded.boxes.back().style, MessageBoxStyle::Informational);
+    }
+
+    void everyImageAnsweredNoStillReportsSuccess() {
+        JobWindow w;
+        w.AddPictures(3);
+        for (int i = 0; i < 3; ++i) {
+            w.PutExisting(i);
+        }
+        w.loaded.boxAnswers = {vellumo::kAnswerNo, vellumo::kAnswerNo, vellumo::kAnswerNo};
+        QVERIFY(CropAndWait(w.loaded));
+        QCOMPARE(w.Questions().size(), std::size_t{3});
+        QCOMPARE(w.processor->decisions(), (std::vector<D>{D::Skip, D::Skip, D::Skip}));
+        for (int i = 0; i < 3; ++i) {
+            QVERIFY(w.Kept(i));
+        }
+        QCOMPARE(w.loaded.boxes.back(),
+                 (MessageBoxRequest{"Images cropped successfully.",
+                                    MessageBoxStyle::Informational,
+                                    {"OK"},
+                                    "Skipped: " + w.sources[0] + " (" + w.Output(0) +
+                                        " already exists and was kept)\nSkipped: " + w.sources[1] +
+                                        " (" + w.Output(1) +
+                                        " already exists and was kept)\nSkipped: " + w.sources[2] +
+                                        " (" + w.Output(2) + " already exists and was kept)"}));
+    }
+
+    void twoImagesWithOneOutputPathAreBothWrittenTheLaterLast() {
+        JobWindow w;
+        QDir(w.dir.path()).mkdir("a");
+        QDir(w.dir.path()).mkdir("b");
+        const QString first = vellumo::test::Write(vellumo::test::Plain(60, 40, Qt::red),
+                                                   w.dir.filePath("a/same.png"));
+        const QString second = vellumo::test::Write(vellumo::test::Plain(50, 30, Qt::blue),
+                                                    w.dir.filePath("b/same.png"));
+        w.loaded.AddImages({first, second});
+        vellumo::test::Type(w.loaded.Control<QLineEdit>("textFieldName"), "[FileName]");
+        QVERIFY(CropAndWait(w.loaded));
+        QCOMPARE(w.Questions().size(), std::size_t{0});
+        QCOMPARE(w.processor->decisions(), (std::vector<D>{D::NoConflict, D::NoConflict}));
+        const QImage written(w.dir.filePath("out/same.png"));
+        QCOMPARE(written.size(), QSize(50, 30));
+        QCOMPARE(written.pixelColor(1, 1), QColor(Qt::blue));
+    }
+
+    void aFolderAtAnOutputPathIsAskedAbout() {
+        JobWindow w;
+        w.AddPictures(1);
+        QVERIFY(QDir().mkpath(w.Output(0)));
+        w.loaded.boxAnswers = {vellumo::kAnswerYes};
+        QVERIFY(CropAndWait(w.loaded));
+        const auto questions = w.Questions();
+        QCOMPARE(questions.size(), std::size_t{1});
+        QCOMPARE(questions[0], Question(w.Output(0)));
+        QCOMPARE(w.processor->decisions(), (std::vector<D>{D::Overwrite}));
+        // The empty folder made way for the file.
+        QVERIFY(QFileInfo(w.Output(0)).isFile());
+        QVERIFY(w.Replaced(0));
+    }
+};
+
+QTEST_MAIN(CropJobTest)
+#include "CropJobTest.moc"

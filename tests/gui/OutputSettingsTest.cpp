@@ -1,0 +1,254 @@
+// The output settings as the window shows them: the format list and the
+// quality slider, the quality label, the folder chooser, the name template
+// and the metadata option.
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include "tests/gui/support/LoadedWindow.h"
+#include "tests/gui/support/PictureFiles.h"
+#include "tests/gui/support/WindowDriving.h"
+#include "ui/OpenPanel.h"
+#include "ui/QualitySlider.h"
+
+using vellumo::OpenPanelRequest;
+using vellumo::QualitySlider;
+using vellumo::test::Choose;
+using vellumo::test::Click;
+using vellumo::test::LabelText;
+using vellumo::test::LoadedWindow;
+
+namespace {
+
+// Moves the slider to `value` the way a person does: the program puts it one
+// step short, then the right arrow key takes the last step.
+void MoveSliderTo(QualitySlider& slider, double value) {
+    slider.setDoubleValue(value - 1.0);
+    slider.setFocus();
+    QTest::keyClick(&slider, Qt::Key_Right);
+    if (slider.doubleValue() != value) {
+        vellumo::Fatal("test: the slider did not reach " + std::to_string(value));
+    }
+}
+
+// A window with one listed picture and an output folder, ready to crop.
+struct JobFixture {
+    QTemporaryDir dir;
+    LoadedWindow loaded;
+
+    JobFixture() {
+        loaded.Show();
+        loaded.AddImages(
+            {vellumo::test::Write(vellumo::test::Quarters(120, 80), dir.filePath("a.png"))});
+        QDir(dir.path()).mkdir("out");
+        loaded.Control<QLineEdit>("textFieldOutputFolder").setText(dir.filePath("out"));
+    }
+};
+
+}  // namespace
+
+class OutputSettingsTest : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void pngDisablesTheSliderAndJpxBringsItBackWithItsValue() {
+        LoadedWindow loaded;
+        loaded.Show();
+        auto& formats = loaded.Control<QComboBox>("comboFormat");
+        auto& slider = loaded.Control<QualitySlider>("sliderQuality");
+        MoveSliderTo(slider, 57);
+        QCOMPARE(LabelText(loaded, "labelQuality"), QStringLiteral("57"));
+
+        Choose(formats, "PNG");
+        QVERIFY(!slider.isEnabled());
+        QCOMPARE(slider.doubleValue(), 57.0);
+        QCOMPARE(LabelText(loaded, "labelQuality"), QStringLiteral("57"));
+
+        Choose(formats, "JPX");
+        QVERIFY(slider.isEnabled());
+        QCOMPARE(slider.doubleValue(), 57.0);
+        QCOMPARE(LabelText(loaded, "labelQuality"), QStringLiteral("57"));
+
+        for (const QString& title : {"TIFF", "TIF", "GIF", "BMP"}) {
+            Choose(formats, title);
+            QVERIFY2(!slider.isEnabled(), qPrintable(title));
+        }
+        for (const QString& title : {"JPG", "JPEG", "JPE", "JP2", "JPX"}) {
+            Choose(formats, title);
+            QVERIFY2(slider.isEnabled(), qPrintable(title));
+        }
+    }
+
+    void afterAJobTheSliderFollowsTheFormat_data() {
+        QTest::addColumn<QString>("format");
+        QTest::addColumn<bool>("sliderEnabled");
+        QTest::newRow("GIF") << "GIF" << false;
+        QTest::newRow("JPE") << "JPE" << true;
+    }
+
+    void afterAJobTheSliderFollowsTheFormat() {
+        QFETCH(QString, format);
+        QFETCH(bool, sliderEnabled);
+        JobFixture f;
+        Choose(f.loaded.Control<QComboBox>("comboFormat"), format);
+        QVERIFY(vellumo::test::CropAndWait(f.loaded));
+        QCOMPARE(f.loaded.boxes.back().text, QStringLiteral("Images cropped successfully."));
+        QVERIFY(QFile::exists(f.dir.filePath("out/a_cropped (1)." + format.toLower())));
+        QCOMPARE(f.loaded.Control<QualitySlider>("sliderQuality").isEnabled(), sliderEnabled);
+    }
+
+    void theQualityLabelShowsTheWholeNumberBelowTheValue_data() {
+        QTest::addColumn<double>("value");
+        QTest::addColumn<QString>("label");
+        QTest::newRow("1.0") << 1.0 << "1";
+        QTest::newRow("1.01") << 1.01 << "1";
+        QTest::newRow("2.99") << 2.99 << "2";
+        QTest::newRow("80.7") << 80.7 << "80";
+        QTest::newRow("100") << 100.0 << "100";
+    }
+
+    void theQualityLabelShowsTheWholeNumberBelowTheValue() {
+        QFETCH(double, value);
+        QFETCH(QString, label);
+        LoadedWindow loaded;
+        loaded.Show();
+        MoveSliderTo(loaded.Control<QualitySlider>("sliderQuality"), value);
+        QCOMPARE(LabelText(loaded, "labelQuality"), label);
+    }
+
+    void atZeroTheLabelShowsOne() {
+        LoadedWindow loaded;
+        loaded.Show();
+        auto& slider = loaded.Control<QualitySlider>("sliderQuality");
+        slider.setDoubleValue(1.0);
+        slider.setFocus();
+        QTest::keyClick(&slider, Qt::Key_Left);
+        QCOMPARE(slider.doubleValue(), 0.0);
+        QCOMPARE(LabelText(loaded, "labelQuality"), QStringLiteral("1"));
+    }
+
+    void theLabelFollowsTheUserNotTheProgram() {
+        LoadedWindow loaded;
+        loaded.Show();
+        auto& slider = loaded.Control<QualitySlider>("sliderQuality");
+        slider.setDoubleValue(33.0);
+        QCOMPARE(LabelText(loaded, "labelQuality"), QStringLiteral("80"));
+        // A drag with the mouse is the user's.
+        slider.setDoubleValue(50.0);
+        const QPoint handle = slider.rect().center();
+        QTest::mousePress(&slider, Qt::LeftButton, {}, handle);
+        QTest::mouseMove(&slider, handle + QPoint(slider.width() / 4, 0));
+        QTest::mouseRelease(&slider, Qt::LeftButton, {}, handle + QPoint(slider.width() / 4, 0));
+        QVERIFY(slider.doubleValue() > 60.0);
+        QCOMPARE(LabelText(loaded, "labelQuality"),
+                 QString::number(static_cast<int>(slider.doubleValue())));
+    }
+
+    void cancellingTheFolderChooserKeepsTheField() {
+        LoadedWindow loaded;
+        loaded.Show();
+        auto& folder = loaded.Control<QLineEdit>("textFieldOutputFolder");
+        folder.setText("/kept");
+        Click(loaded.Control<QPushButton>("buttonBrowse"));  // cancelled
+        QCOMPARE(folder.text(), QStringLiteral("/kept"));
+        QCOMPARE(loaded.panels.size(), std::size_t{1});
+        OpenPanelRequest expected;
+        expected.prompt = "Select Folder";
+        expected.allowsMultipleSelection = false;
+        expected.canCreateDirectories = false;
+        expected.canChooseDirectories = true;
+        expected.canChooseFiles = false;
+        QCOMPARE(loaded.panels[0], expected);
+
+        loaded.panelAnswers.push_back(QStringList{});
+        Click(loaded.Control<QPushButton>("buttonBrowse"));
+        QCOMPARE(folder.text(), QStringLiteral("/kept"));
+
+        loaded.panelAnswers.push_back(QStringList{"/chosen/folder"});
+        Click(loaded.Control<QPushButton>("buttonBrowse"));
+        QCOMPARE(folder.text(), QStringLiteral("/chosen/folder"));
+    }
+
+    void theRealFolderChooserIsTitledWithItsPrompt() {
+        QTemporaryDir dir;
+        LoadedWindow loaded;
+        loaded.Show();
+        loaded.controller().services().runOpenPanel = [&loaded](const OpenPanelRequest& request) {
+            return vellumo::RunOpenPanel(request, &loaded.window());
+        };
+        auto& folder = loaded.Control<QLineEdit>("textFieldOutputFolder");
+        folder.setText("/kept");
+
+        // Looked at, then cancelled from inside its own loop.
+        QString title;
+        QString acceptLabel;
+        QFileDialog::FileMode mode = QFileDialog::AnyFile;
+        bool dirsOnly = false;
+        QTimer::singleShot(100, [&] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            if (dialog == nullptr) {
+                return;
+            }
+            title = dialog->windowTitle();
+            acceptLabel = dialog->labelText(QFileDialog::Accept);
+            mode = dialog->fileMode();
+            dirsOnly = dialog->testOption(QFileDialog::ShowDirsOnly);
+            dialog->reject();
+        });
+        Click(loaded.Control<QPushButton>("buttonBrowse"));
+        QCOMPARE(title, QStringLiteral("Select Folder"));
+        QCOMPARE(acceptLabel, QStringLiteral("Select Folder"));
+        QCOMPARE(mode, QFileDialog::Directory);
+        QVERIFY(dirsOnly);
+        QCOMPARE(folder.text(), QStringLiteral("/kept"));
+
+        // Chosen: the field takes the folder's path.
+        QTimer::singleShot(100, [&] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            if (dialog == nullptr) {
+                return;
+            }
+            dialog->setDirectory(dir.path());
+            QMetaObject::invokeMethod(dialog, "accept");
+        });
+        Click(loaded.Control<QPushButton>("buttonBrowse"));
+        QCOMPARE(folder.text(), dir.path());
+    }
+
+    void anEmptyNameGivesTheBareFileNames() {
+        JobFixture f;
+        auto& name = f.loaded.Control<QLineEdit>("textFieldName");
+        vellumo::test::Type(name, "");
+        QCOMPARE(name.text(), QString());
+        QVERIFY(vellumo::test::CropAndWait(f.loaded));
+        QCOMPARE(QDir(f.dir.filePath("out")).entryList(QDir::Files), QStringList{"a.jpg"});
+    }
+
+    void theNameAndTheOptionAreReadByTheJobOnly() {
+        JobFixture f;
+        auto& name = f.loaded.Control<QLineEdit>("textFieldName");
+        auto& keep = f.loaded.Control<QCheckBox>("checkKeepEXIFInformationAndCreationDate");
+        vellumo::test::Type(name, "photo");
+        Click(keep);
+        QVERIFY(keep.isChecked());
+        Click(keep);
+        QVERIFY(!keep.isChecked());
+        Click(keep);
+        QVERIFY(keep.isChecked());
+        QCOMPARE(f.loaded.controller().CropSettingsFromControls().nameTemplate, "photo");
+        QVERIFY(f.loaded.controller().CropSettingsFromControls().keepMetadata);
+        QVERIFY(vellumo::test::CropAndWait(f.loaded));
+        QCOMPARE(QDir(f.dir.filePath("out")).entryList(QDir::Files), QStringList{"photo (1).jpg"});
+    }
+};
+
+QTEST_MAIN(OutputSettingsTest)
+#include "OutputSettingsTest.moc"

@@ -1,0 +1,32 @@
+#include "ui/JobStatusText.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace vellumo {
+
+namespace {
+
+QString TimeLeftText(double seconds) {
+    if (seconds < 59.5) {
+        const long whole = std::max(1L, std::lround(seconds));
+        return QStringLiteral("about %1 s left").arg(whole);
+    }
+    return QStringLiteral("about %1 min left").arg(std::lround(seconds / 60.0));
+}
+
+}  // namespace
+
+QString JobStatusText(long done, long total, std::chrono::milliseconds elapsed) {
+    if (total <= 0 || done >= total) {
+        return {};
+    }
+    const QString cropping = QStringLiteral("Cropping %1 of %2").arg(done + 1).arg(total);
+    if (done <= 0) {
+        return cropping;
+    }
+    const double perImage = static_cast<double>(elapsed.count()) / 1000.0 / done;
+    return cropping + QString::fromUtf8(" — ") + TimeLeftText(perImage * (total - done));
+}
+
+}  // namespace vellumo

@@ -1,0 +1,114 @@
+// The crop modes and their fields, and the settings the crop rule reads.
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFile>
+#include <QLineEdit>
+
+#include "ui/LatchingRadioButton.h"
+#include "ui/QualitySlider.h"
+#include "ui/Stepper.h"
+#include "ui/TextFieldNumber.h"
+#include "ui/ViewController.h"
+
+namespace vellumo {
+
+namespace {
+
+// The stepper's value as single precision, into its field as the field
+// shows numbers.
+void CopyStepperIntoField(const Stepper& stepper, QLineEdit& field) {
+    SetTextFieldNumber(field, static_cast<float>(stepper.value()));
+}
+
+}  // namespace
+
+CropSettings ViewController::CropSettingsFromControls() const {
+    CropSettings settings;
+    settings.autoCrop = radioAutoCrop->isChecked();
+    settings.customCrop = radioCustomCrop->isChecked();
+    settings.customCropPixels = radioCustomCropPixels->isChecked();
+    settings.customCropPercents = radioCustomCropPercents->isChecked();
+    settings.autoCropFormat = comboAutoCropFormat->currentIndex();
+
+    settings.pixelsOriginX = TextFieldFloatValue(*textFieldCustomCropPixelsOriginX);
+    settings.pixelsOriginY = TextFieldFloatValue(*textFieldCustomCropPixelsOriginY);
+    settings.pixelsWidth = TextFieldFloatValue(*textFieldCustomCropPixelsWidth);
+    settings.pixelsHeight = TextFieldFloatValue(*textFieldCustomCropPixelsHeight);
+    settings.percentsOriginX = TextFieldFloatValue(*textFieldCustomCropPercentsOriginX);
+    settings.percentsOriginY = TextFieldFloatValue(*textFieldCustomCropPercentsOriginY);
+    settings.percentsWidth = TextFieldFloatValue(*textFieldCustomCropPercentsWidth);
+    settings.percentsHeight = TextFieldFloatValue(*textFieldCustomCropPercentsHeight);
+
+    settings.outputFormat = comboFormat->currentIndex();
+    settings.quality = static_cast<float>(sliderQuality->doubleValue());
+    settings.nameTemplate = QFile::encodeName(textFieldName->text()).toStdString();
+    // The folder as the file system spells it.
+    settings.outputFolder = QFile::encodeName(textFieldOutputFolder->text()).toStdString();
+    settings.keepMetadata = checkKeepEXIFInformationAndCreationDate->isChecked();
+    return settings;
+}
+
+// A radio turns itself on when clicked; its handler turns the other of its
+// pair off. The two pairs are independent of each other.
+
+void ViewController::OnAutoCropSelected() {
+    radioCustomCrop->setChecked(false);
+    UpdateCropPreview();
+}
+
+void ViewController::OnAutoCropFormatSelected() {
+    // Deliberately nothing: the new ratio shows at the next refresh.
+}
+
+void ViewController::OnCustomCropSelected() {
+    radioAutoCrop->setChecked(false);
+    UpdateCropPreview();
+}
+
+void ViewController::OnCustomCropPixelsSelected() {
+    radioCustomCropPercents->setChecked(false);
+    UpdateCropPreview();
+}
+
+void ViewController::OnCustomCropPixelsOriginXChanged() {
+    UpdateCropPreview();
+}
+
+void ViewController::OnCustomCropPixelsOriginYChanged() {
+    UpdateCropPreview();
+}
+
+void ViewController::OnCustomCropPixelsWidthChanged() {
+    UpdateCropPreview();
+}
+
+void ViewController::OnCustomCropPixelsHeightChanged() {
+    UpdateCropPreview();
+}
+
+void ViewController::OnCustomCropPercentsSelected() {
+    radioCustomCropPixels->setChecked(false);
+    UpdateCropPreview();
+}
+
+// A step changes the field beside the stepper and nothing else: the preview
+// and the labels follow at the next refresh, the job reads the field.
+
+void ViewController::OnStepperCustomCropPercentsOriginXChanged() {
+    CopyStepperIntoField(*stepperCustomCropPercentsOriginX, *textFieldCustomCropPercentsOriginX);
+}
+
+void ViewController::OnStepperCustomCropPercentsOriginYChanged() {
+    CopyStepperIntoField(*stepperCustomCropPercentsOriginY, *textFieldCustomCropPercentsOriginY);
+}
+
+void ViewController::OnStepperCustomCropPercentsWidthChanged() {
+    CopyStepperIntoField(*stepperCustomCropPercentsWidth, *textFieldCustomCropPercentsWidth);
+}
+
+void ViewController::OnStepperCustomCropPercentsHeightChanged() {
+    CopyStepperIntoField(*stepperCustomCropPercentsHeight, *textFieldCustomCropPercentsHeight);
+}
+
+}  // namespace vellumo
