@@ -1,5 +1,9 @@
 #pragma once
 
+#include <memory>
+#include <mutex>
+#include <vector>
+
 #include "batch/ImageProcessor.h"
 #include "batch/PreviewDecoder.h"
 #include "batch/WorkerLimits.h"

@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QTabWidget>
 
+#include "batch/WorkerImageProcessor.h"
 #include "ui/CropPreviewView.h"
 #include "ui/ImageListModel.h"
 #include "ui/ImagePaths.h"
@@ -25,8 +26,10 @@ ViewController::ViewController(QObject* parent)
       imageListModel_(new ImageListModel(listImagePaths_, this)),
       services_(WindowServices::Desktop(
           [this]() -> QWidget* { return view_.isNull() ? nullptr : view_->window(); })),
-      previewDecoder_(std::make_shared<InProcessPreviewDecoder>()),
-      imageProcessor_(std::make_shared<InProcessImageProcessor>()) {
+      // Decoding and encoding happen in worker processes: a file that crashes
+      // an image library takes down a worker, never the window.
+      previewDecoder_(std::make_shared<WorkerPreviewDecoder>()),
+      imageProcessor_(std::make_shared<WorkerImageProcessor>()) {
     // A long decode (a huge PNG) must not hold up the next selection's.
     previewWork_.setMaxThreadCount(2);
     // One job at a time, its images one after another.

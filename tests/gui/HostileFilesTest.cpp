@@ -1,0 +1,88 @@
+// Files that crash the image libraries cannot take the window down: they are
+// decoded and cropped in worker processes, and fail alone, with a reason.
+
+#include <QComboBox>
+#include <QDir>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "tests/gui/support/LoadedWindow.h"
+#include "tests/gui/support/PictureFiles.h"
+#include "tests/gui/support/RealImages.h"
+#include "tests/gui/support/WindowDriving.h"
+
+using vellumo::test::LoadedWindow;
+
+class HostileFilesTest : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void aCrashingFileInABatchOfTenFailsAloneAndTheWindowGoesOn() {
+        VELLUMO_QSKIP_WITHOUT_TESTDATA();
+        QTemporaryDir dir;
+        LoadedWindow loaded;  // the window's own worker processes
+        loaded.Show();
+        QStringList sources;
+        for (int i = 0; i < 10; ++i) {
+            sources << (i == 4
+                            ? vellumo::test::RealImage("bad/issue254.jp2")
+                            : vellumo::test::Write(vellumo::test::Plain(60, 40, Qt::blue),
+                                                   dir.filePath(QStringLiteral("p%1.png").arg(i))));
+        }
+        loaded.AddImages(sources);
+        QDir(dir.path()).mkdir("out");
+        loaded.Control<QLineEdit>("textFieldOutputFolder").setText(dir.filePath("out"));
+        vellumo::test::Choose(loaded.Control<QComboBox>("comboFormat"), "PNG");
+
+        vellumo::test::Click(loaded.Control<QPushButton>("buttonCropImages"));
+        QTRY_VERIFY_WITH_TIMEOUT(!loaded.boxes.empty() && !loaded.controller().isCropping(), 60000);
+
+        const vellumo::MessageBoxRequest& report = loaded.boxes.back();
+        QCOMPARE(report.text, QStringLiteral("Some images could not be cropped."));
+        QVERIFY2(report.details.contains(sources[4]), qPrintable(report.details));
+        QVERIFY2(report.details.contains("the image decoder crashed on this file"),
+                 qPrintable(report.details));
+        QCOMPARE(QDir(dir.filePath("out")).entryList(QDir::Files | QDir::Hidden).size(), 9);
+
+        // Still running, and still working: another job goes through.
+        QVERIFY(loaded.window().isVisible());
+        QDir(dir.filePath("out")).removeRecursively();
+        QDir(dir.path()).mkdir("out");
+        vellumo::test::Click(loaded.Control<QPushButton>("buttonCropImages"));
+        QTRY_VERIFY_WITH_TIMEOUT(loaded.boxes.size() == 2 && !loaded.controller().isCropping(),
+                                 60000);
+        QCOMPARE(QDir(dir.filePath("out")).entryList(QDir::Files).size(), 9);
+    }
+
+    void selectingACrashingFileMarksItsRowAndTheNextSelectionShows() {
+        VELLUMO_QSKIP_WITHOUT_TESTDATA();
+        QTemporaryDir dir;
+        LoadedWindow loaded;
+        loaded.Show();
+        const QString hostile = vellumo::test::RealImage("bad/issue254.jp2");
+        loaded.AddImages({hostile, vellumo::test::Write(vellumo::test::Plain(300, 200, Qt::red),
+                                                        dir.filePath("fine.png"))});
+        auto& table = loaded.Control<QTableView>("tableViewImage");
+
+        vellumo::test::ClickRow(loaded, 0);
+        QTRY_VERIFY_WITH_TIMEOUT(table.model()
+                                     ->index(0, 0)
+                                     .data(Qt::ToolTipRole)
+                                     .toString()
+                                     .contains("the image decoder crashed on this file"),
+                                 20000);
+        QCOMPARE(vellumo::test::LabelText(loaded, "labelOriginalDimensionsWidth"),
+                 QStringLiteral("Width: 0"));
+
+        vellumo::test::ClickRow(loaded, 1);
+        QTRY_COMPARE_WITH_TIMEOUT(vellumo::test::LabelText(loaded, "labelOriginalDimensionsWidth"),
+                                  QStringLiteral("Width: 300"), 20000);
+        QVERIFY(loaded.window().isVisible());
+    }
+};
+
+QTEST_MAIN(HostileFilesTest)
+#include "HostileFilesTest.moc"
