@@ -12,6 +12,9 @@ namespace vellumo {
 
 void ApplicationMain(int argc, char** argv, const LaunchHook& launched) {
     QApplication application(argc, argv);
+    // The settings location (the folder each file dialog was last used in):
+    // ~/.config/Vellumo/Vellumo.conf on Linux.
+    QApplication::setOrganizationName(QStringLiteral("Vellumo"));
     QApplication::setApplicationName(QStringLiteral("Vellumo"));
     AppDelegate delegate(application);
 

@@ -1,6 +1,9 @@
 #include "ui/OpenPanel.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
+
+#include "ui/LastFolders.h"
 
 namespace vellumo {
 
@@ -55,10 +58,21 @@ OpenPanelResult RunOpenPanel(const OpenPanelRequest& request, QWidget* parent) {
         dialog.setWindowTitle(request.prompt);
         dialog.setLabelText(QFileDialog::Accept, request.prompt);
     }
+    const QString folder = LastFolder(request.memoryKey);
+    if (!folder.isEmpty()) {
+        dialog.setDirectory(folder);
+    }
     if (dialog.exec() != QDialog::Accepted) {
         return std::nullopt;
     }
-    return dialog.selectedFiles();
+    const QStringList chosen = dialog.selectedFiles();
+    if (!chosen.isEmpty()) {
+        // A chosen folder is remembered itself; chosen files, their folder.
+        const QFileInfo first(chosen.constFirst());
+        RememberLastFolder(request.memoryKey,
+                           first.isDir() ? first.absoluteFilePath() : first.absolutePath());
+    }
+    return chosen;
 }
 
 }  // namespace vellumo

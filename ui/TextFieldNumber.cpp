@@ -58,6 +58,17 @@ void SetTextFieldNumber(QLineEdit& field, double value) {
     field.setText(QString::number(value));
 }
 
+void SetTextFieldFloat(QLineEdit& field, float value) {
+    QString text;
+    for (int digits = 6; digits <= 9; ++digits) {
+        text = QString::number(static_cast<double>(value), 'g', digits);
+        if (LeadingFloatValue(text) == value) {
+            break;
+        }
+    }
+    field.setText(text);
+}
+
 float LeadingFloatValue(QStringView text) {
     qsizetype start = 0;
     while (start < text.size() && text[start].isSpace()) {

@@ -10,6 +10,10 @@ namespace vellumo {
 // 12.5 as "12.5".
 void SetTextFieldNumber(QLineEdit& field, double value);
 
+// Puts a single-precision number into a text field in the shortest form
+// that reads back as exactly that number: 12.3f as "12.3".
+void SetTextFieldFloat(QLineEdit& field, float value);
+
 // A text's number as single precision, the way the crop fields are read: the
 // number the text begins with (after any blanks), so "12.5 px" is 12.5, and 0
 // when it does not begin with one ("", "px", "abc"). Decimal only, with a

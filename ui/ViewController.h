@@ -98,6 +98,9 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     // Everything the crop rule and the job read from the controls, as they
     // are now. The preview, the labels and the job all go through this.
     CropSettings CropSettingsFromControls() const;
+    // Puts every setting into the controls (a loaded profile), then
+    // refreshes the preview.
+    void ApplySettingsToControls(const CropSettings& settings);
 
     // ---- Interface states (ViewControllerInterfaceStates.cpp) -------------
 
@@ -209,6 +212,11 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     // After the preview has grown: decodes the current image again when its
     // picture would now be shown enlarged.
     void DecodeAgainIfPictureTooSmall();
+
+    // Profiles (ViewControllerProfiles.cpp): the window's settings to the
+    // file at `path`; afterwards the window speaks of that profile.
+    void SaveProfileTo(const QString& path);
+    void ProfileIsNow(const QString& path);
 
     // The job's steps on the GUI thread.
     int AskOverwrite(const std::string& question);

@@ -21,6 +21,7 @@ void ViewController::OnAddImages() {
     request.canCreateDirectories = false;
     request.canChooseFiles = true;
     request.allowedFileTypes = OpenPanelImageExtensions();
+    request.memoryKey = QStringLiteral("addImages");
 
     const OpenPanelResult chosen = services_.runOpenPanel(request);
     if (!chosen) {

@@ -41,6 +41,7 @@ void ViewController::OnBrowse() {
     request.canCreateDirectories = false;
     request.canChooseDirectories = true;
     request.canChooseFiles = false;
+    request.memoryKey = QStringLiteral("outputFolder");
     const OpenPanelResult chosen = services_.runOpenPanel(request);
     // A cancel, or no folder, keeps the text. The folder is not checked.
     if (!chosen || chosen->isEmpty()) {

@@ -34,10 +34,4 @@ void ViewController::OnVideoTutorial() {
     services_.openUrl(address);
 }
 
-// The profile commands are in the menu but disabled until profiles have a
-// file format; they are wired to these handlers already, which do nothing.
-void ViewController::OnLoadProfile() {}
-void ViewController::OnSaveProfile() {}
-void ViewController::OnSaveProfileAs() {}
-
 }  // namespace vellumo

@@ -12,6 +12,9 @@ WindowServices WindowServices::Desktop(std::function<QWidget*()> parent) {
     services.runOpenPanel = [parent](const OpenPanelRequest& request) {
         return RunOpenPanel(request, parent());
     };
+    services.runSavePanel = [parent](const SavePanelRequest& request) {
+        return RunSavePanel(request, parent());
+    };
     services.openUrl = [](const QUrl& address) { return QDesktopServices::openUrl(address); };
     return services;
 }

@@ -9,6 +9,7 @@
 
 #include "ui/MessageBox.h"
 #include "ui/OpenPanel.h"
+#include "ui/SavePanel.h"
 
 class QWidget;
 
@@ -19,6 +20,8 @@ struct WindowServices {
     std::function<int(const MessageBoxRequest&)> showMessageBox;
     // Runs a modal open panel.
     std::function<OpenPanelResult(const OpenPanelRequest&)> runOpenPanel;
+    // Runs a modal save panel.
+    std::function<SavePanelResult(const SavePanelRequest&)> runSavePanel;
     // Opens a web address in the default browser; false when that failed.
     std::function<bool(const QUrl&)> openUrl;
 

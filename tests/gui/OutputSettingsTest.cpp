@@ -166,6 +166,7 @@ class OutputSettingsTest : public QObject {
         expected.canCreateDirectories = false;
         expected.canChooseDirectories = true;
         expected.canChooseFiles = false;
+        expected.memoryKey = "outputFolder";  // the folder it starts in next time
         QCOMPARE(loaded.panels[0], expected);
 
         loaded.panelAnswers.push_back(QStringList{});

@@ -25,6 +25,15 @@ LoadedWindow::LoadedWindow()
         panelAnswers.pop_front();
         return answer;
     };
+    services.runSavePanel = [this](const SavePanelRequest& request) -> SavePanelResult {
+        savePanels.push_back(request);
+        if (savePanelAnswers.empty()) {
+            return std::nullopt;
+        }
+        SavePanelResult answer = savePanelAnswers.front();
+        savePanelAnswers.pop_front();
+        return answer;
+    };
     services.openUrl = [this](const QUrl& address) {
         openedUrls.push_back(address);
         return false;

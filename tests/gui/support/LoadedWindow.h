@@ -19,7 +19,7 @@ namespace vellumo::test {
 // - message boxes are recorded and answered from `boxAnswers` (the first
 //   button, 1000, once the queue is empty);
 // - open panels are recorded and answered from `panelAnswers` (a cancel once
-//   the queue is empty);
+//   the queue is empty), save panels likewise from `savePanelAnswers`;
 // - web addresses are recorded and fail to open.
 class LoadedWindow {
   public:
@@ -50,6 +50,8 @@ class LoadedWindow {
     std::deque<int> boxAnswers;
     std::vector<OpenPanelRequest> panels;
     std::deque<OpenPanelResult> panelAnswers;
+    std::vector<SavePanelRequest> savePanels;
+    std::deque<SavePanelResult> savePanelAnswers;
     std::vector<QUrl> openedUrls;
 
   private:

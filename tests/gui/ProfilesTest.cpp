@@ -1,0 +1,301 @@
+// Profiles in the window: save and load every setting, all or nothing, the
+// window title, the same outputs as the command line with the same profile,
+// and the folder each file dialog remembers between runs.
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include "batch/Profile.h"
+#include "tests/gui/support/LoadedWindow.h"
+#include "tests/gui/support/PictureFiles.h"
+#include "tests/gui/support/WindowDriving.h"
+#include "tests/support/Commands.h"
+#include "ui/LastFolders.h"
+#include "ui/LatchingRadioButton.h"
+#include "ui/OpenPanel.h"
+#include "ui/QualitySlider.h"
+#include "ui/Stepper.h"
+
+using vellumo::test::Click;
+using vellumo::test::LoadedWindow;
+
+namespace {
+
+// Every control a profile holds, as text, for comparing whole windows.
+QStringList Controls(LoadedWindow& w) {
+    QStringList state;
+    for (const char* radio :
+         {"radioAutoCrop", "radioCustomCrop", "radioCustomCropPixels", "radioCustomCropPercents"}) {
+        state << QString("%1=%2").arg(radio).arg(
+            w.Control<vellumo::LatchingRadioButton>(radio).isChecked());
+    }
+    for (const char* combo : {"comboAutoCropFormat", "comboFormat"}) {
+        state << QString("%1=%2").arg(combo, w.Control<QComboBox>(combo).currentText());
+    }
+    for (const char* field :
+         {"textFieldCustomCropPixelsOriginX", "textFieldCustomCropPixelsOriginY",
+          "textFieldCustomCropPixelsWidth", "textFieldCustomCropPixelsHeight",
+          "textFieldCustomCropPercentsOriginX", "textFieldCustomCropPercentsOriginY",
+          "textFieldCustomCropPercentsWidth", "textFieldCustomCropPercentsHeight", "textFieldName",
+          "textFieldOutputFolder"}) {
+        state << QString("%1=%2").arg(field, w.Control<QLineEdit>(field).text());
+    }
+    state << QString("slider=%1 enabled=%2")
+                 .arg(w.Control<vellumo::QualitySlider>("sliderQuality").doubleValue())
+                 .arg(w.Control<vellumo::QualitySlider>("sliderQuality").isEnabled());
+    state << "label=" + w.Control<QLabel>("labelQuality").text();
+    state << QString("keep=%1").arg(
+        w.Control<QCheckBox>("checkKeepEXIFInformationAndCreationDate").isChecked());
+    return state;
+}
+
+// Sets every control away from its start value, by hand.
+void ChangeEverything(LoadedWindow& w) {
+    Click(w.Control<vellumo::LatchingRadioButton>("radioAutoCrop"));
+    Click(w.Control<vellumo::LatchingRadioButton>("radioCustomCropPercents"));
+    vellumo::test::Choose(w.Control<QComboBox>("comboAutoCropFormat"), "3:2");
+    w.Control<QLineEdit>("textFieldCustomCropPixelsOriginX").setText("-12.5");
+    w.Control<QLineEdit>("textFieldCustomCropPixelsOriginY").setText("7");
+    w.Control<QLineEdit>("textFieldCustomCropPixelsWidth").setText("640.25");
+    w.Control<QLineEdit>("textFieldCustomCropPixelsHeight").setText("480");
+    w.Control<QLineEdit>("textFieldCustomCropPercentsOriginX").setText("12.3");
+    w.Control<QLineEdit>("textFieldCustomCropPercentsOriginY").setText("0.125");
+    w.Control<QLineEdit>("textFieldCustomCropPercentsWidth").setText("150");
+    w.Control<QLineEdit>("textFieldCustomCropPercentsHeight").setText("33.333");
+    vellumo::test::Choose(w.Control<QComboBox>("comboFormat"), "TIF");
+    w.Control<vellumo::QualitySlider>("sliderQuality").setDoubleValue(42.5);
+    w.controller().OnQualityChanged();
+    w.Control<QLineEdit>("textFieldName").setText("shot [FileIndex] é");
+    w.Control<QLineEdit>("textFieldOutputFolder").setText("/somewhere/out");
+    Click(w.Control<QCheckBox>("checkKeepEXIFInformationAndCreationDate"));
+}
+
+}  // namespace
+
+class ProfilesTest : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
+
+    void saveThenLoadRestoresEveryControlExactly() {
+        QTemporaryDir dir;
+        LoadedWindow loaded;
+        loaded.Show();
+        ChangeEverything(loaded);
+        const QStringList changed = Controls(loaded);
+        const vellumo::CropSettings settings = loaded.controller().CropSettingsFromControls();
+
+        // Save As adds the extension.
+        loaded.savePanelAnswers.push_back(dir.filePath("mine"));
+        loaded.controller().OnSaveProfileAs();
+        QVERIFY(QFile::exists(dir.filePath("mine.vellumo")));
+        QCOMPARE(loaded.savePanels.at(0).fileType, QStringLiteral("vellumo"));
+
+        loaded.controller().OnFileNew();
+        QVERIFY(Controls(loaded) != changed);
+        loaded.panelAnswers.push_back(QStringList{dir.filePath("mine.vellumo")});
+        loaded.controller().OnLoadProfile();
+        QCOMPARE(Controls(loaded), changed);
+        const vellumo::CropSettings back = loaded.controller().CropSettingsFromControls();
+        QCOMPARE(back.percentsOriginX, settings.percentsOriginX);  // 12.3f, exactly
+        QCOMPARE(back.percentsHeight, settings.percentsHeight);
+        QCOMPARE(back.quality, 42.5f);
+        QVERIFY(loaded.boxes.empty());
+    }
+
+    void badProfilesChangeNoSettingAndSayWhy() {
+        QTemporaryDir dir;
+        LoadedWindow loaded;
+        loaded.Show();
+        ChangeEverything(loaded);
+        const QStringList before = Controls(loaded);
+        const struct {
+            const char* name;
+            const char* text;
+            const char* problem;
+        } files[] = {
+            {"corrupt.vellumo", "{ \"version\": 1, \"quality\": ", "the file is not valid JSON"},
+            {"future.vellumo", "{\"version\": 99, \"format\": \"PNG\"}",
+             "version 99 is not one this Vellumo reads (it reads version 1)"},
+            {"loud.vellumo", "{\"version\": 1, \"format\": \"PNG\", \"quality\": 300}",
+             "\"quality\" must be between 0 and 100"},
+        };
+        for (const auto& file : files) {
+            const QString path = dir.filePath(file.name);
+            QFile out(path);
+            QVERIFY(out.open(QIODevice::WriteOnly));
+            out.write(file.text);
+            out.close();
+            loaded.panelAnswers.push_back(QStringList{path});
+            loaded.controller().OnLoadProfile();
+            QCOMPARE(Controls(loaded), before);
+            QCOMPARE(loaded.boxes.back().text,
+                     "The profile " + path + " could not be loaded: " + file.problem + ".");
+            QCOMPARE(loaded.boxes.back().style, vellumo::MessageBoxStyle::Warning);
+            QCOMPARE(loaded.controller().currentProfilePath(), QString());
+        }
+    }
+
+    void missingKeysKeepTheWindowsValues() {
+        QTemporaryDir dir;
+        LoadedWindow loaded;
+        loaded.Show();
+        ChangeEverything(loaded);
+        QStringList expected = Controls(loaded);
+        QFile out(dir.filePath("small.vellumo"));
+        QVERIFY(out.open(QIODevice::WriteOnly));
+        out.write(R"({"version": 1, "format": "PNG", "whatIsThis": true})");
+        out.close();
+        loaded.panelAnswers.push_back(QStringList{dir.filePath("small.vellumo")});
+        loaded.controller().OnLoadProfile();
+        expected.replaceInStrings("comboFormat=TIF", "comboFormat=PNG");
+        expected.replaceInStrings("enabled=1", "enabled=0");
+        QCOMPARE(Controls(loaded), expected);
+    }
+
+    void theTitleFollowsSaveLoadAndNew() {
+        QTemporaryDir dir;
+        LoadedWindow loaded;
+        loaded.Show();
+        QCOMPARE(loaded.window().windowTitle(), QStringLiteral("Vellumo"));
+
+        // Save with no profile yet acts as Save As.
+        loaded.savePanelAnswers.push_back(dir.filePath("Portraits.vellumo"));
+        loaded.controller().OnSaveProfile();
+        QCOMPARE(loaded.savePanels.size(), std::size_t{1});
+        QCOMPARE(loaded.window().windowTitle(), QString::fromUtf8("Vellumo — Portraits"));
+        QCOMPARE(loaded.controller().currentProfilePath(), dir.filePath("Portraits.vellumo"));
+
+        // Save again writes there without asking.
+        vellumo::test::Choose(loaded.Control<QComboBox>("comboFormat"), "GIF");
+        loaded.controller().OnSaveProfile();
+        QCOMPARE(loaded.savePanels.size(), std::size_t{1});
+        QFile saved(dir.filePath("Portraits.vellumo"));
+        QVERIFY(saved.open(QIODevice::ReadOnly));
+        QVERIFY(saved.readAll().contains("\"format\": \"GIF\""));
+
+        loaded.controller().OnFileNew();
+        QCOMPARE(loaded.window().windowTitle(), QStringLiteral("Vellumo"));
+        QCOMPARE(loaded.controller().currentProfilePath(), QString());
+
+        loaded.panelAnswers.push_back(QStringList{dir.filePath("Portraits.vellumo")});
+        loaded.controller().OnLoadProfile();
+        QCOMPARE(loaded.window().windowTitle(), QString::fromUtf8("Vellumo — Portraits"));
+        QCOMPARE(loaded.Control<QComboBox>("comboFormat").currentText(), QStringLiteral("GIF"));
+    }
+
+    void aSaveThatFailsSaysWhyAndKeepsTheTitle() {
+        LoadedWindow loaded;
+        loaded.Show();
+        loaded.savePanelAnswers.push_back(QStringLiteral("/no/such/folder/p.vellumo"));
+        loaded.controller().OnSaveProfileAs();
+        QCOMPARE(loaded.boxes.back().text,
+                 QStringLiteral("The profile could not be saved to /no/such/folder/p.vellumo: "
+                                "the folder does not exist."));
+        QCOMPARE(loaded.window().windowTitle(), QStringLiteral("Vellumo"));
+        QCOMPARE(loaded.controller().currentProfilePath(), QString());
+    }
+
+    void theCommandLineWithTheSameProfileWritesTheSameBytes() {
+        QTemporaryDir dir;
+        QStringList sources;
+        sources << vellumo::test::Write(vellumo::test::Quarters(640, 480), dir.filePath("a.png"))
+                << vellumo::test::Write(vellumo::test::Quarters(300, 500), dir.filePath("b.png"));
+        QDir(dir.path()).mkdir("window");
+        QDir(dir.path()).mkdir("cli");
+
+        LoadedWindow loaded;
+        loaded.Show();
+        Click(loaded.Control<vellumo::LatchingRadioButton>("radioAutoCrop"));
+        vellumo::test::Choose(loaded.Control<QComboBox>("comboAutoCropFormat"), "16:9");
+        vellumo::test::Choose(loaded.Control<QComboBox>("comboFormat"), "JPG");
+        loaded.Control<vellumo::QualitySlider>("sliderQuality").setDoubleValue(67);
+        loaded.Control<QLineEdit>("textFieldName").setText("[FileName]-profiled");
+        loaded.Control<QLineEdit>("textFieldOutputFolder").setText(dir.filePath("window"));
+        loaded.savePanelAnswers.push_back(dir.filePath("job.vellumo"));
+        loaded.controller().OnSaveProfileAs();
+
+        loaded.controller().OnFileNew();
+        loaded.panelAnswers.push_back(QStringList{dir.filePath("job.vellumo")});
+        loaded.controller().OnLoadProfile();
+        loaded.AddImages(sources);
+        Click(loaded.Control<QPushButton>("buttonCropImages"));
+        QTRY_VERIFY_WITH_TIMEOUT(!loaded.boxes.empty() && !loaded.controller().isCropping(), 60000);
+        QCOMPARE(loaded.boxes.back().text, QStringLiteral("Images cropped successfully."));
+
+        const vellumo::test::CommandResult cli = vellumo::test::RunCommand(
+            vellumo::test::ShellQuote(VELLUMO_CLI) + " --profile " +
+            vellumo::test::ShellQuote(dir.filePath("job.vellumo").toStdString()) + " --output " +
+            vellumo::test::ShellQuote(dir.filePath("cli").toStdString()) + " " +
+            vellumo::test::ShellQuote(sources[0].toStdString()) + " " +
+            vellumo::test::ShellQuote(sources[1].toStdString()) + " </dev/null");
+        QCOMPARE(cli.exitCode, 0);
+        for (const char* name : {"a-profiled.jpg", "b-profiled.jpg"}) {
+            QFile fromWindow(dir.filePath(QString("window/") + name));
+            QFile fromCli(dir.filePath(QString("cli/") + name));
+            QVERIFY2(fromWindow.open(QIODevice::ReadOnly), name);
+            QVERIFY2(fromCli.open(QIODevice::ReadOnly), name);
+            const QByteArray windowBytes = fromWindow.readAll();
+            QVERIFY(windowBytes.size() > 1000);
+            QVERIFY2(windowBytes == fromCli.readAll(), name);
+        }
+    }
+
+    void eachFileDialogRemembersItsLastFolderBetweenRuns() {
+        QTemporaryDir dir;
+        QDir(dir.path()).mkdir("photos");
+        const QString photo = vellumo::test::Write(vellumo::test::Plain(20, 10, Qt::red),
+                                                   dir.filePath("photos/p.png"));
+        vellumo::RememberLastFolder("addImages", QString());
+        LoadedWindow loaded;
+        loaded.Show();
+        vellumo::OpenPanelRequest request;
+        request.allowsMultipleSelection = true;
+        request.allowedFileTypes = {"png"};
+        request.memoryKey = "addImages";
+
+        QTimer::singleShot(0, [&] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            if (dialog == nullptr) {
+                return;
+            }
+            dialog->setDirectory(dir.filePath("photos"));
+            dialog->selectFile(photo);
+            QMetaObject::invokeMethod(dialog, "accept");
+        });
+        const vellumo::OpenPanelResult chosen = vellumo::RunOpenPanel(request, &loaded.window());
+        QVERIFY(chosen.has_value());
+        QCOMPARE(*chosen, QStringList{photo});
+        QCOMPARE(vellumo::LastFolder("addImages"), dir.filePath("photos"));
+
+        // The next time (also in another run: the settings file is read
+        // anew), the dialog starts there.
+        QString startedIn;
+        QTimer::singleShot(0, [&] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            if (dialog == nullptr)
+                return;
+            startedIn = dialog->directory().absolutePath();
+            dialog->reject();
+        });
+        QVERIFY(!vellumo::RunOpenPanel(request, &loaded.window()).has_value());
+        QCOMPARE(startedIn, dir.filePath("photos"));
+        // Another dialog has its own memory.
+        QCOMPARE(vellumo::LastFolder("profiles"), QString());
+    }
+};
+
+QTEST_MAIN(ProfilesTest)
+#include "ProfilesTest.moc"
