@@ -118,6 +118,11 @@ class LifecycleTest : public QObject {
             const QImage written(path);
             QVERIFY2(written.size() == QSize(3000, 2000), qPrintable(path));
         }
+        // The worker process writing the file was told to stop with the
+        // program, and took its unfinished temporary file with it.
+        const QStringList hidden{QStringLiteral(".vellumo-*.tmp")};
+        QTRY_VERIFY_WITH_TIMEOUT(QDir(out).entryList(hidden, QDir::Files | QDir::Hidden).isEmpty(),
+                                 5000);
     }
 };
 
