@@ -3,6 +3,8 @@
 
 #include "bench/BenchInputs.h"
 
+#include <benchmark/benchmark.h>
+
 #include <filesystem>
 
 #include "tests/support/TestData.h"
@@ -42,6 +44,17 @@ const std::string& PhotoPng100() {
         return file;
     }();
     return path;
+}
+
+int RunBenchmarks(int argc, char** argv, const std::function<void()>& prepare) {
+    prepare();
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+        return 1;
+    }
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
 }
 
 }  // namespace vellumo::bench

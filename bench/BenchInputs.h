@@ -3,6 +3,7 @@
 // Photo-like inputs shared by the benchmarks, generated once into the build
 // tree (bench-data/) and reused by every later run.
 
+#include <functional>
 #include <string>
 
 namespace vellumo::bench {
@@ -12,5 +13,9 @@ const std::string& PhotoJpeg24();
 
 // A 10000 x 10000 (100-megapixel) PNG.
 const std::string& PhotoPng100();
+
+// The main() of a Google Benchmark program: `prepare` makes the inputs before
+// any timing starts, then the benchmarks the arguments select run.
+int RunBenchmarks(int argc, char** argv, const std::function<void()>& prepare);
 
 }  // namespace vellumo::bench

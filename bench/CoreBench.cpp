@@ -99,12 +99,5 @@ void MakeInputs() {
 }  // namespace vellumo
 
 int main(int argc, char** argv) {
-    vellumo::MakeInputs();  // generated before any timing starts
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
-        return 1;
-    }
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return vellumo::bench::RunBenchmarks(argc, argv, vellumo::MakeInputs);
 }

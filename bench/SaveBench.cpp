@@ -13,6 +13,7 @@
 
 #include <filesystem>
 
+#include "bench/BenchInputs.h"
 #include "imaging/ImageTools.h"
 #include "tests/support/TestData.h"
 #include "tests/support/TestImages.h"
@@ -123,13 +124,8 @@ BENCHMARK(BM_LoadCropSaveJpeg)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 int main(int argc, char** argv) {
     // Generated and decoded before any timing starts.
-    vellumo::Crop12Megapixels();
-    vellumo::RealPhotoCrop12Megapixels();
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
-        return 1;
-    }
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return vellumo::bench::RunBenchmarks(argc, argv, [] {
+        vellumo::Crop12Megapixels();
+        vellumo::RealPhotoCrop12Megapixels();
+    });
 }
