@@ -51,4 +51,13 @@ struct ImageOutcome {
     std::string console;
 };
 
+// The names decisions and statuses go by in JSON (the command line's report,
+// the worker's messages): "no-conflict", "overwrite", "skip"; "written",
+// "skipped", "failed", "planned". Reading an unknown name gives NoConflict,
+// respectively Failed.
+const char* DecisionName(OverwriteDecision decision);
+OverwriteDecision DecisionFromName(const std::string& name);
+const char* StatusName(ImageStatus status);
+ImageStatus StatusFromName(const std::string& name);
+
 }  // namespace vellumo

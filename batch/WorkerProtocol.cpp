@@ -82,50 +82,6 @@ Json Parse(const Message& message) {
     return Json::parse(message.json, nullptr, false);
 }
 
-const char* DecisionName(OverwriteDecision d) {
-    switch (d) {
-        case OverwriteDecision::Overwrite:
-            return "overwrite";
-        case OverwriteDecision::Skip:
-            return "skip";
-        case OverwriteDecision::NoConflict:
-            break;
-    }
-    return "no-conflict";
-}
-
-OverwriteDecision DecisionFrom(const std::string& name) {
-    if (name == "overwrite")
-        return OverwriteDecision::Overwrite;
-    if (name == "skip")
-        return OverwriteDecision::Skip;
-    return OverwriteDecision::NoConflict;
-}
-
-const char* StatusName(ImageStatus s) {
-    switch (s) {
-        case ImageStatus::Written:
-            return "written";
-        case ImageStatus::Skipped:
-            return "skipped";
-        case ImageStatus::Planned:
-            return "planned";
-        case ImageStatus::Failed:
-            break;
-    }
-    return "failed";
-}
-
-ImageStatus StatusFrom(const std::string& name) {
-    if (name == "written")
-        return ImageStatus::Written;
-    if (name == "skipped")
-        return ImageStatus::Skipped;
-    if (name == "planned")
-        return ImageStatus::Planned;
-    return ImageStatus::Failed;
-}
-
 }  // namespace
 
 bool Send(int socket, const Message& message) {
@@ -203,7 +159,7 @@ std::optional<ImageTask> TaskFrom(const Message& message, std::uint64_t& maxPixe
         task.index = json.at("index").get<long>();
         task.source = json.at("source").get<std::string>();
         task.output = json.at("output").get<std::string>();
-        task.decision = DecisionFrom(json.at("decision").get<std::string>());
+        task.decision = DecisionFromName(json.at("decision").get<std::string>());
         const Loaded<CropSettings> settings =
             SettingsFromProfileText(json.at("settings").dump(), CropSettings{});
         if (!settings)
@@ -273,7 +229,7 @@ std::optional<ImageOutcome> OutcomeFrom(const Message& message) {
         return std::nullopt;
     try {
         ImageOutcome outcome;
-        outcome.status = StatusFrom(json.at("status").get<std::string>());
+        outcome.status = StatusFromName(json.at("status").get<std::string>());
         outcome.reason = json.at("reason").get<std::string>();
         outcome.removeError = json.at("removeError").get<std::string>();
         outcome.console = json.at("console").get<std::string>();

@@ -8,32 +8,6 @@ namespace vellumo::cli {
 
 namespace {
 
-const char* DecisionName(OverwriteDecision decision) {
-    switch (decision) {
-        case OverwriteDecision::NoConflict:
-            return "no-conflict";
-        case OverwriteDecision::Overwrite:
-            return "overwrite";
-        case OverwriteDecision::Skip:
-            return "skip";
-    }
-    return "unknown";
-}
-
-const char* StatusName(ImageStatus status) {
-    switch (status) {
-        case ImageStatus::Written:
-            return "written";
-        case ImageStatus::Skipped:
-            return "skipped";
-        case ImageStatus::Failed:
-            return "failed";
-        case ImageStatus::Planned:
-            return "planned";
-    }
-    return "unknown";
-}
-
 nlohmann::ordered_json ToJson(const ImageReport& report) {
     const ImageOutcome& outcome = report.outcome;
     nlohmann::ordered_json object = {

@@ -1,6 +1,5 @@
 #include "imaging/VipsEncode.h"
 
-#include <cstring>
 #include <memory>
 
 #include "imaging/FileBytes.h"
@@ -87,7 +86,6 @@ bool EncoderDropsProfile(OutputCodec codec) {
 SaveResult WriteFile(const vips::VImage& rendered, OutputCodec codec, double quality,
                      const std::string& path) {
     vipsruntime::FailureScope scope;
-    const std::size_t errorStart = std::strlen(vips_error_buffer());
     BlobPtr inMemory;
     try {
         if (EncodesInMemory(codec)) {
@@ -96,9 +94,7 @@ SaveResult WriteFile(const vips::VImage& rendered, OutputCodec codec, double qua
             Encode(rendered, codec, quality, path);
         }
     } catch (const vips::VError& error) {
-        const std::string all = error.what();
-        const std::string own = all.size() > errorStart ? all.substr(errorStart) : all;
-        std::string reason = ReasonFromSystemErrorText(own);
+        std::string reason = ReasonFromSystemErrorText(scope.OwnText(error));
         return SaveResult::Failed(reason.empty() ? scope.Reason(error) : reason);
     }
     if (inMemory) {

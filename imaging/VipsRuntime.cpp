@@ -70,11 +70,15 @@ FailureScope::~FailureScope() {
     --collectorDepth;
 }
 
-std::string FailureScope::Reason(const vips::VError& error) const {
+std::string FailureScope::OwnText(const vips::VError& error) const {
     const std::string all = error.what();
     // Another thread may have emptied the text meanwhile; then all of it is
     // this error's.
-    const std::string own = all.size() >= errorTextStart_ ? all.substr(errorTextStart_) : all;
+    return all.size() >= errorTextStart_ ? all.substr(errorTextStart_) : all;
+}
+
+std::string FailureScope::Reason(const vips::VError& error) const {
+    const std::string own = OwnText(error);
     const std::string reason = ReasonFromError(own);
     // Some decoders say only that they failed and give the cause as a
     // warning just before.

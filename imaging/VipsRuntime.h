@@ -29,6 +29,9 @@ class FailureScope {
     // The reason for `error`, thrown inside this scope.
     std::string Reason(const vips::VError& error) const;
 
+    // The part of `error`'s text that was added inside this scope.
+    std::string OwnText(const vips::VError& error) const;
+
     // The warnings so far, one per line, oldest first.
     std::string Warnings() const;
 

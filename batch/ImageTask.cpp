@@ -1,0 +1,49 @@
+#include "batch/ImageTask.h"
+
+namespace vellumo {
+
+const char* DecisionName(OverwriteDecision decision) {
+    switch (decision) {
+        case OverwriteDecision::Overwrite:
+            return "overwrite";
+        case OverwriteDecision::Skip:
+            return "skip";
+        case OverwriteDecision::NoConflict:
+            break;
+    }
+    return "no-conflict";
+}
+
+OverwriteDecision DecisionFromName(const std::string& name) {
+    if (name == "overwrite")
+        return OverwriteDecision::Overwrite;
+    if (name == "skip")
+        return OverwriteDecision::Skip;
+    return OverwriteDecision::NoConflict;
+}
+
+const char* StatusName(ImageStatus status) {
+    switch (status) {
+        case ImageStatus::Written:
+            return "written";
+        case ImageStatus::Skipped:
+            return "skipped";
+        case ImageStatus::Planned:
+            return "planned";
+        case ImageStatus::Failed:
+            break;
+    }
+    return "failed";
+}
+
+ImageStatus StatusFromName(const std::string& name) {
+    if (name == "written")
+        return ImageStatus::Written;
+    if (name == "skipped")
+        return ImageStatus::Skipped;
+    if (name == "planned")
+        return ImageStatus::Planned;
+    return ImageStatus::Failed;
+}
+
+}  // namespace vellumo
