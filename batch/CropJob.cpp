@@ -2,31 +2,40 @@
 
 #include <iostream>
 
-#include "batch/OutputPath.h"
 #include "imaging/Fatal.h"
 
 namespace vellumo {
 
 JobReport RunCropJob(const CropSettings& settings, const std::vector<std::string>& listImagePaths,
-                     const std::vector<OverwriteDecision>& decisions, ImageProcessor& processor,
-                     const JobCallbacks& callbacks, const JobOptions& options) {
-    if (decisions.size() != listImagePaths.size()) {
-        Fatal("crop job given " + std::to_string(decisions.size()) + " decisions for " +
+                     const OutputPlan& plan, const std::vector<OverwriteDecision>& decisions,
+                     ImageProcessor& processor, const JobCallbacks& callbacks,
+                     const JobOptions& options) {
+    if (decisions.size() != listImagePaths.size() || plan.images.size() != listImagePaths.size()) {
+        Fatal("crop job given " + std::to_string(decisions.size()) + " decisions and " +
+              std::to_string(plan.images.size()) + " outputs for " +
               std::to_string(listImagePaths.size()) + " images");
     }
     JobReport report;
     const long count = static_cast<long>(listImagePaths.size());
     for (long i = 0; i < count; ++i) {
+        const PlannedOutput& planned = plan.images[i];
         ImageTask task;
         task.index = i;
         task.source = listImagePaths[i];
-        task.output = GenerateOutputPathWithImageIndex(settings, listImagePaths, i);
+        task.output = planned.path;
         task.decision = decisions[i];
         task.settings = settings;
+        task.settings.outputFormat = planned.format;
         task.carryMetadata = settings.keepMetadata && report.allSucceeded;
         task.dryRun = options.dryRun;
+        task.replacesSource = planned.replacesSource;
 
-        ImageReport image{i, task.source, task.output, task.decision, processor.Process(task)};
+        ImageReport image{i, task.source, task.output, task.decision, {}};
+        if (!planned.refusal.empty()) {
+            image.outcome.reason = planned.refusal;
+        } else {
+            image.outcome = processor.Process(task);
+        }
         if (options.printRemoveFailures && !image.outcome.removeError.empty()) {
             std::cout << "Remove failed: " << image.outcome.removeError << std::endl;
         }
@@ -42,6 +51,14 @@ JobReport RunCropJob(const CropSettings& settings, const std::vector<std::string
         }
     }
     return report;
+}
+
+JobReport RunCropJob(const CropSettings& settings, const std::vector<std::string>& listImagePaths,
+                     const std::vector<OverwriteDecision>& decisions, ImageProcessor& processor,
+                     const JobCallbacks& callbacks, const JobOptions& options) {
+    return RunCropJob(settings, listImagePaths,
+                      PlanOutputs(settings, listImagePaths, ClashPolicy::Refuse), decisions,
+                      processor, callbacks, options);
 }
 
 }  // namespace vellumo

@@ -12,6 +12,7 @@
 #include "batch/CropSettings.h"
 #include "batch/ImageProcessor.h"
 #include "batch/ImageTask.h"
+#include "batch/OutputPlan.h"
 #include "batch/OverwritePrompts.h"
 
 namespace vellumo {
@@ -45,12 +46,20 @@ struct JobOptions {
 };
 
 // Runs the job on the calling thread and returns when every image is done.
-// `decisions` has one entry per listed image. For each image: the output
-// path is computed anew; "Remove failed: " and the error's description go to
-// standard output when an existing file could not be removed before an
-// overwrite (the save is attempted anyway and only its own result counts);
-// the metadata step runs only while every image so far succeeded, and also
-// for a skipped image, whose kept file then gets the source's metadata.
+// `plan` and `decisions` have one entry per listed image. For each image: an
+// image the plan refuses fails with the plan's reason, untouched; the others
+// are written where the plan says, in its format; "Remove failed: " and the
+// error's description go to standard output when an existing file could not
+// be removed before an overwrite (the save is attempted anyway and only its
+// own result counts); the metadata step runs only while every image so far
+// succeeded, and also for a skipped image, whose kept file then gets the
+// source's metadata.
+JobReport RunCropJob(const CropSettings& settings, const std::vector<std::string>& listImagePaths,
+                     const OutputPlan& plan, const std::vector<OverwriteDecision>& decisions,
+                     ImageProcessor& processor, const JobCallbacks& callbacks = {},
+                     const JobOptions& options = {});
+
+// The same with the outputs planned from the settings, clashes refused.
 JobReport RunCropJob(const CropSettings& settings, const std::vector<std::string>& listImagePaths,
                      const std::vector<OverwriteDecision>& decisions, ImageProcessor& processor,
                      const JobCallbacks& callbacks = {}, const JobOptions& options = {});

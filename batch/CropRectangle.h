@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "batch/CropSettings.h"
 #include "imaging/Geometry.h"
 #include "imaging/Image.h"
@@ -17,5 +19,45 @@ namespace vellumo {
 //   5. otherwise: (0, 0, 0, 0).
 // Nothing is rounded, checked or clamped here.
 Rect ResolveCropRectangle(const CropSettings& settings, const Image& image);
+
+// How the rule's rectangle meets an image, and so what the job writes.
+enum class CropExtent {
+    Inside,   // the rectangle lies on the image: exactly it is cut
+    Clipped,  // part of it lies off the image: the part on it is cut
+    // The image is written whole:
+    WholeNoMode,   // custom crop with neither pixels nor percents chosen
+    WholeEmpty,    // a side of the rectangle is below one pixel
+    WholeOutside,  // the rectangle lies off the image
+    WholeSliver,   // less than one pixel of it lies on the image
+};
+
+inline bool IsWhole(CropExtent extent) {
+    return extent != CropExtent::Inside && extent != CropExtent::Clipped;
+}
+
+// What the job does with one image: the rule's rectangle, how it meets the
+// image, the rectangle actually cut (the whole image for the Whole extents)
+// and the output's size in whole pixels, exactly as the job writes it. The
+// preview, the labels, the dry run and the job all read this one result.
+struct ResolvedCrop {
+    Rect rect;
+    CropExtent extent = CropExtent::Inside;
+    Rect cut;
+    Size outputSize;
+};
+
+ResolvedCrop ResolveCrop(const CropSettings& settings, const Image& image);
+
+// A sentence for anything but a plain crop, shown under the preview and
+// carried as the job's warning for the image: "Whole image: the rectangle
+// lies outside this image", "Clipped to 100 × 68". Empty for Inside.
+std::string CropExtentNote(const ResolvedCrop& crop);
+
+// The warning for a file of several pages or frames of which only the first
+// is cropped: "first frame only (of 12)". Empty for one page.
+std::string FirstPageNote(int pages);
+
+// Notes joined into one warning line: "a; b" (empty ones left out).
+std::string JoinNotes(const std::string& a, const std::string& b);
 
 }  // namespace vellumo

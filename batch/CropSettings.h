@@ -52,6 +52,10 @@ struct CropSettings {
     std::string nameTemplate{kDefaultNameTemplate};
     std::string outputFolder;
     bool keepMetadata = false;  // EXIF information and creation date
+    // Each image's crop replaces its own file, in its own format; the name
+    // template, the folder and the format are not used. Never saved in a
+    // profile: it is chosen anew, and confirmed, for every job.
+    bool replaceOriginals = false;
 };
 
 }  // namespace vellumo

@@ -25,6 +25,9 @@ struct ImageTask {
     bool carryMetadata = false;
     // Decide and measure only: decode nothing, write nothing.
     bool dryRun = false;
+    // The output is the source file itself (the originals are replaced):
+    // whatever is carried over from the source is read before it goes.
+    bool replacesSource = false;
 };
 
 enum class ImageStatus {
@@ -43,6 +46,10 @@ struct ImageOutcome {
     // image could be read.
     std::optional<Rect> rect;
     std::optional<Size> outputSize;
+    // Something the person should know about an image that was written (or
+    // would be): "Clipped to 100 × 68", "Whole image: the rectangle lies
+    // outside this image", "first frame only (of 12)". Empty when none.
+    std::string warning;
     // Set when removing an existing output before an overwrite failed: the
     // error's description. The save was attempted anyway.
     std::string removeError;

@@ -1,3 +1,4 @@
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -7,7 +8,7 @@
 
 #include "batch/CropRectangle.h"
 #include "batch/ImageProcessor.h"
-#include "imaging/ImageAccess.h"
+#include "imaging/AtomicFile.h"
 #include "imaging/ImageTools.h"
 
 namespace vellumo {
@@ -30,10 +31,6 @@ std::string SaveFailure(const std::string& source, const std::string& reason) {
         return Failure("decode", check.reason());
     }
     return Failure("write", reason);
-}
-
-Size WholePixels(const Image& image) {
-    return {std::trunc(image.Width()), std::trunc(image.Height())};
 }
 
 // Before an overwrite, what is in the way must go. A folder is removed now
@@ -64,22 +61,68 @@ std::string ClearForOverwrite(const std::string& path) {
     return {};
 }
 
+// The image's crop as the job makes it, and what the person should know of
+// it.
+void Describe(const ImageTask& task, const Image& image, int pages, ImageOutcome& outcome,
+              ResolvedCrop& crop) {
+    crop = ResolveCrop(task.settings, image);
+    outcome.rect = crop.rect;
+    outcome.outputSize = crop.outputSize;
+    outcome.warning = JoinNotes(CropExtentNote(crop), FirstPageNote(pages));
+}
+
 ImageOutcome Plan(const ImageTask& task) {
     ImageOutcome outcome;
-    const std::optional<Size> size = ImageTools::ImagePixelSizeWithPath(task.source);
-    if (!size) {
+    const std::optional<ImageHeader> header = ImageTools::ImageHeaderWithPath(task.source);
+    if (!header) {
         outcome.reason = "cannot decode: the file is not an image Vellumo can read";
         return outcome;
     }
-    const Image sized = ImageAccess::MakeWithoutPixels(size->width, size->height);
-    const Rect rect = ResolveCropRectangle(task.settings, sized);
-    outcome.rect = rect;
-    outcome.outputSize =
-        WholePixels(ImageTools::CropImage(sized, rect.x, rect.y, rect.width, rect.height));
+    ResolvedCrop crop;
+    Describe(task, Image::OfSize(header->pixelSize.width, header->pixelSize.height),
+             header->pages, outcome, crop);
     outcome.status =
         task.decision == OverwriteDecision::Skip ? ImageStatus::Skipped : ImageStatus::Planned;
     return outcome;
 }
+
+// When the output replaces the source itself, what is carried over from the
+// source (its metadata, its date, its permissions) must outlive it: the old
+// file is kept under a second name until the new one is complete.
+class KeptSource {
+  public:
+    explicit KeptSource(const ImageTask& task) {
+        struct stat status {};
+        if (task.replacesSource && ::stat(task.source.c_str(), &status) == 0) {
+            mode_ = status.st_mode & 07777;
+            if (task.carryMetadata) {
+                aside_ = atomicfile::KeepAside(task.source);
+            }
+        }
+    }
+    ~KeptSource() {
+        if (!aside_.empty()) {
+            ::unlink(aside_.c_str());
+        }
+    }
+    KeptSource(const KeptSource&) = delete;
+    KeptSource& operator=(const KeptSource&) = delete;
+
+    // Where the source's metadata is read from now.
+    const std::string& Source(const ImageTask& task) const {
+        return aside_.empty() ? task.source : aside_;
+    }
+    // The replaced file keeps the old file's permissions.
+    void KeepPermissions(const std::string& output) const {
+        if (mode_) {
+            ::chmod(output.c_str(), *mode_);
+        }
+    }
+
+  private:
+    std::string aside_;
+    std::optional<mode_t> mode_;
+};
 
 }  // namespace
 
@@ -93,17 +136,22 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task) {
         outcome.reason = Failure("decode", loaded.reason());
         return outcome;
     }
-    const std::optional<Size> pixelSize = ImageTools::ImagePixelSizeWithPath(task.source);
-    if (!pixelSize) {
+    const std::optional<ImageHeader> header = ImageTools::ImageHeaderWithPath(task.source);
+    if (!header) {
         outcome.reason = "cannot decode: the image's size cannot be read";
         return outcome;
     }
-    const Image image = ImageTools::BringImageToActualSize(*loaded, *pixelSize);
-    const Rect rect = ResolveCropRectangle(task.settings, image);
-    const Image cropped = ImageTools::CropImage(image, rect.x, rect.y, rect.width, rect.height);
-    outcome.rect = rect;
-    outcome.outputSize = WholePixels(cropped);
+    const Image image = ImageTools::BringImageToActualSize(*loaded, header->pixelSize);
+    ResolvedCrop crop;
+    Describe(task, image, header->pages, outcome, crop);
+    // An image the rule leaves whole is written whole, with the warning
+    // saying why.
+    const Image cropped = IsWhole(crop.extent) ? image
+                                               : ImageTools::CropImage(image, crop.rect.x,
+                                                                       crop.rect.y, crop.rect.width,
+                                                                       crop.rect.height);
 
+    const KeptSource kept(task);
     bool saved = false;
     if (task.decision == OverwriteDecision::Skip) {
         outcome.status = ImageStatus::Skipped;
@@ -123,7 +171,10 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task) {
         outcome.status = ImageStatus::Written;
     }
     if (task.carryMetadata && (saved || outcome.status == ImageStatus::Skipped)) {
-        ImageTools::ChangeImageExifWithOriginalImagePath(task.source, task.output);
+        ImageTools::ChangeImageExifWithOriginalImagePath(kept.Source(task), task.output);
+    }
+    if (saved) {
+        kept.KeepPermissions(task.output);
     }
     return outcome;
 }

@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <system_error>
 
-#include "batch/OutputPath.h"
 
 namespace vellumo {
 
@@ -23,15 +22,17 @@ std::string OverwriteQuestion(const std::string& path) {
     return "The file " + path + " already exists. Do you want to overwrite it?";
 }
 
-std::vector<OverwriteDecision> PromptOverwrites(const CropSettings& settings,
-                                                const std::vector<std::string>& listImagePaths,
-                                                const OverwriteAsker& ask) {
+std::vector<OverwriteDecision> PromptOverwrites(const OutputPlan& plan, const OverwriteAsker& ask) {
     AnswerForAll memory = AnswerForAll::None;
     std::vector<OverwriteDecision> decisions;
-    decisions.reserve(listImagePaths.size());
-    for (long i = 0; i < static_cast<long>(listImagePaths.size()); ++i) {
-        const std::string path = GenerateOutputPathWithImageIndex(settings, listImagePaths, i);
-        if (!ItemExists(path)) {
+    decisions.reserve(plan.images.size());
+    for (const PlannedOutput& image : plan.images) {
+        const std::string& path = image.path;
+        if (image.replacesSource && image.refusal.empty()) {
+            decisions.push_back(OverwriteDecision::Overwrite);
+            continue;
+        }
+        if (!image.refusal.empty() || !ItemExists(path)) {
             decisions.push_back(OverwriteDecision::NoConflict);
             continue;
         }
@@ -61,6 +62,12 @@ std::vector<OverwriteDecision> PromptOverwrites(const CropSettings& settings,
         }
     }
     return decisions;
+}
+
+std::vector<OverwriteDecision> PromptOverwrites(const CropSettings& settings,
+                                                const std::vector<std::string>& listImagePaths,
+                                                const OverwriteAsker& ask) {
+    return PromptOverwrites(PlanOutputs(settings, listImagePaths, ClashPolicy::Refuse), ask);
 }
 
 }  // namespace vellumo

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "batch/CropSettings.h"
+#include "batch/OutputPlan.h"
 
 namespace vellumo {
 
@@ -32,10 +33,15 @@ inline const std::vector<std::string> kOverwriteButtons = {"Yes", "Yes to All", 
 // Asks `question` and returns the code of the button pressed (1000 to 1003).
 using OverwriteAsker = std::function<int(const std::string& question)>;
 
-// One decision for each entry of the list, in order. An existing item of any
+// One decision for each image of the plan, in order. An existing item of any
 // kind at the output path (a folder too) is a conflict. "Yes to All" and
 // "No to All" settle the conflicts after the one answered; nothing asked
-// before is revised.
+// before is revised. Nothing is asked for an image that is refused anyway
+// (NoConflict), nor for one that replaces its own file: replacing the
+// originals was agreed to as a whole (Overwrite).
+std::vector<OverwriteDecision> PromptOverwrites(const OutputPlan& plan, const OverwriteAsker& ask);
+
+// The same for the list as the settings place it, clashes refused.
 std::vector<OverwriteDecision> PromptOverwrites(const CropSettings& settings,
                                                 const std::vector<std::string>& listImagePaths,
                                                 const OverwriteAsker& ask);

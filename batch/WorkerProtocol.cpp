@@ -145,6 +145,7 @@ Message ImageRequest(const ImageTask& task, std::uint64_t maxPixels) {
         {"settings", Json::parse(ProfileText(task.settings))},
         {"carryMetadata", task.carryMetadata},
         {"dryRun", task.dryRun},
+        {"replacesSource", task.replacesSource},
         {"maxPixels", maxPixels},
     };
     return {json.dump(), {}};
@@ -167,6 +168,7 @@ std::optional<ImageTask> TaskFrom(const Message& message, std::uint64_t& maxPixe
         task.settings = *settings;
         task.carryMetadata = json.at("carryMetadata").get<bool>();
         task.dryRun = json.at("dryRun").get<bool>();
+        task.replacesSource = json.at("replacesSource").get<bool>();
         maxPixels = json.at("maxPixels").get<std::uint64_t>();
         return task;
     } catch (const nlohmann::json::exception&) {
@@ -212,7 +214,8 @@ Message OutcomeReply(const ImageOutcome& outcome) {
                  {"status", StatusName(outcome.status)},
                  {"reason", outcome.reason},
                  {"removeError", outcome.removeError},
-                 {"console", outcome.console}};
+                 {"console", outcome.console},
+                 {"warning", outcome.warning}};
     if (outcome.rect) {
         json["rect"] = {outcome.rect->x, outcome.rect->y, outcome.rect->width,
                         outcome.rect->height};
@@ -233,6 +236,7 @@ std::optional<ImageOutcome> OutcomeFrom(const Message& message) {
         outcome.reason = json.at("reason").get<std::string>();
         outcome.removeError = json.at("removeError").get<std::string>();
         outcome.console = json.at("console").get<std::string>();
+        outcome.warning = json.at("warning").get<std::string>();
         if (json.contains("rect")) {
             const auto& r = json["rect"];
             outcome.rect = Rect{r.at(0).get<double>(), r.at(1).get<double>(), r.at(2).get<double>(),
@@ -265,6 +269,7 @@ Message PreviewReply(const PreviewResult& preview) {
         void* data = rgb.write_to_memory(&size);
         Message message{Json{{"type", "preview"},
                              {"fullSize", {preview->fullSize.width, preview->fullSize.height}},
+                             {"pages", preview->pages},
                              {"width", rgb.width()},
                              {"height", rgb.height()},
                              {"bands", rgb.bands()}}
@@ -301,7 +306,9 @@ PreviewResult PreviewFrom(const Message& message) {
             pixels.copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
         const Size full{json.at("fullSize").at(0).get<double>(),
                         json.at("fullSize").at(1).get<double>()};
-        return PreviewResult::Success(Preview{full, ImageAccess::Make(pixels, width, height)});
+        const int pages = json.value("pages", 1);
+        return PreviewResult::Success(
+            Preview{full, ImageAccess::Make(pixels, width, height), pages});
     } catch (const nlohmann::json::exception&) {
         return PreviewResult::Failure("the image worker sent a damaged picture");
     }

@@ -119,6 +119,17 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
     app.add_option("--overwrite", overwrite,
                    "Existing outputs: ask, all or none (default: ask on a terminal, else none)")
         ->check(CLI::IsMember({"ask", "all", "none"}));
+    std::string onClash;
+    app.add_option("--on-clash", onClash,
+                   "Images written to one path: fail (the later ones are not written, the "
+                   "default) or number (the later ones get \" (2)\", \" (3)\" ...)")
+        ->check(CLI::IsMember({"fail", "number"}));
+    bool inPlace = false;
+    auto* inPlaceOption = app.add_flag(
+        "--in-place", inPlace,
+        "Replace each original file by its own crop, in its own format (no --output, --name "
+        "or --format)");
+    inPlaceOption->excludes(outputOption)->excludes(nameOption)->excludes(formatOption);
     app.add_flag("--dry-run", options.dryRun, "Decide and report, write nothing");
     app.add_flag("--json", options.json, "One JSON object per image on standard output");
     app.add_flag("--quiet", options.quiet, "Print only failures");
@@ -205,9 +216,11 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
         s.outputFolder = outputFolder;
     if (keepOption->count() > 0)
         s.keepMetadata = keepMetadata;
-    if (s.outputFolder.empty()) {
+    s.replaceOriginals = inPlace;
+    if (s.outputFolder.empty() && !inPlace) {
         return UsageError("--output is required");
     }
+    options.onClash = onClash == "number" ? ClashPolicy::Number : ClashPolicy::Refuse;
 
     if (overwrite.empty()) {
         options.overwrite = standardInputIsTerminal ? OverwriteMode::Ask : OverwriteMode::None;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "batch/CropSettings.h"
+#include "batch/OutputPlan.h"
 #include "batch/WorkerLimits.h"
 
 namespace vellumo::cli {
@@ -17,6 +18,7 @@ struct CliOptions {
     CropSettings settings;
     std::vector<std::string> files;
     OverwriteMode overwrite = OverwriteMode::None;
+    ClashPolicy onClash = ClashPolicy::Refuse;
     bool dryRun = false;
     bool json = false;
     bool quiet = false;

@@ -4,6 +4,8 @@
 #include <iostream>
 #include <nlohmann/json.hpp>
 
+#include "batch/JobSummary.h"
+
 namespace vellumo::cli {
 
 namespace {
@@ -20,6 +22,8 @@ nlohmann::ordered_json ToJson(const ImageReport& report) {
         {"status", StatusName(outcome.status)},
         {"reason", outcome.reason.empty() ? nlohmann::ordered_json(nullptr)
                                           : nlohmann::ordered_json(outcome.reason)},
+        {"warning", outcome.warning.empty() ? nlohmann::ordered_json(nullptr)
+                                            : nlohmann::ordered_json(outcome.warning)},
     };
     if (outcome.rect) {
         object["rect"] = {outcome.rect->x, outcome.rect->y, outcome.rect->width,
@@ -45,11 +49,12 @@ std::string Describe(const ImageReport& report) {
         size = " (" + std::to_string(static_cast<long long>(outcome.outputSize->width)) + " x " +
                std::to_string(static_cast<long long>(outcome.outputSize->height)) + ")";
     }
+    const std::string warning = outcome.warning.empty() ? "" : " \u2014 warning: " + outcome.warning;
     switch (outcome.status) {
         case ImageStatus::Written:
-            return "written   " + report.output + size;
+            return "written   " + report.output + size + warning;
         case ImageStatus::Planned:
-            return "would write " + report.output + size;
+            return "would write " + report.output + size + warning;
         case ImageStatus::Skipped:
             return "kept      " + report.output + " (already exists)";
         case ImageStatus::Failed:
@@ -105,9 +110,8 @@ void Reporter::Finish(const JobReport& report) {
     }
     if (!options_.quiet || !report.allSucceeded) {
         (report.allSucceeded ? std::cout : std::cerr)
-            << (report.allSucceeded ? "Images cropped successfully."
-                                    : "Some images could not be cropped.")
-            << std::endl;
+            << JobResultSentence(report) << "\n"
+            << JobSummaryText(report) << std::endl;
     }
 }
 

@@ -1,14 +1,16 @@
 // vellumo-cli: the crop engine without a window.
 //
-// Exit status: 0 when every image succeeded, 1 when some failed, 2 for a
-// usage error.
+// Exit status: 0 when every image succeeded, 1 when some failed, 2 when
+// nothing was attempted (a usage error, an output folder that is a file or
+// cannot be made).
 
 #include <unistd.h>
 
-#include <filesystem>
 #include <iostream>
 
 #include "batch/CropJob.h"
+#include "batch/OutputFolder.h"
+#include "batch/OutputPlan.h"
 #include "batch/OverwritePrompts.h"
 #include "batch/WorkerImageProcessor.h"
 #include "cli/CliOptions.h"
@@ -24,16 +26,27 @@ int main(int argc, char** argv) {
     }
     const cli::CliOptions& options = *parsed.options;
 
-    // Unlike the window, whose folder chooser picks an existing folder, the
-    // command line makes its output folder. When it cannot, every image
-    // fails with the reason.
-    if (!options.dryRun) {
-        std::error_code ignored;
-        std::filesystem::create_directories(options.settings.outputFolder, ignored);
+    // The output folder is made, with its parents, as the job starts.
+    const std::string& folder = options.settings.outputFolder;
+    if (!options.settings.replaceOriginals) {
+        const FolderState state = OutputFolderState(folder);
+        if (state == FolderState::NotAFolder) {
+            std::cerr << "vellumo-cli: --output: " << NotAFolderNotice(folder) << std::endl;
+            return 2;
+        }
+        if (state == FolderState::Missing && !options.dryRun) {
+            const SaveResult made = CreateOutputFolder(folder);
+            if (!made.saved) {
+                std::cerr << "vellumo-cli: --output: the folder " << folder
+                          << " cannot be created: " << made.reason << std::endl;
+                return 2;
+            }
+        }
     }
 
-    const std::vector<OverwriteDecision> decisions = PromptOverwrites(
-        options.settings, options.files, cli::MakeOverwriteAsker(options.overwrite));
+    const OutputPlan plan = PlanOutputs(options.settings, options.files, options.onClash);
+    const std::vector<OverwriteDecision> decisions =
+        PromptOverwrites(plan, cli::MakeOverwriteAsker(options.overwrite));
 
     cli::Reporter reporter(options, static_cast<long>(options.files.size()),
                            isatty(STDERR_FILENO) == 1);
@@ -45,8 +58,8 @@ int main(int argc, char** argv) {
     JobOptions jobOptions;
     jobOptions.dryRun = options.dryRun;
     jobOptions.printRemoveFailures = !options.json;
-    const JobReport report =
-        RunCropJob(options.settings, options.files, decisions, processor, callbacks, jobOptions);
+    const JobReport report = RunCropJob(options.settings, options.files, plan, decisions, processor,
+                                        callbacks, jobOptions);
     reporter.Finish(report);
     return report.allSucceeded ? 0 : 1;
 }

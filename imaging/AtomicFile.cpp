@@ -132,6 +132,27 @@ SaveResult ReplaceWithBytes(const std::string& target, const void* bytes, std::s
     });
 }
 
+std::string KeepAside(const std::string& path) {
+    const std::string folder = FolderOf(path);
+    for (int attempt = 0; attempt < kNameAttempts; ++attempt) {
+        const std::string aside = folder + TemporaryPrefix(getpid()) + RandomSuffix() + ".tmp";
+        if (link(path.c_str(), aside.c_str()) == 0) {
+            return aside;
+        }
+        if (errno == EEXIST) {
+            continue;
+        }
+        std::error_code error;
+        namespace fs = std::filesystem;
+        if (!fs::copy_file(path, aside, fs::copy_options::none, error)) {
+            return {};
+        }
+        fs::last_write_time(aside, fs::last_write_time(path, error), error);
+        return aside;
+    }
+    return {};
+}
+
 int RemoveLeftovers(const std::string& folder, long pid) {
     const std::string prefix = TemporaryPrefix(pid).substr(1);
     std::error_code error;

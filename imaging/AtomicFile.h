@@ -31,6 +31,14 @@ SaveResult ReplaceWithBytes(const std::string& target, const void* bytes, std::s
 // from `folder`; returns how many.
 int RemoveLeftovers(const std::string& folder, long pid);
 
+// A second name for the file at `path`, in its folder and under this
+// process's temporary naming (so that RemoveLeftovers finds it should the
+// process die): a hard link where the file system has them, else a copy
+// that keeps the modification time. Keeps a file that is about to be
+// replaced readable until its caller removes the name. Empty when neither
+// could be made.
+std::string KeepAside(const std::string& path);
+
 // Removes the temporary file this process is writing right now, if any.
 // Safe to call from a signal handler (a process told to stop mid-write).
 void RemoveCurrentTemporaryFromSignalHandler();

@@ -21,4 +21,12 @@ struct Size {
     friend bool operator==(const Size&, const Size&) = default;
 };
 
+// What a file's headers tell without decoding pixels.
+struct ImageHeader {
+    Size pixelSize;  // upright; the largest over all pages
+    int pages = 1;   // pages or frames, at least 1
+
+    friend bool operator==(const ImageHeader&, const ImageHeader&) = default;
+};
+
 }  // namespace vellumo

@@ -85,6 +85,11 @@ class ImageTools {
     // cannot be read as one of the six image kinds.
     static std::optional<Size> ImagePixelSizeWithPath(const std::string& path);
 
+    // ImagePixelSizeWithPath with the number of pages (TIFF) or frames (GIF,
+    // as many as the file declares) of the file, at least 1; only the first
+    // is ever decoded.
+    static std::optional<ImageHeader> ImageHeaderWithPath(const std::string& path);
+
     // ---- Raster operations ---------------------------------------------
 
     // Cuts a rectangle out of the image. Returns the input when width or

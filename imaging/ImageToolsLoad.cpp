@@ -91,6 +91,14 @@ LoadResult ImageTools::OpenImage(const std::string& path) {
 }
 
 std::optional<Size> ImageTools::ImagePixelSizeWithPath(const std::string& path) {
+    const std::optional<ImageHeader> header = ImageHeaderWithPath(path);
+    if (!header) {
+        return std::nullopt;
+    }
+    return header->pixelSize;
+}
+
+std::optional<ImageHeader> ImageTools::ImageHeaderWithPath(const std::string& path) {
     vipsruntime::EnsureStarted();
     const SniffedFile sniffed = SniffFile(path);
     if (!sniffed.kind) {
@@ -99,9 +107,9 @@ std::optional<Size> ImageTools::ImagePixelSizeWithPath(const std::string& path) 
     vipsruntime::FailureScope scope;
     try {
         vips::VImage first = vipsload::Open(*sniffed.kind, path);
+        const int declared = vipsload::PageCount(first);
         // GIF frames all share the screen size; only TIFF pages can differ.
-        const int pages =
-            *sniffed.kind == FileKind::Tiff ? std::min(vipsload::PageCount(first), kMaxPages) : 1;
+        const int pages = *sniffed.kind == FileKind::Tiff ? std::min(declared, kMaxPages) : 1;
         Size size;
         for (int page = 0; page < pages; ++page) {
             vips::VImage header = first;
@@ -118,7 +126,7 @@ std::optional<Size> ImageTools::ImagePixelSizeWithPath(const std::string& path) 
             size.width = std::max(size.width, w);
             size.height = std::max(size.height, h);
         }
-        return size;
+        return ImageHeader{size, declared};
     } catch (const vips::VError&) {
         return std::nullopt;
     }

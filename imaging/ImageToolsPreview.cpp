@@ -31,7 +31,7 @@ int JpegShrink(const vips::VImage& header, int maxSide) {
 
 PreviewResult ImageTools::LoadPreview(const std::string& path, int maxSide) {
     vipsruntime::EnsureStarted();
-    const std::optional<Size> fullSize = ImagePixelSizeWithPath(path);
+    const std::optional<ImageHeader> header = ImageHeaderWithPath(path);
     const SniffedFile sniffed = SniffFile(path);
     if (!sniffed.kind) {
         return PreviewResult::Failure(sniffed.reason);
@@ -39,7 +39,7 @@ PreviewResult ImageTools::LoadPreview(const std::string& path, int maxSide) {
     vipsruntime::FailureScope scope;
     try {
         vips::VImage pixels = vipsload::Open(*sniffed.kind, path);
-        if (!fullSize) {
+        if (!header) {
             return PreviewResult::Failure("the image's size cannot be read");
         }
         const int orientation = vipsload::Orientation(pixels);
@@ -65,7 +65,8 @@ PreviewResult ImageTools::LoadPreview(const std::string& path, int maxSide) {
         const double width = pixels.width();
         const double height = pixels.height();
         return PreviewResult::Success(
-            Preview{*fullSize, ImageAccess::Make(std::move(pixels), width, height)});
+            Preview{header->pixelSize, ImageAccess::Make(std::move(pixels), width, height),
+                    header->pages});
     } catch (const vips::VError& error) {
         return PreviewResult::Failure(scope.Reason(error));
     }

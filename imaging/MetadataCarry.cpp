@@ -112,8 +112,38 @@ void SetIfPresent(Exiv2::XmpData& xmp, const char* key, long value) {
     }
 }
 
+// The namespaces that describe a gain map stored after the primary picture
+// (an Ultra HDR or Apple HDR photo): the saved file has no gain map, and a
+// description of one would send a viewer looking for bytes that are not
+// there.
+bool DescribesGainMap(const Exiv2::Xmpdatum& datum) {
+    static const char* const kNamespaces[] = {
+        "http://ns.adobe.com/hdr-gain-map/1.0/",
+        "http://ns.google.com/photos/1.0/container/",
+        "http://ns.google.com/photos/1.0/container/item/",
+        "http://ns.apple.com/HDRGainMap/1.0/",
+    };
+    std::string ns;
+    try {
+        ns = Exiv2::XmpProperties::ns(datum.groupName());
+    } catch (const Exiv2::AnyError&) {
+        return false;
+    }
+    for (const char* gainMap : kNamespaces) {
+        if (ns == gainMap) {
+            return true;
+        }
+    }
+    return false;
+}
+
 Exiv2::XmpData CarriedXmp(const Exiv2::XmpData& source, long width, long height) {
-    Exiv2::XmpData xmp = source;
+    Exiv2::XmpData xmp;
+    for (const Exiv2::Xmpdatum& datum : source) {
+        if (!DescribesGainMap(datum)) {
+            xmp.add(datum);
+        }
+    }
     SetIfPresent(xmp, "Xmp.tiff.Orientation", 1);
     SetIfPresent(xmp, "Xmp.tiff.ImageWidth", width);
     SetIfPresent(xmp, "Xmp.tiff.ImageLength", height);

@@ -15,6 +15,7 @@ namespace vellumo {
 struct Preview {
     Size fullSize;  // upright pixel size, as ImagePixelSizeWithPath gives it
     Image picture;  // upright, scaled down to fit the requested box
+    int pages = 1;  // pages or frames of the file; the picture is the first
 };
 
 using PreviewResult = Loaded<Preview>;

@@ -153,6 +153,41 @@ TEST_P(TaggedSource, EverythingElseTravelsUnchanged) {
     EXPECT_EQ(own.at("ExifImageWidth"), "100");
 }
 
+// An Ultra HDR photo describes its gain map (stored after the picture) in
+// XMP; the saved file has no gain map, so the description stays behind while
+// the rest of the XMP travels.
+TEST(CarryMetadata, TheDescriptionOfAGainMapThatIsNotCarriedStaysBehind) {
+    TempDir dir;
+    const std::string source = dir.File("hdr.jpg");
+    test::PhotoLikeImage(160, 120).jpegsave(source.c_str());
+    const std::string packet = dir.File("gainmap.xmp");
+    std::ofstream(packet)
+        << R"(<x:xmpmeta xmlns:x="adobe:ns:meta/"><rdf:RDF )"
+        << R"(xmlns:rdf="http://www.w3.org/1999/02/22-rdf-syntax-ns#"><rdf:Description )"
+        << R"(rdf:about="" xmlns:hdrgm="http://ns.adobe.com/hdr-gain-map/1.0/" )"
+        << R"(xmlns:dc="http://purl.org/dc/elements/1.1/" )"
+        << R"(xmlns:Container="http://ns.google.com/photos/1.0/container/" )"
+        << R"(xmlns:Item="http://ns.google.com/photos/1.0/container/item/" )"
+        << R"(hdrgm:Version="1.0" hdrgm:GainMapMax="2.0"><dc:creator><rdf:Seq>)"
+        << R"(<rdf:li>Someone</rdf:li></rdf:Seq></dc:creator><Container:Directory><rdf:Seq>)"
+        << R"(<rdf:li rdf:parseType="Resource"><Container:Item Item:Semantic="Primary" )"
+        << R"(Item:Mime="image/jpeg"/></rdf:li><rdf:li rdf:parseType="Resource">)"
+        << R"(<Container:Item Item:Semantic="GainMap" Item:Mime="image/jpeg" )"
+        << R"(Item:Length="1234"/></rdf:li></rdf:Seq></Container:Directory>)"
+        << R"(</rdf:Description></rdf:RDF></x:xmpmeta>)";
+    ExifToolWrite(source, "'-xmp<=" + packet + "'");
+    ASSERT_FALSE(ExifToolTags(source, "-XMP-hdrgm:all").empty());
+    ASSERT_FALSE(ExifToolTags(source, "-XMP-Container:all").empty());
+    const std::string path = SaveCrop(dir, source, "out.jpg", 0, {10, 10, 100, 80});
+
+    ImageTools::ChangeImageExifWithOriginalImagePath(source, path);
+
+    EXPECT_EQ(ExifToolValue(path, "XMP-dc:Creator"), "Someone");
+    EXPECT_EQ(ExifToolTags(path, "-XMP-hdrgm:all"), std::vector<std::string>{});
+    EXPECT_EQ(ExifToolTags(path, "-XMP-Container:all"), std::vector<std::string>{});
+    EXPECT_EQ(ExifToolTags(path, "-MPF:all"), std::vector<std::string>{});
+}
+
 INSTANTIATE_TEST_SUITE_P(Formats, TaggedSource,
                          ::testing::Values(std::pair{0L, "t.jpg"}, std::pair{3L, "t.jp2"},
                                            std::pair{5L, "t.png"}, std::pair{6L, "t.tiff"}),

@@ -178,20 +178,34 @@ TEST_F(CropJobFilesTest, DamageFoundWhileWritingIsReportedAsADecodeFailure) {
     EXPECT_TRUE(fs::is_empty(settings.outputFolder));  // not even a temporary file
 }
 
-TEST_F(CropJobFilesTest, ASourceIsReplacedOnlyWhenItIsTheOutputAndTheAnswerWasYes) {
+TEST_F(CropJobFilesTest, ASourceThatIsItsOwnOutputIsNeverWrittenEvenWhenTheAnswerWasYes) {
     settings.outputFolder = dir.path().string();
     const std::string source = Source("a.png");
     const std::vector<std::string> list = {source};
     ASSERT_EQ(GenerateOutputPathWithImageIndex(settings, list, 0), source);
     const std::string before = test::ReadFile(source);
 
-    EXPECT_TRUE(Run(list, {D::Skip}).allSucceeded);
+    EXPECT_FALSE(Run(list, {D::Skip}).allSucceeded);
     EXPECT_EQ(test::ReadFile(source), before);
 
+    const JobReport report = Run(list, {D::Overwrite});
+    EXPECT_FALSE(report.allSucceeded);
+    EXPECT_EQ(report.images[0].outcome.reason, kOriginalReason);
+    EXPECT_EQ(test::ReadFile(source), before);
+}
+
+TEST_F(CropJobFilesTest, ReplacingTheOriginalsCutsEachFromItsOwnPixelsAndKeepsItsFormat) {
+    settings.replaceOriginals = true;
+    settings.outputFormat = 0;  // JPG: not used, each file keeps its own format
+    const std::string source = Source("a.png");
     const std::vector<unsigned char> expected =
         test::MagickPixels(source, "-crop 100x50+10+130 +repage", "rgb", 8);
-    EXPECT_TRUE(Run(list, {D::Overwrite}).allSucceeded);
-    EXPECT_EQ(test::MagickPixels(source, "", "rgb", 8), expected);  // cut from the original pixels
+    InProcessImageProcessor processor;
+    const std::vector<std::string> list = {source};
+    const OutputPlan plan = PlanOutputs(settings, list, ClashPolicy::Refuse);
+    EXPECT_TRUE(RunCropJob(settings, list, plan, {D::Overwrite}, processor).allSucceeded);
+    EXPECT_EQ(test::MagickPixels(source, "", "rgb", 8), expected);  // lossless: still a PNG
+    EXPECT_EQ(test::ReadFile(source).substr(1, 3), "PNG");
 }
 
 TEST_F(CropJobFilesTest, ADryRunWritesNothingAndMeasures) {

@@ -78,3 +78,87 @@ TEST(ResolveCropRectangle, NoModeGivesTheEmptyRectangle) {
 
 }  // namespace
 }  // namespace vellumo
+
+namespace vellumo {
+namespace {
+
+CropSettings Pixels(float x, float y, float w, float h) {
+    CropSettings s;
+    s.pixelsOriginX = x;
+    s.pixelsOriginY = y;
+    s.pixelsWidth = w;
+    s.pixelsHeight = h;
+    return s;
+}
+
+TEST(ResolveCrop, ARectangleOnTheImageIsCutAsItIs) {
+    const ResolvedCrop crop = ResolveCrop(Pixels(10, 20, 30.9f, 40), test::MakeSizedImage(100, 68));
+    EXPECT_EQ(crop.extent, CropExtent::Inside);
+    EXPECT_EQ(crop.outputSize, (Size{30, 40}));
+    EXPECT_EQ(CropExtentNote(crop), "");
+}
+
+TEST(ResolveCrop, ARectangleBeyondTheImageLeavesItWhole) {
+    const ResolvedCrop crop =
+        ResolveCrop(Pixels(100, 100, 300, 200), test::MakeSizedImage(100, 68));
+    EXPECT_EQ(crop.extent, CropExtent::WholeOutside);
+    EXPECT_EQ(crop.outputSize, (Size{100, 68}));
+    EXPECT_EQ(crop.cut, (Rect{0, 0, 100, 68}));
+    EXPECT_EQ(CropExtentNote(crop), "Whole image: the rectangle lies outside this image");
+}
+
+TEST(ResolveCrop, TheEmptyDefaultRectangleLeavesTheImageWhole) {
+    const ResolvedCrop crop = ResolveCrop(CropSettings{}, test::MakeSizedImage(640, 480));
+    EXPECT_EQ(crop.extent, CropExtent::WholeEmpty);
+    EXPECT_EQ(crop.outputSize, (Size{640, 480}));
+    EXPECT_EQ(CropExtentNote(crop), "Whole image: the rectangle is empty");
+}
+
+TEST(ResolveCrop, LessThanAPixelOnTheImageLeavesItWhole) {
+    const ResolvedCrop crop = ResolveCrop(Pixels(99.5f, 0, 10, 10), test::MakeSizedImage(100, 68));
+    EXPECT_EQ(crop.extent, CropExtent::WholeSliver);
+    EXPECT_EQ(crop.outputSize, (Size{100, 68}));
+}
+
+TEST(ResolveCrop, APartlyOutsideRectangleIsClippedAndSaysToWhat) {
+    const ResolvedCrop crop = ResolveCrop(Pixels(-20, 10, 100, 100), test::MakeSizedImage(100, 68));
+    EXPECT_EQ(crop.extent, CropExtent::Clipped);
+    EXPECT_EQ(crop.outputSize, (Size{80, 58}));
+    EXPECT_EQ(CropExtentNote(crop), "Clipped to 80 \u00d7 58");
+}
+
+TEST(ResolveCrop, NoUnitChosenLeavesTheImageWhole) {
+    CropSettings s;
+    s.customCropPixels = false;
+    const ResolvedCrop crop = ResolveCrop(s, test::MakeSizedImage(100, 68));
+    EXPECT_EQ(crop.extent, CropExtent::WholeNoMode);
+    EXPECT_EQ(crop.outputSize, (Size{100, 68}));
+}
+
+TEST(ResolveCrop, AWholePercentRectangleOnAHugeImageIsNotClipped) {
+    const ResolvedCrop crop =
+        ResolveCrop(Percents(0, 0, 100, 100), test::MakeSizedImage(300007, 200003));
+    EXPECT_EQ(crop.extent, CropExtent::Inside);
+    EXPECT_EQ(crop.outputSize, (Size{300007, 200003}));
+}
+
+TEST(ResolveCrop, AutoCropIsAlwaysInside) {
+    CropSettings s;
+    s.autoCrop = true;
+    s.customCrop = false;
+    s.autoCropFormat = 3;
+    const ResolvedCrop crop = ResolveCrop(s, test::MakeSizedImage(1000, 1000));
+    EXPECT_EQ(crop.extent, CropExtent::Inside);
+    EXPECT_EQ(crop.outputSize, (Size{1000, 562}));
+}
+
+TEST(Notes, FirstPageAndJoining) {
+    EXPECT_EQ(FirstPageNote(1), "");
+    EXPECT_EQ(FirstPageNote(12), "first frame only (of 12)");
+    EXPECT_EQ(JoinNotes("a", ""), "a");
+    EXPECT_EQ(JoinNotes("", "b"), "b");
+    EXPECT_EQ(JoinNotes("a", "b"), "a; b");
+}
+
+}  // namespace
+}  // namespace vellumo

@@ -1,0 +1,56 @@
+#include "batch/JobSummary.h"
+
+namespace vellumo {
+
+namespace {
+
+std::string Count(long n, const char* one, const char* many) {
+    return std::to_string(n) + " " + (n == 1 ? one : many);
+}
+
+}  // namespace
+
+std::string JobResultSentence(const JobReport& report) {
+    return report.allSucceeded ? "Images cropped successfully."
+                               : "Some images could not be cropped.";
+}
+
+std::string JobSummaryText(const JobReport& report) {
+    long written = 0, planned = 0, kept = 0, failed = 0, warned = 0;
+    for (const ImageReport& image : report.images) {
+        switch (image.outcome.status) {
+            case ImageStatus::Written:
+                ++written;
+                break;
+            case ImageStatus::Planned:
+                ++planned;
+                break;
+            case ImageStatus::Skipped:
+                ++kept;
+                break;
+            case ImageStatus::Failed:
+                ++failed;
+                break;
+        }
+        const bool writes = image.outcome.status == ImageStatus::Written ||
+                            image.outcome.status == ImageStatus::Planned;
+        if (!image.outcome.warning.empty() && writes) {
+            ++warned;
+        }
+    }
+    std::string text = Count(static_cast<long>(report.images.size()), "image", "images") + ": ";
+    text += planned > 0 && written == 0 ? std::to_string(planned) + " would be written"
+                                        : std::to_string(written) + " written";
+    if (kept > 0) {
+        text += ", " + std::to_string(kept) + (kept == 1 ? " kept as it was" : " kept as they were");
+    }
+    if (failed > 0) {
+        text += ", " + std::to_string(failed) + " failed";
+    }
+    if (warned > 0) {
+        text += "; " + std::to_string(warned) + (warned == 1 ? " with a warning" : " with warnings");
+    }
+    return text;
+}
+
+}  // namespace vellumo

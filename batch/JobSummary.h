@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+
+#include "batch/CropJob.h"
+
+namespace vellumo {
+
+// The sentence that ends a job: "Images cropped successfully." when every
+// image succeeded (a kept file counts as a success), else "Some images could
+// not be cropped.".
+std::string JobResultSentence(const JobReport& report);
+
+// The counts of a finished job, for the line after that sentence:
+// "120 images: 117 written, 2 kept as they were, 1 failed; 3 with a
+// warning". Counts of zero are left out, but for "written"; a dry run says
+// "would be written".
+std::string JobSummaryText(const JobReport& report);
+
+}  // namespace vellumo

@@ -1,0 +1,172 @@
+#include "batch/OutputPlan.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <map>
+#include <set>
+#include <system_error>
+#include <unordered_map>
+
+#include "batch/OutputPath.h"
+
+namespace vellumo {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// What tells two paths apart as the file system sees them: the device and
+// inode of an existing file (so hard links, symbolic links and any spelling
+// of one file agree), else the absolute path with "." and ".." resolved and
+// the symbolic links of its folders followed.
+class PathKeys {
+  public:
+    std::string Of(const std::string& path) {
+        struct stat status {};
+        if (::stat(path.c_str(), &status) == 0) {
+            return "file " + std::to_string(status.st_dev) + ":" + std::to_string(status.st_ino);
+        }
+        const fs::path absolute = fs::path(path).is_absolute() ? fs::path(path)
+                                                               : fs::current_path() / path;
+        const fs::path normal = absolute.lexically_normal();
+        return "path " + (Folder(normal.parent_path()) / normal.filename()).string();
+    }
+
+  private:
+    // Folders repeat from image to image: each is resolved once.
+    const fs::path& Folder(const fs::path& folder) {
+        const auto found = folders_.find(folder.string());
+        if (found != folders_.end()) {
+            return found->second;
+        }
+        std::error_code error;
+        fs::path resolved = fs::weakly_canonical(folder, error);
+        if (error) {
+            resolved = folder;
+        }
+        return folders_.emplace(folder.string(), std::move(resolved)).first->second;
+    }
+
+    std::unordered_map<std::string, fs::path> folders_;
+};
+
+std::string Upper(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+    return text;
+}
+
+}  // namespace
+
+long OutputFormatOfPath(const std::string& path) {
+    const std::string extension = fs::path(path).extension().string();
+    if (extension.size() < 2) {
+        return -1;
+    }
+    const std::string title = Upper(extension.substr(1));
+    const auto found = std::find(kOutputFormatTitles.begin(), kOutputFormatTitles.end(), title);
+    return found == kOutputFormatTitles.end() ? -1 : found - kOutputFormatTitles.begin();
+}
+
+std::string NumberedPath(const std::string& path, int number) {
+    const std::size_t slash = path.rfind('/');
+    const std::size_t nameStart = slash == std::string::npos ? 0 : slash + 1;
+    std::size_t dot = path.rfind('.');
+    // A name that only begins with a dot (".hidden") has no extension.
+    if (dot == std::string::npos || dot <= nameStart) {
+        dot = path.size();
+    }
+    return path.substr(0, dot) + " (" + std::to_string(number) + ")" + path.substr(dot);
+}
+
+OutputPlan PlanOutputs(const CropSettings& settings, const std::vector<std::string>& listImagePaths,
+                       ClashPolicy policy) {
+    const long count = static_cast<long>(listImagePaths.size());
+    OutputPlan plan;
+    plan.images.resize(listImagePaths.size());
+    PathKeys keys;
+    std::vector<std::string> sourceKeys(listImagePaths.size());
+    std::vector<std::string> outputKeys(listImagePaths.size());
+    // The first image that reads each file.
+    std::map<std::string, long> firstReader;
+    for (long i = 0; i < count; ++i) {
+        sourceKeys[i] = keys.Of(listImagePaths[i]);
+        firstReader.emplace(sourceKeys[i], i);
+    }
+
+    for (long i = 0; i < count; ++i) {
+        PlannedOutput& image = plan.images[i];
+        if (settings.replaceOriginals) {
+            image.path = listImagePaths[i];
+            image.format = OutputFormatOfPath(image.path);
+            if (image.format < 0) {
+                image.refusal = "the file's extension names no format it could be written in";
+                continue;
+            }
+        } else {
+            image.path = GenerateOutputPathWithImageIndex(settings, listImagePaths, i);
+            image.format = settings.outputFormat;
+        }
+        outputKeys[i] = keys.Of(image.path);
+        const auto reader = firstReader.find(outputKeys[i]);
+        if (reader == firstReader.end()) {
+            continue;
+        }
+        if (settings.replaceOriginals && outputKeys[i] == sourceKeys[i]) {
+            image.replacesSource = true;
+            if (reader->second != i) {
+                image.refusal = kClashReason;  // the file is listed before: replaced there
+            }
+        } else {
+            image.refusal = kOriginalReason;
+        }
+    }
+
+    // Images that would share a path, in list order.
+    std::map<std::string, std::vector<long>> sharing;
+    std::vector<std::string> order;
+    for (long i = 0; i < count; ++i) {
+        if (!plan.images[i].refusal.empty()) {
+            continue;
+        }
+        auto& images = sharing[outputKeys[i]];
+        if (images.empty()) {
+            order.push_back(outputKeys[i]);
+        }
+        images.push_back(i);
+    }
+    std::set<std::string> taken(sourceKeys.begin(), sourceKeys.end());
+    for (const auto& [key, images] : sharing) {
+        taken.insert(key);
+    }
+    for (const std::string& key : order) {
+        const std::vector<long>& images = sharing[key];
+        if (images.size() < 2) {
+            continue;
+        }
+        plan.clashes.push_back({plan.images[images.front()].path, images});
+        const std::string shared = plan.images[images.front()].path;
+        int number = 2;
+        for (std::size_t k = 1; k < images.size(); ++k) {
+            PlannedOutput& later = plan.images[images[k]];
+            if (policy == ClashPolicy::Refuse) {
+                later.refusal = kClashReason;
+                continue;
+            }
+            for (;; ++number) {
+                const std::string candidate = NumberedPath(shared, number);
+                if (taken.insert(keys.Of(candidate)).second) {
+                    later.path = candidate;
+                    ++number;
+                    break;
+                }
+            }
+        }
+    }
+    return plan;
+}
+
+}  // namespace vellumo
