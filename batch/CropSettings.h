@@ -24,6 +24,12 @@ constexpr bool OutputFormatTakesQuality(long format) {
     return format >= 0 && format <= 4;
 }
 
+// True for the output formats that can carry EXIF, IPTC and XMP (all but GIF
+// and BMP).
+constexpr bool OutputFormatCarriesMetadata(long format) {
+    return format >= 0 && format <= 7;
+}
+
 inline constexpr std::string_view kDefaultNameTemplate = "[FileName]_cropped ([FileIndex])";
 
 struct CropSettings {

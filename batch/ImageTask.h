@@ -50,6 +50,8 @@ struct ImageOutcome {
     // would be): "Clipped to 100 × 68", "Whole image: the rectangle lies
     // outside this image", "first frame only (of 12)". Empty when none.
     std::string warning;
+    // The crop rule leaves the image whole (see CropExtent).
+    bool wholeImage = false;
     // Set when removing an existing output before an overwrite failed: the
     // error's description. The save was attempted anyway.
     std::string removeError;

@@ -68,6 +68,7 @@ void Describe(const ImageTask& task, const Image& image, int pages, ImageOutcome
     crop = ResolveCrop(task.settings, image);
     outcome.rect = crop.rect;
     outcome.outputSize = crop.outputSize;
+    outcome.wholeImage = IsWhole(crop.extent);
     outcome.warning = JoinNotes(CropExtentNote(crop), FirstPageNote(pages));
 }
 

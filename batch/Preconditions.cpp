@@ -7,7 +7,7 @@ std::optional<std::string> CropJobRefusal(const std::vector<std::string>& listIm
     if (listImagePaths.empty()) {
         return kNoImagesToCrop;
     }
-    if (settings.outputFolder.empty()) {
+    if (settings.outputFolder.empty() && !settings.replaceOriginals) {
         return kSelectAnOutputFolder;
     }
     return std::nullopt;

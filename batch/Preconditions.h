@@ -12,8 +12,8 @@ inline constexpr const char* kNoImagesToCrop = "There are no images to crop.";
 inline constexpr const char* kSelectAnOutputFolder = "Please select an output folder.";
 
 // Why a job cannot start, tested in this order: an empty list, then an empty
-// output folder text (only emptiness: a folder of one blank passes).
-// Nothing when it can start.
+// output folder text (only emptiness: a folder of one blank passes), which
+// replacing the originals does not need. Nothing when it can start.
 std::optional<std::string> CropJobRefusal(const std::vector<std::string>& listImagePaths,
                                           const CropSettings& settings);
 

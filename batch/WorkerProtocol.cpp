@@ -215,7 +215,8 @@ Message OutcomeReply(const ImageOutcome& outcome) {
                  {"reason", outcome.reason},
                  {"removeError", outcome.removeError},
                  {"console", outcome.console},
-                 {"warning", outcome.warning}};
+                 {"warning", outcome.warning},
+                 {"wholeImage", outcome.wholeImage}};
     if (outcome.rect) {
         json["rect"] = {outcome.rect->x, outcome.rect->y, outcome.rect->width,
                         outcome.rect->height};
@@ -237,6 +238,7 @@ std::optional<ImageOutcome> OutcomeFrom(const Message& message) {
         outcome.removeError = json.at("removeError").get<std::string>();
         outcome.console = json.at("console").get<std::string>();
         outcome.warning = json.at("warning").get<std::string>();
+        outcome.wholeImage = json.at("wholeImage").get<bool>();
         if (json.contains("rect")) {
             const auto& r = json["rect"];
             outcome.rect = Rect{r.at(0).get<double>(), r.at(1).get<double>(), r.at(2).get<double>(),

@@ -107,7 +107,10 @@ std::optional<ImageHeader> ImageTools::ImageHeaderWithPath(const std::string& pa
     vipsruntime::FailureScope scope;
     try {
         vips::VImage first = vipsload::Open(*sniffed.kind, path);
-        const int declared = vipsload::PageCount(first);
+        // Pages of a TIFF and frames of a GIF are pictures of their own; the
+        // "pages" of a JPEG 2000 file are its resolution levels.
+        const bool paged = *sniffed.kind == FileKind::Tiff || *sniffed.kind == FileKind::Gif;
+        const int declared = paged ? vipsload::PageCount(first) : 1;
         // GIF frames all share the screen size; only TIFF pages can differ.
         const int pages = *sniffed.kind == FileKind::Tiff ? std::min(declared, kMaxPages) : 1;
         Size size;

@@ -3,6 +3,8 @@
 #include <QFile>
 #include <QStringList>
 
+#include "batch/JobSummary.h"
+
 namespace vellumo {
 
 namespace {
@@ -22,7 +24,9 @@ MessageBoxRequest CropResultRequest(const JobReport& report) {
         request.text = QString::fromLatin1(kSomeImagesNotCropped);
         request.style = MessageBoxStyle::Warning;
     }
-    request.buttons = {QStringLiteral("OK")};
+    request.informativeText = QString::fromStdString(JobSummaryText(report));
+    request.buttons = {QString::fromLatin1(kShowInFolder), QStringLiteral("OK")};
+    request.defaultButton = 1;
 
     QStringList lines;
     for (const ImageReport& image : report.images) {
@@ -38,6 +42,11 @@ MessageBoxRequest CropResultRequest(const JobReport& report) {
                 break;
             case ImageStatus::Written:
             case ImageStatus::Planned:
+                if (!image.outcome.warning.empty()) {
+                    lines << QStringLiteral("Warning: %1 (%2)")
+                                 .arg(PathText(image.source),
+                                      QString::fromStdString(image.outcome.warning));
+                }
                 break;
         }
     }

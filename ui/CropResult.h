@@ -2,6 +2,8 @@
 
 // The message box that reports a finished crop job.
 
+#include <QString>
+
 #include "batch/CropJob.h"
 #include "ui/MessageBox.h"
 
@@ -9,12 +11,18 @@ namespace vellumo {
 
 inline constexpr char kImagesCroppedSuccessfully[] = "Images cropped successfully.";
 inline constexpr char kSomeImagesNotCropped[] = "Some images could not be cropped.";
+inline constexpr char kShowInFolder[] = "Show in Folder";
+
+// The answer of the report's "Show in Folder" button (its first).
+inline constexpr int kShowInFolderAnswer = kFirstButtonAnswer;
 
 // "Images cropped successfully." in the informational style when every image
 // succeeded (a kept file counts as a success), else "Some images could not
-// be cropped." as a warning; one button, "OK". The details name each image
-// that failed, with the reason, and each that was skipped, one per line in
-// list order.
+// be cropped." as a warning; under it the counts ("120 images: 117 written,
+// 2 kept as they were, 1 failed"). Buttons "Show in Folder" and "OK", the
+// default. The details name each image that failed, with the reason, each
+// that was skipped and each written with a warning, one per line in list
+// order.
 MessageBoxRequest CropResultRequest(const JobReport& report);
 
 }  // namespace vellumo

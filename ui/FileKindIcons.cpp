@@ -6,9 +6,12 @@ namespace vellumo {
 
 std::optional<QString> FileKindIconName(const QString& path) {
     const QString extension = LowerCaseExtension(path);
-    if (extension == "jpg" || extension == "jpeg" || extension == "jpe" || extension == "jp2" ||
-        extension == "jpx") {
+    if (extension == "jpg" || extension == "jpeg" || extension == "jpe") {
         return QStringLiteral("JPG");
+    }
+    // JPEG 2000 is another format altogether, and says so.
+    if (extension == "jp2" || extension == "jpx") {
+        return QStringLiteral("JP2");
     }
     if (extension == "png") {
         return QStringLiteral("PNG");

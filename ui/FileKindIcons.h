@@ -9,7 +9,8 @@
 namespace vellumo {
 
 // The name of the icon for `path`, chosen by its lower-cased extension:
-// "JPG" for jpg, jpeg, jpe, jp2 and jpx; "PNG" for png; "TIF" for tiff and tif;
+// "JPG" for jpg, jpeg and jpe; "JP2" for jp2 and jpx; "PNG" for png; "TIF" for
+// tiff and tif;
 // "GIF" for gif; "BMP" for bmp. Nothing for any other extension or none.
 std::optional<QString> FileKindIconName(const QString& path);
 

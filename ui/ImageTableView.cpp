@@ -5,6 +5,7 @@
 #include <QDragMoveEvent>
 #include <QDropEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMimeData>
 #include <QPainter>
 #include <algorithm>
@@ -34,7 +35,7 @@ Qt::DropAction ActionForTakingFiles(Qt::DropActions possible) {
 
 ImageTableView::ImageTableView(QWidget* parent) : QTableView(parent) {
     setItemDelegate(new ImagePathCellDelegate(this));
-    setSelectionMode(QAbstractItemView::SingleSelection);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setDragDropMode(QAbstractItemView::NoDragDrop);
@@ -111,6 +112,26 @@ int ImageTableView::SelectedRow() const {
         last = std::max(last, index.row());
     }
     return last;
+}
+
+QList<int> ImageTableView::SelectedRows() const {
+    QList<int> rows;
+    if (const QItemSelectionModel* selection = selectionModel()) {
+        for (const QModelIndex& index : selection->selectedRows()) {
+            rows << index.row();
+        }
+    }
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+void ImageTableView::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Delete) || event->key() == Qt::Key_Backspace) {
+        Q_EMIT deletePressed();
+        event->accept();
+        return;
+    }
+    QTableView::keyPressEvent(event);
 }
 
 std::pair<int, TableDropOperation> ImageTableView::ProposedDropAt(const QPoint& position) const {

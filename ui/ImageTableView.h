@@ -40,10 +40,12 @@ class TableDropDelegate {
     ~TableDropDelegate() = default;
 };
 
-// The image list's table. It takes drops of the registered kinds, asks its
-// drop delegate about each position, shows a line between rows where an
-// accepted drop would go, and tells of selection changes made by the user or
-// the program (not of those a reload or an insertion makes).
+// The image list's table. Rows are selected as in any list (a click, Ctrl
+// and Shift with a click, Ctrl+A). It takes drops of the registered kinds,
+// asks its drop delegate about each position, shows a line between rows where
+// an accepted drop would go, tells of selection changes made by the user or
+// the program (not of those a reload or an insertion makes) and of the Delete
+// key.
 class ImageTableView : public QTableView {
     Q_OBJECT
 
@@ -63,6 +65,8 @@ class ImageTableView : public QTableView {
     // The selected row, the most recently selected where several are; -1 when
     // none is.
     int SelectedRow() const;
+    // Every selected row, in ascending order.
+    QList<int> SelectedRows() const;
 
     // The drop a pointer at `position` (viewport coordinates) proposes:
     // the middle half of a row is onto it, the top and bottom quarters are the
@@ -75,6 +79,8 @@ class ImageTableView : public QTableView {
 
   Q_SIGNALS:
     void selectionDidChange();
+    // Delete (or Backspace) was pressed in the table.
+    void deletePressed();
 
   protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -82,6 +88,7 @@ class ImageTableView : public QTableView {
     void dragLeaveEvent(QDragLeaveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void selectionChanged(const QItemSelection& selected,
                           const QItemSelection& deselected) override;
 

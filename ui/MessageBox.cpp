@@ -1,11 +1,44 @@
 #include "ui/MessageBox.h"
 
+#include <QEvent>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTextEdit>
 
 #include "imaging/Fatal.h"
 
 namespace vellumo {
+
+namespace {
+
+// A message box whose details can be read whole: they wrap anywhere (a path
+// has no spaces to wrap at) and the box can be resized, the details growing
+// with it. QMessageBox fixes its own size whenever it lays itself out, so the
+// limits are lifted again after each of its own events.
+class DetailsMessageBox : public QMessageBox {
+  public:
+    using QMessageBox::QMessageBox;
+
+  protected:
+    bool event(QEvent* event) override {
+        const bool handled = QMessageBox::event(event);
+        if (detailedText().isEmpty()) {
+            return handled;
+        }
+        setMinimumSize(0, 0);
+        setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+        if (auto* details = findChild<QTextEdit*>()) {
+            details->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+            details->setLineWrapMode(QTextEdit::WidgetWidth);
+            details->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+            details->setMaximumHeight(QWIDGETSIZE_MAX);
+            details->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+        }
+        return handled;
+    }
+};
+
+}  // namespace
 
 MessageBoxRequest NoticeRequest(const QString& text) {
     return {text, MessageBoxStyle::Warning, {QStringLiteral("OK")}};
@@ -15,26 +48,33 @@ std::unique_ptr<QMessageBox> BuildMessageBox(const MessageBoxRequest& request, Q
     if (request.buttons.isEmpty()) {
         Fatal("a message box needs at least one button");
     }
-    auto box = std::make_unique<QMessageBox>(parent);
+    if (request.defaultButton < 0 || request.defaultButton >= request.buttons.size()) {
+        Fatal("a message box's default button is not one of its buttons");
+    }
+    std::unique_ptr<QMessageBox> box = std::make_unique<DetailsMessageBox>(parent);
     box->setWindowTitle(QStringLiteral("Vellumo"));
     box->setText(request.text);
+    if (!request.informativeText.isEmpty()) {
+        box->setInformativeText(request.informativeText);
+    }
     if (!request.details.isEmpty()) {
         box->setDetailedText(request.details);
+        box->setSizeGripEnabled(true);
     }
     box->setIcon(request.style == MessageBoxStyle::Informational ? QMessageBox::Information
                                                                  : QMessageBox::Warning);
     // One role for all buttons: the button box orders buttons of one role as
     // they were added on every platform layout, so reading order is kept.
-    QPushButton* first = nullptr;
+    QPushButton* chosen = nullptr;
     QPushButton* last = nullptr;
     for (qsizetype i = 0; i < request.buttons.size(); ++i) {
         last = box->addButton(request.buttons[i], QMessageBox::ActionRole);
         last->setProperty(kAnswerProperty, kFirstButtonAnswer + static_cast<int>(i));
-        if (first == nullptr) {
-            first = last;
+        if (i == request.defaultButton) {
+            chosen = last;
         }
     }
-    box->setDefaultButton(first);
+    box->setDefaultButton(chosen);
     box->setEscapeButton(last);
     return box;
 }

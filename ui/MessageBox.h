@@ -2,9 +2,10 @@
 
 // Every message box of the window is built here: the sentence as the box's
 // text, "Vellumo" as its title, the warning style except for a success report,
-// the buttons in reading order with the first as the default. A box answers
-// with the code of the pressed button: 1000 for the first, 1001 for the
-// second, and so on.
+// the buttons in reading order with the first as the default unless another
+// is named. A box answers with the code of the pressed button: 1000 for the
+// first, 1001 for the second, and so on. Details wrap at the box's width,
+// long paths included, and a box with details can be made larger.
 
 #include <QString>
 #include <QStringList>
@@ -23,6 +24,10 @@ struct MessageBoxRequest {
     QStringList buttons;  // in reading order; at least one
     // Shown on request under the text ("Show Details..."); none when empty.
     QString details = {};
+    // A second paragraph under the sentence (the counts of a job).
+    QString informativeText = {};
+    // The button pressed by Return, by its place in `buttons`.
+    int defaultButton = 0;
 
     friend bool operator==(const MessageBoxRequest&, const MessageBoxRequest&) = default;
 };

@@ -1,6 +1,8 @@
 #include "ui/TextFieldNumber.h"
 
 #include <QLineEdit>
+#include <QRegularExpression>
+#include <QRegularExpressionValidator>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -103,6 +105,12 @@ float LeadingFloatValue(QStringView text) {
 
 float TextFieldFloatValue(const QLineEdit& field) {
     return LeadingFloatValue(field.text());
+}
+
+void AcceptNumbersOnly(QLineEdit& field) {
+    static const QRegularExpression kNumber(
+        QStringLiteral(R"([+-]?(\d+\.?\d*|\.\d*)?([eE][+-]?\d*)?)"));
+    field.setValidator(new QRegularExpressionValidator(kNumber, &field));
 }
 
 }  // namespace vellumo

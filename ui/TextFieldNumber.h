@@ -24,4 +24,9 @@ float LeadingFloatValue(QStringView text);
 // LeadingFloatValue of the field's text.
 float TextFieldFloatValue(const QLineEdit& field);
 
+// Lets a person type only numbers into the field, in the form
+// LeadingFloatValue reads (a sign, digits with a point, an exponent), and
+// the states on the way to one ("", "-", "1e"): "abc" cannot be typed.
+void AcceptNumbersOnly(QLineEdit& field);
+
 }  // namespace vellumo

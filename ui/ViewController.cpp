@@ -17,6 +17,7 @@
 #include "ui/PopUpChoices.h"
 #include "ui/QualitySlider.h"
 #include "ui/Stepper.h"
+#include "ui/TextFieldNumber.h"
 
 namespace vellumo {
 
@@ -75,6 +76,14 @@ void ViewController::viewDidLoad() {
 
     comboFormat->clear();
     comboFormat->addItems(OutputFormatTitles());
+
+    for (QLineEdit* field :
+         {textFieldCustomCropPixelsOriginX.get(), textFieldCustomCropPixelsOriginY.get(),
+          textFieldCustomCropPixelsWidth.get(), textFieldCustomCropPixelsHeight.get(),
+          textFieldCustomCropPercentsOriginX.get(), textFieldCustomCropPercentsOriginY.get(),
+          textFieldCustomCropPercentsWidth.get(), textFieldCustomCropPercentsHeight.get()}) {
+        AcceptNumbersOnly(*field);
+    }
 
     ResetInterface();
 }
@@ -140,6 +149,9 @@ void ViewController::ConnectOutlets(QWidget& window) {
     tabView.Connect(window);
     imageViewCropPreview.Connect(window);
     labelJobStatus.Connect(window);
+    labelImageCount.Connect(window);
+    labelPreviewNote.Connect(window);
+    checkReplaceOriginals.Connect(window);
 
     actionNew.Connect(window);
     actionLoadProfile.Connect(window);
@@ -163,6 +175,15 @@ void ViewController::ConnectCommands() {
     connect(buttonRemoveAll.get(), &QPushButton::clicked, this, &ViewController::OnRemoveAll);
     connect(tableViewImage.get(), &ImageTableView::selectionDidChange, this,
             &ViewController::tableViewSelectionDidChange);
+    connect(tableViewImage.get(), &ImageTableView::selectionDidChange, this,
+            &ViewController::ShowImageCount);
+    connect(tableViewImage.get(), &ImageTableView::deletePressed, this,
+            &ViewController::OnRemoveSelected);
+    // However the list changed (added, dropped, removed, reset), its count
+    // follows.
+    connect(imageListModel_, &QAbstractItemModel::modelReset, this, &ViewController::ShowImageCount);
+    connect(imageListModel_, &QAbstractItemModel::rowsInserted, this,
+            &ViewController::ShowImageCount);
     connect(imageViewCropPreview.get(), &CropPreviewView::resized, &previewResizeSettle_,
             qOverload<>(&QTimer::start));
 
@@ -186,8 +207,14 @@ void ViewController::ConnectCommands() {
             &ViewController::OnCustomCropPixelsHeightChanged);
     connect(radioCustomCropPercents.get(), &QAbstractButton::clicked, this,
             &ViewController::OnCustomCropPercentsSelected);
-    // The percent fields have no handler: what is typed there is read when
-    // the crop rule next runs.
+    connect(textFieldCustomCropPercentsOriginX.get(), &QLineEdit::textEdited, this,
+            &ViewController::OnCustomCropPercentsOriginXChanged);
+    connect(textFieldCustomCropPercentsOriginY.get(), &QLineEdit::textEdited, this,
+            &ViewController::OnCustomCropPercentsOriginYChanged);
+    connect(textFieldCustomCropPercentsWidth.get(), &QLineEdit::textEdited, this,
+            &ViewController::OnCustomCropPercentsWidthChanged);
+    connect(textFieldCustomCropPercentsHeight.get(), &QLineEdit::textEdited, this,
+            &ViewController::OnCustomCropPercentsHeightChanged);
     connect(stepperCustomCropPercentsOriginX.get(), &Stepper::valueStepped, this,
             &ViewController::OnStepperCustomCropPercentsOriginXChanged);
     connect(stepperCustomCropPercentsOriginY.get(), &Stepper::valueStepped, this,
@@ -204,6 +231,8 @@ void ViewController::ConnectCommands() {
     connect(buttonBrowse.get(), &QPushButton::clicked, this, &ViewController::OnBrowse);
     connect(checkKeepEXIFInformationAndCreationDate.get(), &QAbstractButton::clicked, this,
             &ViewController::OnKeepEXIFInformationAndCreationDateSelected);
+    connect(checkReplaceOriginals.get(), &QAbstractButton::clicked, this,
+            &ViewController::OnReplaceOriginalsSelected);
 
     connect(buttonCropImages.get(), &QPushButton::clicked, this, &ViewController::OnCropImages);
 }

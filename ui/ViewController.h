@@ -23,6 +23,7 @@
 #include "batch/CropJob.h"
 #include "batch/CropSettings.h"
 #include "batch/ImageProcessor.h"
+#include "batch/OutputPlan.h"
 #include "batch/PreviewDecoder.h"
 #include "imaging/Image.h"
 #include "ui/ImageTableView.h"
@@ -180,6 +181,11 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     void OnStepperCustomCropPercentsOriginYChanged();
     void OnStepperCustomCropPercentsWidthChanged();
     void OnStepperCustomCropPercentsHeightChanged();
+    // The percent fields refresh the preview as they are typed in.
+    void OnCustomCropPercentsOriginXChanged();
+    void OnCustomCropPercentsOriginYChanged();
+    void OnCustomCropPercentsWidthChanged();
+    void OnCustomCropPercentsHeightChanged();
 
     // ---- Output settings (ViewControllerOutputSettings.cpp) ---------------
 
@@ -188,19 +194,34 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     void OnNameChanged();
     void OnBrowse();
     void OnKeepEXIFInformationAndCreationDateSelected();
+    // Each image's crop to replace its own file: the name, folder and format
+    // are then not used.
+    void OnReplaceOriginalsSelected();
 
     // ---- The crop command (ViewControllerCropJob.cpp) ---------------------
 
-    // Checks that there are images and an output folder, locks the
-    // interface, asks about every existing output file, then starts the job
-    // on a worker thread and returns.
+    // Checks that there are images and an output folder (offering to make a
+    // missing one), asks before the originals are replaced, locks the
+    // interface, asks before writing only uncropped copies (after the
+    // images' sizes were read away from the GUI thread), settles images that
+    // would share an output path, asks about every existing output file,
+    // then starts the job on a worker thread and returns.
     void OnCropImages();
 
   private:
     void ConnectOutlets(QWidget& window);
     void ConnectCommands();
-    // The 27 controls a crop job disables, in the order it disables them.
+    // The controls a crop job disables, in the order it disables them.
     std::vector<QWidget*> ControlsLockedWhileCropping() const;
+    // Enables the output controls that the format and the choice to replace
+    // the originals leave in use: the quality slider for formats with a
+    // quality, the metadata option for formats that carry metadata, the
+    // name, folder and format while the originals are not replaced.
+    void SettleOutputControls();
+    // The count under the list: "120 images", "120 images, 3 selected".
+    void ShowImageCount();
+    // Asks before a non-empty list is emptied; true when it may be.
+    bool AgreeToEmptyTheList();
     // Empties the preview; pictures still being made for it are dropped.
     void EmptyPreview();
 
@@ -218,13 +239,21 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     void SaveProfileTo(const QString& path);
     void ProfileIsNow(const QString& path);
 
-    // The job's steps on the GUI thread.
+    // The crop command's steps on the GUI thread, in order.
+    bool AgreeOnOutputFolder(const std::string& folder);
+    bool AgreeToReplaceOriginals(std::size_t count);
+    void CheckForUncroppedCopies(const CropSettings& settings,
+                                 const std::vector<std::string>& list);
+    void ContinueCropCommand(const CropSettings& settings, const std::vector<std::string>& list,
+                             bool everyImageWhole);
     int AskOverwrite(const std::string& question);
     void StartCropJob(const CropSettings& settings, const std::vector<std::string>& list,
-                      const std::vector<OverwriteDecision>& decisions);
+                      const OutputPlan& plan, const std::vector<OverwriteDecision>& decisions);
     void ReportCropProgress(long index);
     void FinishCropJob(const JobReport& report);
     void ShowCropResult(const JobReport& report);
+    // Ends the command before the job started, the interface unlocked.
+    void AbandonCropCommand();
 
     // State, in declaration order.
     QStringList listImagePaths_;
@@ -273,6 +302,12 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     // The line under the progress bar: which image the job is at, and how
     // long it will take.
     Outlet<QLabel> labelJobStatus{"labelJobStatus"};
+    // How many images the list holds, under it.
+    Outlet<QLabel> labelImageCount{"labelImageCount"};
+    // Under the preview: why the selected image is written whole or clipped,
+    // and whether only its first frame is.
+    Outlet<QLabel> labelPreviewNote{"labelPreviewNote"};
+    Outlet<QCheckBox> checkReplaceOriginals{"checkReplaceOriginals"};
 
     // The menu commands.
     Outlet<QAction> actionNew{"actionNew"};
@@ -288,8 +323,10 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     std::shared_ptr<PreviewDecoder> previewDecoder_;
     std::shared_ptr<ImageProcessor> imageProcessor_;
 
-    // The current image's picture, as decoded for the preview.
+    // The current image's picture, as decoded for the preview, and how many
+    // pages or frames its file has.
     Image previewPicture_;
+    int currentPages_ = 1;
     // Counters that tell the latest selection and refresh from older ones.
     quint64 selectionCount_ = 0;
     quint64 refreshCount_ = 0;
@@ -298,7 +335,11 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     QTimer previewResizeSettle_;
 
     bool cropping_ = false;
+    // Between DisableInterface and EnableInterface.
+    bool interfaceLocked_ = false;
     long jobImageCount_ = 0;
+    // Where the report's "Show in Folder" leads.
+    QString jobFolder_;
     QElapsedTimer jobClock_;
 
     // Last, so that they go first: a controller that is destroyed waits for

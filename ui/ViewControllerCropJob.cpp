@@ -1,13 +1,18 @@
-// The crop command: its checks, the overwrite questions, the job on a worker
-// thread with its progress, and the report.
+// The crop command: its checks and questions, the job on a worker thread
+// with its progress, and the report.
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QLabel>
 #include <QProgressBar>
+#include <QUrl>
 #include <chrono>
 
+#include "batch/OutputFolder.h"
 #include "batch/OverwritePrompts.h"
 #include "batch/Preconditions.h"
+#include "ui/CropQuestions.h"
 #include "ui/CropResult.h"
 #include "ui/JobStatusText.h"
 #include "ui/ProgressFraction.h"
@@ -34,6 +39,10 @@ QStringList ButtonTitles(const std::vector<std::string>& titles) {
     return list;
 }
 
+QString PathText(const std::string& path) {
+    return QFile::decodeName(QByteArray::fromStdString(path));
+}
+
 }  // namespace
 
 void ViewController::OnCropImages() {
@@ -45,10 +54,107 @@ void ViewController::OnCropImages() {
         services_.showMessageBox(NoticeRequest(QString::fromStdString(*refusal)));
         return;
     }
+    if (settings.replaceOriginals ? !AgreeToReplaceOriginals(list.size())
+                                  : !AgreeOnOutputFolder(settings.outputFolder)) {
+        return;
+    }
+    cropping_ = true;
     DisableInterface();
+    CheckForUncroppedCopies(settings, list);
+}
+
+bool ViewController::AgreeOnOutputFolder(const std::string& folder) {
+    switch (OutputFolderState(folder)) {
+        case FolderState::Exists:
+            return true;
+        case FolderState::NotAFolder:
+            services_.showMessageBox(NoticeRequest(PathText(NotAFolderNotice(folder))));
+            return false;
+        case FolderState::Missing:
+            // Made when the job starts, once nothing else can stop it.
+            return services_.showMessageBox(CreateFolderRequest(folder)) == kFirstButtonAnswer;
+    }
+    return false;
+}
+
+bool ViewController::AgreeToReplaceOriginals(std::size_t count) {
+    return services_.showMessageBox(ReplaceOriginalsRequest(count)) == kFirstButtonAnswer;
+}
+
+void ViewController::CheckForUncroppedCopies(const CropSettings& settings,
+                                             const std::vector<std::string>& list) {
+    // An auto crop always lies on the image.
+    if (settings.autoCrop) {
+        ContinueCropCommand(settings, list, false);
+        return;
+    }
+    // Whether a rectangle fits depends on each image's size: the headers are
+    // read by the image processor (in its worker process), away from this
+    // thread, and the first image the rule crops ends the search.
+    labelJobStatus->setText(QStringLiteral("Reading the images' sizes…"));
+    jobWork_.start([this, settings, list, processor = imageProcessor_] {
+        bool anyRead = false;
+        bool anyCropped = false;
+        for (std::size_t i = 0; i < list.size() && !anyCropped; ++i) {
+            ImageTask task;
+            task.index = static_cast<long>(i);
+            task.source = list[i];
+            task.settings = settings;
+            task.dryRun = true;
+            const ImageOutcome outcome = processor->Process(task);
+            if (outcome.status != ImageStatus::Failed) {
+                anyRead = true;
+                anyCropped = !outcome.wholeImage;
+            }
+        }
+        const bool everyImageWhole = anyRead && !anyCropped;
+        QMetaObject::invokeMethod(
+            this,
+            [this, settings, list, everyImageWhole] {
+                ContinueCropCommand(settings, list, everyImageWhole);
+            },
+            Qt::QueuedConnection);
+    });
+}
+
+void ViewController::ContinueCropCommand(const CropSettings& settings,
+                                         const std::vector<std::string>& list,
+                                         bool everyImageWhole) {
+    labelJobStatus->clear();
+    if (everyImageWhole &&
+        services_.showMessageBox(UncroppedCopiesRequest()) != kFirstButtonAnswer) {
+        AbandonCropCommand();
+        return;
+    }
+    OutputPlan plan = PlanOutputs(settings, list, ClashPolicy::Refuse);
+    if (!plan.clashes.empty()) {
+        if (services_.showMessageBox(ClashWarningRequest(plan.clashes, list)) !=
+            kFirstButtonAnswer) {
+            AbandonCropCommand();
+            return;
+        }
+        plan = PlanOutputs(settings, list, ClashPolicy::Number);
+    }
     const std::vector<OverwriteDecision> decisions = PromptOverwrites(
-        settings, list, [this](const std::string& question) { return AskOverwrite(question); });
-    StartCropJob(settings, list, decisions);
+        plan, [this](const std::string& question) { return AskOverwrite(question); });
+    if (!settings.replaceOriginals &&
+        OutputFolderState(settings.outputFolder) == FolderState::Missing) {
+        const SaveResult made = CreateOutputFolder(settings.outputFolder);
+        if (!made.saved) {
+            services_.showMessageBox(NoticeRequest(
+                QStringLiteral("The folder %1 could not be created: %2.")
+                    .arg(PathText(settings.outputFolder), QString::fromStdString(made.reason))));
+            AbandonCropCommand();
+            return;
+        }
+    }
+    StartCropJob(settings, list, plan, decisions);
+}
+
+void ViewController::AbandonCropCommand() {
+    labelJobStatus->clear();
+    cropping_ = false;
+    EnableInterface();
 }
 
 int ViewController::AskOverwrite(const std::string& question) {
@@ -58,21 +164,24 @@ int ViewController::AskOverwrite(const std::string& question) {
 }
 
 void ViewController::StartCropJob(const CropSettings& settings,
-                                  const std::vector<std::string>& list,
+                                  const std::vector<std::string>& list, const OutputPlan& plan,
                                   const std::vector<OverwriteDecision>& decisions) {
     cropping_ = true;
     jobImageCount_ = static_cast<long>(list.size());
+    jobFolder_ = plan.images.empty()
+                     ? QString()
+                     : QFileInfo(PathText(plan.images.front().path)).absolutePath();
     jobClock_.start();
     labelJobStatus->setText(JobStatusText(0, jobImageCount_, std::chrono::milliseconds(0)));
     // The worker has its own copies of everything it reads and touches no
     // control; what it reports comes back as queued calls, in order.
-    jobWork_.start([this, settings, list, decisions, processor = imageProcessor_] {
+    jobWork_.start([this, settings, list, plan, decisions, processor = imageProcessor_] {
         JobCallbacks callbacks;
         callbacks.progress = [this](long index, const ImageReport&) {
             QMetaObject::invokeMethod(
                 this, [this, index] { ReportCropProgress(index); }, Qt::QueuedConnection);
         };
-        JobReport report = RunCropJob(settings, list, decisions, *processor, callbacks);
+        JobReport report = RunCropJob(settings, list, plan, decisions, *processor, callbacks);
         QMetaObject::invokeMethod(
             this, [this, report = std::move(report)] { FinishCropJob(report); },
             Qt::QueuedConnection);
@@ -97,7 +206,15 @@ void ViewController::FinishCropJob(const JobReport& report) {
 }
 
 void ViewController::ShowCropResult(const JobReport& report) {
-    services_.showMessageBox(CropResultRequest(report));
+    if (services_.showMessageBox(CropResultRequest(report)) != kShowInFolderAnswer) {
+        return;
+    }
+    const QUrl folder = QUrl::fromLocalFile(jobFolder_);
+    if (!services_.openUrl(folder)) {
+        services_.showMessageBox(NoticeRequest(
+            QStringLiteral("No file manager could be opened to show the folder %1.")
+                .arg(QDir::toNativeSeparators(jobFolder_))));
+    }
 }
 
 }  // namespace vellumo

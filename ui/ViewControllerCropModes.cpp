@@ -21,6 +21,12 @@ void CopyStepperIntoField(const Stepper& stepper, QLineEdit& field) {
     SetTextFieldNumber(field, static_cast<float>(stepper.value()));
 }
 
+// What is typed becomes the stepper's value, so that the next step goes on
+// from it (kept within the stepper's range).
+void CopyFieldIntoStepper(const QLineEdit& field, Stepper& stepper) {
+    stepper.setValue(TextFieldFloatValue(field));
+}
+
 }  // namespace
 
 CropSettings ViewController::CropSettingsFromControls() const {
@@ -46,6 +52,7 @@ CropSettings ViewController::CropSettingsFromControls() const {
     // The folder as the file system spells it.
     settings.outputFolder = QFile::encodeName(textFieldOutputFolder->text()).toStdString();
     settings.keepMetadata = checkKeepEXIFInformationAndCreationDate->isChecked();
+    settings.replaceOriginals = checkReplaceOriginals->isChecked();
     return settings;
 }
 
@@ -58,7 +65,7 @@ void ViewController::OnAutoCropSelected() {
 }
 
 void ViewController::OnAutoCropFormatSelected() {
-    // Deliberately nothing: the new ratio shows at the next refresh.
+    UpdateCropPreview();
 }
 
 void ViewController::OnCustomCropSelected() {
@@ -92,23 +99,47 @@ void ViewController::OnCustomCropPercentsSelected() {
     UpdateCropPreview();
 }
 
-// A step changes the field beside the stepper and nothing else: the preview
-// and the labels follow at the next refresh, the job reads the field.
+// A step changes the field beside the stepper, and typing in the field
+// moves the stepper; either way the preview and the labels follow at once.
 
 void ViewController::OnStepperCustomCropPercentsOriginXChanged() {
     CopyStepperIntoField(*stepperCustomCropPercentsOriginX, *textFieldCustomCropPercentsOriginX);
+    UpdateCropPreview();
 }
 
 void ViewController::OnStepperCustomCropPercentsOriginYChanged() {
     CopyStepperIntoField(*stepperCustomCropPercentsOriginY, *textFieldCustomCropPercentsOriginY);
+    UpdateCropPreview();
 }
 
 void ViewController::OnStepperCustomCropPercentsWidthChanged() {
     CopyStepperIntoField(*stepperCustomCropPercentsWidth, *textFieldCustomCropPercentsWidth);
+    UpdateCropPreview();
 }
 
 void ViewController::OnStepperCustomCropPercentsHeightChanged() {
     CopyStepperIntoField(*stepperCustomCropPercentsHeight, *textFieldCustomCropPercentsHeight);
+    UpdateCropPreview();
+}
+
+void ViewController::OnCustomCropPercentsOriginXChanged() {
+    CopyFieldIntoStepper(*textFieldCustomCropPercentsOriginX, *stepperCustomCropPercentsOriginX);
+    UpdateCropPreview();
+}
+
+void ViewController::OnCustomCropPercentsOriginYChanged() {
+    CopyFieldIntoStepper(*textFieldCustomCropPercentsOriginY, *stepperCustomCropPercentsOriginY);
+    UpdateCropPreview();
+}
+
+void ViewController::OnCustomCropPercentsWidthChanged() {
+    CopyFieldIntoStepper(*textFieldCustomCropPercentsWidth, *stepperCustomCropPercentsWidth);
+    UpdateCropPreview();
+}
+
+void ViewController::OnCustomCropPercentsHeightChanged() {
+    CopyFieldIntoStepper(*textFieldCustomCropPercentsHeight, *stepperCustomCropPercentsHeight);
+    UpdateCropPreview();
 }
 
 }  // namespace vellumo

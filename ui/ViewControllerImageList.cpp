@@ -1,5 +1,10 @@
 // The image list: adding through the open panel, removing, and the table.
 
+#include <QCollator>
+#include <QLabel>
+#include <QLocale>
+#include <algorithm>
+
 #include "ui/CropPreviewView.h"
 #include "ui/ImagePaths.h"
 #include "ui/ViewController.h"
@@ -31,10 +36,21 @@ void ViewController::OnAddImages() {
         services_.showMessageBox(NoticeRequest(QString::fromLatin1(kNoImagesChosen)));
         return;
     }
+    // Files chosen together come in the order a person reads their names:
+    // p2 before p10, whatever order the panel returns them in.
+    QStringList paths = *chosen;
+    // Qt's collator compares plainly, numbers as text, in the C locale.
+    const QLocale locale =
+        QLocale().language() == QLocale::C ? QLocale(QLocale::English) : QLocale();
+    QCollator natural(locale);
+    natural.setNumericMode(true);
+    std::stable_sort(paths.begin(), paths.end(), [&natural](const QString& a, const QString& b) {
+        return natural.compare(a, b) < 0;
+    });
     // Each path is compared with the list as it has grown so far, so a path
     // is never added twice, not even within one choice. Files are not opened
     // here: an unreadable image is found when it is previewed or cropped.
-    for (const QString& path : *chosen) {
+    for (const QString& path : paths) {
         if (path.isEmpty() || ListContainsPath(listImagePaths_, path)) {
             continue;
         }
@@ -48,29 +64,51 @@ void ViewController::OnRemoveSelected() {
     if (listImagePaths_.isEmpty()) {
         return;
     }
-    const int row = tableViewImage->SelectedRow();
-    if (row >= 0 && row < listImagePaths_.size()) {
-        listImagePaths_.removeAt(row);
+    // Every selected row goes, from the last up so the row numbers hold.
+    const QList<int> rows = tableViewImage->SelectedRows();
+    if (!rows.isEmpty()) {
+        for (auto row = rows.crbegin(); row != rows.crend(); ++row) {
+            if (*row >= 0 && *row < listImagePaths_.size()) {
+                listImagePaths_.removeAt(*row);
+            }
+        }
+        tableViewImage->clearSelection();
         tableViewImage->ReloadData();
         ClearImageListSelection();
     }
     EmptyPreview();
 }
 
-void ViewController::OnRemoveAll() {
+bool ViewController::AgreeToEmptyTheList() {
     if (listImagePaths_.isEmpty()) {
-        return;
+        return true;
     }
     const MessageBoxRequest question{QString::fromLatin1(kRemoveAllQuestion),
                                      MessageBoxStyle::Warning,
                                      {QStringLiteral("Yes"), QStringLiteral("No")}};
-    if (services_.showMessageBox(question) == kFirstButtonAnswer + 1) {
+    return services_.showMessageBox(question) != kFirstButtonAnswer + 1;
+}
+
+void ViewController::OnRemoveAll() {
+    if (listImagePaths_.isEmpty() || !AgreeToEmptyTheList()) {
         return;
     }
     listImagePaths_.clear();
     tableViewImage->ReloadData();
     ClearImageListSelection();
     EmptyPreview();
+}
+
+void ViewController::ShowImageCount() {
+    const qsizetype count = listImagePaths_.size();
+    QString text = count == 0   ? QStringLiteral("No images")
+                   : count == 1 ? QStringLiteral("1 image")
+                                : QStringLiteral("%1 images").arg(count);
+    const qsizetype selected = tableViewImage->SelectedRows().size();
+    if (selected > 1) {
+        text += QStringLiteral(", %1 selected").arg(selected);
+    }
+    labelImageCount->setText(text);
 }
 
 void ViewController::RefreshImageList() {
@@ -84,6 +122,7 @@ void ViewController::ClearImageListSelection() {
     imageViewCropPreview->SetBusy(false);
     currentImage_ = Image();
     previewPicture_ = Image();
+    currentPages_ = 1;
     EmptyPreview();
     UpdateImageSize();
 }

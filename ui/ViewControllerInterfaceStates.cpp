@@ -64,11 +64,19 @@ void ViewController::ResetInterface() {
         kDefaultNameTemplate.data(), static_cast<qsizetype>(kDefaultNameTemplate.size())));
     textFieldOutputFolder->setText(QString());
     checkKeepEXIFInformationAndCreationDate->setChecked(false);
+    const bool wasReplacingOriginals = checkReplaceOriginals->isChecked();
+    checkReplaceOriginals->setChecked(false);
 
     SetProgressFraction(*progressIndicator, 0.0);
 
-    // "JPG" takes a quality.
+    // "JPG" takes a quality (the slider is enabled even while a job runs)
+    // and carries metadata; with the originals no longer replaced, the name,
+    // folder and format are used again. Other enabled states stay as they
+    // are.
     sliderQuality->setEnabled(true);
+    if (wasReplacingOriginals || !checkKeepEXIFInformationAndCreationDate->isEnabled()) {
+        SettleOutputControls();
+    }
 
     tableViewImage->ReloadData();
     ClearImageListSelection();
@@ -104,6 +112,7 @@ std::vector<QWidget*> ViewController::ControlsLockedWhileCropping() const {
         checkKeepEXIFInformationAndCreationDate.get(),
         buttonBrowse.get(),
         buttonCropImages.get(),
+        checkReplaceOriginals.get(),
     };
 }
 
@@ -111,6 +120,7 @@ void ViewController::DisableInterface() {
     // The job reads the list and the settings while it runs, so nothing that
     // changes them may be used meanwhile. The table, the tabs, the preview,
     // the labels, the progress bar and the menu stay as they are.
+    interfaceLocked_ = true;
     for (QWidget* control : ControlsLockedWhileCropping()) {
         control->setEnabled(false);
     }
@@ -118,11 +128,12 @@ void ViewController::DisableInterface() {
 }
 
 void ViewController::EnableInterface() {
+    interfaceLocked_ = false;
     for (QWidget* control : ControlsLockedWhileCropping()) {
         control->setEnabled(true);
     }
     buttonCropImages->setText(QString::fromLatin1(kCropImagesTitle));
-    sliderQuality->setEnabled(OutputFormatTakesQuality(comboFormat->currentIndex()));
+    SettleOutputControls();
 }
 
 }  // namespace vellumo

@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 
 #include "batch/CropSettings.h"
 #include "ui/QualitySlider.h"
@@ -20,9 +21,34 @@ constexpr char kSelectFolderPrompt[] = "Select Folder";
 }  // namespace
 
 void ViewController::OnFormatSelected() {
-    // The value is kept, so an earlier quality comes back with a JPEG
+    // The values are kept, so an earlier quality comes back with a JPEG
     // format.
-    sliderQuality->setEnabled(OutputFormatTakesQuality(comboFormat->currentIndex()));
+    SettleOutputControls();
+}
+
+void ViewController::OnReplaceOriginalsSelected() {
+    SettleOutputControls();
+}
+
+void ViewController::SettleOutputControls() {
+    // While a job runs everything stays locked; the job's end settles them.
+    if (interfaceLocked_) {
+        return;
+    }
+    const bool inPlace = checkReplaceOriginals->isChecked();
+    const long format = comboFormat->currentIndex();
+    // Replacing the originals writes each file in its own format, which may
+    // take a quality or carry metadata.
+    sliderQuality->setEnabled(inPlace || OutputFormatTakesQuality(format));
+    const bool carries = inPlace || OutputFormatCarriesMetadata(format);
+    checkKeepEXIFInformationAndCreationDate->setEnabled(carries);
+    checkKeepEXIFInformationAndCreationDate->setToolTip(
+        carries ? QString()
+                : QStringLiteral("GIF and BMP files cannot carry EXIF information"));
+    comboFormat->setEnabled(!inPlace);
+    textFieldName->setEnabled(!inPlace);
+    textFieldOutputFolder->setEnabled(!inPlace);
+    buttonBrowse->setEnabled(!inPlace);
 }
 
 void ViewController::OnQualityChanged() {

@@ -14,7 +14,6 @@
 #include <algorithm>
 
 #include "batch/CropRectangle.h"
-#include "imaging/ImageTools.h"
 #include "ui/CropPreviewView.h"
 #include "ui/DimensionText.h"
 #include "ui/ImageListModel.h"
@@ -72,6 +71,7 @@ void ViewController::ShowDecodedPreview(quint64 selection, const QString& path,
     imageListModel_->ClearUnreadable(path);
     currentImage_ = Image::OfSize(result->fullSize.width, result->fullSize.height);
     previewPicture_ = result->picture;
+    currentPages_ = result->pages;
     UpdateCropPreview();
 }
 
@@ -79,7 +79,9 @@ void ViewController::UpdateCropPreview() {
     if (!(currentImage_.Width() > 0.0) || !(currentImage_.Height() > 0.0)) {
         return;
     }
-    const Rect rect = ResolveCropRectangle(CropSettingsFromControls(), currentImage_);
+    // What is drawn is what the job cuts: nothing veiled when the image is
+    // written whole, the part on the image when the rectangle is clipped.
+    const Rect rect = ResolveCrop(CropSettingsFromControls(), currentImage_).cut;
     const quint64 refresh = ++refreshCount_;
     const Size fullSize{currentImage_.Width(), currentImage_.Height()};
     previewWork_.start([this, picture = previewPicture_, fullSize, rect, refresh] {
@@ -126,32 +128,19 @@ void ViewController::UpdateImageSize() {
         labelOriginalDimensionsHeight->setText(DimensionText(kHeightCaption, 0));
         labelOutputDimensionsWidth->setText(DimensionText(kWidthCaption, 0));
         labelOutputDimensionsHeight->setText(DimensionText(kHeightCaption, 0));
+        labelPreviewNote->clear();
         return;
     }
     labelOriginalDimensionsWidth->setText(DimensionText(kWidthCaption, width));
     labelOriginalDimensionsHeight->setText(DimensionText(kHeightCaption, height));
 
-    const CropSettings settings = CropSettingsFromControls();
-    if (settings.autoCrop) {
-        // The auto-crop rectangle always lies on the image: no lower bound.
-        const Rect rect = ResolveCropRectangle(settings, currentImage_);
-        labelOutputDimensionsWidth->setText(DimensionText(kWidthCaption, rect.width));
-        labelOutputDimensionsHeight->setText(DimensionText(kHeightCaption, rect.height));
-        return;
-    }
-    // With no mode chosen the output labels keep what they showed.
-    if (!settings.customCrop || (!settings.customCropPixels && !settings.customCropPercents)) {
-        return;
-    }
-    const Rect rect = ResolveCropRectangle(settings, currentImage_);
-    const Size cropped = ImageTools::CalculateCroppedImageSize(currentImage_, rect.x, rect.y,
-                                                               rect.width, rect.height);
-    // A crop that leaves less than a pixel keeps the image whole.
-    const bool keepsWhole = cropped.width < 1.0 || cropped.height < 1.0;
-    labelOutputDimensionsWidth->setText(
-        DimensionText(kWidthCaption, keepsWhole ? width : cropped.width));
-    labelOutputDimensionsHeight->setText(
-        DimensionText(kHeightCaption, keepsWhole ? height : cropped.height));
+    // The output labels are the size the job writes for this image, in every
+    // mode; the note says when that is the whole image or a clipped part.
+    const ResolvedCrop crop = ResolveCrop(CropSettingsFromControls(), currentImage_);
+    labelOutputDimensionsWidth->setText(DimensionText(kWidthCaption, crop.outputSize.width));
+    labelOutputDimensionsHeight->setText(DimensionText(kHeightCaption, crop.outputSize.height));
+    const std::string note = JoinNotes(CropExtentNote(crop), FirstPageNote(currentPages_));
+    labelPreviewNote->setText(QString::fromStdString(note));
 }
 
 }  // namespace vellumo

@@ -54,10 +54,10 @@ void ViewController::ApplySettingsToControls(const CropSettings& s) {
     comboFormat->setCurrentIndex(static_cast<int>(s.outputFormat));
     sliderQuality->setDoubleValue(s.quality);
     labelQuality->setText(QualityText(s.quality));
-    sliderQuality->setEnabled(OutputFormatTakesQuality(s.outputFormat));
     textFieldName->setText(Text(s.nameTemplate));
     textFieldOutputFolder->setText(Text(s.outputFolder));
     checkKeepEXIFInformationAndCreationDate->setChecked(s.keepMetadata);
+    SettleOutputControls();
 
     UpdateCropPreview();
 }

@@ -18,6 +18,10 @@ void ViewController::OnAppQuit() {
 }
 
 void ViewController::OnFileNew() {
+    // A list a person has built is not thrown away unasked.
+    if (!AgreeToEmptyTheList()) {
+        return;
+    }
     ResetInterface();
     currentProfilePath_.clear();
     if (!view_.isNull()) {
@@ -30,8 +34,12 @@ void ViewController::OnVideoTutorial() {
     if (!address.isValid()) {
         return;
     }
-    // A missing or failing browser is not the user's problem to solve here.
-    services_.openUrl(address);
+    // Without a browser the address is given, so it can be opened elsewhere.
+    if (!services_.openUrl(address)) {
+        services_.showMessageBox(NoticeRequest(
+            QStringLiteral("No web browser could be opened. The video tutorial is at %1")
+                .arg(address.toString())));
+    }
 }
 
 }  // namespace vellumo

@@ -23,6 +23,7 @@
 #include "tests/gui/support/WindowDriving.h"
 #include "tests/gui/support/Workers.h"
 #include "tests/support/ReadBack.h"
+#include "ui/CropQuestions.h"
 #include "ui/LatchingRadioButton.h"
 #include "ui/ProgressFraction.h"
 
@@ -66,6 +67,10 @@ struct JobWindow {
         QDir(dir.path()).mkdir("out");
         loaded.Control<QLineEdit>("textFieldOutputFolder").setText(dir.filePath("out"));
         Choose(loaded.Control<QComboBox>("comboFormat"), "PNG");
+        // A rectangle of the whole 120 x 80 picture: each output is its
+        // source's every pixel.
+        vellumo::test::Type(loaded.Control<QLineEdit>("textFieldCustomCropPixelsWidth"), "120");
+        vellumo::test::Type(loaded.Control<QLineEdit>("textFieldCustomCropPixelsHeight"), "80");
     }
 
     // Lists `count` plain pictures of different colours, 120 x 80.
@@ -170,9 +175,15 @@ class CropJobTest : public QObject {
     void zeroPixelsAndNoModeCropWithTheEmptyRectangle() {
         JobWindow w;
         w.AddPictures(1);
-        // The start values: pixels, all 0.
+        // The start values: pixels, all 0. Whole copies are written once the
+        // question about them is answered yes (its default).
+        vellumo::test::Type(w.loaded.Control<QLineEdit>("textFieldCustomCropPixelsWidth"), "0");
+        vellumo::test::Type(w.loaded.Control<QLineEdit>("textFieldCustomCropPixelsHeight"), "0");
         QVERIFY(CropAndWait(w.loaded));
+        QCOMPARE(w.loaded.boxes.front().text, QString::fromLatin1(vellumo::kUncroppedQuestion));
         QCOMPARE(w.processor->outcomes().back().rect.value(), (vellumo::Rect{0, 0, 0, 0}));
+        QCOMPARE(w.processor->outcomes().back().warning,
+                 std::string("Whole image: the rectangle is empty"));
         QVERIFY(w.Replaced(0));
 
         // Pixels with a height of 0.
@@ -206,7 +217,9 @@ class CropJobTest : public QObject {
         Click(w.loaded.Control<QPushButton>("buttonCropImages"));
         QCOMPARE(w.loaded.Control<QPushButton>("buttonCropImages").text(),
                  QStringLiteral("Cropping..."));
-        QCOMPARE(status.text(), QStringLiteral("Cropping 1 of 3"));
+        // The images' sizes are read first, away from the window.
+        QTRY_COMPARE(status.text(), QStringLiteral("Cropping 1 of 3"));
+        QCOMPARE(w.processor->measured(), 1);  // the first is cropped: enough said
         w.processor->Release();
         QTRY_VERIFY(!w.loaded.controller().isCropping());
 
@@ -271,7 +284,10 @@ class CropJobTest : public QObject {
         const MessageBoxRequest& report = w.loaded.boxes.back();
         QCOMPARE(report.text, QStringLiteral("Some images could not be cropped."));
         QCOMPARE(report.style, MessageBoxStyle::Warning);
-        QCOMPARE(report.buttons, QStringList{"OK"});
+        QCOMPARE(report.buttons, QStringList({"Show in Folder", "OK"}));
+        // The 120 x 80 rectangle is clipped on the 100 x 68 photos.
+        QCOMPARE(report.informativeText,
+                 QStringLiteral("3 images: 2 written, 1 failed; 2 with warnings"));
         QVERIFY2(report.details.startsWith("Not cropped: " + cameras[0] + " ("),
                  qPrintable(report.details));
         QVERIFY(QFileInfo(blocked).isDir());
@@ -421,30 +437,51 @@ class CropJobTest : public QObject {
         QCOMPARE(w.loaded.boxes.back(),
                  (MessageBoxRequest{"Images cropped successfully.",
                                     MessageBoxStyle::Informational,
-                                    {"OK"},
+                                    {"Show in Folder", "OK"},
                                     "Skipped: " + w.sources[0] + " (" + w.Output(0) +
                                         " already exists and was kept)\nSkipped: " + w.sources[1] +
                                         " (" + w.Output(1) +
                                         " already exists and was kept)\nSkipped: " + w.sources[2] +
-                                        " (" + w.Output(2) + " already exists and was kept)"}));
+                                        " (" + w.Output(2) + " already exists and was kept)",
+                                    "3 images: 0 written, 3 kept as they were", 1}));
     }
 
-    void twoImagesWithOneOutputPathAreBothWrittenTheLaterLast() {
+    void twoImagesWithOneOutputPathAreNumberedOnlyWhenAgreed() {
         JobWindow w;
         QDir(w.dir.path()).mkdir("a");
         QDir(w.dir.path()).mkdir("b");
-        const QString first = vellumo::test::Write(vellumo::test::Plain(60, 40, Qt::red),
+        const QString first = vellumo::test::Write(vellumo::test::Plain(120, 80, Qt::red),
                                                    w.dir.filePath("a/same.png"));
-        const QString second = vellumo::test::Write(vellumo::test::Plain(50, 30, Qt::blue),
+        const QString second = vellumo::test::Write(vellumo::test::Plain(120, 80, Qt::blue),
                                                     w.dir.filePath("b/same.png"));
-        w.loaded.AddImages({first, second});
+        w.loaded.AddImages({first});
+        w.loaded.AddImages({second});
         vellumo::test::Type(w.loaded.Control<QLineEdit>("textFieldName"), "[FileName]");
+        const QString shared = w.dir.filePath("out/same.png");
+
+        // Cancelled: nothing is written, and the window is as before.
+        w.loaded.boxAnswers = {vellumo::kFirstButtonAnswer + 1};
+        QVERIFY(CropAndWait(w.loaded));
+        QCOMPARE(w.loaded.boxes.size(), std::size_t{1});
+        const MessageBoxRequest warning = w.loaded.boxes.front();
+        QCOMPARE(warning.text,
+                 QStringLiteral("2 images would be written to the same files, one over another:"));
+        QCOMPARE(warning.informativeText, shared + ": " + first + ", " + second);
+        QCOMPARE(warning.buttons, QStringList({"Number the Clashing Files", "Cancel"}));
+        QCOMPARE(warning.style, MessageBoxStyle::Warning);
+        QVERIFY(w.processor->tasks().empty());
+        QVERIFY(QDir(w.dir.filePath("out")).isEmpty());
+        QVERIFY(!w.loaded.controller().isCropping());
+        QVERIFY(w.loaded.Control<QPushButton>("buttonCropImages").isEnabled());
+
+        // Numbered: the later image gets " (2)", as a file manager names a copy.
+        w.loaded.boxAnswers = {vellumo::kFirstButtonAnswer};
         QVERIFY(CropAndWait(w.loaded));
         QCOMPARE(w.Questions().size(), std::size_t{0});
         QCOMPARE(w.processor->decisions(), (std::vector<D>{D::NoConflict, D::NoConflict}));
-        const QImage written(w.dir.filePath("out/same.png"));
-        QCOMPARE(written.size(), QSize(50, 30));
-        QCOMPARE(written.pixelColor(1, 1), QColor(Qt::blue));
+        QCOMPARE(QImage(shared).pixelColor(1, 1), QColor(Qt::red));
+        QCOMPARE(QImage(w.dir.filePath("out/same (2).png")).pixelColor(1, 1), QColor(Qt::blue));
+        QCOMPARE(w.loaded.boxes.back().text, QStringLiteral("Images cropped successfully."));
     }
 
     void aFolderAtAnOutputPathIsAskedAbout() {

@@ -154,7 +154,7 @@ class CropModesTest : public QObject {
         }
     }
 
-    void anotherRatioShowsOnlyAtTheNextRefresh() {
+    void anotherRatioShowsAtOnceAndTheLabelsAreWhatTheJobWrites() {
         Fixture f;
         auto& ratios = f.loaded.Control<QComboBox>("comboAutoCropFormat");
         Choose(ratios, "1:1");
@@ -166,27 +166,27 @@ class CropModesTest : public QObject {
         QSignalSpy chosen(&ratios, &QComboBox::activated);
         Choose(ratios, "16:9");
         QCOMPARE(chosen.count(), 3);  // through "4:3" and "3:2" to "16:9"
-        QTest::qWait(200);
-        QVERIFY(!f.loaded.controller().isPreviewPending());
-        QCOMPARE(f.OutputLabels(), QStringLiteral("Width: 500 / Height: 500"));
-        QCOMPARE(PreviewPicture(f.loaded), before);
-
-        // Another crop control refreshes, and the new ratio shows.
-        Click(f.Radio("radioAutoCrop"));
         Refresh(f);
         QCOMPARE(f.OutputLabels(), QStringLiteral("Width: 888 / Height: 500"));
         QVERIFY(PreviewPicture(f.loaded) != before);
+        // The 16:9 rectangle is 888.9 wide, centred: 55.6 to 944.4 across.
+        QVERIFY(f.VeiledAt(40, 100, Qt::red));
+        QVERIFY(f.ClearAt(70, 100, Qt::red));
+        QVERIFY(f.ClearAt(930, 100, Qt::green));
+        QVERIFY(f.VeiledAt(960, 100, Qt::green));
 
-        // So does another selection in the list.
-        Choose(ratios, "4:3");
-        QCOMPARE(f.OutputLabels(), QStringLiteral("Width: 888 / Height: 500"));
+        QVERIFY(vellumo::test::CropAndWait(f.loaded));
+        QCOMPARE(QImage(f.OutputPath()).size(), QSize(888, 500));
+
+        // Another selection in the list shows it for that image.
         f.loaded.AddImages({vellumo::test::Write(vellumo::test::Plain(400, 800, Qt::gray),
                                                  f.dir.filePath("tall.png"))});
+        Choose(ratios, "4:3");
         ClickRow(f.loaded, 1);
         QCOMPARE(f.OutputLabels(), QStringLiteral("Width: 400 / Height: 533"));
     }
 
-    void aStepperChangesItsFieldOnlyAndTheJobUsesTheField() {
+    void aStepperRefreshesAndTheLabelsAreWhatTheJobWrites() {
         Fixture f;
         Click(f.Radio("radioCustomCropPercents"));
         Refresh(f);
@@ -198,10 +198,9 @@ class CropModesTest : public QObject {
         QTest::mouseClick(&stepper, Qt::LeftButton, {}, QPoint(stepper.width() / 2, 3));
         QCOMPARE(stepper.value(), 61.0);
         QCOMPARE(f.Field("textFieldCustomCropPercentsWidth").text(), QStringLiteral("61"));
-        QTest::qWait(200);
-        QVERIFY(!f.loaded.controller().isPreviewPending());
-        QCOMPARE(f.OutputLabels(), QStringLiteral("Width: 600 / Height: 300"));
-        QCOMPARE(PreviewPicture(f.loaded), before);
+        Refresh(f);
+        QCOMPARE(f.OutputLabels(), QStringLiteral("Width: 610 / Height: 300"));
+        QVERIFY(PreviewPicture(f.loaded) != before);
 
         QVERIFY(vellumo::test::CropAndWait(f.loaded));
         QCOMPARE(f.loaded.boxes.back().text, QStringLiteral("Images cropped successfully."));
@@ -209,17 +208,24 @@ class CropModesTest : public QObject {
         QCOMPARE(written.size(), QSize(610, 300));
     }
 
-    void typingIntoAPercentFieldRefreshesNothing() {
+    void typingIntoAPercentFieldRefreshesAtOnceAndMovesItsStepper() {
         Fixture f;
         Click(f.Radio("radioCustomCropPercents"));
         Refresh(f);
         const QImage before = PreviewPicture(f.loaded);
         Type(f.Field("textFieldCustomCropPercentsHeight"), "10");
-        QTest::qWait(200);
-        QCOMPARE(f.OutputLabels(), QStringLiteral("Width: 600 / Height: 300"));
-        QCOMPARE(PreviewPicture(f.loaded), before);
-        // Nor does it move the stepper.
-        QCOMPARE(f.loaded.Control<Stepper>("stepperCustomCropPercentsHeight").value(), 60.0);
+        Refresh(f);
+        QCOMPARE(f.OutputLabels(), QStringLiteral("Width: 600 / Height: 50"));
+        QVERIFY(PreviewPicture(f.loaded) != before);
+        // The next step goes on from what was typed.
+        auto& stepper = f.loaded.Control<Stepper>("stepperCustomCropPercentsHeight");
+        QCOMPARE(stepper.value(), 10.0);
+        QTest::mouseClick(&stepper, Qt::LeftButton, {}, QPoint(stepper.width() / 2, 3));
+        QCOMPARE(f.Field("textFieldCustomCropPercentsHeight").text(), QStringLiteral("11"));
+        Refresh(f);
+        QCOMPARE(f.OutputLabels(), QStringLiteral("Width: 600 / Height: 55"));
+        QVERIFY(vellumo::test::CropAndWait(f.loaded));
+        QCOMPARE(QImage(f.OutputPath()).size(), QSize(600, 55));
     }
 
     void aPercentWidthOf150IsOneAndAHalfWidthsPassedOnUnchanged() {
@@ -242,7 +248,7 @@ class CropModesTest : public QObject {
         QCOMPARE(QImage(f.OutputPath()).size(), QSize(800, 300));
     }
 
-    void pixelFieldsAtZeroGiveAnEmptyRectangle() {
+    void pixelFieldsAtZeroLeaveTheImageWholeAndSaySo() {
         Fixture f;
         QVERIFY(f.Radio("radioCustomCropPixels").isChecked());
         for (const char* name :
@@ -250,12 +256,19 @@ class CropModesTest : public QObject {
               "textFieldCustomCropPixelsWidth", "textFieldCustomCropPixelsHeight"}) {
             QCOMPARE(f.Field(name).text(), QStringLiteral("0"));
         }
-        // The output is the original size; the preview veils everything.
+        // The output is the original size, the preview shows it unveiled, and
+        // the note under it says why.
         QCOMPARE(f.OutputLabels(), QStringLiteral("Width: 1000 / Height: 500"));
-        QVERIFY(f.VeiledAt(250, 125, Qt::red));
-        QVERIFY(f.VeiledAt(750, 375, Qt::yellow));
+        QVERIFY(f.ClearAt(250, 125, Qt::red));
+        QVERIFY(f.ClearAt(750, 375, Qt::yellow));
+        QCOMPARE(LabelText(f.loaded, "labelPreviewNote"),
+                 QStringLiteral("Whole image: the rectangle is empty"));
 
+        // The job asks first, then writes the copy whole when told to.
         QVERIFY(vellumo::test::CropAndWait(f.loaded));
+        QCOMPARE(f.loaded.boxes.front().text,
+                 QStringLiteral("The crop rectangle leaves every image uncropped. Write uncropped "
+                                "copies?"));
         QCOMPARE(f.processor->outcomes().at(0).rect.value(), (vellumo::Rect{0, 0, 0, 0}));
         const QImage written(f.OutputPath());
         QCOMPARE(written.size(), QSize(1000, 500));
@@ -304,20 +317,49 @@ class CropModesTest : public QObject {
         QVERIFY(f.VeiledAt(590, 490, Qt::yellow));
     }
 
-    void aFieldReadsAsTheNumberItBeginsWith() {
+    void theFieldsTakeNumbersOnly() {
         Fixture f;
-        Type(f.Field("textFieldCustomCropPixelsWidth"), " 250.7 px");
-        Type(f.Field("textFieldCustomCropPixelsHeight"), "1.2e2");
+        auto& width = f.Field("textFieldCustomCropPixelsWidth");
+        auto& height = f.Field("textFieldCustomCropPixelsHeight");
+        auto& x = f.Field("textFieldCustomCropPixelsOriginX");
+        Type(width, "abc");
+        QCOMPARE(width.text(), QString());
+        Type(width, " 250.7 px");
+        QCOMPARE(width.text(), QStringLiteral("250.7"));
+        Type(height, "1.2e2");
+        QCOMPARE(height.text(), QStringLiteral("1.2e2"));
+        // Origins may be negative: what lies off the image is clipped.
+        Type(x, "-50");
+        QCOMPARE(x.text(), QStringLiteral("-50"));
         Refresh(f);
-        QCOMPARE(f.OutputLabels(), QStringLiteral("Width: 250 / Height: 120"));
-        // Text that does not begin with a number is 0: nothing to crop.
-        Type(f.Field("textFieldCustomCropPixelsHeight"), "px 120");
-        Refresh(f);
-        QCOMPARE(f.OutputLabels(), QStringLiteral("Width: 1000 / Height: 500"));
+        QCOMPARE(f.OutputLabels(), QStringLiteral("Width: 200 / Height: 120"));
+        QCOMPARE(LabelText(f.loaded, "labelPreviewNote"), QStringLiteral("Clipped to 200 \u00d7 120"));
+        for (const char* name :
+             {"textFieldCustomCropPercentsOriginX", "textFieldCustomCropPercentsWidth"}) {
+            Type(f.Field(name), "x1");
+            QCOMPARE(f.Field(name).text(), QStringLiteral("1"));
+        }
+        Click(f.Radio("radioCustomCropPixels"));
         QVERIFY(vellumo::test::CropAndWait(f.loaded));
         const vellumo::CropSettings& used = f.processor->tasks().at(0).settings;
         QCOMPARE(used.pixelsWidth, 250.7f);
-        QCOMPARE(used.pixelsHeight, 0.0f);
+        QCOMPARE(used.pixelsHeight, 120.0f);
+        QCOMPARE(used.pixelsOriginX, -50.0f);
+        QCOMPARE(QImage(f.OutputPath()).size(), QSize(200, 120));
+        QCOMPARE(f.processor->outcomes().at(0).warning, std::string("Clipped to 200 \u00d7 120"));
+    }
+
+    void aRectangleBeyondThePictureSaysItIsWrittenWhole() {
+        Fixture f;
+        Type(f.Field("textFieldCustomCropPixelsOriginX"), "1000");
+        Type(f.Field("textFieldCustomCropPixelsOriginY"), "100");
+        Type(f.Field("textFieldCustomCropPixelsWidth"), "300");
+        Type(f.Field("textFieldCustomCropPixelsHeight"), "200");
+        Refresh(f);
+        QCOMPARE(f.OutputLabels(), QStringLiteral("Width: 1000 / Height: 500"));
+        QCOMPARE(LabelText(f.loaded, "labelPreviewNote"),
+                 QStringLiteral("Whole image: the rectangle lies outside this image"));
+        QVERIFY(f.ClearAt(980, 20, Qt::green));
     }
 };
 

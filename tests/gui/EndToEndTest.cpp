@@ -50,6 +50,7 @@ const Expected kFiles[] = {
 // What a person saw in one message box, and which button they pressed.
 struct SeenBox {
     QString text;
+    QString informativeText;
     QString details;
     QMessageBox::Icon icon = QMessageBox::NoIcon;
     QStringList buttonsLeftToRight;
@@ -76,6 +77,7 @@ class BoxAnswerer : public QObject {
         current_ = box;
         SeenBox record;
         record.text = box->text();
+        record.informativeText = box->informativeText();
         record.details = box->detailedText();
         record.icon = box->icon();
         QList<QAbstractButton*> buttons;
@@ -140,8 +142,12 @@ class EndToEndTest : public QObject {
         for (const Expected& file : kFiles) {
             sources << vellumo::test::RealImage(file.source);
         }
-        loaded.panelAnswers.push_back(sources);
-        vellumo::test::Click(loaded.Control<QPushButton>("buttonAddImages"));
+        // One file a time, in this order (files chosen together would come
+        // in the order of their names).
+        for (const QString& source : sources) {
+            loaded.panelAnswers.push_back(QStringList{source});
+            vellumo::test::Click(loaded.Control<QPushButton>("buttonAddImages"));
+        }
         QCOMPARE(loaded.controller().listImagePaths(), sources);
 
         vellumo::test::Choose(loaded.Control<QComboBox>("comboAutoCropFormat"), "16:9");
@@ -172,7 +178,8 @@ class EndToEndTest : public QObject {
         const SeenBox& report = answerer.seen[2];
         QCOMPARE(report.text, QStringLiteral("Images cropped successfully."));
         QCOMPARE(report.icon, QMessageBox::Information);
-        QCOMPARE(report.buttonsLeftToRight, QStringList{"OK"});
+        QCOMPARE(report.buttonsLeftToRight, QStringList({"Show in Folder", "OK"}));
+        QCOMPARE(report.informativeText, QStringLiteral("5 images: 4 written, 1 kept as it was"));
         QCOMPARE(report.details, "Skipped: " + sources[3] + " (" + out + "/" + kFiles[3].output +
                                      " already exists and was kept)");
 

@@ -2,6 +2,8 @@
 // the table's rows with their file-kind icons.
 
 #include <QAbstractItemDelegate>
+#include <QAction>
+#include <QLineEdit>
 #include <QApplication>
 #include <QFile>
 #include <QFileDialog>
@@ -105,12 +107,12 @@ class ImageListTest : public QObject {
                                                         "tiff", "tif", "gif", "bmp"}));
     }
 
-    void addingAppendsInThePanelsOrderAndTheTableShowsFullPaths() {
+    void addingAppendsEachChoiceInNaturalOrderAndTheTableShowsFullPaths() {
         LoadedWindow loaded;
         loaded.AddImages({"/pics/b.png", "/pics/a.jpg"});
         loaded.AddImages({"/more/z.tif", "/more/c.gif", "/more/y.bmp"});
-        const QStringList expected = {"/pics/b.png", "/pics/a.jpg", "/more/z.tif", "/more/c.gif",
-                                      "/more/y.bmp"};
+        const QStringList expected = {"/pics/a.jpg", "/pics/b.png", "/more/c.gif", "/more/y.bmp",
+                                      "/more/z.tif"};
         QCOMPARE(loaded.controller().listImagePaths(), expected);
         QCOMPARE(loaded.controller().numberOfRowsInTableView(), 5);
         QCOMPARE(TableRows(loaded), expected);
@@ -129,10 +131,21 @@ class ImageListTest : public QObject {
         QVERIFY(loaded.boxes.empty());
     }
 
+    void numbersInNamesChosenTogetherCountAsNumbers() {
+        LoadedWindow loaded;
+        loaded.AddImages({"/s/p1.jpg", "/s/p10.jpg", "/s/p100.jpg", "/s/p2.jpg", "/s/p20.jpg"});
+        QCOMPARE(loaded.controller().listImagePaths(),
+                 QStringList({"/s/p1.jpg", "/s/p2.jpg", "/s/p10.jpg", "/s/p20.jpg", "/s/p100.jpg"}));
+        // A later choice still goes after the earlier ones.
+        loaded.AddImages({"/s/p3.jpg"});
+        QCOMPARE(loaded.controller().listImagePaths().last(), QStringLiteral("/s/p3.jpg"));
+    }
+
     void pathsThatDifferOnlyInCaseAreTwoEntries() {
         LoadedWindow loaded;
         loaded.AddImages({"/pics/Photo.jpg"});
-        loaded.AddImages({"/pics/photo.jpg", "/Pics/Photo.jpg"});
+        loaded.AddImages({"/pics/photo.jpg"});
+        loaded.AddImages({"/Pics/Photo.jpg"});
         QCOMPARE(loaded.controller().listImagePaths(),
                  QStringList({"/pics/Photo.jpg", "/pics/photo.jpg", "/Pics/Photo.jpg"}));
     }
@@ -191,7 +204,7 @@ class ImageListTest : public QObject {
         QCOMPARE(loaded.controller().listImagePaths(), QStringList({"/pics/a.jpg"}));
     }
 
-    void removeSelectedRemovesTheSelectedRowOnly() {
+    void removeSelectedRemovesTheSelectedRow() {
         LoadedWindow loaded;
         loaded.AddImages({"/pics/a.jpg", "/pics/b.png", "/pics/c.gif"});
         SelectRow(loaded, 1);
@@ -202,6 +215,77 @@ class ImageListTest : public QObject {
         QCOMPARE(loaded.controller().listImagePaths(), QStringList({"/pics/a.jpg", "/pics/c.gif"}));
         QCOMPARE(TableRows(loaded), QStringList({"/pics/a.jpg", "/pics/c.gif"}));
         VerifyPreviewEmptied(loaded);
+    }
+
+    void rowsAreSelectedWithCtrlShiftAndCtrlAAndDeleteRemovesThemAll() {
+        LoadedWindow loaded;
+        loaded.Show();
+        loaded.AddImages({"/p/1.jpg", "/p/2.jpg", "/p/3.jpg", "/p/4.jpg", "/p/5.jpg", "/p/6.jpg"});
+        auto& table = loaded.Control<ImageTableView>("tableViewImage");
+        auto click = [&](int row, Qt::KeyboardModifiers modifiers) {
+            QTest::mouseClick(table.viewport(), Qt::LeftButton, modifiers,
+                              table.visualRect(table.model()->index(row, 0)).center());
+        };
+        click(0, Qt::NoModifier);
+        click(2, Qt::ControlModifier);
+        click(4, Qt::ShiftModifier);  // from row 2 to row 4
+        QCOMPARE(table.SelectedRows(), QList<int>({0, 2, 3, 4}));
+        QCOMPARE(loaded.Control<QLabel>("labelImageCount").text(), "6 images, 4 selected");
+
+        table.setFocus();
+        QTest::keyClick(&table, Qt::Key_Delete);
+        QCOMPARE(loaded.controller().listImagePaths(), QStringList({"/p/2.jpg", "/p/6.jpg"}));
+        QCOMPARE(TableRows(loaded), QStringList({"/p/2.jpg", "/p/6.jpg"}));
+        QCOMPARE(loaded.Control<QLabel>("labelImageCount").text(), "2 images");
+        VerifyPreviewEmptied(loaded);
+
+        QTest::keyClick(&table, Qt::Key_A, Qt::ControlModifier);
+        QCOMPARE(table.SelectedRows(), QList<int>({0, 1}));
+        loaded.Control<QPushButton>("buttonRemoveSelected").click();
+        QVERIFY(loaded.controller().listImagePaths().isEmpty());
+        QCOMPARE(loaded.Control<QLabel>("labelImageCount").text(), "No images");
+        QVERIFY(loaded.boxes.empty());
+    }
+
+    void theCountUnderTheListFollowsEveryChange() {
+        LoadedWindow loaded;
+        auto& count = loaded.Control<QLabel>("labelImageCount");
+        QCOMPARE(count.text(), "No images");
+        loaded.AddImages({"/p/a.jpg"});
+        QCOMPARE(count.text(), "1 image");
+        QStringList many;
+        for (int i = 0; i < 120; ++i) {
+            many << QStringLiteral("/p/%1.png").arg(i);
+        }
+        loaded.AddImages(many);
+        QCOMPARE(count.text(), "121 images");
+        loaded.controller().OnRemoveAll();
+        QCOMPARE(count.text(), "No images");
+    }
+
+    void newWithImagesListedAsksAsRemoveAllDoes() {
+        LoadedWindow loaded;
+        loaded.AddImages({"/pics/a.jpg", "/pics/b.png"});
+        loaded.Control<QLineEdit>("textFieldName").setText("kept");
+        loaded.boxAnswers.push_back(1001);  // "No"
+        loaded.Control<QAction>("actionNew").trigger();
+        QCOMPARE(loaded.boxes.size(), 1u);
+        QCOMPARE(loaded.boxes.front(),
+                 (MessageBoxRequest{"Are you sure you want to remove all the images from the list?",
+                                    MessageBoxStyle::Warning,
+                                    {"Yes", "No"}}));
+        QCOMPARE(loaded.controller().listImagePaths().size(), 2);
+        QCOMPARE(loaded.Control<QLineEdit>("textFieldName").text(), "kept");
+
+        loaded.boxAnswers.push_back(1000);  // "Yes"
+        loaded.Control<QAction>("actionNew").trigger();
+        QVERIFY(loaded.controller().listImagePaths().isEmpty());
+        QCOMPARE(loaded.Control<QLineEdit>("textFieldName").text(),
+                 "[FileName]_cropped ([FileIndex])");
+
+        // With nothing listed, New asks nothing.
+        loaded.Control<QAction>("actionNew").trigger();
+        QCOMPARE(loaded.boxes.size(), 2u);
     }
 
     void removeSelectedWithNoRowKeepsTheListButEmptiesThePreview() {
@@ -272,9 +356,9 @@ class ImageListTest : public QObject {
         QTest::newRow("jpe") << "/p/c.jpe"
                              << "JPG";
         QTest::newRow("jp2") << "/p/d.jp2"
-                             << "JPG";
+                             << "JP2";
         QTest::newRow("jpx") << "/p/e.Jpx"
-                             << "JPG";
+                             << "JP2";
         QTest::newRow("png") << "/p/f.png"
                              << "PNG";
         QTest::newRow("tiff") << "/p/g.tiff"
@@ -310,10 +394,10 @@ class ImageListTest : public QObject {
         QCOMPARE(TableRows(loaded), QStringList({path}));
     }
 
-    void theFiveIconsAreDrawnAndDiffer() {
+    void theSixIconsAreDrawnAndDiffer() {
         LoadedWindow loaded;  // loads the resources
         QList<QImage> drawn;
-        for (const char* name : {"JPG", "PNG", "TIF", "GIF", "BMP"}) {
+        for (const char* name : {"JPG", "JP2", "PNG", "TIF", "GIF", "BMP"}) {
             const QImage pixels = IconPixels(vellumo::FileKindIcon(name));
             QVERIFY2(HasVisiblePixels(pixels), name);
             for (const QImage& other : drawn) {

@@ -31,7 +31,8 @@ using vellumo::test::LoadedWindow;
 
 namespace {
 
-// The 27 controls a crop job locks, in the order it locks them.
+// The controls a crop job locks, in the order it locks them: the 27 of old,
+// then the choice to replace the originals.
 const QStringList kLockedControls = {
     "buttonAddImages",
     "buttonRemoveSelected",
@@ -60,6 +61,7 @@ const QStringList kLockedControls = {
     "checkKeepEXIFInformationAndCreationDate",
     "buttonBrowse",
     "buttonCropImages",
+    "checkReplaceOriginals",
 };
 
 // Controls a crop job leaves alone.
@@ -147,7 +149,10 @@ void VerifyStartValues(LoadedWindow& loaded) {
              QStringLiteral("[FileName]_cropped ([FileIndex])"));
     QCOMPARE(loaded.Control<QLineEdit>("textFieldOutputFolder").text(), QString());
     QVERIFY(!loaded.Control<QCheckBox>("checkKeepEXIFInformationAndCreationDate").isChecked());
+    QVERIFY(!loaded.Control<QCheckBox>("checkReplaceOriginals").isChecked());
     QCOMPARE(loaded.Control<QProgressBar>("progressIndicator").value(), 0);
+    QCOMPARE(loaded.Control<QLabel>("labelImageCount").text(), QStringLiteral("No images"));
+    QCOMPARE(loaded.Control<QLabel>("labelPreviewNote").text(), QString());
 
     QVERIFY(controller.currentImage().IsEmpty());
     QVERIFY(loaded.Control<CropPreviewView>("imageViewCropPreview").image().isNull());
@@ -286,17 +291,19 @@ class InterfaceStatesTest : public QObject {
     void enablingUnlocksInOrderThenSettlesTheSliderByFormat_data() {
         QTest::addColumn<int>("format");
         QTest::addColumn<bool>("sliderEnabled");
+        QTest::addColumn<bool>("metadataEnabled");
         const QStringList titles = {"JPG", "JPEG", "JPE", "JP2", "JPX",
                                     "PNG", "TIFF", "TIF", "GIF", "BMP"};
         for (int i = 0; i < titles.size(); ++i) {
-            QTest::newRow(qPrintable(titles[i])) << i << (i <= 4);
+            QTest::newRow(qPrintable(titles[i])) << i << (i <= 4) << (i <= 7);
         }
-        QTest::newRow("no format selected") << -1 << false;
+        QTest::newRow("no format selected") << -1 << false << false;
     }
 
     void enablingUnlocksInOrderThenSettlesTheSliderByFormat() {
         QFETCH(int, format);
         QFETCH(bool, sliderEnabled);
+        QFETCH(bool, metadataEnabled);
         LoadedWindow loaded;
         loaded.Control<QComboBox>("comboFormat").setCurrentIndex(format);
         loaded.controller().DisableInterface();
@@ -304,17 +311,43 @@ class InterfaceStatesTest : public QObject {
         EnabledChangeRecorder recorder(loaded, kLockedControls);
         loaded.controller().EnableInterface();
 
+        // Enabled with the others, then settled by the format.
         QStringList expected = kLockedControls;
         if (!sliderEnabled) {
-            expected << "sliderQuality";  // enabled with the others, then settled
+            expected << "sliderQuality";
+        }
+        if (!metadataEnabled) {
+            expected << "checkKeepEXIFInformationAndCreationDate";
         }
         QCOMPARE(recorder.changes, expected);
         QCOMPARE(loaded.Control<QPushButton>("buttonCropImages").text(), "Crop Images");
         QCOMPARE(loaded.Control<QualitySlider>("sliderQuality").isEnabled(), sliderEnabled);
+        QCOMPARE(loaded.Control<QCheckBox>("checkKeepEXIFInformationAndCreationDate").isEnabled(),
+                 metadataEnabled);
         for (const QString& name : kLockedControls) {
-            if (name != "sliderQuality") {
+            if (name != "sliderQuality" && name != "checkKeepEXIFInformationAndCreationDate") {
                 QVERIFY2(loaded.Control<QWidget>(qPrintable(name)).isEnabled(), qPrintable(name));
             }
+        }
+    }
+
+    void afterAJobReplacingTheOriginalsTheNameFolderAndFormatStayUnused() {
+        LoadedWindow loaded;
+        loaded.Control<QCheckBox>("checkReplaceOriginals").setChecked(true);
+        loaded.controller().DisableInterface();
+        loaded.controller().EnableInterface();
+        for (const char* name :
+             {"comboFormat", "textFieldName", "textFieldOutputFolder", "buttonBrowse"}) {
+            QVERIFY2(!loaded.Control<QWidget>(name).isEnabled(), name);
+        }
+        QVERIFY(loaded.Control<QualitySlider>("sliderQuality").isEnabled());
+        QVERIFY(loaded.Control<QCheckBox>("checkKeepEXIFInformationAndCreationDate").isEnabled());
+        // New ends it, and they are used again.
+        loaded.controller().OnFileNew();
+        QVERIFY(!loaded.Control<QCheckBox>("checkReplaceOriginals").isChecked());
+        for (const char* name :
+             {"comboFormat", "textFieldName", "textFieldOutputFolder", "buttonBrowse"}) {
+            QVERIFY2(loaded.Control<QWidget>(name).isEnabled(), name);
         }
     }
 
@@ -339,7 +372,7 @@ class InterfaceStatesTest : public QObject {
         QVERIFY(loaded.boxes.empty());
     }
 
-    void theVideoTutorialOpensItsAddressAndIgnoresAFailure() {
+    void theVideoTutorialOpensItsAddressAndWithoutABrowserGivesIt() {
         LoadedWindow loaded;
         loaded.Control<QAction>("actionVideoTutorial").trigger();
         QCOMPARE(loaded.openedUrls.size(), 1u);
@@ -347,9 +380,21 @@ class InterfaceStatesTest : public QObject {
         QCOMPARE(address.toString(), QString::fromLatin1(ViewController::kVideoTutorialAddress));
         QVERIFY(address.isValid());
         QCOMPARE(address.scheme(), QStringLiteral("https"));
-        // The opener failed; nothing is said about it and nothing changed.
-        QVERIFY(loaded.boxes.empty());
+        // The test's opener fails, as it does where no browser is installed:
+        // the address is given in a notice, and nothing else changed.
+        QCOMPARE(loaded.boxes.size(), 1u);
+        QCOMPARE(loaded.boxes[0],
+                 vellumo::NoticeRequest(
+                     QStringLiteral("No web browser could be opened. The video tutorial is at ") +
+                     QString::fromLatin1(ViewController::kVideoTutorialAddress)));
         VerifyStartValues(loaded);
+    }
+
+    void theVideoTutorialSaysNothingWhenTheBrowserOpens() {
+        LoadedWindow loaded;
+        loaded.controller().services().openUrl = [](const QUrl&) { return true; };
+        loaded.Control<QAction>("actionVideoTutorial").trigger();
+        QVERIFY(loaded.boxes.empty());
     }
 };
 

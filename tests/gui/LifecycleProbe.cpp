@@ -52,6 +52,10 @@ void CropThenEnd(const char* mode, const QString& out, const QStringList& images
     controller.services().runOpenPanel = [images](const vellumo::OpenPanelRequest&) {
         return vellumo::OpenPanelResult(images);
     };
+    // Whole copies are written: the question about them is answered yes.
+    controller.services().showMessageBox = [](const vellumo::MessageBoxRequest&) {
+        return vellumo::kFirstButtonAnswer;
+    };
     controller.OnAddImages();
     window.findChild<QLineEdit*>("textFieldOutputFolder")->setText(out);
     window.findChild<QComboBox*>("comboFormat")->setCurrentText("PNG");

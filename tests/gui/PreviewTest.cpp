@@ -7,6 +7,7 @@
 #include <QIcon>
 #include <QLineEdit>
 #include <QStyle>
+#include <QLabel>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -137,7 +138,7 @@ class PreviewTest : public QObject {
                  QStringLiteral("Width: 1000 / Height: 500 -> Width: 1000 / Height: 500"));
     }
 
-    void withNoUnitChosenTheOutputLabelsKeepTheirValues() {
+    void withNoUnitChosenTheImageIsShownWhole() {
         QTemporaryDir dir;
         LoadedWindow loaded;
         loaded.Show();
@@ -155,13 +156,15 @@ class PreviewTest : public QObject {
         QVERIFY(loaded.Control<LatchingRadioButton>("radioCustomCrop").isChecked());
         QVERIFY(!loaded.Control<LatchingRadioButton>("radioCustomCropPixels").isChecked());
         ClickRow(loaded, 1);
+        // The job writes the whole image: the labels, the picture and the
+        // note say so.
         QCOMPARE(AllLabels(loaded),
-                 QStringLiteral("Width: 300 / Height: 200 -> Width: 600 / Height: 300"));
-        // The rectangle is empty: all of the black picture is veiled.
+                 QStringLiteral("Width: 300 / Height: 200 -> Width: 300 / Height: 200"));
         const QImage shown = PreviewPicture(loaded);
         QCOMPARE(shown.size(), QSize(300, 200));
-        QVERIFY(AllVeiled(shown));
-        QCOMPARE(shown.pixelColor(150, 100), vellumo::test::Veiled(Qt::black));
+        QCOMPARE(shown.pixelColor(150, 100), QColor(Qt::black));
+        QCOMPARE(loaded.Control<QLabel>("labelPreviewNote").text(),
+                 QStringLiteral("Whole image: neither pixels nor percents are chosen"));
     }
 
     void thePictureIsTheWholePhotoAndTheLabelsItsFullSize() {
@@ -194,7 +197,7 @@ class PreviewTest : public QObject {
         const QString slow =
             vellumo::test::Write(vellumo::test::Plain(800, 600, Qt::red), dir.filePath("slow.png"));
         const QString quick = vellumo::test::Write(vellumo::test::Plain(300, 200, Qt::blue),
-                                                   dir.filePath("quick.png"));
+                                                   dir.filePath("t-quick.png"));
         LoadedWindow loaded;
         auto decoder = std::make_shared<GatedPreviewDecoder>();
         loaded.controller().SetPreviewDecoder(decoder);
@@ -212,7 +215,7 @@ class PreviewTest : public QObject {
         QTest::qWait(300);
         QCOMPARE(AllLabels(loaded),
                  QStringLiteral("Width: 300 / Height: 200 -> Width: 300 / Height: 200"));
-        QCOMPARE(PreviewPicture(loaded).pixelColor(150, 100), vellumo::test::Veiled(Qt::blue));
+        QCOMPARE(PreviewPicture(loaded).pixelColor(150, 100), QColor(Qt::blue));
     }
 
     void aDecodeIsDroppedWhenTheSelectionIsGone() {
@@ -276,7 +279,7 @@ class PreviewTest : public QObject {
                                                   dir.filePath("good.png"));
         const QString bad = dir.filePath("truncated.jpg");
         QVERIFY(QFile::copy(vellumo::test::RealImage("bad/truncated_jpeg.jpg"), bad));
-        const QString text = dir.filePath("notes.png");
+        const QString text = dir.filePath("v-notes.png");
         {
             QFile file(text);
             QVERIFY(file.open(QIODevice::WriteOnly));

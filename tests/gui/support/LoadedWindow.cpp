@@ -9,8 +9,9 @@ LoadedWindow::LoadedWindow()
     WindowServices& services = controller_->services();
     services.showMessageBox = [this](const MessageBoxRequest& request) {
         boxes.push_back(request);
+        // Unanswered boxes get Return: their default button.
         if (boxAnswers.empty()) {
-            return kFirstButtonAnswer;
+            return kFirstButtonAnswer + request.defaultButton;
         }
         const int answer = boxAnswers.front();
         boxAnswers.pop_front();

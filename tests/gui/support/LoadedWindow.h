@@ -16,8 +16,8 @@ namespace vellumo::test {
 
 // The main window with its controller, loaded the way the application loads
 // it, but with answerers in place of the desktop services:
-// - message boxes are recorded and answered from `boxAnswers` (the first
-//   button, 1000, once the queue is empty);
+// - message boxes are recorded and answered from `boxAnswers` (the default
+//   button, as Return would, once the queue is empty);
 // - open panels are recorded and answered from `panelAnswers` (a cancel once
 //   the queue is empty), save panels likewise from `savePanelAnswers`;
 // - web addresses are recorded and fail to open.

@@ -3,6 +3,13 @@
 namespace vellumo::test {
 
 ImageOutcome RecordingProcessor::Process(const ImageTask& task) {
+    if (task.dryRun) {
+        {
+            const std::lock_guard lock(mutex_);
+            ++measured_;
+        }
+        return inner_.Process(task);
+    }
     {
         std::unique_lock lock(mutex_);
         ++started_;
@@ -45,6 +52,11 @@ void RecordingProcessor::Release() {
         held_ = false;
     }
     released_.notify_all();
+}
+
+int RecordingProcessor::measured() const {
+    const std::lock_guard lock(mutex_);
+    return measured_;
 }
 
 int RecordingProcessor::started() const {

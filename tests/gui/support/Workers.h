@@ -16,7 +16,8 @@ namespace vellumo::test {
 
 // Crops in this process, as the window does, and notes every task with its
 // outcome. Called on the job's thread; read the records once the job ended.
-// While held, each image waits before it is cropped.
+// While held, each image waits before it is cropped. Dry runs (the crop
+// command measuring images before a job) are only counted.
 class RecordingProcessor final : public ImageProcessor {
   public:
     ImageOutcome Process(const ImageTask& task) override;
@@ -29,6 +30,8 @@ class RecordingProcessor final : public ImageProcessor {
     void Release();
     // How many images have begun (including a held one).
     int started() const;
+    // How many images were measured by dry runs.
+    int measured() const;
 
   private:
     InProcessImageProcessor inner_;
@@ -36,6 +39,7 @@ class RecordingProcessor final : public ImageProcessor {
     std::condition_variable released_;
     bool held_ = false;
     int started_ = 0;
+    int measured_ = 0;
     std::vector<ImageTask> tasks_;
     std::vector<ImageOutcome> outcomes_;
 };
