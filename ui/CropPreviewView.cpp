@@ -80,7 +80,9 @@ QRect CropPreviewView::ImageRect() const {
 }
 
 QSize CropPreviewView::sizeHint() const {
-    return {480, 360};
+    // Modest, so that the settings above it get their full height first;
+    // the preview takes whatever room is left.
+    return {480, 200};
 }
 
 QSize CropPreviewView::minimumSizeHint() const {

@@ -13,18 +13,22 @@ namespace {
 
 // A message box whose details can be read whole: they wrap anywhere (a path
 // has no spaces to wrap at) and the box can be resized, the details growing
-// with it. QMessageBox fixes its own size whenever it lays itself out, so the
-// limits are lifted again after each of its own events.
+// with it. QMessageBox fixes its own size when it is shown, when its details
+// open and whenever its layout asks again; once shown, a box with details
+// keeps the size a person gave it, and the limits are lifted after each of
+// its own events.
 class DetailsMessageBox : public QMessageBox {
   public:
     using QMessageBox::QMessageBox;
 
   protected:
     bool event(QEvent* event) override {
-        const bool handled = QMessageBox::event(event);
         if (detailedText().isEmpty()) {
-            return handled;
+            return QMessageBox::event(event);
         }
+        const bool handled = event->type() == QEvent::LayoutRequest && isVisible()
+                                 ? QDialog::event(event)
+                                 : QMessageBox::event(event);
         setMinimumSize(0, 0);
         setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
         if (auto* details = findChild<QTextEdit*>()) {

@@ -1,13 +1,18 @@
 // Starts Vellumo with the image files named on the command line already in
 // its list, as if they had been added; used for screenshots of the window.
 //
-//   vellumo_window_demo [--auto RATIO] [--select ROW] image...
+//   vellumo_window_demo [--auto RATIO] [--select ROW] [--name TEMPLATE]
+//                       [--output FOLDER] [--crop] image...
 //
 // --auto chooses auto crop with that ratio ("1:1", "4:3", "3:2", "16:9"),
-// --select selects a row (from 0), both as clicks in the window would.
+// --select selects a row (from 0), both as clicks in the window would;
+// --name and --output fill the name template and the output folder; --crop
+// presses Crop Images once the window shows.
 
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QLineEdit>
+#include <QTimer>
 #include <QStringList>
 #include <QTableView>
 #include <cstdio>
@@ -23,6 +28,9 @@ namespace {
 struct DemoOptions {
     QString autoCropRatio;
     int selectedRow = -1;
+    QString nameTemplate;
+    QString outputFolder;
+    bool crop = false;
     QStringList paths;
 };
 
@@ -34,6 +42,12 @@ DemoOptions ParseOptions(int argc, char** argv) {
             options.autoCropRatio = QString::fromLocal8Bit(argv[++i]);
         } else if (argument == "--select" && i + 1 < argc) {
             options.selectedRow = std::atoi(argv[++i]);
+        } else if (argument == "--name" && i + 1 < argc) {
+            options.nameTemplate = QString::fromLocal8Bit(argv[++i]);
+        } else if (argument == "--output" && i + 1 < argc) {
+            options.outputFolder = QString::fromLocal8Bit(argv[++i]);
+        } else if (argument == "--crop") {
+            options.crop = true;
         } else {
             options.paths << QString::fromStdString(
                 std::filesystem::absolute(argv[i]).lexically_normal());
@@ -70,6 +84,16 @@ int main(int argc, char** argv) {
             }
             if (options.selectedRow >= 0) {
                 window.findChild<QTableView*>("tableViewImage")->selectRow(options.selectedRow);
+            }
+            if (!options.nameTemplate.isEmpty()) {
+                window.findChild<QLineEdit*>("textFieldName")->setText(options.nameTemplate);
+            }
+            if (!options.outputFolder.isEmpty()) {
+                window.findChild<QLineEdit*>("textFieldOutputFolder")->setText(options.outputFolder);
+            }
+            if (options.crop) {
+                auto* button = window.findChild<QAbstractButton*>("buttonCropImages");
+                QTimer::singleShot(500, button, [button] { button->click(); });
             }
         });
 }
