@@ -65,7 +65,7 @@ ResolvedCrop ResolveCrop(const CropSettings& settings, const Image& image) {
     const Image cut = ImageTools::CropImage(sized, r.x, r.y, r.width, r.height);
     if (cut.IsSameImage(sized)) {
         return keepWhole(r.width < 1.0 || r.height < 1.0 ? CropExtent::WholeEmpty
-                                                          : CropExtent::WholeOutside);
+                                                         : CropExtent::WholeOutside);
     }
     // A cut of less than a pixel would leave nothing to write.
     if (cut.Width() < 1.0 || cut.Height() < 1.0) {

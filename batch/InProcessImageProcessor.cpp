@@ -80,8 +80,8 @@ ImageOutcome Plan(const ImageTask& task) {
         return outcome;
     }
     ResolvedCrop crop;
-    Describe(task, Image::OfSize(header->pixelSize.width, header->pixelSize.height),
-             header->pages, outcome, crop);
+    Describe(task, Image::OfSize(header->pixelSize.width, header->pixelSize.height), header->pages,
+             outcome, crop);
     outcome.status =
         task.decision == OverwriteDecision::Skip ? ImageStatus::Skipped : ImageStatus::Planned;
     return outcome;
@@ -147,10 +147,10 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task) {
     Describe(task, image, header->pages, outcome, crop);
     // An image the rule leaves whole is written whole, with the warning
     // saying why.
-    const Image cropped = IsWhole(crop.extent) ? image
-                                               : ImageTools::CropImage(image, crop.rect.x,
-                                                                       crop.rect.y, crop.rect.width,
-                                                                       crop.rect.height);
+    const Image cropped = IsWhole(crop.extent)
+                              ? image
+                              : ImageTools::CropImage(image, crop.rect.x, crop.rect.y,
+                                                      crop.rect.width, crop.rect.height);
 
     const KeptSource kept(task);
     bool saved = false;

@@ -42,13 +42,15 @@ std::string JobSummaryText(const JobReport& report) {
     text += planned > 0 && written == 0 ? std::to_string(planned) + " would be written"
                                         : std::to_string(written) + " written";
     if (kept > 0) {
-        text += ", " + std::to_string(kept) + (kept == 1 ? " kept as it was" : " kept as they were");
+        text +=
+            ", " + std::to_string(kept) + (kept == 1 ? " kept as it was" : " kept as they were");
     }
     if (failed > 0) {
         text += ", " + std::to_string(failed) + " failed";
     }
     if (warned > 0) {
-        text += "; " + std::to_string(warned) + (warned == 1 ? " with a warning" : " with warnings");
+        text +=
+            "; " + std::to_string(warned) + (warned == 1 ? " with a warning" : " with warnings");
     }
     return text;
 }

@@ -29,8 +29,8 @@ class PathKeys {
         if (::stat(path.c_str(), &status) == 0) {
             return "file " + std::to_string(status.st_dev) + ":" + std::to_string(status.st_ino);
         }
-        const fs::path absolute = fs::path(path).is_absolute() ? fs::path(path)
-                                                               : fs::current_path() / path;
+        const fs::path absolute =
+            fs::path(path).is_absolute() ? fs::path(path) : fs::current_path() / path;
         const fs::path normal = absolute.lexically_normal();
         return "path " + (Folder(normal.parent_path()) / normal.filename()).string();
     }

@@ -39,8 +39,8 @@ inline constexpr const char* kOriginalReason =
 
 struct PlannedOutput {
     std::string path;
-    long format = 0;      // the OutputFormat the file is written in
-    std::string refusal;  // why nothing is written for this image; empty when it is
+    long format = 0;              // the OutputFormat the file is written in
+    std::string refusal;          // why nothing is written for this image; empty when it is
     bool replacesSource = false;  // the output is the image's own file
 };
 

@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <system_error>
 
-
 namespace vellumo {
 
 namespace {

@@ -6,8 +6,13 @@
 
 #include <benchmark/benchmark.h>
 
+#include <filesystem>
+#include <fstream>
+
+#include "batch/OutputPlan.h"
 #include "bench/BenchInputs.h"
 #include "imaging/ImageTools.h"
+#include "tests/support/TestData.h"
 #include "tests/support/TestImages.h"
 
 namespace vellumo {
@@ -54,6 +59,33 @@ void BM_OverlayPreviewSized(benchmark::State& state) {
     }
 }
 BENCHMARK(BM_OverlayPreviewSized)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// Where 2,000 images go, with the clashes of "[FileName]"
+// found and numbered: the part of the crop command that runs on the
+// window's GUI thread before the overwrite questions (existing outputs and
+// sources are looked up on disk).
+void BM_PlanOutputsOf2000Images(benchmark::State& state) {
+    const std::filesystem::path folder = test::BuildPath("bench-data/plan");
+    std::filesystem::create_directories(folder / "a");
+    std::filesystem::create_directories(folder / "b");
+    std::filesystem::create_directories(folder / "out");
+    std::vector<std::string> list;
+    for (int i = 0; i < 2000; ++i) {
+        // A second camera's first 200 names again: 200 clashes.
+        const auto path =
+            folder / (i < 1800 ? "a" : "b") / ("IMG_" + std::to_string(i % 1800) + ".jpg");
+        std::ofstream(path) << "x";
+        list.push_back(path.string());
+    }
+    CropSettings settings;
+    settings.outputFolder = (folder / "out").string();
+    settings.nameTemplate = "[FileName]";
+    for (auto _ : state) {
+        OutputPlan plan = PlanOutputs(settings, list, ClashPolicy::Number);
+        benchmark::DoNotOptimize(plan);
+    }
+}
+BENCHMARK(BM_PlanOutputsOf2000Images)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 // The longer side of the window's preview picture at 1280 x 800.
 constexpr int kPreviewSide = 800;

@@ -49,7 +49,8 @@ std::string Describe(const ImageReport& report) {
         size = " (" + std::to_string(static_cast<long long>(outcome.outputSize->width)) + " x " +
                std::to_string(static_cast<long long>(outcome.outputSize->height)) + ")";
     }
-    const std::string warning = outcome.warning.empty() ? "" : " \u2014 warning: " + outcome.warning;
+    const std::string warning =
+        outcome.warning.empty() ? "" : " \u2014 warning: " + outcome.warning;
     switch (outcome.status) {
         case ImageStatus::Written:
             return "written   " + report.output + size + warning;
@@ -109,9 +110,8 @@ void Reporter::Finish(const JobReport& report) {
         return;
     }
     if (!options_.quiet || !report.allSucceeded) {
-        (report.allSucceeded ? std::cout : std::cerr)
-            << JobResultSentence(report) << "\n"
-            << JobSummaryText(report) << std::endl;
+        (report.allSucceeded ? std::cout : std::cerr) << JobResultSentence(report) << "\n"
+                                                      << JobSummaryText(report) << std::endl;
     }
 }
 

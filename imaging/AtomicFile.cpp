@@ -5,8 +5,8 @@
 #include <unistd.h>
 
 #include <atomic>
-#include <cstring>
 #include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <random>
 
@@ -35,7 +35,9 @@ std::string RandomSuffix() {
     return suffix;
 }
 
-std::string TemporaryPrefix(long pid) { return "/.vellumo-" + std::to_string(pid) + "-"; }
+std::string TemporaryPrefix(long pid) {
+    return "/.vellumo-" + std::to_string(pid) + "-";
+}
 
 // The temporary file being written, for a signal handler to remove: a fixed
 // buffer, since a handler may not allocate. One write at a time per process

@@ -1,10 +1,9 @@
 #include "imaging/MetadataCarry.h"
 
-#include <iostream>
-
 #include <cstdint>
 #include <cstdio>
 #include <exception>
+#include <iostream>
 #include <string_view>
 #include <vector>
 

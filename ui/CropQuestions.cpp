@@ -70,9 +70,8 @@ MessageBoxRequest ClashWarningRequest(const std::vector<OutputClash>& clashes,
         named << QStringLiteral("… and %1 more").arg(clashes.size() - kClashesNamed);
     }
     MessageBoxRequest request;
-    request.text =
-        QStringLiteral("%1 images would be written to the same files, one over another:")
-            .arg(images);
+    request.text = QStringLiteral("%1 images would be written to the same files, one over another:")
+                       .arg(images);
     request.informativeText = named.join(QLatin1Char('\n'));
     request.details = all.join(QLatin1Char('\n'));
     request.buttons = {Latin1(kNumberTheClashingFiles), Latin1(kCancel)};

@@ -181,7 +181,8 @@ void ViewController::ConnectCommands() {
             &ViewController::OnRemoveSelected);
     // However the list changed (added, dropped, removed, reset), its count
     // follows.
-    connect(imageListModel_, &QAbstractItemModel::modelReset, this, &ViewController::ShowImageCount);
+    connect(imageListModel_, &QAbstractItemModel::modelReset, this,
+            &ViewController::ShowImageCount);
     connect(imageListModel_, &QAbstractItemModel::rowsInserted, this,
             &ViewController::ShowImageCount);
     connect(imageViewCropPreview.get(), &CropPreviewView::resized, &previewResizeSettle_,

@@ -239,13 +239,19 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     void SaveProfileTo(const QString& path);
     void ProfileIsNow(const QString& path);
 
-    // The crop command's steps on the GUI thread, in order.
+    // What the crop command works out away from the GUI thread before it
+    // asks anything more.
+    struct PreparedJob {
+        OutputPlan refusingClashes;
+        OutputPlan numberingClashes;   // only when there are clashes
+        bool everyImageWhole = false;  // the rule crops none of the images
+    };
+    // The crop command's steps, in order.
     bool AgreeOnOutputFolder(const std::string& folder);
     bool AgreeToReplaceOriginals(std::size_t count);
-    void CheckForUncroppedCopies(const CropSettings& settings,
-                                 const std::vector<std::string>& list);
+    void PrepareCropJob(const CropSettings& settings, const std::vector<std::string>& list);
     void ContinueCropCommand(const CropSettings& settings, const std::vector<std::string>& list,
-                             bool everyImageWhole);
+                             const PreparedJob& prepared);
     int AskOverwrite(const std::string& question);
     void StartCropJob(const CropSettings& settings, const std::vector<std::string>& list,
                       const OutputPlan& plan, const std::vector<OverwriteDecision>& decisions);

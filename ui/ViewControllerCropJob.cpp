@@ -8,6 +8,7 @@
 #include <QProgressBar>
 #include <QUrl>
 #include <chrono>
+#include <memory>
 
 #include "batch/OutputFolder.h"
 #include "batch/OverwritePrompts.h"
@@ -60,7 +61,7 @@ void ViewController::OnCropImages() {
     }
     cropping_ = true;
     DisableInterface();
-    CheckForUncroppedCopies(settings, list);
+    PrepareCropJob(settings, list);
 }
 
 bool ViewController::AgreeOnOutputFolder(const std::string& folder) {
@@ -81,62 +82,64 @@ bool ViewController::AgreeToReplaceOriginals(std::size_t count) {
     return services_.showMessageBox(ReplaceOriginalsRequest(count)) == kFirstButtonAnswer;
 }
 
-void ViewController::CheckForUncroppedCopies(const CropSettings& settings,
-                                             const std::vector<std::string>& list) {
-    // An auto crop always lies on the image.
-    if (settings.autoCrop) {
-        ContinueCropCommand(settings, list, false);
-        return;
-    }
-    // Whether a rectangle fits depends on each image's size: the headers are
-    // read by the image processor (in its worker process), away from this
-    // thread, and the first image the rule crops ends the search.
-    labelJobStatus->setText(QStringLiteral("Reading the images' sizes…"));
+void ViewController::PrepareCropJob(const CropSettings& settings,
+                                    const std::vector<std::string>& list) {
+    // Away from this thread: the output paths of the whole list (thousands of
+    // lookups on disk), and, where whether a rectangle fits depends on each
+    // image's size, the images' headers, read by the image processor (in its
+    // worker process) until the first image the rule crops.
+    labelJobStatus->setText(QStringLiteral("Preparing…"));
     jobWork_.start([this, settings, list, processor = imageProcessor_] {
-        bool anyRead = false;
-        bool anyCropped = false;
-        for (std::size_t i = 0; i < list.size() && !anyCropped; ++i) {
-            ImageTask task;
-            task.index = static_cast<long>(i);
-            task.source = list[i];
-            task.settings = settings;
-            task.dryRun = true;
-            const ImageOutcome outcome = processor->Process(task);
-            if (outcome.status != ImageStatus::Failed) {
-                anyRead = true;
-                anyCropped = !outcome.wholeImage;
-            }
+        auto prepared = std::make_shared<PreparedJob>();
+        prepared->refusingClashes = PlanOutputs(settings, list, ClashPolicy::Refuse);
+        if (!prepared->refusingClashes.clashes.empty()) {
+            prepared->numberingClashes = PlanOutputs(settings, list, ClashPolicy::Number);
         }
-        const bool everyImageWhole = anyRead && !anyCropped;
+        // An auto crop always lies on the image.
+        if (!settings.autoCrop) {
+            bool anyRead = false;
+            bool anyCropped = false;
+            for (std::size_t i = 0; i < list.size() && !anyCropped; ++i) {
+                ImageTask task;
+                task.index = static_cast<long>(i);
+                task.source = list[i];
+                task.settings = settings;
+                task.dryRun = true;
+                const ImageOutcome outcome = processor->Process(task);
+                if (outcome.status != ImageStatus::Failed) {
+                    anyRead = true;
+                    anyCropped = !outcome.wholeImage;
+                }
+            }
+            prepared->everyImageWhole = anyRead && !anyCropped;
+        }
         QMetaObject::invokeMethod(
             this,
-            [this, settings, list, everyImageWhole] {
-                ContinueCropCommand(settings, list, everyImageWhole);
-            },
+            [this, settings, list, prepared] { ContinueCropCommand(settings, list, *prepared); },
             Qt::QueuedConnection);
     });
 }
 
 void ViewController::ContinueCropCommand(const CropSettings& settings,
                                          const std::vector<std::string>& list,
-                                         bool everyImageWhole) {
+                                         const PreparedJob& prepared) {
     labelJobStatus->clear();
-    if (everyImageWhole &&
+    if (prepared.everyImageWhole &&
         services_.showMessageBox(UncroppedCopiesRequest()) != kFirstButtonAnswer) {
         AbandonCropCommand();
         return;
     }
-    OutputPlan plan = PlanOutputs(settings, list, ClashPolicy::Refuse);
-    if (!plan.clashes.empty()) {
-        if (services_.showMessageBox(ClashWarningRequest(plan.clashes, list)) !=
+    const OutputPlan* plan = &prepared.refusingClashes;
+    if (!plan->clashes.empty()) {
+        if (services_.showMessageBox(ClashWarningRequest(plan->clashes, list)) !=
             kFirstButtonAnswer) {
             AbandonCropCommand();
             return;
         }
-        plan = PlanOutputs(settings, list, ClashPolicy::Number);
+        plan = &prepared.numberingClashes;
     }
     const std::vector<OverwriteDecision> decisions = PromptOverwrites(
-        plan, [this](const std::string& question) { return AskOverwrite(question); });
+        *plan, [this](const std::string& question) { return AskOverwrite(question); });
     if (!settings.replaceOriginals &&
         OutputFolderState(settings.outputFolder) == FolderState::Missing) {
         const SaveResult made = CreateOutputFolder(settings.outputFolder);
@@ -148,7 +151,7 @@ void ViewController::ContinueCropCommand(const CropSettings& settings,
             return;
         }
     }
-    StartCropJob(settings, list, plan, decisions);
+    StartCropJob(settings, list, *plan, decisions);
 }
 
 void ViewController::AbandonCropCommand() {
@@ -168,9 +171,8 @@ void ViewController::StartCropJob(const CropSettings& settings,
                                   const std::vector<OverwriteDecision>& decisions) {
     cropping_ = true;
     jobImageCount_ = static_cast<long>(list.size());
-    jobFolder_ = plan.images.empty()
-                     ? QString()
-                     : QFileInfo(PathText(plan.images.front().path)).absolutePath();
+    jobFolder_ = plan.images.empty() ? QString()
+                                     : QFileInfo(PathText(plan.images.front().path)).absolutePath();
     jobClock_.start();
     labelJobStatus->setText(JobStatusText(0, jobImageCount_, std::chrono::milliseconds(0)));
     // The worker has its own copies of everything it reads and touches no
@@ -211,9 +213,9 @@ void ViewController::ShowCropResult(const JobReport& report) {
     }
     const QUrl folder = QUrl::fromLocalFile(jobFolder_);
     if (!services_.openUrl(folder)) {
-        services_.showMessageBox(NoticeRequest(
-            QStringLiteral("No file manager could be opened to show the folder %1.")
-                .arg(QDir::toNativeSeparators(jobFolder_))));
+        services_.showMessageBox(
+            NoticeRequest(QStringLiteral("No file manager could be opened to show the folder %1.")
+                              .arg(QDir::toNativeSeparators(jobFolder_))));
     }
 }
 

@@ -43,8 +43,7 @@ void ViewController::SettleOutputControls() {
     const bool carries = inPlace || OutputFormatCarriesMetadata(format);
     checkKeepEXIFInformationAndCreationDate->setEnabled(carries);
     checkKeepEXIFInformationAndCreationDate->setToolTip(
-        carries ? QString()
-                : QStringLiteral("GIF and BMP files cannot carry EXIF information"));
+        carries ? QString() : QStringLiteral("GIF and BMP files cannot carry EXIF information"));
     comboFormat->setEnabled(!inPlace);
     textFieldName->setEnabled(!inPlace);
     textFieldOutputFolder->setEnabled(!inPlace);

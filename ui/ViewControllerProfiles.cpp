@@ -1,19 +1,18 @@
 // Profiles: every setting of the window saved to a small JSON file and
 // loaded back. The file format is the core's, shared with the command line.
 
-#include <QFile>
-#include <QFileInfo>
-
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFile>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 
 #include "batch/Profile.h"
 #include "ui/LatchingRadioButton.h"
 #include "ui/QualitySlider.h"
-#include "ui/Stepper.h"
 #include "ui/QualityText.h"
+#include "ui/Stepper.h"
 #include "ui/TextFieldNumber.h"
 #include "ui/ViewController.h"
 

@@ -27,11 +27,14 @@ struct CliRun {
 class CliTest : public ::testing::Test {
   protected:
     // Runs vellumo-cli with `arguments` (already quoted), standard input
-    // empty.
+    // empty, in `workingFolder` when one is set.
     CliRun Cli(const std::string& arguments) {
         const std::string errFile = dir.File("stderr.txt");
-        const test::CommandResult result = test::RunCommand(
-            test::ShellQuote(VELLUMO_CLI) + " " + arguments + " </dev/null 2>" + test::ShellQuote(errFile));
+        const std::string in =
+            workingFolder.empty() ? "" : "cd " + test::ShellQuote(workingFolder) + " && ";
+        const test::CommandResult result =
+            test::RunCommand(in + test::ShellQuote(VELLUMO_CLI) + " " + arguments +
+                             " </dev/null 2>" + test::ShellQuote(errFile));
         CliRun run{result.exitCode, result.out, test::ReadFile(errFile), {}};
         std::istringstream lines(result.out);
         for (std::string line; std::getline(lines, line);) {
@@ -49,6 +52,7 @@ class CliTest : public ::testing::Test {
     std::string Out() { return dir.File("out"); }
 
     test::TempDir dir;
+    std::string workingFolder;
 };
 
 }  // namespace vellumo

@@ -33,8 +33,8 @@ double MeanDifference(const std::vector<unsigned char>& a, const std::vector<uns
 class OutputSafetyTest : public CliTest {
   protected:
     // Two different photos of one name, x.jpg, in folders a and b; the
-    // command runs in the temporary folder, so paths are typed as a person
-    // would.
+    // command runs in the temporary folder (Here), so paths are typed as a
+    // person would.
     void SetUp() override {
         fs::create_directories(dir.File("a"));
         fs::create_directories(dir.File("b"));
@@ -49,21 +49,8 @@ class OutputSafetyTest : public CliTest {
 
     // vellumo-cli run in the temporary folder.
     CliRun Here(const std::string& arguments) {
+        workingFolder = dir.path().string();
         return Cli("--max-pixels 100000000 " + arguments);
-    }
-    CliRun Cli(const std::string& arguments) {
-        const std::string quotedDir = ShellQuote(dir.path().string());
-        const std::string errFile = dir.File("stderr.txt");
-        const test::CommandResult result =
-            test::RunCommand("cd " + quotedDir + " && " + ShellQuote(VELLUMO_CLI) + " " +
-                             arguments + " </dev/null 2>" + ShellQuote(errFile));
-        CliRun run{result.exitCode, result.out, test::ReadFile(errFile), {}};
-        std::istringstream lines(result.out);
-        for (std::string line; std::getline(lines, line);) {
-            if (!line.empty() && line[0] == '{')
-                run.objects.push_back(nlohmann::json::parse(line));
-        }
-        return run;
     }
 
     // The centred square of the original copy of `which` ("a" or "b"),
@@ -79,8 +66,8 @@ class OutputSafetyTest : public CliTest {
 };
 
 TEST_F(OutputSafetyTest, TwoPhotosOfOneNameNeverGoToOnePath) {
-    const CliRun run = Here(
-        "--auto 1:1 --name \"[FileName]\" --overwrite none --output out a/x.jpg b/x.jpg");
+    const CliRun run =
+        Here("--auto 1:1 --name \"[FileName]\" --overwrite none --output out a/x.jpg b/x.jpg");
     EXPECT_EQ(run.exitCode, 1) << run.out << run.err;
     EXPECT_NE(run.out.find("written   out/x.jpg (200 x 200)"), std::string::npos) << run.out;
     EXPECT_NE(run.out.find(std::string("failed    b/x.jpg: ") + kClashReason), std::string::npos)
@@ -89,8 +76,9 @@ TEST_F(OutputSafetyTest, TwoPhotosOfOneNameNeverGoToOnePath) {
     EXPECT_NE(run.err.find("Some images could not be cropped."), std::string::npos);
     EXPECT_NE(run.err.find("2 images: 1 written, 1 failed"), std::string::npos) << run.err;
     // The one file there is the crop of the first photo.
-    EXPECT_LT(MeanDifference(test::MagickPixels(dir.File("out/x.jpg"), "", "rgb", 8), SquareOf("a")),
-              3.0);
+    EXPECT_LT(
+        MeanDifference(test::MagickPixels(dir.File("out/x.jpg"), "", "rgb", 8), SquareOf("a")),
+        3.0);
     EXPECT_EQ(std::distance(fs::directory_iterator(dir.File("out")), fs::directory_iterator()), 1);
 }
 
@@ -109,8 +97,9 @@ TEST_F(OutputSafetyTest, OnClashNumberGivesTheLaterPhotoANumberedName) {
     for (const auto& object : run.objects) {
         EXPECT_EQ(object["status"], "written") << object.dump();
     }
-    EXPECT_LT(MeanDifference(test::MagickPixels(dir.File("out/x.jpg"), "", "rgb", 8), SquareOf("a")),
-              3.0);
+    EXPECT_LT(
+        MeanDifference(test::MagickPixels(dir.File("out/x.jpg"), "", "rgb", 8), SquareOf("a")),
+        3.0);
     EXPECT_LT(
         MeanDifference(test::MagickPixels(dir.File("out/x (3).jpg"), "", "rgb", 8), SquareOf("b")),
         3.0);
@@ -121,11 +110,9 @@ TEST_F(OutputSafetyTest, AnOutputOverAnotherOriginalIsNeverWrittenEvenWithOverwr
     const CliRun run =
         Here("--auto 1:1 --name \"[FileName]\" --overwrite all --output b a/x.jpg b/x.jpg");
     EXPECT_EQ(run.exitCode, 1) << run.out << run.err;
-    EXPECT_NE(run.out.find(std::string("failed    a/x.jpg: ") + kOriginalReason),
-              std::string::npos)
+    EXPECT_NE(run.out.find(std::string("failed    a/x.jpg: ") + kOriginalReason), std::string::npos)
         << run.out;
-    EXPECT_NE(run.out.find(std::string("failed    b/x.jpg: ") + kOriginalReason),
-              std::string::npos)
+    EXPECT_NE(run.out.find(std::string("failed    b/x.jpg: ") + kOriginalReason), std::string::npos)
         << run.out;
     EXPECT_EQ(test::ReadFile(dir.File("a/x.jpg")), originalA);
     EXPECT_EQ(test::ReadFile(dir.File("b/x.jpg")), originalB);
@@ -137,7 +124,8 @@ TEST_F(OutputSafetyTest, AnOriginalIsKnownByItsInodeWhateverItsSpellingOrLink) {
     // symbolic link to b; the outputs are spelled through both.
     fs::create_hard_link(dir.File("a/x.jpg"), dir.File("out/x.jpg"));
     fs::create_directory_symlink(dir.File("b"), dir.File("out/link"));
-    CliRun run = Here("--auto 1:1 --name \"[FileName]\" --overwrite all --json --output out a/x.jpg");
+    CliRun run =
+        Here("--auto 1:1 --name \"[FileName]\" --overwrite all --json --output out a/x.jpg");
     ASSERT_EQ(run.objects.size(), 1u) << run.out << run.err;
     EXPECT_EQ(run.objects[0]["reason"], kOriginalReason);
     run = Here(
@@ -178,8 +166,8 @@ TEST_F(OutputSafetyTest, InPlaceReplacesEachPhotoByItsOwnCropOnlyOnce) {
 
 TEST_F(OutputSafetyTest, InPlaceKeepsEachFilesFormatPermissionsAndMetadata) {
     test::CoordinateImage(100, 50).pngsave(dir.File("p.png").c_str());
-    fs::permissions(dir.File("p.png"), fs::perms::owner_read | fs::perms::owner_write |
-                                           fs::perms::group_read);
+    fs::permissions(dir.File("p.png"),
+                    fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
     ASSERT_EQ(std::system(("exiftool -q -overwrite_original -Artist=Someone " +
                            ShellQuote(dir.File("a/x.jpg")))
                               .c_str()),
@@ -208,13 +196,13 @@ TEST_F(OutputSafetyTest, ARectangleBeyondThePhotoWritesItWholeWithAWarning) {
     EXPECT_EQ(test::MagickPixels(dir.File(output), "", "rgb", 8),
               test::MagickPixels(dir.File("photo.jpg"), "", "rgb", 8));
 
-    const CliRun text = Here("--pixels 100,100,300,200 --format png --overwrite all --output out "
-                             "photo.jpg");
+    const CliRun text = Here(
+        "--pixels 100,100,300,200 --format png --overwrite all --output out "
+        "photo.jpg");
     EXPECT_NE(text.out.find("warning: Whole image: the rectangle lies outside this image"),
               std::string::npos)
         << text.out;
-    EXPECT_NE(text.out.find("1 image: 1 written; 1 with a warning"), std::string::npos)
-        << text.out;
+    EXPECT_NE(text.out.find("1 image: 1 written; 1 with a warning"), std::string::npos) << text.out;
 }
 
 TEST_F(OutputSafetyTest, TheDefaultEmptyRectangleSaysTheCopiesAreWhole) {
@@ -245,8 +233,7 @@ TEST_F(OutputSafetyTest, AMissingOutputFolderIsMadeWithItsParents) {
 TEST_F(OutputSafetyTest, AnOutputThatIsAFileIsRefused) {
     const CliRun run = Here("--output a/x.jpg b/x.jpg");
     EXPECT_EQ(run.exitCode, 2);
-    EXPECT_NE(run.err.find("The output folder a/x.jpg is a file, not a folder."),
-              std::string::npos)
+    EXPECT_NE(run.err.find("The output folder a/x.jpg is a file, not a folder."), std::string::npos)
         << run.err;
     EXPECT_EQ(test::ReadFile(dir.File("a/x.jpg")), originalA);
 }

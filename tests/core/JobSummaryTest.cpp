@@ -31,7 +31,8 @@ TEST(JobSummary, CountsWrittenKeptFailedAndWarned) {
                                      {S::Skipped, ""},
                                      {S::Failed, ""},
                                      {S::Written, "first frame only (of 2)"}});
-    EXPECT_EQ(JobSummaryText(report), "6 images: 3 written, 2 kept as they were, 1 failed; 2 with warnings");
+    EXPECT_EQ(JobSummaryText(report),
+              "6 images: 3 written, 2 kept as they were, 1 failed; 2 with warnings");
     EXPECT_EQ(JobResultSentence(report), "Some images could not be cropped.");
 }
 

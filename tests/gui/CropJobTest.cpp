@@ -443,7 +443,8 @@ class CropJobTest : public QObject {
                                         " (" + w.Output(1) +
                                         " already exists and was kept)\nSkipped: " + w.sources[2] +
                                         " (" + w.Output(2) + " already exists and was kept)",
-                                    "3 images: 0 written, 3 kept as they were", 1}));
+                                    "3 images: 0 written, 3 kept as they were",
+                                    1}));
     }
 
     void twoImagesWithOneOutputPathAreNumberedOnlyWhenAgreed() {

@@ -333,7 +333,8 @@ class CropModesTest : public QObject {
         QCOMPARE(x.text(), QStringLiteral("-50"));
         Refresh(f);
         QCOMPARE(f.OutputLabels(), QStringLiteral("Width: 200 / Height: 120"));
-        QCOMPARE(LabelText(f.loaded, "labelPreviewNote"), QStringLiteral("Clipped to 200 \u00d7 120"));
+        QCOMPARE(LabelText(f.loaded, "labelPreviewNote"),
+                 QStringLiteral("Clipped to 200 \u00d7 120"));
         for (const char* name :
              {"textFieldCustomCropPercentsOriginX", "textFieldCustomCropPercentsWidth"}) {
             Type(f.Field(name), "x1");

@@ -9,6 +9,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
@@ -19,8 +20,8 @@
 #include <QTest>
 #include <QTextEdit>
 #include <QTimer>
-#include <memory>
 #include <QUrl>
+#include <memory>
 #include <vips/vips8>
 
 #include "tests/gui/support/LoadedWindow.h"
@@ -107,8 +108,7 @@ class CropSafeguardsTest : public QObject {
         QVERIFY(CropAndWait(w.loaded));
         QCOMPARE(QDir(w.Out()).entryList(QDir::Files).size(), 3);
         const MessageBoxRequest& report = w.loaded.boxes.back();
-        QCOMPARE(report.informativeText,
-                 QStringLiteral("3 images: 3 written; 3 with warnings"));
+        QCOMPARE(report.informativeText, QStringLiteral("3 images: 3 written; 3 with warnings"));
         QVERIFY2(report.details.contains("Warning: " + w.sources[0] +
                                          " (Whole image: the rectangle is empty)"),
                  qPrintable(report.details));
@@ -231,9 +231,40 @@ class CropSafeguardsTest : public QObject {
             QCOMPARE(QImage(source).size(), QSize(60, 80));
         }
         QCOMPARE(QDir(w.dir.path()).entryList(QDir::Files | QDir::Hidden).size(), 2);
-        QCOMPARE(w.processor->decisions(), (std::vector<vellumo::OverwriteDecision>{
-                                               vellumo::OverwriteDecision::Overwrite,
-                                               vellumo::OverwriteDecision::Overwrite}));
+        QCOMPARE(w.processor->decisions(),
+                 (std::vector<vellumo::OverwriteDecision>{vellumo::OverwriteDecision::Overwrite,
+                                                          vellumo::OverwriteDecision::Overwrite}));
+    }
+
+    void anOutputOverAnOriginalIsNeverWrittenWhateverTheAnswers() {
+        Window w(2);
+        w.CropTheLeftHalf();
+        // The outputs are the listed files themselves: their folder, their
+        // names, their format.
+        w.SetFolder(w.dir.path());
+        Type(w.loaded.Control<QLineEdit>("textFieldName"), "[FileName]");
+        QByteArray before[2];
+        for (int i = 0; i < 2; ++i) {
+            QFile file(w.sources[i]);
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            before[i] = file.readAll();
+        }
+        w.loaded.boxAnswers = {vellumo::kAnswerYesToAll, vellumo::kAnswerYesToAll};
+        QVERIFY(CropAndWait(w.loaded));
+        // Nothing to ask: the originals are out of reach.
+        QCOMPARE(w.loaded.boxes.size(), 1u);
+        const MessageBoxRequest& report = w.loaded.boxes.back();
+        QCOMPARE(report.text, QStringLiteral("Some images could not be cropped."));
+        QCOMPARE(report.informativeText, QStringLiteral("2 images: 0 written, 2 failed"));
+        QVERIFY2(
+            report.details.contains("Not cropped: " + w.sources[0] +
+                                    " (the output would replace an original image of this batch)"),
+            qPrintable(report.details));
+        for (int i = 0; i < 2; ++i) {
+            QFile file(w.sources[i]);
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            QCOMPARE(file.readAll(), before[i]);
+        }
     }
 
     void theMetadataOptionIsOfferedOnlyForFormatsThatCarryIt() {
@@ -244,7 +275,8 @@ class CropSafeguardsTest : public QObject {
         for (const char* title : {"GIF", "BMP"}) {
             Choose(format, title);
             QVERIFY2(!keep.isEnabled(), title);
-            QCOMPARE(keep.toolTip(), QStringLiteral("GIF and BMP files cannot carry EXIF information"));
+            QCOMPARE(keep.toolTip(),
+                     QStringLiteral("GIF and BMP files cannot carry EXIF information"));
         }
         for (const char* title : {"JPG", "JP2", "PNG", "TIFF"}) {
             Choose(format, title);
@@ -277,14 +309,15 @@ class CropSafeguardsTest : public QObject {
     void aReportsLongDetailsWrapAndTheBoxCanGrow() {
         QString details;
         for (int i = 0; i < 30; ++i) {
-            details += QStringLiteral("Not cropped: /a/very/long/path/without/any/spaces/to/wrap/"
-                                      "at/from/one/camera/IMG_%1_with_a_long_name_indeed.jpg "
-                                      "(cannot decode: not a JPEG file)\n")
+            details += QStringLiteral(
+                           "Not cropped: /a/very/long/path/without/any/spaces/to/wrap/"
+                           "at/from/one/camera/IMG_%1_with_a_long_name_indeed.jpg "
+                           "(cannot decode: not a JPEG file)\n")
                            .arg(i, 4, 10, QLatin1Char('0'));
         }
         MessageBoxRequest request{"Some images could not be cropped.", MessageBoxStyle::Warning,
                                   QStringList{"Show in Folder", "OK"}, details,
-                                  "30 images: 0 written, 30 failed", 1};
+                                  "30 images: 0 written, 30 failed",   1};
         const auto box = vellumo::BuildMessageBox(request, nullptr);
         box->show();
         // Open the details, as "Show Details..." does.

@@ -3,11 +3,11 @@
 
 #include <QAbstractItemDelegate>
 #include <QAction>
-#include <QLineEdit>
 #include <QApplication>
 #include <QFile>
 #include <QFileDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
@@ -134,8 +134,9 @@ class ImageListTest : public QObject {
     void numbersInNamesChosenTogetherCountAsNumbers() {
         LoadedWindow loaded;
         loaded.AddImages({"/s/p1.jpg", "/s/p10.jpg", "/s/p100.jpg", "/s/p2.jpg", "/s/p20.jpg"});
-        QCOMPARE(loaded.controller().listImagePaths(),
-                 QStringList({"/s/p1.jpg", "/s/p2.jpg", "/s/p10.jpg", "/s/p20.jpg", "/s/p100.jpg"}));
+        QCOMPARE(
+            loaded.controller().listImagePaths(),
+            QStringList({"/s/p1.jpg", "/s/p2.jpg", "/s/p10.jpg", "/s/p20.jpg", "/s/p100.jpg"}));
         // A later choice still goes after the earlier ones.
         loaded.AddImages({"/s/p3.jpg"});
         QCOMPARE(loaded.controller().listImagePaths().last(), QStringLiteral("/s/p3.jpg"));

@@ -5,9 +5,9 @@
 #include <QApplication>
 #include <QFile>
 #include <QIcon>
+#include <QLabel>
 #include <QLineEdit>
 #include <QStyle>
-#include <QLabel>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>

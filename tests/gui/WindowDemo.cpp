@@ -12,9 +12,9 @@
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QTimer>
 #include <QStringList>
 #include <QTableView>
+#include <QTimer>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -64,10 +64,13 @@ int main(int argc, char** argv) {
         argc, argv, [options](vellumo::MainWindow& window, vellumo::ViewController& controller) {
             vellumo::WindowServices& services = controller.services();
             const auto realPanel = services.runOpenPanel;
-            services.runOpenPanel = [&options](const vellumo::OpenPanelRequest&) {
-                return vellumo::OpenPanelResult(options.paths);
-            };
-            controller.OnAddImages();
+            // One file a time, so the list keeps the order given.
+            for (const QString& path : options.paths) {
+                services.runOpenPanel = [path](const vellumo::OpenPanelRequest&) {
+                    return vellumo::OpenPanelResult(QStringList{path});
+                };
+                controller.OnAddImages();
+            }
             services.runOpenPanel = realPanel;
 
             if (!options.autoCropRatio.isEmpty()) {
@@ -89,7 +92,8 @@ int main(int argc, char** argv) {
                 window.findChild<QLineEdit*>("textFieldName")->setText(options.nameTemplate);
             }
             if (!options.outputFolder.isEmpty()) {
-                window.findChild<QLineEdit*>("textFieldOutputFolder")->setText(options.outputFolder);
+                window.findChild<QLineEdit*>("textFieldOutputFolder")
+                    ->setText(options.outputFolder);
             }
             if (options.crop) {
                 auto* button = window.findChild<QAbstractButton*>("buttonCropImages");

@@ -42,10 +42,10 @@ QStringList Squeezed(QWidget& window) {
         // A label that wraps must still show a line; any other shows all of
         // its text.
         const auto* label = qobject_cast<QLabel*>(widget);
-        const QSize needed = label != nullptr && label->wordWrap()
-                                 ? QSize(1, widget->fontMetrics().height())
-                             : label != nullptr ? widget->sizeHint().expandedTo(widget->minimumSize())
-                                                : widget->minimumSizeHint();
+        const QSize needed =
+            label != nullptr && label->wordWrap() ? QSize(1, widget->fontMetrics().height())
+            : label != nullptr ? widget->sizeHint().expandedTo(widget->minimumSize())
+                               : widget->minimumSizeHint();
         if (widget->width() < needed.width() || widget->height() < needed.height()) {
             squeezed << QStringLiteral("%1 %2x%3 < %4x%5")
                             .arg(widget->objectName(), QString::number(widget->width()),
@@ -72,9 +72,10 @@ class WindowSizeTest : public QObject {
         QApplication::processEvents();
         const QSize smallest = window.size();
         qInfo("smallest window: %d x %d", smallest.width(), smallest.height());
-        QVERIFY2(smallest.width() >= 400 && smallest.height() >= 300 && smallest.width() <= 780 &&
-                     smallest.height() <= 560,
-                 qPrintable(QStringLiteral("%1 x %2").arg(smallest.width()).arg(smallest.height())));
+        QVERIFY2(
+            smallest.width() >= 400 && smallest.height() >= 300 && smallest.width() <= 780 &&
+                smallest.height() <= 560,
+            qPrintable(QStringLiteral("%1 x %2").arg(smallest.width()).arg(smallest.height())));
         auto& tabs = loaded.Control<QTabWidget>("tabView");
         for (int tab = 0; tab < tabs.count(); ++tab) {
             tabs.setCurrentIndex(tab);
