@@ -27,11 +27,12 @@ ImageOutcome WorkerImageProcessor::Process(const ImageTask& task) {
     return failed;
 }
 
-WorkerPreviewDecoder::WorkerPreviewDecoder(WorkerLimits limits) : worker_(limits) {}
+WorkerPreviewDecoder::WorkerPreviewDecoder(WorkerLimits limits) : workers_(limits) {}
 
 PreviewResult WorkerPreviewDecoder::Decode(const std::string& path, int maxSide) {
-    const WorkerProcess::Reply reply =
-        worker_.Exchange(workerprotocol::PreviewRequest(path, maxSide, worker_.limits().maxPixels));
+    const WorkerPool::Loan worker = workers_.Borrow();
+    const WorkerProcess::Reply reply = worker->Exchange(
+        workerprotocol::PreviewRequest(path, maxSide, workers_.limits().maxPixels));
     if (reply.message) {
         return workerprotocol::PreviewFrom(*reply.message);
     }

@@ -7,6 +7,7 @@
 #include "batch/ImageProcessor.h"
 #include "batch/PreviewDecoder.h"
 #include "batch/WorkerLimits.h"
+#include "batch/WorkerPool.h"
 #include "batch/WorkerProcess.h"
 
 namespace vellumo {
@@ -27,14 +28,18 @@ class WorkerImageProcessor final : public ImageProcessor {
     WorkerProcess worker_;
 };
 
-// Previews decoded in a worker process of their own, likewise.
+// Previews decoded in worker processes of their own, likewise. Threads that
+// decode at the same time each get a worker of their own.
 class WorkerPreviewDecoder final : public PreviewDecoder {
   public:
     explicit WorkerPreviewDecoder(WorkerLimits limits = {});
     PreviewResult Decode(const std::string& path, int maxSide) override;
 
+    // How many worker processes the previews have started.
+    std::size_t WorkerCount() const { return workers_.size(); }
+
   private:
-    WorkerProcess worker_;
+    WorkerPool workers_;
 };
 
 }  // namespace vellumo

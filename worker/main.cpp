@@ -4,24 +4,41 @@
 //
 //   vellumo-worker --socket-fd N --address-space BYTES
 
+#include <poll.h>
 #include <signal.h>
-#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
 #include <cstdlib>
 #include <cstring>
 #include <string>
+#include <thread>
 
 #include "batch/WorkerLoop.h"
 #include "imaging/AtomicFile.h"
 
 namespace {
 
-// Told to stop (the engine went away mid-write): leave no temporary file.
+// Told to stop, or the engine went away mid-write: leave no temporary file.
 void OnTerminate(int) {
     vellumo::atomicfile::RemoveCurrentTemporaryFromSignalHandler();
     _exit(1);
+}
+
+// Ends the worker as soon as the engine's end of the socket closes, however
+// the engine ended (quit, crash, killed), also while an image is being
+// worked on. The socket tells of its own end whichever thread of the engine
+// started the worker, which a parent-death signal does not.
+void WatchTheEngine(int socket) {
+    std::thread([socket] {
+        pollfd engine{socket, POLLRDHUP, 0};
+        for (;;) {
+            if (poll(&engine, 1, -1) > 0 &&
+                (engine.revents & (POLLRDHUP | POLLHUP | POLLERR | POLLNVAL)) != 0) {
+                OnTerminate(0);
+            }
+        }
+    }).detach();
 }
 
 }  // namespace
@@ -43,10 +60,7 @@ int main(int argc, char** argv) {
     struct sigaction action {};
     action.sa_handler = OnTerminate;
     sigaction(SIGTERM, &action, nullptr);
-    prctl(PR_SET_PDEATHSIG, SIGTERM);
-    if (getppid() == 1) {
-        return 0;
-    }
+    WatchTheEngine(socket);
     if (addressSpace > 0) {
         const rlimit limit{addressSpace, addressSpace};
         setrlimit(RLIMIT_AS, &limit);
