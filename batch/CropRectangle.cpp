@@ -8,11 +8,6 @@ namespace vellumo {
 
 namespace {
 
-bool NoMode(const CropSettings& settings) {
-    return !settings.autoCrop && settings.customCrop && !settings.customCropPixels &&
-           !settings.customCropPercents;
-}
-
 std::string WholePixelsText(double value) {
     return std::to_string(static_cast<long long>(std::trunc(value)));
 }
@@ -20,24 +15,23 @@ std::string WholePixelsText(double value) {
 }  // namespace
 
 Rect ResolveCropRectangle(const CropSettings& settings, const Image& image) {
-    if (settings.autoCrop) {
-        return ImageTools::CalculateAutoCropRectangleWithImage(image, settings.autoCropFormat);
-    }
-    if (!settings.customCrop) {
-        return {};
-    }
-    if (settings.customCropPixels) {
-        return {settings.pixelsOriginX, settings.pixelsOriginY, settings.pixelsWidth,
-                settings.pixelsHeight};
-    }
-    if (settings.customCropPercents) {
-        const float W = static_cast<float>(image.Width());
-        const float H = static_cast<float>(image.Height());
-        const float x = settings.percentsOriginX * W / 100.0f;
-        const float y = settings.percentsOriginY * H / 100.0f;
-        const float width = settings.percentsWidth * W / 100.0f;
-        const float height = settings.percentsHeight * H / 100.0f;
-        return {x, y, width, height};
+    switch (settings.mode) {
+        case CropMode::Auto:
+            return ImageTools::CalculateAutoCropRectangleWithImage(image, settings.autoCropFormat);
+        case CropMode::Pixels:
+            return {settings.pixelsOriginX, settings.pixelsOriginY, settings.pixelsWidth,
+                    settings.pixelsHeight};
+        case CropMode::Percents: {
+            const float W = static_cast<float>(image.Width());
+            const float H = static_cast<float>(image.Height());
+            const float x = settings.percentsOriginX * W / 100.0f;
+            const float y = settings.percentsOriginY * H / 100.0f;
+            const float width = settings.percentsWidth * W / 100.0f;
+            const float height = settings.percentsHeight * H / 100.0f;
+            return {x, y, width, height};
+        }
+        case CropMode::None:
+            break;
     }
     return {};
 }
@@ -55,7 +49,7 @@ ResolvedCrop ResolveCrop(const CropSettings& settings, const Image& image) {
         crop.outputSize = wholeSize;
         return crop;
     };
-    if (NoMode(settings)) {
+    if (settings.mode == CropMode::None) {
         return keepWhole(CropExtent::WholeNoMode);
     }
     const Rect& r = crop.rect;

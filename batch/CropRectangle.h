@@ -9,14 +9,12 @@
 namespace vellumo {
 
 // The one rule by which the crop settings and an image become a crop
-// rectangle, used alike by the preview, the dimension labels and the job.
-// The first match wins:
-//   1. auto-crop on: the auto-crop rectangle of the chosen ratio;
-//   2. custom crop off: (0, 0, 0, 0);
-//   3. pixels on: the four pixel fields, widened to double;
-//   4. percents on: each percent times the image's side, divided by 100, in
-//      single precision (the side narrowed first), then widened;
-//   5. otherwise: (0, 0, 0, 0).
+// rectangle, used alike by the preview, the dimension labels and the job:
+//   Auto: the auto-crop rectangle of the chosen ratio;
+//   Pixels: the four pixel fields, widened to double;
+//   Percents: each percent times the image's side, divided by 100, in single
+//     precision (the side narrowed first), then widened;
+//   None: (0, 0, 0, 0).
 // Nothing is rounded, checked or clamped here.
 Rect ResolveCropRectangle(const CropSettings& settings, const Image& image);
 
@@ -25,7 +23,7 @@ enum class CropExtent {
     Inside,   // the rectangle lies on the image: exactly it is cut
     Clipped,  // part of it lies off the image: the part on it is cut
     // The image is written whole:
-    WholeNoMode,   // custom crop with neither pixels nor percents chosen
+    WholeNoMode,   // no crop mode
     WholeEmpty,    // a side of the rectangle is below one pixel
     WholeOutside,  // the rectangle lies off the image
     WholeSliver,   // less than one pixel of it lies on the image

@@ -10,37 +10,38 @@
 
 namespace vellumo {
 
+// How the crop rectangle is found.
+enum class CropMode {
+    Auto,      // the largest centred rectangle of the chosen ratio
+    Pixels,    // the rectangle typed in pixels
+    Percents,  // the rectangle typed in percents of each image
+    None,      // no rectangle: every image is written whole
+};
+
+// The mode the window's two pairs of radio buttons give: auto-crop or
+// custom rectangle first, then pixels or percents. Either pair may have
+// neither button on, and then there is no mode.
+constexpr CropMode CropModeOfRadios(bool autoCrop, bool customCrop, bool pixels, bool percents) {
+    if (autoCrop) {
+        return CropMode::Auto;
+    }
+    if (!customCrop) {
+        return CropMode::None;
+    }
+    if (pixels) {
+        return CropMode::Pixels;
+    }
+    return percents ? CropMode::Percents : CropMode::None;
+}
+
 // The auto-crop ratios, by index (the AutoCropFormat).
 inline constexpr std::array<std::string_view, 4> kAutoCropFormatTitles = {"1:1", "4:3", "3:2",
                                                                           "16:9"};
 
-// The output formats, by index (the OutputFormat). The lower-cased title is
-// the output file's extension; indices 0 to 4 take a quality.
-inline constexpr std::array<std::string_view, 10> kOutputFormatTitles = {
-    "JPG", "JPEG", "JPE", "JP2", "JPX", "PNG", "TIFF", "TIF", "GIF", "BMP"};
-
-// True for the output formats that take a quality (JPEG and JPEG 2000).
-constexpr bool OutputFormatTakesQuality(long format) {
-    return format >= 0 && format <= 4;
-}
-
-// True for the output formats that can carry EXIF, IPTC and XMP (all but GIF
-// and BMP).
-constexpr bool OutputFormatCarriesMetadata(long format) {
-    return format >= 0 && format <= 7;
-}
-
 inline constexpr std::string_view kDefaultNameTemplate = "[FileName]_cropped ([FileIndex])";
 
 struct CropSettings {
-    // The crop mode: two independent pairs of radio buttons, so states with
-    // no mode at all exist. First level: auto-crop or custom rectangle.
-    bool autoCrop = false;
-    bool customCrop = true;
-    // Second level, for the custom rectangle: pixels or percents.
-    bool customCropPixels = true;
-    bool customCropPercents = false;
-
+    CropMode mode = CropMode::Pixels;
     long autoCropFormat = 0;  // index into kAutoCropFormatTitles
 
     // The fields, read as single-precision numbers; y from the bottom.
@@ -53,7 +54,7 @@ struct CropSettings {
     float percentsWidth = 60.0f;
     float percentsHeight = 60.0f;
 
-    long outputFormat = 0;  // index into kOutputFormatTitles
+    long outputFormat = 0;  // index into kOutputFormats (imaging/Formats.h)
     float quality = 80.0f;  // the slider, 0 to 100
     std::string nameTemplate{kDefaultNameTemplate};
     std::string outputFolder;

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "imaging/Fatal.h"
+#include "imaging/Formats.h"
 
 namespace vellumo {
 
@@ -47,8 +48,7 @@ std::string GenerateOutputPathWithImageIndex(const CropSettings& settings,
         Fatal("output path asked for index " + std::to_string(index) + " of a list of " +
               std::to_string(listImagePaths.size()));
     }
-    if (settings.outputFormat < 0 ||
-        static_cast<std::size_t>(settings.outputFormat) >= kOutputFormatTitles.size()) {
+    if (OutputFormatAt(settings.outputFormat) == nullptr) {
         Fatal("output path asked for unknown output format " +
               std::to_string(settings.outputFormat));
     }
@@ -56,10 +56,7 @@ std::string GenerateOutputPathWithImageIndex(const CropSettings& settings,
     name = ReplaceAll(std::move(name), kFileNameToken, BaseName(listImagePaths[index]));
     name = ReplaceAll(std::move(name), kFileIndexToken, std::to_string(index + 1));
 
-    std::string extension(kOutputFormatTitles[settings.outputFormat]);
-    std::transform(extension.begin(), extension.end(), extension.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return settings.outputFolder + "/" + name + "." + extension;
+    return settings.outputFolder + "/" + name + "." + OutputFormatExtension(settings.outputFormat);
 }
 
 }  // namespace vellumo

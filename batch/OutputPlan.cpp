@@ -11,6 +11,7 @@
 #include <unordered_map>
 
 #include "batch/OutputPath.h"
+#include "imaging/Formats.h"
 
 namespace vellumo {
 
@@ -53,12 +54,6 @@ class PathKeys {
     std::unordered_map<std::string, fs::path> folders_;
 };
 
-std::string Upper(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-    return text;
-}
-
 }  // namespace
 
 long OutputFormatOfPath(const std::string& path) {
@@ -66,9 +61,7 @@ long OutputFormatOfPath(const std::string& path) {
     if (extension.size() < 2) {
         return -1;
     }
-    const std::string title = Upper(extension.substr(1));
-    const auto found = std::find(kOutputFormatTitles.begin(), kOutputFormatTitles.end(), title);
-    return found == kOutputFormatTitles.end() ? -1 : found - kOutputFormatTitles.begin();
+    return OutputFormatNamed(std::string_view(extension).substr(1));
 }
 
 std::string NumberedPath(const std::string& path, int number) {

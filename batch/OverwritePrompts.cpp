@@ -44,17 +44,17 @@ std::vector<OverwriteDecision> PromptOverwrites(const OutputPlan& plan, const Ov
             continue;
         }
         switch (ask(OverwriteQuestion(path))) {
-            case kAnswerYes:
+            case OverwriteAnswer::Yes:
                 decisions.push_back(OverwriteDecision::Overwrite);
                 break;
-            case kAnswerYesToAll:
+            case OverwriteAnswer::YesToAll:
                 decisions.push_back(OverwriteDecision::Overwrite);
                 memory = AnswerForAll::OverwriteAll;
                 break;
-            case kAnswerNo:
+            case OverwriteAnswer::No:
                 decisions.push_back(OverwriteDecision::Skip);
                 break;
-            default:
+            case OverwriteAnswer::NoToAll:
                 decisions.push_back(OverwriteDecision::Skip);
                 memory = AnswerForAll::SkipAll;
                 break;

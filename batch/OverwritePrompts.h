@@ -19,19 +19,15 @@ enum class OverwriteDecision : int {
     Skip = 2,        // something exists and is to be kept: do not save
 };
 
-// The answers of the overwrite question, as the message box returns them:
-// the first button is 1000. Any other code counts as "No to All".
-inline constexpr int kAnswerYes = 1000;
-inline constexpr int kAnswerYesToAll = 1001;
-inline constexpr int kAnswerNo = 1002;
-inline constexpr int kAnswerNoToAll = 1003;
+// The answers to the overwrite question.
+enum class OverwriteAnswer { Yes, YesToAll, No, NoToAll };
 
-// The question and its buttons, in order.
+// The question and its answers' titles, in the order a box shows them.
 std::string OverwriteQuestion(const std::string& path);
 inline const std::vector<std::string> kOverwriteButtons = {"Yes", "Yes to All", "No", "No to All"};
 
-// Asks `question` and returns the code of the button pressed (1000 to 1003).
-using OverwriteAsker = std::function<int(const std::string& question)>;
+// Asks `question` and returns the answer.
+using OverwriteAsker = std::function<OverwriteAnswer(const std::string& question)>;
 
 // One decision for each image of the plan, in order. An existing item of any
 // kind at the output path (a folder too) is a conflict. "Yes to All" and

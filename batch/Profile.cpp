@@ -9,6 +9,7 @@
 #include <system_error>
 
 #include "imaging/AtomicFile.h"
+#include "imaging/Formats.h"
 
 namespace vellumo {
 
@@ -74,15 +75,10 @@ void ReadRectangle(const Json& object, const char* key, float& x, float& y, floa
 }
 
 template <std::size_t N>
-long TitleIndex(const Json& value, const char* key, const std::array<std::string_view, N>& titles,
-                bool anyCase) {
+long TitleIndex(const Json& value, const char* key, const std::array<std::string_view, N>& titles) {
     if (!value.is_string())
         throw Problem{"\"" + std::string(key) + "\" must be text"};
-    std::string title = value.get<std::string>();
-    if (anyCase) {
-        std::transform(title.begin(), title.end(), title.begin(),
-                       [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-    }
+    const std::string title = value.get<std::string>();
     const auto found = std::find(titles.begin(), titles.end(), title);
     if (found == titles.end()) {
         throw Problem{"\"" + std::string(key) + "\" has an unknown value \"" +
@@ -91,15 +87,36 @@ long TitleIndex(const Json& value, const char* key, const std::array<std::string
     return static_cast<long>(found - titles.begin());
 }
 
+constexpr std::array<std::string_view, 4> kCropModeNames = {"auto", "pixels", "percents", "none"};
+
+std::string_view CropModeName(CropMode mode) {
+    return kCropModeNames.at(static_cast<std::size_t>(mode));
+}
+
+// The mode of a profile: "cropMode", or, in profiles written before it
+// existed, the four radio buttons of the window, each missing one keeping
+// the state the current mode gives it.
+CropMode ReadCropMode(const Json& profile, CropMode current) {
+    if (const Json* mode = Member(profile, "cropMode")) {
+        return static_cast<CropMode>(TitleIndex(*mode, "cropMode", kCropModeNames));
+    }
+    bool autoCrop = current == CropMode::Auto;
+    bool customCrop = !autoCrop;
+    bool pixels = current == CropMode::Pixels;
+    bool percents = current == CropMode::Percents;
+    ReadBool(profile, "autoCrop", autoCrop);
+    ReadBool(profile, "customCrop", customCrop);
+    ReadBool(profile, "customCropPixels", pixels);
+    ReadBool(profile, "customCropPercents", percents);
+    return CropModeOfRadios(autoCrop, customCrop, pixels, percents);
+}
+
 }  // namespace
 
 std::string ProfileText(const CropSettings& s) {
     const Json profile = {
         {"version", kProfileVersion},
-        {"autoCrop", s.autoCrop},
-        {"customCrop", s.customCrop},
-        {"customCropPixels", s.customCropPixels},
-        {"customCropPercents", s.customCropPercents},
+        {"cropMode", CropModeName(s.mode)},
         {"autoCropRatio", kAutoCropFormatTitles.at(static_cast<std::size_t>(s.autoCropFormat))},
         {"pixels",
          {{"x", s.pixelsOriginX},
@@ -111,7 +128,7 @@ std::string ProfileText(const CropSettings& s) {
           {"y", s.percentsOriginY},
           {"width", s.percentsWidth},
           {"height", s.percentsHeight}}},
-        {"format", kOutputFormatTitles.at(static_cast<std::size_t>(s.outputFormat))},
+        {"format", OutputFormatAt(s.outputFormat)->title},
         {"quality", s.quality},
         {"nameTemplate", s.nameTemplate},
         {"outputFolder", s.outputFolder},
@@ -138,19 +155,21 @@ Loaded<CropSettings> SettingsFromProfileText(const std::string& text, const Crop
     }
     CropSettings s = current;
     try {
-        ReadBool(profile, "autoCrop", s.autoCrop);
-        ReadBool(profile, "customCrop", s.customCrop);
-        ReadBool(profile, "customCropPixels", s.customCropPixels);
-        ReadBool(profile, "customCropPercents", s.customCropPercents);
+        s.mode = ReadCropMode(profile, s.mode);
         if (const Json* ratio = Member(profile, "autoCropRatio")) {
-            s.autoCropFormat = TitleIndex(*ratio, "autoCropRatio", kAutoCropFormatTitles, false);
+            s.autoCropFormat = TitleIndex(*ratio, "autoCropRatio", kAutoCropFormatTitles);
         }
         ReadRectangle(profile, "pixels", s.pixelsOriginX, s.pixelsOriginY, s.pixelsWidth,
                       s.pixelsHeight);
         ReadRectangle(profile, "percents", s.percentsOriginX, s.percentsOriginY, s.percentsWidth,
                       s.percentsHeight);
         if (const Json* format = Member(profile, "format")) {
-            s.outputFormat = TitleIndex(*format, "format", kOutputFormatTitles, true);
+            if (!format->is_string())
+                throw Problem{"\"format\" must be text"};
+            s.outputFormat = OutputFormatNamed(format->get<std::string>());
+            if (s.outputFormat < 0)
+                throw Problem{"\"format\" has an unknown value \"" + format->get<std::string>() +
+                              "\""};
         }
         if (const Json* quality = Member(profile, "quality")) {
             s.quality = Number(*quality, "quality", 0, 100);

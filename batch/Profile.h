@@ -2,12 +2,15 @@
 
 // Profiles: every setting a person sets in the window, saved as a small,
 // human-readable JSON file (".vellumo") and loaded back, by the window and
-// by the command line alike. A profile never holds the image list.
+// by the command line alike. A profile never holds the image list, nor the
+// choice to replace the originals. Profiles written before "cropMode"
+// existed name the window's four crop radio buttons instead
+// ("autoCrop", "customCrop", "customCropPixels", "customCropPercents");
+// they are read as the window would read those buttons.
 //
 //   {
 //     "version": 1,
-//     "autoCrop": false, "customCrop": true,
-//     "customCropPixels": true, "customCropPercents": false,
+//     "cropMode": "pixels",            (auto, pixels, percents or none)
 //     "autoCropRatio": "1:1",
 //     "pixels": {"x": 0, "y": 0, "width": 0, "height": 0},
 //     "percents": {"x": 20, "y": 20, "width": 60, "height": 60},

@@ -6,22 +6,11 @@
 #include <filesystem>
 
 #include "batch/Profile.h"
+#include "imaging/Formats.h"
 
 namespace vellumo::cli {
 
 namespace {
-
-std::string Upper(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-    return text;
-}
-
-std::string Lower(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return text;
-}
 
 // "X,Y,W,H" as four numbers.
 std::optional<std::array<float, 4>> ParseRectangle(const std::string& text) {
@@ -46,18 +35,6 @@ std::optional<std::array<float, 4>> ParseRectangle(const std::string& text) {
         start = comma + 1;
     }
     return values;
-}
-
-bool IsAcceptedImageName(const std::string& path) {
-    static const char* const kExtensions[] = {"jpg", "jpeg", "jpe", "jp2",  "jpx",
-                                              "png", "gif",  "tif", "tiff", "bmp"};
-    std::string extension = std::filesystem::path(path).extension().string();
-    if (extension.empty()) {
-        return false;
-    }
-    extension = Lower(extension.substr(1));
-    return std::find(std::begin(kExtensions), std::end(kExtensions), extension) !=
-           std::end(kExtensions);
 }
 
 ParseOutcome UsageError(const std::string& message) {
@@ -91,10 +68,9 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
         app.add_option("--percents", percents, "Rectangle in percents of each image, X,Y,W,H");
     autoOption->excludes(pixelsOption)->excludes(percentsOption);
     pixelsOption->excludes(percentsOption);
-    auto* formatOption =
-        app.add_option("--format", format,
-                       "Output format: JPG JPEG JPE JP2 JPX PNG TIFF TIF GIF BMP (any case)")
-            ->capture_default_str();
+    auto* formatOption = app.add_option("--format", format,
+                                        "Output format: " + OutputFormatTitles(" ") + " (any case)")
+                             ->capture_default_str();
     auto* qualityOption =
         app.add_option("--quality", quality, "Quality for JPEG and JPEG 2000, 0 to 100")
             ->check(CLI::Validator(
@@ -170,18 +146,14 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
             return UsageError("--auto: unknown ratio " + autoRatio +
                               " (use 1:1, 4:3, 3:2 or 16:9)");
         }
-        s.autoCrop = true;
-        s.customCrop = false;
+        s.mode = CropMode::Auto;
         s.autoCropFormat = found - titles.begin();
     } else if (!pixels.empty()) {
         const auto rect = ParseRectangle(pixels);
         if (!rect) {
             return UsageError("--pixels: expected four numbers X,Y,W,H, got " + pixels);
         }
-        s.autoCrop = false;
-        s.customCrop = true;
-        s.customCropPixels = true;
-        s.customCropPercents = false;
+        s.mode = CropMode::Pixels;
         std::tie(s.pixelsOriginX, s.pixelsOriginY, s.pixelsWidth, s.pixelsHeight) =
             std::tuple((*rect)[0], (*rect)[1], (*rect)[2], (*rect)[3]);
     } else if (!percents.empty()) {
@@ -189,10 +161,7 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
         if (!rect) {
             return UsageError("--percents: expected four numbers X,Y,W,H, got " + percents);
         }
-        s.autoCrop = false;
-        s.customCrop = true;
-        s.customCropPixels = false;
-        s.customCropPercents = true;
+        s.mode = CropMode::Percents;
         std::tie(s.percentsOriginX, s.percentsOriginY, s.percentsWidth, s.percentsHeight) =
             std::tuple((*rect)[0], (*rect)[1], (*rect)[2], (*rect)[3]);
     }
@@ -200,13 +169,11 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
     // pixels 0, 0, 0, 0, which keeps every image whole.
 
     if (formatOption->count() > 0) {
-        const auto& formats = kOutputFormatTitles;
-        const auto found = std::find(formats.begin(), formats.end(), Upper(format));
-        if (found == formats.end()) {
-            return UsageError("--format: unknown format " + format +
-                              " (use JPG JPEG JPE JP2 JPX PNG TIFF TIF GIF BMP)");
+        s.outputFormat = OutputFormatNamed(format);
+        if (s.outputFormat < 0) {
+            return UsageError("--format: unknown format " + format + " (use " +
+                              OutputFormatTitles(" ") + ")");
         }
-        s.outputFormat = found - formats.begin();
     }
     if (qualityOption->count() > 0)
         s.quality = quality;
@@ -235,9 +202,8 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
         if (std::filesystem::is_directory(file, ignored)) {
             return UsageError(file + " is a folder: give image files");
         }
-        if (!IsAcceptedImageName(file)) {
-            return UsageError(
-                file + ": not an image file name (jpg jpeg jpe jp2 jpx png gif tif tiff bmp)");
+        if (InputExtensionOfPath(file) == nullptr) {
+            return UsageError(file + ": not an image file name (" + InputExtensionList(" ") + ")");
         }
     }
 

@@ -7,22 +7,22 @@ namespace vellumo::cli {
 
 namespace {
 
-int AskOnTerminal(const std::string& question) {
+OverwriteAnswer AskOnTerminal(const std::string& question) {
     for (;;) {
         std::cerr << question << " [y]es, yes to [a]ll, [n]o, no to a[l]l: " << std::flush;
         std::string answer;
         if (!std::getline(std::cin, answer)) {
             std::cerr << std::endl;
-            return kAnswerNoToAll;
+            return OverwriteAnswer::NoToAll;
         }
         if (answer == "y" || answer == "yes")
-            return kAnswerYes;
+            return OverwriteAnswer::Yes;
         if (answer == "a" || answer == "yes to all")
-            return kAnswerYesToAll;
+            return OverwriteAnswer::YesToAll;
         if (answer == "n" || answer == "no")
-            return kAnswerNo;
+            return OverwriteAnswer::No;
         if (answer == "l" || answer == "no to all")
-            return kAnswerNoToAll;
+            return OverwriteAnswer::NoToAll;
     }
 }
 
@@ -31,9 +31,9 @@ int AskOnTerminal(const std::string& question) {
 OverwriteAsker MakeOverwriteAsker(OverwriteMode mode) {
     switch (mode) {
         case OverwriteMode::All:
-            return [](const std::string&) { return kAnswerYesToAll; };
+            return [](const std::string&) { return OverwriteAnswer::YesToAll; };
         case OverwriteMode::None:
-            return [](const std::string&) { return kAnswerNoToAll; };
+            return [](const std::string&) { return OverwriteAnswer::NoToAll; };
         case OverwriteMode::Ask:
             break;
     }

@@ -2,29 +2,16 @@
 
 #include <cmath>
 
+#include "imaging/Formats.h"
+
 namespace vellumo {
 
 std::optional<OutputCodec> OutputCodecForFormat(long format) {
-    switch (format) {
-        case 0:
-        case 1:
-        case 2:
-            return OutputCodec::Jpeg;
-        case 3:
-        case 4:
-            return OutputCodec::Jpeg2000;
-        case 5:
-            return OutputCodec::Png;
-        case 6:
-        case 7:
-            return OutputCodec::Tiff;
-        case 8:
-            return OutputCodec::Gif;
-        case 9:
-            return OutputCodec::Bmp;
-        default:
-            return std::nullopt;
+    const OutputFormatInfo* row = OutputFormatAt(format);
+    if (row == nullptr) {
+        return std::nullopt;
     }
+    return row->codec;
 }
 
 int QualityFactor(double quality) {

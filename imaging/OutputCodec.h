@@ -9,9 +9,8 @@ namespace vellumo {
 
 enum class OutputCodec { Jpeg, Jpeg2000, Png, Tiff, Gif, Bmp };
 
-// 0 "JPG", 1 "JPEG", 2 "JPE" -> JPEG; 3 "JP2", 4 "JPX" -> JPEG 2000 (both
-// written as JP2 files); 5 "PNG"; 6 "TIFF", 7 "TIF"; 8 "GIF"; 9 "BMP".
-// Nothing for any other index.
+// The encoder of output format `format` (kOutputFormats); nothing for an
+// index outside the table.
 std::optional<OutputCodec> OutputCodecForFormat(long format);
 
 // The 1 to 100 quality factor for a compression factor from 0.0 (most

@@ -1,31 +1,29 @@
 #include "ui/FileKindIcons.h"
 
-#include "ui/ImagePaths.h"
+#include <QFile>
+
+#include "imaging/Formats.h"
 
 namespace vellumo {
 
 std::optional<QString> FileKindIconName(const QString& path) {
-    const QString extension = LowerCaseExtension(path);
-    if (extension == "jpg" || extension == "jpeg" || extension == "jpe") {
-        return QStringLiteral("JPG");
+    const InputExtensionInfo* row = InputExtensionOfPath(QFile::encodeName(path).toStdString());
+    if (row == nullptr) {
+        return std::nullopt;
     }
-    // JPEG 2000 is another format altogether, and says so.
-    if (extension == "jp2" || extension == "jpx") {
-        return QStringLiteral("JP2");
+    return QString::fromLatin1(row->icon.data(), static_cast<qsizetype>(row->icon.size()));
+}
+
+QStringList FileKindIconNames() {
+    QStringList names;
+    for (const InputExtensionInfo& row : kInputExtensions) {
+        const QString name =
+            QString::fromLatin1(row.icon.data(), static_cast<qsizetype>(row.icon.size()));
+        if (!names.contains(name)) {
+            names << name;
+        }
     }
-    if (extension == "png") {
-        return QStringLiteral("PNG");
-    }
-    if (extension == "tiff" || extension == "tif") {
-        return QStringLiteral("TIF");
-    }
-    if (extension == "gif") {
-        return QStringLiteral("GIF");
-    }
-    if (extension == "bmp") {
-        return QStringLiteral("BMP");
-    }
-    return std::nullopt;
+    return names;
 }
 
 QIcon FileKindIcon(const QString& name) {

@@ -11,8 +11,8 @@ namespace vellumo {
 
 ImageListModel::ImageListModel(const QStringList& paths, QObject* parent)
     : QAbstractListModel(parent), paths_(paths), rows_(static_cast<int>(paths.size())) {
-    for (const char* name : {"JPG", "JP2", "PNG", "TIF", "GIF", "BMP"}) {
-        icons_.insert(QString::fromLatin1(name), FileKindIcon(QString::fromLatin1(name)));
+    for (const QString& name : FileKindIconNames()) {
+        icons_.insert(name, FileKindIcon(name));
     }
 }
 

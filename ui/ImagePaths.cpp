@@ -1,17 +1,30 @@
 #include "ui/ImagePaths.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QUrl>
 #include <algorithm>
 
+#include "imaging/Formats.h"
+
 namespace vellumo {
 
 QStringList AcceptedImageExtensions() {
-    return {"jpg", "jpeg", "jpe", "jp2", "jpx", "png", "gif", "tif", "tiff", "bmp"};
+    QStringList extensions;
+    for (const InputExtensionInfo& row : kInputExtensions) {
+        extensions << QString::fromLatin1(row.extension.data(),
+                                          static_cast<qsizetype>(row.extension.size()));
+    }
+    return extensions;
 }
 
 QStringList OpenPanelImageExtensions() {
-    return {"jpg", "jpeg", "jpe", "jp2", "jpx", "png", "tiff", "tif", "gif", "bmp"};
+    // The output formats' extensions, in their list's order.
+    QStringList extensions;
+    for (long i = 0; i < static_cast<long>(kOutputFormats.size()); ++i) {
+        extensions << QString::fromStdString(OutputFormatExtension(i));
+    }
+    return extensions;
 }
 
 QString LowerCaseExtension(const QString& path) {
@@ -34,9 +47,8 @@ bool IsImageFileUrl(const QUrl& url) {
     if (!url.isLocalFile()) {
         return false;
     }
-    // The extensions of the six image kinds are exactly the ten the list
-    // accepts; a drop is judged by name, like the list itself.
-    return AcceptedImageExtensions().contains(LowerCaseExtension(url.toLocalFile()));
+    // A drop is judged by name, like the list itself.
+    return InputExtensionOfPath(QFile::encodeName(url.toLocalFile()).toStdString()) != nullptr;
 }
 
 }  // namespace vellumo

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "batch/CropSettings.h"
+#include "imaging/Formats.h"
 
 namespace vellumo {
 
@@ -24,7 +25,12 @@ QStringList AutoCropFormatTitles() {
 }
 
 QStringList OutputFormatTitles() {
-    return Titles(kOutputFormatTitles);
+    QStringList list;
+    for (const OutputFormatInfo& format : kOutputFormats) {
+        list << QString::fromLatin1(format.title.data(),
+                                    static_cast<qsizetype>(format.title.size()));
+    }
+    return list;
 }
 
 }  // namespace vellumo

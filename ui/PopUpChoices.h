@@ -9,8 +9,8 @@ namespace vellumo {
 QStringList AutoCropFormatTitles();  // "1:1", "4:3", "3:2", "16:9"
 
 // The output formats as the pop-up list shows them; the index is the output
-// format (kOutputFormatTitles), the lower-cased title the output file's
-// extension. Which of them take a quality: OutputFormatTakesQuality.
+// format (kOutputFormats), the lower-cased title the output file's
+// extension.
 QStringList OutputFormatTitles();  // "JPG" ... "BMP"
 
 }  // namespace vellumo

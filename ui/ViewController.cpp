@@ -16,6 +16,7 @@
 #include "ui/LatchingRadioButton.h"
 #include "ui/PopUpChoices.h"
 #include "ui/QualitySlider.h"
+#include "ui/SettingsBinding.h"
 #include "ui/Stepper.h"
 #include "ui/TextFieldNumber.h"
 
@@ -54,6 +55,32 @@ ViewController::~ViewController() {
 void ViewController::LoadView(QWidget& window) {
     view_ = &window;
     ConnectOutlets(window);
+    settingsBinding_ = std::make_unique<SettingsBinding>(SettingsBinding::Controls{
+        *radioAutoCrop,
+        *comboAutoCropFormat,
+        *radioCustomCrop,
+        *radioCustomCropPixels,
+        *radioCustomCropPercents,
+        *textFieldCustomCropPixelsOriginX,
+        *textFieldCustomCropPixelsOriginY,
+        *textFieldCustomCropPixelsWidth,
+        *textFieldCustomCropPixelsHeight,
+        *textFieldCustomCropPercentsOriginX,
+        *textFieldCustomCropPercentsOriginY,
+        *textFieldCustomCropPercentsWidth,
+        *textFieldCustomCropPercentsHeight,
+        *stepperCustomCropPercentsOriginX,
+        *stepperCustomCropPercentsOriginY,
+        *stepperCustomCropPercentsWidth,
+        *stepperCustomCropPercentsHeight,
+        *comboFormat,
+        *sliderQuality,
+        *labelQuality,
+        *textFieldName,
+        *textFieldOutputFolder,
+        *checkKeepEXIFInformationAndCreationDate,
+        *checkReplaceOriginals,
+    });
     ConnectCommands();
     viewDidLoad();
 }

@@ -46,6 +46,7 @@ class CropPreviewView;
 class ImageListModel;
 class LatchingRadioButton;
 class QualitySlider;
+class SettingsBinding;
 class Stepper;
 
 class ViewController : public QObject, public WindowDelegate, public TableDropDelegate {
@@ -252,7 +253,7 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     void PrepareCropJob(const CropSettings& settings, const std::vector<std::string>& list);
     void ContinueCropCommand(const CropSettings& settings, const std::vector<std::string>& list,
                              const PreparedJob& prepared);
-    int AskOverwrite(const std::string& question);
+    OverwriteAnswer AskOverwrite(const std::string& question);
     void StartCropJob(const CropSettings& settings, const std::vector<std::string>& list,
                       const OutputPlan& plan, const std::vector<OverwriteDecision>& decisions);
     void ReportCropProgress(long index);
@@ -324,6 +325,8 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     Outlet<QAction> actionVideoTutorial{"actionVideoTutorial"};
 
     QPointer<QWidget> view_;
+    // Between the setting controls and CropSettings, once they are connected.
+    std::unique_ptr<SettingsBinding> settingsBinding_;
     ImageListModel* imageListModel_ = nullptr;
     WindowServices services_;
     std::shared_ptr<PreviewDecoder> previewDecoder_;

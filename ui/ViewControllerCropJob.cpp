@@ -16,6 +16,7 @@
 #include "ui/CropQuestions.h"
 #include "ui/CropResult.h"
 #include "ui/JobStatusText.h"
+#include "ui/OverwriteBox.h"
 #include "ui/ProgressFraction.h"
 #include "ui/ViewController.h"
 
@@ -30,14 +31,6 @@ std::vector<std::string> NativePaths(const QStringList& paths) {
         native.push_back(QFile::encodeName(path).toStdString());
     }
     return native;
-}
-
-QStringList ButtonTitles(const std::vector<std::string>& titles) {
-    QStringList list;
-    for (const std::string& title : titles) {
-        list << QString::fromStdString(title);
-    }
-    return list;
 }
 
 QString PathText(const std::string& path) {
@@ -96,7 +89,7 @@ void ViewController::PrepareCropJob(const CropSettings& settings,
             prepared->numberingClashes = PlanOutputs(settings, list, ClashPolicy::Number);
         }
         // An auto crop always lies on the image.
-        if (!settings.autoCrop) {
+        if (settings.mode != CropMode::Auto) {
             bool anyRead = false;
             bool anyCropped = false;
             for (std::size_t i = 0; i < list.size() && !anyCropped; ++i) {
@@ -160,10 +153,8 @@ void ViewController::AbandonCropCommand() {
     EnableInterface();
 }
 
-int ViewController::AskOverwrite(const std::string& question) {
-    const MessageBoxRequest request{QFile::decodeName(QByteArray::fromStdString(question)),
-                                    MessageBoxStyle::Warning, ButtonTitles(kOverwriteButtons)};
-    return services_.showMessageBox(request);
+OverwriteAnswer ViewController::AskOverwrite(const std::string& question) {
+    return OverwriteAnswerOfBox(services_.showMessageBox(OverwriteBoxRequest(PathText(question))));
 }
 
 void ViewController::StartCropJob(const CropSettings& settings,

@@ -7,6 +7,7 @@
 
 #include "ui/LatchingRadioButton.h"
 #include "ui/QualitySlider.h"
+#include "ui/SettingsBinding.h"
 #include "ui/Stepper.h"
 #include "ui/TextFieldNumber.h"
 #include "ui/ViewController.h"
@@ -30,30 +31,7 @@ void CopyFieldIntoStepper(const QLineEdit& field, Stepper& stepper) {
 }  // namespace
 
 CropSettings ViewController::CropSettingsFromControls() const {
-    CropSettings settings;
-    settings.autoCrop = radioAutoCrop->isChecked();
-    settings.customCrop = radioCustomCrop->isChecked();
-    settings.customCropPixels = radioCustomCropPixels->isChecked();
-    settings.customCropPercents = radioCustomCropPercents->isChecked();
-    settings.autoCropFormat = comboAutoCropFormat->currentIndex();
-
-    settings.pixelsOriginX = TextFieldFloatValue(*textFieldCustomCropPixelsOriginX);
-    settings.pixelsOriginY = TextFieldFloatValue(*textFieldCustomCropPixelsOriginY);
-    settings.pixelsWidth = TextFieldFloatValue(*textFieldCustomCropPixelsWidth);
-    settings.pixelsHeight = TextFieldFloatValue(*textFieldCustomCropPixelsHeight);
-    settings.percentsOriginX = TextFieldFloatValue(*textFieldCustomCropPercentsOriginX);
-    settings.percentsOriginY = TextFieldFloatValue(*textFieldCustomCropPercentsOriginY);
-    settings.percentsWidth = TextFieldFloatValue(*textFieldCustomCropPercentsWidth);
-    settings.percentsHeight = TextFieldFloatValue(*textFieldCustomCropPercentsHeight);
-
-    settings.outputFormat = comboFormat->currentIndex();
-    settings.quality = static_cast<float>(sliderQuality->doubleValue());
-    settings.nameTemplate = QFile::encodeName(textFieldName->text()).toStdString();
-    // The folder as the file system spells it.
-    settings.outputFolder = QFile::encodeName(textFieldOutputFolder->text()).toStdString();
-    settings.keepMetadata = checkKeepEXIFInformationAndCreationDate->isChecked();
-    settings.replaceOriginals = checkReplaceOriginals->isChecked();
-    return settings;
+    return settingsBinding_->Read();
 }
 
 // A radio turns itself on when clicked; its handler turns the other of its

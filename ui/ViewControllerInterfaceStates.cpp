@@ -14,6 +14,7 @@
 #include "ui/LatchingRadioButton.h"
 #include "ui/ProgressFraction.h"
 #include "ui/QualitySlider.h"
+#include "ui/SettingsBinding.h"
 #include "ui/Stepper.h"
 #include "ui/TextFieldNumber.h"
 #include "ui/ViewController.h"
@@ -24,7 +25,6 @@ namespace {
 
 constexpr char kCroppingTitle[] = "Cropping...";
 constexpr char kCropImagesTitle[] = "Crop Images";
-constexpr double kDefaultQuality = 80.0;
 
 }  // namespace
 
@@ -33,39 +33,14 @@ void ViewController::ResetInterface() {
 
     tabView->setCurrentIndex(0);
 
-    // Custom crop in pixels.
-    radioAutoCrop->setChecked(false);
-    radioCustomCrop->setChecked(true);
-    radioCustomCropPixels->setChecked(true);
-    radioCustomCropPercents->setChecked(false);
-
-    SetTextFieldNumber(*textFieldCustomCropPixelsOriginX, 0);
-    SetTextFieldNumber(*textFieldCustomCropPixelsOriginY, 0);
-    SetTextFieldNumber(*textFieldCustomCropPixelsWidth, 0);
-    SetTextFieldNumber(*textFieldCustomCropPixelsHeight, 0);
-
-    // A centred rectangle of 60 % of each side, once percents are chosen.
-    SetTextFieldNumber(*textFieldCustomCropPercentsOriginX, 20);
-    SetTextFieldNumber(*textFieldCustomCropPercentsOriginY, 20);
-    stepperCustomCropPercentsOriginX->setValue(20);
-    stepperCustomCropPercentsOriginY->setValue(20);
-
-    SetTextFieldNumber(*textFieldCustomCropPercentsWidth, 60);
-    SetTextFieldNumber(*textFieldCustomCropPercentsHeight, 60);
-    stepperCustomCropPercentsWidth->setValue(60);
-    stepperCustomCropPercentsHeight->setValue(60);
-
-    comboFormat->setCurrentIndex(0);
-
-    sliderQuality->setDoubleValue(kDefaultQuality);
-    labelQuality->setText(QStringLiteral("80"));
-
-    textFieldName->setText(QString::fromLatin1(
-        kDefaultNameTemplate.data(), static_cast<qsizetype>(kDefaultNameTemplate.size())));
-    textFieldOutputFolder->setText(QString());
-    checkKeepEXIFInformationAndCreationDate->setChecked(false);
+    // Every setting's start value: custom crop in pixels, an empty
+    // rectangle, a centred 60 % one once percents are chosen, "JPG" at
+    // quality 80, the usual name template, no folder, no metadata, the
+    // originals kept. The auto-crop ratio stays as it was.
     const bool wasReplacingOriginals = checkReplaceOriginals->isChecked();
-    checkReplaceOriginals->setChecked(false);
+    CropSettings start;
+    start.autoCropFormat = comboAutoCropFormat->currentIndex();
+    settingsBinding_->Write(start);
 
     SetProgressFraction(*progressIndicator, 0.0);
 

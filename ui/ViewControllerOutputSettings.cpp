@@ -8,6 +8,7 @@
 #include <QPushButton>
 
 #include "batch/CropSettings.h"
+#include "imaging/Formats.h"
 #include "ui/QualitySlider.h"
 #include "ui/QualityText.h"
 #include "ui/ViewController.h"
@@ -36,11 +37,11 @@ void ViewController::SettleOutputControls() {
         return;
     }
     const bool inPlace = checkReplaceOriginals->isChecked();
-    const long format = comboFormat->currentIndex();
+    const OutputFormatInfo* format = OutputFormatAt(comboFormat->currentIndex());
     // Replacing the originals writes each file in its own format, which may
     // take a quality or carry metadata.
-    sliderQuality->setEnabled(inPlace || OutputFormatTakesQuality(format));
-    const bool carries = inPlace || OutputFormatCarriesMetadata(format);
+    sliderQuality->setEnabled(inPlace || (format != nullptr && format->takesQuality));
+    const bool carries = inPlace || (format != nullptr && format->carriesMetadata);
     checkKeepEXIFInformationAndCreationDate->setEnabled(carries);
     checkKeepEXIFInformationAndCreationDate->setToolTip(
         carries ? QString() : QStringLiteral("GIF and BMP files cannot carry EXIF information"));

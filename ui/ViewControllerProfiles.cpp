@@ -12,6 +12,7 @@
 #include "ui/LatchingRadioButton.h"
 #include "ui/QualitySlider.h"
 #include "ui/QualityText.h"
+#include "ui/SettingsBinding.h"
 #include "ui/Stepper.h"
 #include "ui/TextFieldNumber.h"
 #include "ui/ViewController.h"
@@ -23,41 +24,11 @@ namespace {
 constexpr char kProfileFileType[] = "vellumo";
 constexpr char kProfilesDialog[] = "profiles";
 
-QString Text(const std::string& bytes) {
-    return QFile::decodeName(QByteArray::fromStdString(bytes));
-}
-
 }  // namespace
 
-void ViewController::ApplySettingsToControls(const CropSettings& s) {
-    radioAutoCrop->setChecked(s.autoCrop);
-    radioCustomCrop->setChecked(s.customCrop);
-    radioCustomCropPixels->setChecked(s.customCropPixels);
-    radioCustomCropPercents->setChecked(s.customCropPercents);
-    comboAutoCropFormat->setCurrentIndex(static_cast<int>(s.autoCropFormat));
-
-    SetTextFieldFloat(*textFieldCustomCropPixelsOriginX, s.pixelsOriginX);
-    SetTextFieldFloat(*textFieldCustomCropPixelsOriginY, s.pixelsOriginY);
-    SetTextFieldFloat(*textFieldCustomCropPixelsWidth, s.pixelsWidth);
-    SetTextFieldFloat(*textFieldCustomCropPixelsHeight, s.pixelsHeight);
-    SetTextFieldFloat(*textFieldCustomCropPercentsOriginX, s.percentsOriginX);
-    SetTextFieldFloat(*textFieldCustomCropPercentsOriginY, s.percentsOriginY);
-    SetTextFieldFloat(*textFieldCustomCropPercentsWidth, s.percentsWidth);
-    SetTextFieldFloat(*textFieldCustomCropPercentsHeight, s.percentsHeight);
-    // The steppers go on from the fields' values (kept within their range).
-    stepperCustomCropPercentsOriginX->setValue(s.percentsOriginX);
-    stepperCustomCropPercentsOriginY->setValue(s.percentsOriginY);
-    stepperCustomCropPercentsWidth->setValue(s.percentsWidth);
-    stepperCustomCropPercentsHeight->setValue(s.percentsHeight);
-
-    comboFormat->setCurrentIndex(static_cast<int>(s.outputFormat));
-    sliderQuality->setDoubleValue(s.quality);
-    labelQuality->setText(QualityText(s.quality));
-    textFieldName->setText(Text(s.nameTemplate));
-    textFieldOutputFolder->setText(Text(s.outputFolder));
-    checkKeepEXIFInformationAndCreationDate->setChecked(s.keepMetadata);
+void ViewController::ApplySettingsToControls(const CropSettings& settings) {
+    settingsBinding_->Write(settings);
     SettleOutputControls();
-
     UpdateCropPreview();
 }
 

@@ -246,8 +246,7 @@ TEST_F(CliTest, UsageErrorsExitWithTwoAndOneLineNamingTheOption) {
 TEST_F(CliTest, AProfileGivesTheSettingsAndOptionsOverrideIt) {
     test::CoordinateImage(400, 300).pngsave(dir.File("a.png").c_str());
     CropSettings settings;
-    settings.autoCrop = true;
-    settings.customCrop = false;
+    settings.mode = CropMode::Auto;
     settings.autoCropFormat = 3;  // 16:9
     settings.outputFormat = 5;    // PNG
     settings.nameTemplate = "from-profile";

@@ -27,7 +27,7 @@ class CropJobFilesTest : public ::testing::Test {
         fs::create_directory(settings.outputFolder);
         settings.outputFormat = 5;  // PNG
         settings.nameTemplate = "[FileName]";
-        settings.customCropPixels = true;
+        settings.mode = CropMode::Pixels;
         settings.pixelsOriginX = 10;
         settings.pixelsOriginY = 20;
         settings.pixelsWidth = 100;
@@ -69,7 +69,7 @@ TEST_F(CropJobFilesTest, AZeroRectangleOrNoModeKeepsTheWholeImage) {
     settings.pixelsWidth = 0;  // pixel mode, width 0
     EXPECT_EQ(Run(list, {D::NoConflict}).images[0].outcome.outputSize, (Size{300, 200}));
     settings.pixelsWidth = 100;
-    settings.customCrop = false;  // no mode at all
+    settings.mode = CropMode::None;
     const JobReport report = Run(list, {D::Overwrite});
     EXPECT_EQ(report.images[0].outcome.rect, (Rect{0, 0, 0, 0}));
     EXPECT_EQ(test::MagickIdentifySize(GenerateOutputPathWithImageIndex(settings, list, 0)).width,

@@ -12,8 +12,7 @@ using test::MakeSizedImage;
 
 CropSettings Percents(float x, float y, float w, float h) {
     CropSettings s;
-    s.customCropPixels = false;
-    s.customCropPercents = true;
+    s.mode = CropMode::Percents;
     s.percentsOriginX = x;
     s.percentsOriginY = y;
     s.percentsWidth = w;
@@ -53,27 +52,32 @@ TEST(ResolveCropRectangle, PixelFieldsAreTakenAsTheyAre) {
               (Rect{-10.5, 7.25, 5000, static_cast<double>(0.1f)}));
 }
 
-TEST(ResolveCropRectangle, AutoCropIgnoresTheSecondLevelAndTheFields) {
+TEST(ResolveCropRectangle, AutoCropIgnoresTheFields) {
     CropSettings s = Percents(1, 2, 3, 4);
-    s.autoCrop = true;
-    s.customCrop = false;
+    s.mode = CropMode::Auto;
     s.autoCropFormat = 3;
-    EXPECT_EQ(ResolveCropRectangle(s, MakeSizedImage(1000, 1000)), (Rect{0, 218.75, 1000, 562.5}));
-    // Choosing the pixel radio while auto-crop is on changes only the
-    // second level; the rectangle stays the auto-crop one.
-    s.customCropPixels = true;
-    s.customCropPercents = false;
     EXPECT_EQ(ResolveCropRectangle(s, MakeSizedImage(1000, 1000)), (Rect{0, 218.75, 1000, 562.5}));
 }
 
 TEST(ResolveCropRectangle, NoModeGivesTheEmptyRectangle) {
-    CropSettings firstLevelOff = Percents(20, 20, 60, 60);
-    firstLevelOff.customCrop = false;
-    EXPECT_EQ(ResolveCropRectangle(firstLevelOff, MakeSizedImage(100, 100)), (Rect{}));
+    CropSettings none = Percents(20, 20, 60, 60);
+    none.mode = CropMode::None;
+    EXPECT_EQ(ResolveCropRectangle(none, MakeSizedImage(100, 100)), (Rect{}));
+}
 
-    CropSettings secondLevelOff = Percents(20, 20, 60, 60);
-    secondLevelOff.customCropPercents = false;
-    EXPECT_EQ(ResolveCropRectangle(secondLevelOff, MakeSizedImage(100, 100)), (Rect{}));
+// The window's two pairs of radio buttons, as the rule reads them: the first
+// match wins.
+TEST(CropModeOfRadios, FollowsTheRadioPairsInOrder) {
+    EXPECT_EQ(CropModeOfRadios(true, false, false, true), CropMode::Auto);
+    // Choosing the pixel radio while auto-crop is on changes only the
+    // second level: still auto.
+    EXPECT_EQ(CropModeOfRadios(true, false, true, false), CropMode::Auto);
+    EXPECT_EQ(CropModeOfRadios(true, true, true, false), CropMode::Auto);
+    EXPECT_EQ(CropModeOfRadios(false, false, true, false), CropMode::None);
+    EXPECT_EQ(CropModeOfRadios(false, true, true, false), CropMode::Pixels);
+    EXPECT_EQ(CropModeOfRadios(false, true, true, true), CropMode::Pixels);
+    EXPECT_EQ(CropModeOfRadios(false, true, false, true), CropMode::Percents);
+    EXPECT_EQ(CropModeOfRadios(false, true, false, false), CropMode::None);
 }
 
 }  // namespace
@@ -129,7 +133,7 @@ TEST(ResolveCrop, APartlyOutsideRectangleIsClippedAndSaysToWhat) {
 
 TEST(ResolveCrop, NoUnitChosenLeavesTheImageWhole) {
     CropSettings s;
-    s.customCropPixels = false;
+    s.mode = CropMode::None;
     const ResolvedCrop crop = ResolveCrop(s, test::MakeSizedImage(100, 68));
     EXPECT_EQ(crop.extent, CropExtent::WholeNoMode);
     EXPECT_EQ(crop.outputSize, (Size{100, 68}));
@@ -144,8 +148,7 @@ TEST(ResolveCrop, AWholePercentRectangleOnAHugeImageIsNotClipped) {
 
 TEST(ResolveCrop, AutoCropIsAlwaysInside) {
     CropSettings s;
-    s.autoCrop = true;
-    s.customCrop = false;
+    s.mode = CropMode::Auto;
     s.autoCropFormat = 3;
     const ResolvedCrop crop = ResolveCrop(s, test::MakeSizedImage(1000, 1000));
     EXPECT_EQ(crop.extent, CropExtent::Inside);

@@ -28,11 +28,12 @@ class OverwritePromptsTest : public ::testing::Test {
     void Existing(int i) { std::ofstream(Output(i)) << "old"; }
     std::string Output(int i) { return GenerateOutputPathWithImageIndex(settings, list, i); }
 
-    // Answers with the given codes in turn, recording every question.
-    OverwriteAsker Script(std::vector<int> answers) {
+    // Answers in turn, recording every question; "No to All" once the
+    // answers have run out.
+    OverwriteAsker Script(std::vector<OverwriteAnswer> answers) {
         return [this, answers, next = std::size_t{0}](const std::string& question) mutable {
             questions.push_back(question);
-            return next < answers.size() ? answers[next++] : -1;
+            return next < answers.size() ? answers[next++] : OverwriteAnswer::NoToAll;
         };
     }
 
@@ -52,7 +53,7 @@ TEST_F(OverwritePromptsTest, NoExistingFilesAsksNothing) {
 TEST_F(OverwritePromptsTest, QuestionNamesTheFullPath) {
     List(1);
     Existing(0);
-    PromptOverwrites(settings, list, Script({kAnswerYes}));
+    PromptOverwrites(settings, list, Script({OverwriteAnswer::Yes}));
     ASSERT_EQ(questions.size(), 1u);
     EXPECT_EQ(questions[0],
               "The file " + Output(0) + " already exists. Do you want to overwrite it?");
@@ -65,7 +66,8 @@ TEST_F(OverwritePromptsTest, YesToAllOnTheSecondOfFiveConflicts) {
     List(7);
     for (int i : {0, 2, 3, 5, 6})
         Existing(i);
-    const auto decisions = PromptOverwrites(settings, list, Script({kAnswerNo, kAnswerYesToAll}));
+    const auto decisions =
+        PromptOverwrites(settings, list, Script({OverwriteAnswer::No, OverwriteAnswer::YesToAll}));
     EXPECT_EQ(decisions, (std::vector<D>{D::Skip, D::NoConflict, D::Overwrite, D::Overwrite,
                                          D::NoConflict, D::Overwrite, D::Overwrite}));
     EXPECT_EQ(questions.size(), 2u);
@@ -75,7 +77,7 @@ TEST_F(OverwritePromptsTest, NoToAllOnTheFirstConflict) {
     List(4);
     for (int i : {0, 1, 3})
         Existing(i);
-    const auto decisions = PromptOverwrites(settings, list, Script({kAnswerNoToAll}));
+    const auto decisions = PromptOverwrites(settings, list, Script({OverwriteAnswer::NoToAll}));
     EXPECT_EQ(decisions, (std::vector<D>{D::Skip, D::Skip, D::NoConflict, D::Skip}));
     EXPECT_EQ(questions.size(), 1u);
 }
@@ -84,19 +86,10 @@ TEST_F(OverwritePromptsTest, YesAndNoAskAgainEachTime) {
     List(3);
     for (int i : {0, 1, 2})
         Existing(i);
-    const auto decisions =
-        PromptOverwrites(settings, list, Script({kAnswerYes, kAnswerNo, kAnswerYes}));
+    const auto decisions = PromptOverwrites(
+        settings, list, Script({OverwriteAnswer::Yes, OverwriteAnswer::No, OverwriteAnswer::Yes}));
     EXPECT_EQ(decisions, (std::vector<D>{D::Overwrite, D::Skip, D::Overwrite}));
     EXPECT_EQ(questions.size(), 3u);
-}
-
-TEST_F(OverwritePromptsTest, AnyOtherAnswerCountsAsNoToAll) {
-    List(3);
-    for (int i : {0, 1, 2})
-        Existing(i);
-    const auto decisions = PromptOverwrites(settings, list, Script({0}));
-    EXPECT_EQ(decisions, (std::vector<D>{D::Skip, D::Skip, D::Skip}));
-    EXPECT_EQ(questions.size(), 1u);
 }
 
 TEST_F(OverwritePromptsTest, CoincidingOutputsWithoutAnExistingFileAreNoConflict) {
@@ -112,7 +105,7 @@ TEST_F(OverwritePromptsTest, CoincidingOutputsWithoutAnExistingFileAreNoConflict
 TEST_F(OverwritePromptsTest, AFolderAtTheOutputPathIsAConflict) {
     List(1);
     std::filesystem::create_directory(Output(0));
-    EXPECT_EQ(PromptOverwrites(settings, list, Script({kAnswerYes})),
+    EXPECT_EQ(PromptOverwrites(settings, list, Script({OverwriteAnswer::Yes})),
               (std::vector<D>{D::Overwrite}));
     EXPECT_EQ(questions.size(), 1u);
 }

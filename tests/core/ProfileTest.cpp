@@ -14,10 +14,7 @@ namespace {
 
 CropSettings Unusual() {
     CropSettings s;
-    s.autoCrop = true;
-    s.customCrop = false;
-    s.customCropPixels = false;
-    s.customCropPercents = true;
+    s.mode = CropMode::Auto;
     s.autoCropFormat = 2;
     s.pixelsOriginX = -3.5f;
     s.pixelsOriginY = 12.25f;
@@ -36,10 +33,7 @@ CropSettings Unusual() {
 }
 
 void ExpectSame(const CropSettings& a, const CropSettings& b) {
-    EXPECT_EQ(a.autoCrop, b.autoCrop);
-    EXPECT_EQ(a.customCrop, b.customCrop);
-    EXPECT_EQ(a.customCropPixels, b.customCropPixels);
-    EXPECT_EQ(a.customCropPercents, b.customCropPercents);
+    EXPECT_EQ(a.mode, b.mode);
     EXPECT_EQ(a.autoCropFormat, b.autoCropFormat);
     EXPECT_EQ(a.pixelsOriginX, b.pixelsOriginX);
     EXPECT_EQ(a.pixelsOriginY, b.pixelsOriginY);
@@ -85,6 +79,43 @@ TEST(Profile, MissingKeysKeepTheCurrentValueAndUnknownKeysAreIgnored) {
     expected.quality = 55;
     expected.percentsWidth = 70;
     ExpectSame(*loaded, expected);
+}
+
+TEST(Profile, TheCropModeIsNamed) {
+    CropSettings s;
+    s.mode = CropMode::Percents;
+    EXPECT_NE(ProfileText(s).find("\"cropMode\": \"percents\""), std::string::npos);
+    const Loaded<CropSettings> none =
+        SettingsFromProfileText(R"({"version": 1, "cropMode": "none"})", s);
+    ASSERT_TRUE(none) << none.reason();
+    EXPECT_EQ(none->mode, CropMode::None);
+    EXPECT_FALSE(SettingsFromProfileText(R"({"version": 1, "cropMode": "corner"})", s));
+}
+
+// Profiles written before the mode had a name hold the window's four radio
+// buttons; they read as the window reads those buttons, a missing one keeping
+// the state the current mode gives it.
+TEST(Profile, ProfilesNamingTheRadioButtonsStillRead) {
+    const auto mode = [](const char* text, CropMode current) {
+        CropSettings s;
+        s.mode = current;
+        const Loaded<CropSettings> loaded = SettingsFromProfileText(text, s);
+        EXPECT_TRUE(loaded) << loaded.reason();
+        return loaded ? loaded->mode : CropMode::None;
+    };
+    EXPECT_EQ(mode(R"({"version": 1, "autoCrop": true, "customCrop": false,
+                       "customCropPixels": true, "customCropPercents": false})",
+                   CropMode::Pixels),
+              CropMode::Auto);
+    EXPECT_EQ(mode(R"({"version": 1, "autoCrop": false, "customCrop": true,
+                       "customCropPixels": false, "customCropPercents": true})",
+                   CropMode::Auto),
+              CropMode::Percents);
+    EXPECT_EQ(mode(R"({"version": 1, "autoCrop": false, "customCrop": true,
+                       "customCropPixels": false, "customCropPercents": false})",
+                   CropMode::Pixels),
+              CropMode::None);
+    EXPECT_EQ(mode(R"({"version": 1, "autoCrop": false})", CropMode::Auto), CropMode::None);
 }
 
 TEST(Profile, FormatNamesInAnyCase) {

@@ -36,8 +36,7 @@ class WorkerTest : public ::testing::Test {
         fs::create_directory(settings.outputFolder);
         settings.outputFormat = 5;  // PNG
         settings.nameTemplate = "[FileName]";
-        settings.autoCrop = true;
-        settings.customCrop = false;
+        settings.mode = CropMode::Auto;
         settings.autoCropFormat = 3;
     }
     // A quickly made PNG: coordinates as colours.

@@ -25,6 +25,7 @@
 #include "tests/support/ReadBack.h"
 #include "ui/CropQuestions.h"
 #include "ui/LatchingRadioButton.h"
+#include "ui/OverwriteBox.h"
 #include "ui/ProgressFraction.h"
 
 using vellumo::ImageOutcome;

@@ -32,6 +32,7 @@
 #include "ui/CropQuestions.h"
 #include "ui/CropResult.h"
 #include "ui/LatchingRadioButton.h"
+#include "ui/OverwriteBox.h"
 
 using vellumo::MessageBoxRequest;
 using vellumo::MessageBoxStyle;

@@ -23,6 +23,7 @@
 #include "tests/support/Commands.h"
 #include "ui/LatchingRadioButton.h"
 #include "ui/MessageBox.h"
+#include "ui/OverwriteBox.h"
 
 using vellumo::test::LoadedWindow;
 

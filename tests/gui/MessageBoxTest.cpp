@@ -12,6 +12,7 @@
 
 #include "tests/gui/support/LoadedWindow.h"
 #include "ui/MessageBox.h"
+#include "ui/OverwriteBox.h"
 
 using vellumo::BuildMessageBox;
 using vellumo::MessageBoxRequest;
@@ -166,6 +167,19 @@ class MessageBoxTest : public QObject {
         // However it is closed, the box answers with its last button.
         AnswerTheModalBox(seen, [](QMessageBox& box) { box.close(); });
         QCOMPARE(RunMessageBox(request, nullptr), 1001);
+    }
+
+    void theOverwriteBoxsAnswersAndAnyOtherCodeCountsAsNoToAll() {
+        using vellumo::OverwriteAnswer;
+        using vellumo::OverwriteAnswerOfBox;
+        const MessageBoxRequest box = vellumo::OverwriteBoxRequest("The file /a already exists.");
+        QCOMPARE(box.buttons, QStringList({"Yes", "Yes to All", "No", "No to All"}));
+        QCOMPARE(OverwriteAnswerOfBox(1000), OverwriteAnswer::Yes);
+        QCOMPARE(OverwriteAnswerOfBox(1001), OverwriteAnswer::YesToAll);
+        QCOMPARE(OverwriteAnswerOfBox(1002), OverwriteAnswer::No);
+        QCOMPARE(OverwriteAnswerOfBox(1003), OverwriteAnswer::NoToAll);
+        QCOMPARE(OverwriteAnswerOfBox(0), OverwriteAnswer::NoToAll);
+        QCOMPARE(OverwriteAnswerOfBox(1004), OverwriteAnswer::NoToAll);
     }
 
     void removeAllAsksThroughARealBox() {

@@ -32,14 +32,17 @@ using vellumo::test::LoadedWindow;
 
 namespace {
 
-// Every control a profile holds, as text, for comparing whole windows.
+// Every control a profile holds, as text, for comparing whole windows. A
+// profile holds the crop mode the radio buttons make, not each button: with
+// auto-crop on, which of pixels and percents is on below it is not kept.
 QStringList Controls(LoadedWindow& w) {
     QStringList state;
-    for (const char* radio :
-         {"radioAutoCrop", "radioCustomCrop", "radioCustomCropPixels", "radioCustomCropPercents"}) {
-        state << QString("%1=%2").arg(radio).arg(
-            w.Control<vellumo::LatchingRadioButton>(radio).isChecked());
-    }
+    const auto radio = [&w](const char* name) {
+        return w.Control<vellumo::LatchingRadioButton>(name).isChecked();
+    };
+    state << QString("mode=%1").arg(static_cast<int>(vellumo::CropModeOfRadios(
+        radio("radioAutoCrop"), radio("radioCustomCrop"), radio("radioCustomCropPixels"),
+        radio("radioCustomCropPercents"))));
     for (const char* combo : {"comboAutoCropFormat", "comboFormat"}) {
         state << QString("%1=%2").arg(combo, w.Control<QComboBox>(combo).currentText());
     }

@@ -1,0 +1,85 @@
+#pragma once
+
+// The image formats Vellumo reads and writes, one row each. Everything that
+// offers, names, recognises or writes a format (the window's lists and
+// icons, the open panel, the command line, output paths, the encoder) reads
+// these tables: a new format is a row here and its encoder.
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "imaging/FileKind.h"
+#include "imaging/OutputCodec.h"
+
+namespace vellumo {
+
+// An entry of the output format list. Its index in kOutputFormats is the
+// output format a setting holds (the OutputFormat); the lower-cased title is
+// the output file's extension.
+struct OutputFormatInfo {
+    std::string_view title;      // "JPG"
+    OutputCodec codec;           // the encoder
+    bool takesQuality;           // the quality slider applies
+    bool carriesMetadata;        // Exif, IPTC and XMP can be written into it
+    bool keepsAlpha;             // transparency survives
+    std::string_view bitDepths;  // what the encoder writes, per sample
+};
+
+inline constexpr std::array<OutputFormatInfo, 10> kOutputFormats = {{
+    {"JPG", OutputCodec::Jpeg, true, true, false, "8"},
+    {"JPEG", OutputCodec::Jpeg, true, true, false, "8"},
+    {"JPE", OutputCodec::Jpeg, true, true, false, "8"},
+    {"JP2", OutputCodec::Jpeg2000, true, true, true, "8, 16"},
+    {"JPX", OutputCodec::Jpeg2000, true, true, true, "8, 16"},
+    {"PNG", OutputCodec::Png, false, true, true, "8, 16"},
+    {"TIFF", OutputCodec::Tiff, false, true, true, "8, 16"},
+    {"TIF", OutputCodec::Tiff, false, true, true, "8, 16"},
+    {"GIF", OutputCodec::Gif, false, false, true, "8 (palette)"},
+    {"BMP", OutputCodec::Bmp, false, false, true, "8"},
+}};
+
+// An extension the image list accepts, in the list's own order, with the
+// kind of file it names and the icon its rows show.
+struct InputExtensionInfo {
+    std::string_view extension;  // lower case, no dot
+    FileKind kind;
+    std::string_view icon;  // the file-kind icon resource
+};
+
+inline constexpr std::array<InputExtensionInfo, 10> kInputExtensions = {{
+    {"jpg", FileKind::Jpeg, "JPG"},
+    {"jpeg", FileKind::Jpeg, "JPG"},
+    {"jpe", FileKind::Jpeg, "JPG"},
+    {"jp2", FileKind::Jpeg2000, "JP2"},
+    {"jpx", FileKind::Jpeg2000, "JP2"},
+    {"png", FileKind::Png, "PNG"},
+    {"gif", FileKind::Gif, "GIF"},
+    {"tif", FileKind::Tiff, "TIF"},
+    {"tiff", FileKind::Tiff, "TIF"},
+    {"bmp", FileKind::Bmp, "BMP"},
+}};
+
+// The row of output format `index`; nullptr for an index outside the table.
+const OutputFormatInfo* OutputFormatAt(long index);
+
+// The index of the output format titled `title` in any case ("png" gives
+// 5); -1 when there is none.
+long OutputFormatNamed(std::string_view title);
+
+// The output file extension of format `index`: its title in lower case.
+// Empty for an index outside the table.
+std::string OutputFormatExtension(long index);
+
+// The titles, joined by `separator`: "JPG JPEG ... BMP".
+std::string OutputFormatTitles(std::string_view separator);
+
+// The accepted extension that `path` ends in, in any case ("a.JPEG"), or
+// nullptr.
+const InputExtensionInfo* InputExtensionOfPath(std::string_view path);
+
+// The accepted extensions, joined by `separator`.
+std::string InputExtensionList(std::string_view separator);
+
+}  // namespace vellumo
