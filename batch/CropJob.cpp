@@ -1,7 +1,5 @@
 #include "batch/CropJob.h"
 
-#include <iostream>
-
 #include "imaging/Fatal.h"
 
 namespace vellumo {
@@ -18,6 +16,10 @@ JobReport RunCropJob(const CropSettings& settings, const std::vector<std::string
     JobReport report;
     const long count = static_cast<long>(listImagePaths.size());
     for (long i = 0; i < count; ++i) {
+        if (options.stop.stop_requested()) {
+            report.stopped = true;
+            break;
+        }
         const PlannedOutput& planned = plan.images[i];
         ImageTask task;
         task.index = i;
@@ -35,12 +37,6 @@ JobReport RunCropJob(const CropSettings& settings, const std::vector<std::string
             image.outcome.reason = planned.refusal;
         } else {
             image.outcome = processor.Process(task);
-        }
-        if (options.printRemoveFailures && !image.outcome.removeError.empty()) {
-            std::cout << "Remove failed: " << image.outcome.removeError << std::endl;
-        }
-        if (options.printRemoveFailures && !image.outcome.console.empty()) {
-            std::cout << image.outcome.console << std::flush;
         }
         if (image.outcome.status == ImageStatus::Failed) {
             report.allSucceeded = false;

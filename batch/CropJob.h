@@ -6,6 +6,7 @@
 // long the list.
 
 #include <functional>
+#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -28,7 +29,11 @@ struct ImageReport {
 struct JobReport {
     // False once any image failed to load or to save; nothing raises it again.
     bool allSucceeded = true;
+    // The images handled, in list order: all of them unless the job was
+    // stopped.
     std::vector<ImageReport> images;
+    // Stopped before the last image.
+    bool stopped = false;
 };
 
 struct JobCallbacks {
@@ -39,21 +44,20 @@ struct JobCallbacks {
 
 struct JobOptions {
     bool dryRun = false;
-    // "Remove failed: ..." lines, and what a worker process wrote, on
-    // standard output. Off when standard output carries something else (the
-    // command line's JSON); both are in the image's outcome either way.
-    bool printRemoveFailures = true;
+    // Asked to stop: no further image is begun (the one under way ends as
+    // it would).
+    std::stop_token stop;
 };
 
 // Runs the job on the calling thread and returns when every image is done.
 // `plan` and `decisions` have one entry per listed image. For each image: an
 // image the plan refuses fails with the plan's reason, untouched; the others
-// are written where the plan says, in its format; "Remove failed: " and the
-// error's description go to standard output when an existing file could not
-// be removed before an overwrite (the save is attempted anyway and only its
-// own result counts); the metadata step runs only while every image so far
-// succeeded, and also for a skipped image, whose kept file then gets the
-// source's metadata.
+// are written where the plan says, in its format; an existing file that
+// could not be removed before an overwrite is a note of the image (the save
+// is attempted anyway and only its own result counts); the metadata step
+// runs only while every image so far succeeded, and also for a skipped
+// image, whose kept file then gets the source's metadata. Nothing is
+// printed: what the person is told comes from the report.
 JobReport RunCropJob(const CropSettings& settings, const std::vector<std::string>& listImagePaths,
                      const OutputPlan& plan, const std::vector<OverwriteDecision>& decisions,
                      ImageProcessor& processor, const JobCallbacks& callbacks = {},

@@ -46,4 +46,24 @@ ImageStatus StatusFromName(const std::string& name) {
     return ImageStatus::Failed;
 }
 
+const char* NoteKindName(NoteKind kind) {
+    switch (kind) {
+        case NoteKind::RemoveFailed:
+            return "remove-failed";
+        case NoteKind::DateNotSet:
+            return "date-not-set";
+        case NoteKind::MetadataNotCarried:
+            break;
+    }
+    return "metadata-not-carried";
+}
+
+NoteKind NoteKindFromName(const std::string& name) {
+    if (name == "remove-failed")
+        return NoteKind::RemoveFailed;
+    if (name == "date-not-set")
+        return NoteKind::DateNotSet;
+    return NoteKind::MetadataNotCarried;
+}
+
 }  // namespace vellumo

@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "batch/CropSettings.h"
 #include "batch/OverwritePrompts.h"
@@ -37,6 +38,21 @@ enum class ImageStatus {
     Planned,  // a dry run: what would be done
 };
 
+// Something that went wrong on the way without failing the image.
+enum class NoteKind {
+    RemoveFailed,        // an existing output could not be removed before an
+                         // overwrite; the save was attempted anyway
+    DateNotSet,          // the metadata was carried, the creation date not
+    MetadataNotCarried,  // the metadata step changed nothing
+};
+
+struct ImageNote {
+    NoteKind kind;
+    std::string detail;  // in words: the error's description, the reason
+
+    friend bool operator==(const ImageNote&, const ImageNote&) = default;
+};
+
 struct ImageOutcome {
     ImageStatus status = ImageStatus::Failed;
     // For a failure, one line a person understands: "cannot decode: not a
@@ -52,12 +68,8 @@ struct ImageOutcome {
     std::string warning;
     // The crop rule leaves the image whole (see CropExtent).
     bool wholeImage = false;
-    // Set when removing an existing output before an overwrite failed: the
-    // error's description. The save was attempted anyway.
-    std::string removeError;
-    // What the work wrote to standard output (the line "ERROR" when a
-    // creation date could not be carried), for the engine to pass on.
-    std::string console;
+    // What else happened on the way, for the person to be told.
+    std::vector<ImageNote> notes;
 };
 
 // The names decisions and statuses go by in JSON (the command line's report,
@@ -68,5 +80,9 @@ const char* DecisionName(OverwriteDecision decision);
 OverwriteDecision DecisionFromName(const std::string& name);
 const char* StatusName(ImageStatus status);
 ImageStatus StatusFromName(const std::string& name);
+// "remove-failed", "date-not-set", "metadata-not-carried"; unknown names
+// give MetadataNotCarried.
+const char* NoteKindName(NoteKind kind);
+NoteKind NoteKindFromName(const std::string& name);
 
 }  // namespace vellumo

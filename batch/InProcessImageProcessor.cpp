@@ -158,7 +158,9 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task) {
         outcome.status = ImageStatus::Skipped;
     } else {
         if (task.decision == OverwriteDecision::Overwrite) {
-            outcome.removeError = ClearForOverwrite(task.output);
+            if (std::string error = ClearForOverwrite(task.output); !error.empty()) {
+                outcome.notes.push_back({NoteKind::RemoveFailed, std::move(error)});
+            }
         }
         // The slider's 0 to 100, divided in single precision.
         const double quality = static_cast<double>(task.settings.quality / 100.0f);
@@ -172,7 +174,13 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task) {
         outcome.status = ImageStatus::Written;
     }
     if (task.carryMetadata && (saved || outcome.status == ImageStatus::Skipped)) {
-        ImageTools::ChangeImageExifWithOriginalImagePath(kept.Source(task), task.output);
+        const MetadataResult carried =
+            ImageTools::ChangeImageExifWithOriginalImagePath(kept.Source(task), task.output);
+        if (carried.status == MetadataResult::Status::DateNotSet) {
+            outcome.notes.push_back({NoteKind::DateNotSet, carried.reason});
+        } else if (carried.status == MetadataResult::Status::NotCarried) {
+            outcome.notes.push_back({NoteKind::MetadataNotCarried, carried.reason});
+        }
     }
     if (saved) {
         kept.KeepPermissions(task.output);

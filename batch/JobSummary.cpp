@@ -55,4 +55,16 @@ std::string JobSummaryText(const JobReport& report) {
     return text;
 }
 
+std::vector<std::string> ConsoleLines(const ImageOutcome& outcome) {
+    std::vector<std::string> lines;
+    for (const ImageNote& note : outcome.notes) {
+        if (note.kind == NoteKind::RemoveFailed) {
+            lines.push_back("Remove failed: " + note.detail);
+        } else if (note.kind == NoteKind::DateNotSet) {
+            lines.push_back("ERROR");
+        }
+    }
+    return lines;
+}
+
 }  // namespace vellumo

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "batch/CropJob.h"
 
@@ -16,5 +17,11 @@ std::string JobResultSentence(const JobReport& report);
 // warning". Counts of zero are left out, but for "written"; a dry run says
 // "would be written".
 std::string JobSummaryText(const JobReport& report);
+
+// The lines an image's notes give on standard output, in order: "Remove
+// failed: " and the error's description when an existing file could not be
+// removed before an overwrite, "ERROR" when the creation date could not be
+// set. Other notes give none.
+std::vector<std::string> ConsoleLines(const ImageOutcome& outcome);
 
 }  // namespace vellumo

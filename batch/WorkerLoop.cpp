@@ -1,7 +1,6 @@
 #include "batch/WorkerLoop.h"
 
 #include <cstdlib>
-#include <iostream>
 #include <optional>
 #include <sstream>
 #include <string>
@@ -34,8 +33,7 @@ std::optional<std::string> CheckPixels(int socket, const std::string& path,
     if (pixels > static_cast<double>(maxPixels)) {
         return "the image declares " + std::to_string(static_cast<long long>(size->width)) + " x " +
                std::to_string(static_cast<long long>(size->height)) +
-               " pixels, more than the limit of " + Megapixels(maxPixels) +
-               " megapixels";
+               " pixels, more than the limit of " + Megapixels(maxPixels) + " megapixels";
     }
     workerprotocol::Send(socket,
                          workerprotocol::DecodingNote(static_cast<std::uint64_t>(pixels) * 4));
@@ -65,14 +63,7 @@ int RunWorker(int socket) {
             if (auto refusal = CheckPixels(socket, task->source, maxPixels)) {
                 outcome.reason = "cannot decode: " + *refusal;
             } else {
-                // This process's own standard output goes nowhere (decoders
-                // print there as they fail); what the work itself prints
-                // travels with the outcome.
-                std::ostringstream console;
-                std::streambuf* const standardOutput = std::cout.rdbuf(console.rdbuf());
                 outcome = processor.Process(*task);
-                std::cout.rdbuf(standardOutput);
-                outcome.console = console.str();
             }
             reply = workerprotocol::OutcomeReply(outcome);
         } else {

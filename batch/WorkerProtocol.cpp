@@ -210,13 +210,12 @@ std::uint64_t DecodingBytes(const Message& message) {
 }
 
 Message OutcomeReply(const ImageOutcome& outcome) {
-    Json json = {{"type", "outcome"},
-                 {"status", StatusName(outcome.status)},
-                 {"reason", outcome.reason},
-                 {"removeError", outcome.removeError},
-                 {"console", outcome.console},
-                 {"warning", outcome.warning},
-                 {"wholeImage", outcome.wholeImage}};
+    Json json = {{"type", "outcome"},          {"status", StatusName(outcome.status)},
+                 {"reason", outcome.reason},   {"notes", Json::array()},
+                 {"warning", outcome.warning}, {"wholeImage", outcome.wholeImage}};
+    for (const ImageNote& note : outcome.notes) {
+        json["notes"].push_back({{"kind", NoteKindName(note.kind)}, {"detail", note.detail}});
+    }
     if (outcome.rect) {
         json["rect"] = {outcome.rect->x, outcome.rect->y, outcome.rect->width,
                         outcome.rect->height};
@@ -235,8 +234,10 @@ std::optional<ImageOutcome> OutcomeFrom(const Message& message) {
         ImageOutcome outcome;
         outcome.status = StatusFromName(json.at("status").get<std::string>());
         outcome.reason = json.at("reason").get<std::string>();
-        outcome.removeError = json.at("removeError").get<std::string>();
-        outcome.console = json.at("console").get<std::string>();
+        for (const Json& note : json.at("notes")) {
+            outcome.notes.push_back({NoteKindFromName(note.at("kind").get<std::string>()),
+                                     note.at("detail").get<std::string>()});
+        }
         outcome.warning = json.at("warning").get<std::string>();
         outcome.wholeImage = json.at("wholeImage").get<bool>();
         if (json.contains("rect")) {

@@ -33,11 +33,11 @@ nlohmann::ordered_json ToJson(const ImageReport& report) {
         object["size"] = {static_cast<long long>(outcome.outputSize->width),
                           static_cast<long long>(outcome.outputSize->height)};
     }
-    if (!outcome.removeError.empty()) {
-        object["removeError"] = outcome.removeError;
-    }
-    if (!outcome.console.empty()) {
-        object["console"] = outcome.console;
+    if (!outcome.notes.empty()) {
+        object["notes"] = nlohmann::ordered_json::array();
+        for (const ImageNote& note : outcome.notes) {
+            object["notes"].push_back({{"kind", NoteKindName(note.kind)}, {"detail", note.detail}});
+        }
     }
     return object;
 }
@@ -49,8 +49,12 @@ std::string Describe(const ImageReport& report) {
         size = " (" + std::to_string(static_cast<long long>(outcome.outputSize->width)) + " x " +
                std::to_string(static_cast<long long>(outcome.outputSize->height)) + ")";
     }
-    const std::string warning =
-        outcome.warning.empty() ? "" : " \u2014 warning: " + outcome.warning;
+    std::string warning = outcome.warning.empty() ? "" : " \u2014 warning: " + outcome.warning;
+    for (const ImageNote& note : outcome.notes) {
+        if (note.kind == NoteKind::MetadataNotCarried) {
+            warning += " \u2014 metadata not kept: " + note.detail;
+        }
+    }
     switch (outcome.status) {
         case ImageStatus::Written:
             return "written   " + report.output + size + warning;
@@ -77,7 +81,14 @@ void Reporter::Image(const ImageReport& report) {
     }
     if (options_.json) {
         std::cout << ToJson(report).dump() << std::endl;
-    } else if (report.outcome.status == ImageStatus::Failed) {
+        Progress(report.index + 1);
+        return;
+    }
+    // The lines a person's scripts may look for, before the image's own.
+    for (const std::string& line : ConsoleLines(report.outcome)) {
+        std::cout << line << std::endl;
+    }
+    if (report.outcome.status == ImageStatus::Failed) {
         (options_.quiet ? std::cerr : std::cout) << Describe(report) << std::endl;
     } else if (!options_.quiet) {
         std::cout << Describe(report) << std::endl;

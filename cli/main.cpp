@@ -57,7 +57,6 @@ int main(int argc, char** argv) {
     callbacks.progress = [&](long, const ImageReport& report) { reporter.Image(report); };
     JobOptions jobOptions;
     jobOptions.dryRun = options.dryRun;
-    jobOptions.printRemoveFailures = !options.json;
     const JobReport report = RunCropJob(options.settings, options.files, plan, decisions, processor,
                                         callbacks, jobOptions);
     reporter.Finish(report);

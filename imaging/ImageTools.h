@@ -27,6 +27,7 @@
 #include "imaging/Geometry.h"
 #include "imaging/Image.h"
 #include "imaging/LoadResult.h"
+#include "imaging/MetadataResult.h"
 #include "imaging/Preview.h"
 #include "imaging/SaveResult.h"
 
@@ -157,12 +158,12 @@ class ImageTools {
     // become the saved file's, and the source's thumbnail stays behind;
     // everything else travels as it was. The saved file's colour profile is
     // kept.
-    // Returns silently, changing nothing, when either file cannot be read as
-    // an image or the saved file is a GIF or BMP (formats without these
-    // metadata), and when the rewrite fails. Writes the line "ERROR" to
-    // standard output when only the date could not be set.
-    static void ChangeImageExifWithOriginalImagePath(const std::string& originalImagePath,
-                                                     const std::string& croppedImagePath);
+    // Changes nothing, and says why, when either file cannot be read as an
+    // image, the saved file is a GIF or BMP (formats without these
+    // metadata), or the rewrite fails; says DateNotSet when only the date
+    // could not be set. Prints nothing: the caller tells the person.
+    static MetadataResult ChangeImageExifWithOriginalImagePath(const std::string& originalImagePath,
+                                                               const std::string& croppedImagePath);
 
     // The file's birth time where the file system records one, else its
     // modification time; the current time when the file's attributes cannot

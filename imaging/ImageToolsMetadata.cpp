@@ -6,10 +6,10 @@
 
 namespace vellumo {
 
-void ImageTools::ChangeImageExifWithOriginalImagePath(const std::string& originalImagePath,
-                                                      const std::string& croppedImagePath) {
-    metadatacarry::Carry(originalImagePath, croppedImagePath,
-                         [&] { return ImageCreationDateWithPath(originalImagePath); });
+MetadataResult ImageTools::ChangeImageExifWithOriginalImagePath(
+    const std::string& originalImagePath, const std::string& croppedImagePath) {
+    return metadatacarry::Carry(originalImagePath, croppedImagePath,
+                                [&] { return ImageCreationDateWithPath(originalImagePath); });
 }
 
 std::chrono::system_clock::time_point ImageTools::ImageCreationDateWithPath(

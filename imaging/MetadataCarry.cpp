@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <cstdio>
 #include <exception>
-#include <iostream>
 #include <string_view>
 #include <vector>
 
@@ -153,25 +152,26 @@ Exiv2::XmpData CarriedXmp(const Exiv2::XmpData& source, long width, long height)
 
 }  // namespace
 
-void Carry(const std::string& originalImagePath, const std::string& croppedImagePath,
-           const DateOfSource& dateOfSource) {
+MetadataResult Carry(const std::string& originalImagePath, const std::string& croppedImagePath,
+                     const DateOfSource& dateOfSource) {
     exivruntime::EnsureStarted();
     // Exiv2 reports most damage as Exiv2::Error, but offsets that overflow
     // in a damaged file as std::overflow_error and the like: every one of
-    // them means the file cannot be used here, and this step stays silent.
+    // them means the file cannot be used here.
     SourceMetadata source;
     try {
         Exiv2::Image::AutoPtr original = Exiv2::ImageFactory::open(originalImagePath);
         original->readMetadata();
         source = {original->exifData(), original->iptcData(), original->xmpData()};
-    } catch (const std::exception&) {
-        return;
+    } catch (const std::exception& error) {
+        return MetadataResult::NotCarried(std::string("the source's metadata cannot be read (") +
+                                          error.what() + ")");
     }
 
     std::string unreadable;
     const auto saved = ReadFileBytes(croppedImagePath, unreadable);
     if (!saved) {
-        return;
+        return MetadataResult::NotCarried("the saved file cannot be read (" + unreadable + ")");
     }
     Exiv2::Image::AutoPtr cropped;
     long width = 0;
@@ -181,8 +181,9 @@ void Carry(const std::string& originalImagePath, const std::string& croppedImage
         cropped->readMetadata();
         width = static_cast<long>(cropped->pixelWidth());
         height = static_cast<long>(cropped->pixelHeight());
-    } catch (const std::exception&) {
-        return;
+    } catch (const std::exception& error) {
+        return MetadataResult::NotCarried(std::string("the saved file cannot be read (") +
+                                          error.what() + ")");
     }
 
     const auto date = dateOfSource();
@@ -190,7 +191,7 @@ void Carry(const std::string& originalImagePath, const std::string& croppedImage
     // The saved file keeps its own format; GIF and BMP carry none of this.
     if ((Exiv2::ImageFactory::checkMode(cropped->imageType(), Exiv2::mdExif) & Exiv2::amWrite) ==
         0) {
-        return;
+        return MetadataResult::NotCarried("the saved file's format carries no metadata");
     }
     std::vector<unsigned char> rewritten;
     try {
@@ -199,15 +200,20 @@ void Carry(const std::string& originalImagePath, const std::string& croppedImage
         cropped->setXmpData(CarriedXmp(source.xmp, width, height));
         cropped->writeMetadata();
         rewritten = exivruntime::BytesOf(*cropped);
-    } catch (const std::exception&) {
-        return;
+    } catch (const std::exception& error) {
+        return MetadataResult::NotCarried(std::string("the metadata cannot be written (") +
+                                          error.what() + ")");
     }
-    if (!atomicfile::ReplaceWithBytes(croppedImagePath, rewritten.data(), rewritten.size()).saved) {
-        return;
+    const SaveResult replaced =
+        atomicfile::ReplaceWithBytes(croppedImagePath, rewritten.data(), rewritten.size());
+    if (!replaced.saved) {
+        return MetadataResult::NotCarried("the saved file cannot be rewritten (" + replaced.reason +
+                                          ")");
     }
     if (!filedates::SetCreationDate(croppedImagePath, date)) {
-        std::cout << "ERROR" << std::endl;
+        return MetadataResult::DateNotSet("the creation date cannot be set");
     }
+    return MetadataResult::Carried();
 }
 
 }  // namespace vellumo::metadatacarry

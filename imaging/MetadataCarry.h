@@ -9,13 +9,15 @@
 #include <functional>
 #include <string>
 
+#include "imaging/MetadataResult.h"
+
 namespace vellumo::metadatacarry {
 
 using DateOfSource = std::function<std::chrono::system_clock::time_point()>;
 
 // As ChangeImageExifWithOriginalImagePath; `dateOfSource` is called once,
 // after the source's metadata has been read and the saved file opened.
-void Carry(const std::string& originalImagePath, const std::string& croppedImagePath,
-           const DateOfSource& dateOfSource);
+MetadataResult Carry(const std::string& originalImagePath, const std::string& croppedImagePath,
+                     const DateOfSource& dateOfSource);
 
 }  // namespace vellumo::metadatacarry

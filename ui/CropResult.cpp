@@ -42,6 +42,13 @@ MessageBoxRequest CropResultRequest(const JobReport& report) {
                 break;
             case ImageStatus::Written:
             case ImageStatus::Planned:
+                for (const ImageNote& note : image.outcome.notes) {
+                    if (note.kind == NoteKind::MetadataNotCarried) {
+                        lines << QStringLiteral("Metadata not kept: %1 (%2)")
+                                     .arg(PathText(image.source),
+                                          QString::fromStdString(note.detail));
+                    }
+                }
                 if (!image.outcome.warning.empty()) {
                     lines << QStringLiteral("Warning: %1 (%2)")
                                  .arg(PathText(image.source),

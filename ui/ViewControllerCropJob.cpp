@@ -8,8 +8,10 @@
 #include <QProgressBar>
 #include <QUrl>
 #include <chrono>
+#include <iostream>
 #include <memory>
 
+#include "batch/JobSummary.h"
 #include "batch/OutputFolder.h"
 #include "batch/OverwritePrompts.h"
 #include "batch/Preconditions.h"
@@ -170,7 +172,11 @@ void ViewController::StartCropJob(const CropSettings& settings,
     // control; what it reports comes back as queued calls, in order.
     jobWork_.start([this, settings, list, plan, decisions, processor = imageProcessor_] {
         JobCallbacks callbacks;
-        callbacks.progress = [this](long index, const ImageReport&) {
+        callbacks.progress = [this](long index, const ImageReport& image) {
+            // The lines the window has always written on standard output.
+            for (const std::string& line : ConsoleLines(image.outcome)) {
+                std::cout << line << std::endl;
+            }
             QMetaObject::invokeMethod(
                 this, [this, index] { ReportCropProgress(index); }, Qt::QueuedConnection);
         };

@@ -302,7 +302,10 @@ TEST(CarryMetadata, GifAndBmpAreLeftExactlyAsTheyWere) {
         const std::string path = SaveCrop(dir, source, name, format, {0, 0, 200, 100});
         const std::string before = ReadFile(path);
         const auto modified = ModifiedAt(path);
-        ImageTools::ChangeImageExifWithOriginalImagePath(source, path);
+        const MetadataResult result =
+            ImageTools::ChangeImageExifWithOriginalImagePath(source, path);
+        EXPECT_EQ(result.status, MetadataResult::Status::NotCarried) << name;
+        EXPECT_EQ(result.reason, "the saved file's format carries no metadata") << name;
         EXPECT_TRUE(ReadFile(path) == before) << name;
         EXPECT_EQ(ModifiedAt(path), modified) << name;
     }
@@ -316,8 +319,13 @@ TEST(CarryMetadata, SourceThatIsNoImageLeavesTheSavedFileAlone) {
     test::PhotoLikeImage(60, 40).jpegsave(path.c_str());
     const std::string before = ReadFile(path);
     const auto modified = ModifiedAt(path);
-    ImageTools::ChangeImageExifWithOriginalImagePath(source, path);
-    ImageTools::ChangeImageExifWithOriginalImagePath(dir.File("missing.jpg"), path);
+    for (const std::string& unreadable : {source, dir.File("missing.jpg")}) {
+        const MetadataResult result =
+            ImageTools::ChangeImageExifWithOriginalImagePath(unreadable, path);
+        EXPECT_EQ(result.status, MetadataResult::Status::NotCarried);
+        EXPECT_EQ(result.reason.rfind("the source's metadata cannot be read (", 0), 0u)
+            << result.reason;
+    }
     EXPECT_TRUE(ReadFile(path) == before);
     EXPECT_EQ(ModifiedAt(path), modified);
 }
@@ -353,8 +361,9 @@ TEST(CarryCreationDate, SavedFileGetsTheSourcesCreationDate) {
 
     const std::string path = SaveCrop(dir, source, "out.png", 5, {0, 0, 50, 50});
     testing::internal::CaptureStdout();
-    ImageTools::ChangeImageExifWithOriginalImagePath(source, path);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "") << "no \"ERROR\" when the date is set";
+    const MetadataResult carried = ImageTools::ChangeImageExifWithOriginalImagePath(source, path);
+    EXPECT_EQ(carried.status, MetadataResult::Status::Carried) << carried.reason;
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "") << "the library prints nothing";
     // Linux lets no one set a birth time: the modification time carries it.
     EXPECT_EQ(test::StatSeconds(path).modification, created);
     EXPECT_EQ(ExifToolValue(path, "FileModifyDate", true).substr(0, 19),

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "batch/CropJob.h"
+#include "batch/JobSummary.h"
 #include "batch/Preconditions.h"
 
 namespace vellumo {
@@ -114,15 +115,40 @@ TEST_F(CropJobTest, EveryImageAnsweredNoStillSucceeds) {
     EXPECT_TRUE(RunCropJob(settings, List(2), {D::Skip, D::Skip}, processor).allSucceeded);
 }
 
-TEST_F(CropJobTest, AFailedRemovalIsPrintedAndDoesNotLowerAllSucceeded) {
+TEST_F(CropJobTest, AFailedRemovalIsANoteAndDoesNotLowerAllSucceeded) {
     ImageOutcome removeFailed = Written();
-    removeFailed.removeError = "could not remove /out/p0.jpg: Permission denied";
+    removeFailed.notes = {
+        {NoteKind::RemoveFailed, "could not remove /out/p0.jpg: Permission denied"},
+        {NoteKind::DateNotSet, "the creation date cannot be set"},
+        {NoteKind::MetadataNotCarried, "the source's metadata cannot be read"}};
     ScriptedProcessor processor({removeFailed});
     ::testing::internal::CaptureStdout();
     const JobReport report = RunCropJob(settings, List(1), {D::Overwrite}, processor);
-    EXPECT_EQ(::testing::internal::GetCapturedStdout(),
-              "Remove failed: could not remove /out/p0.jpg: Permission denied\n");
+    // The job itself prints nothing; its clients print what the notes say.
+    EXPECT_EQ(::testing::internal::GetCapturedStdout(), "");
     EXPECT_TRUE(report.allSucceeded);
+    EXPECT_EQ(ConsoleLines(report.images[0].outcome),
+              (std::vector<std::string>{
+                  "Remove failed: could not remove /out/p0.jpg: Permission denied", "ERROR"}));
+}
+
+TEST_F(CropJobTest, AStopEndsTheJobBeforeTheNextImage) {
+    ScriptedProcessor processor({Written(), Written(), Written()});
+    std::stop_source stop;
+    JobCallbacks callbacks;
+    callbacks.progress = [&](long index, const ImageReport&) {
+        if (index == 0) {
+            stop.request_stop();
+        }
+    };
+    JobOptions options;
+    options.stop = stop.get_token();
+    const JobReport report =
+        RunCropJob(settings, List(3), {D::NoConflict, D::NoConflict, D::NoConflict}, processor,
+                   callbacks, options);
+    EXPECT_TRUE(report.stopped);
+    EXPECT_EQ(report.images.size(), 1u);
+    EXPECT_EQ(processor.tasks.size(), 1u);
 }
 
 TEST_F(CropJobTest, WithoutTheOptionNoImageCarriesMetadata) {

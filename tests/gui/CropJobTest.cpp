@@ -337,7 +337,8 @@ class CropJobTest : public QObject {
         w.AddPictures(1);
         ImageOutcome outcome;
         outcome.status = ImageStatus::Written;
-        outcome.removeError = "could not remove the old file: Permission denied";
+        outcome.notes = {
+            {vellumo::NoteKind::RemoveFailed, "could not remove the old file: Permission denied"}};
         w.loaded.controller().SetImageProcessor(std::make_shared<ScriptedProcessor>(outcome));
         w.PutExisting(0);
         QVERIFY(CropAndWait(w.loaded));
