@@ -8,7 +8,7 @@
 
 #include "batch/CropSettings.h"
 #include "batch/OutputPlan.h"
-#include "batch/WorkerLimits.h"
+#include "worker/WorkerLimits.h"
 
 namespace vellumo::cli {
 

@@ -12,10 +12,10 @@
 #include "batch/OutputFolder.h"
 #include "batch/OutputPlan.h"
 #include "batch/OverwritePrompts.h"
-#include "batch/WorkerImageProcessor.h"
 #include "cli/CliOptions.h"
 #include "cli/Reporter.h"
 #include "cli/TerminalPrompt.h"
+#include "worker/WorkerImageProcessor.h"
 
 int main(int argc, char** argv) {
     using namespace vellumo;

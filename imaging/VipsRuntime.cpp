@@ -144,7 +144,7 @@ std::string Tidy(std::string line) {
         line.rfind("out of memory", 0) == 0 && size != std::string::npos) {
         std::string amount = line.substr(size + 13);
         if (amount.size() > 2 && amount.compare(amount.size() - 2, 2, "MB") == 0) {
-            amount.insert(amount.size() - 2, " ");
+            amount = amount.substr(0, amount.size() - 2) + " MB";
         }
         line = "out of memory (this image needs " + amount + " at once)";
     }

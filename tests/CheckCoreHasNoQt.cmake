@@ -1,5 +1,5 @@
 # Fails when a source file of the core libraries includes a Qt header.
-file(GLOB_RECURSE sources "${ROOT}/imaging/*" "${ROOT}/batch/*")
+file(GLOB_RECURSE sources "${ROOT}/imaging/*" "${ROOT}/batch/*" "${ROOT}/worker/*")
 set(offenders "")
 foreach(source IN LISTS sources)
     file(STRINGS "${source}" lines REGEX "^[ \t]*#[ \t]*include[ \t]*[<\"](Q[A-Za-z]+|Qt[A-Za-z]+/)")

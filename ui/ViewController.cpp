@@ -9,7 +9,6 @@
 #include <QPushButton>
 #include <QTabWidget>
 
-#include "batch/WorkerImageProcessor.h"
 #include "ui/CropPreviewView.h"
 #include "ui/ImageListModel.h"
 #include "ui/ImagePaths.h"
@@ -19,6 +18,7 @@
 #include "ui/SettingsBinding.h"
 #include "ui/Stepper.h"
 #include "ui/TextFieldNumber.h"
+#include "worker/WorkerImageProcessor.h"
 
 namespace vellumo {
 

@@ -14,8 +14,8 @@
 #include <string>
 #include <thread>
 
-#include "batch/WorkerLoop.h"
 #include "imaging/AtomicFile.h"
+#include "worker/WorkerLoop.h"
 
 namespace {
 

@@ -14,14 +14,14 @@
 
 #include "batch/CropJob.h"
 #include "batch/OutputPath.h"
-#include "batch/WorkerImageProcessor.h"
-#include "batch/WorkerPool.h"
-#include "batch/WorkerProtocol.h"
 #include "imaging/ImageTools.h"
 #include "tests/support/Commands.h"
 #include "tests/support/TempDir.h"
 #include "tests/support/TestData.h"
 #include "tests/support/TestImages.h"
+#include "worker/WorkerImageProcessor.h"
+#include "worker/WorkerPool.h"
+#include "worker/WorkerProtocol.h"
 
 namespace vellumo {
 namespace {

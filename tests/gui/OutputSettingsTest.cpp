@@ -77,13 +77,13 @@ class OutputSettingsTest : public QObject {
         QCOMPARE(slider.doubleValue(), 57.0);
         QCOMPARE(LabelText(loaded, "labelQuality"), QStringLiteral("57"));
 
-        for (const QString& title : {"TIFF", "TIF", "GIF", "BMP"}) {
+        for (const char* title : {"TIFF", "TIF", "GIF", "BMP"}) {
             Choose(formats, title);
-            QVERIFY2(!slider.isEnabled(), qPrintable(title));
+            QVERIFY2(!slider.isEnabled(), title);
         }
-        for (const QString& title : {"JPG", "JPEG", "JPE", "JP2", "JPX"}) {
+        for (const char* title : {"JPG", "JPEG", "JPE", "JP2", "JPX"}) {
             Choose(formats, title);
-            QVERIFY2(slider.isEnabled(), qPrintable(title));
+            QVERIFY2(slider.isEnabled(), title);
         }
     }
 

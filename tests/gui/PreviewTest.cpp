@@ -56,19 +56,6 @@ QImage IconImage(const QIcon& icon) {
     return icon.pixmap(QSize(20, 20)).toImage().convertToFormat(QImage::Format_ARGB32);
 }
 
-// Every pixel of the picture is veiled (no colour below the veil's 153).
-bool AllVeiled(const QImage& picture) {
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            const QColor c = picture.pixelColor(x, y);
-            if (c.red() < 150 || c.green() < 150 || c.blue() < 150) {
-                return false;
-            }
-        }
-    }
-    return true;
-}
-
 }  // namespace
 
 class PreviewTest : public QObject {

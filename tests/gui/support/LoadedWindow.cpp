@@ -22,18 +22,22 @@ LoadedWindow::LoadedWindow()
         if (panelAnswers.empty()) {
             return std::nullopt;
         }
-        OpenPanelResult answer = panelAnswers.front();
+        // Copied out as a plain list: GCC 12 sees the moved-from optional's
+        // list as possibly uninitialized.
+        const bool chosen = panelAnswers.front().has_value();
+        const QStringList paths = chosen ? *panelAnswers.front() : QStringList();
         panelAnswers.pop_front();
-        return answer;
+        return chosen ? OpenPanelResult(paths) : std::nullopt;
     };
     services.runSavePanel = [this](const SavePanelRequest& request) -> SavePanelResult {
         savePanels.push_back(request);
         if (savePanelAnswers.empty()) {
             return std::nullopt;
         }
-        SavePanelResult answer = savePanelAnswers.front();
+        const bool chosen = savePanelAnswers.front().has_value();
+        const QString path = chosen ? *savePanelAnswers.front() : QString();
         savePanelAnswers.pop_front();
-        return answer;
+        return chosen ? SavePanelResult(path) : std::nullopt;
     };
     services.openUrl = [this](const QUrl& address) {
         openedUrls.push_back(address);

@@ -10,8 +10,8 @@
 #include <optional>
 #include <string>
 
-#include "batch/WorkerLimits.h"
-#include "batch/WorkerProtocol.h"
+#include "worker/WorkerLimits.h"
+#include "worker/WorkerProtocol.h"
 
 namespace vellumo {
 

@@ -1,4 +1,4 @@
-#include "batch/WorkerLimits.h"
+#include "worker/WorkerLimits.h"
 
 #include <unistd.h>
 

@@ -6,9 +6,9 @@
 
 #include "batch/ImageProcessor.h"
 #include "batch/PreviewDecoder.h"
-#include "batch/WorkerLimits.h"
-#include "batch/WorkerPool.h"
-#include "batch/WorkerProcess.h"
+#include "worker/WorkerLimits.h"
+#include "worker/WorkerPool.h"
+#include "worker/WorkerProcess.h"
 
 namespace vellumo {
 

@@ -1,4 +1,4 @@
-#include "batch/WorkerPool.h"
+#include "worker/WorkerPool.h"
 
 namespace vellumo {
 

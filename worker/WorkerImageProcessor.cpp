@@ -1,4 +1,4 @@
-#include "batch/WorkerImageProcessor.h"
+#include "worker/WorkerImageProcessor.h"
 
 #include <filesystem>
 

@@ -1,4 +1,4 @@
-#include "batch/WorkerProtocol.h"
+#include "worker/WorkerProtocol.h"
 
 #include <poll.h>
 #include <sys/socket.h>

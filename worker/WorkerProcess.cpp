@@ -1,4 +1,4 @@
-#include "batch/WorkerProcess.h"
+#include "worker/WorkerProcess.h"
 
 #include <fcntl.h>
 #include <signal.h>

@@ -10,8 +10,8 @@
 #include <mutex>
 #include <vector>
 
-#include "batch/WorkerLimits.h"
-#include "batch/WorkerProcess.h"
+#include "worker/WorkerLimits.h"
+#include "worker/WorkerProcess.h"
 
 namespace vellumo {
 

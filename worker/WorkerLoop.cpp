@@ -1,4 +1,4 @@
-#include "batch/WorkerLoop.h"
+#include "worker/WorkerLoop.h"
 
 #include <cstdlib>
 #include <optional>
@@ -7,8 +7,8 @@
 
 #include "batch/ImageProcessor.h"
 #include "batch/PreviewDecoder.h"
-#include "batch/WorkerProtocol.h"
 #include "imaging/ImageTools.h"
+#include "worker/WorkerProtocol.h"
 
 namespace vellumo {
 
