@@ -59,9 +59,9 @@ std::vector<std::string> ConsoleLines(const ImageOutcome& outcome) {
     std::vector<std::string> lines;
     for (const ImageNote& note : outcome.notes) {
         if (note.kind == NoteKind::RemoveFailed) {
-            lines.push_back("Remove failed: " + note.detail);
+            lines.emplace_back("Remove failed: " + note.detail);
         } else if (note.kind == NoteKind::DateNotSet) {
-            lines.push_back("ERROR");
+            lines.emplace_back("ERROR");
         }
     }
     return lines;

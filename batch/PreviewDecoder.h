@@ -10,14 +10,14 @@ namespace vellumo {
 // ImageTools::LoadPreview). Never throws; a file that cannot be shown is a
 // failure with a reason.
 class PreviewDecoder {
-public:
+  public:
     virtual ~PreviewDecoder() = default;
     virtual PreviewResult Decode(const std::string& path, int maxSide) = 0;
 };
 
 // Decodes right here, in the calling thread.
 class InProcessPreviewDecoder final : public PreviewDecoder {
-public:
+  public:
     PreviewResult Decode(const std::string& path, int maxSide) override;
 };
 

@@ -137,7 +137,7 @@ SaveResult ReplaceWithBytes(const std::string& target, const void* bytes, std::s
 std::string KeepAside(const std::string& path) {
     const std::string folder = FolderOf(path);
     for (int attempt = 0; attempt < kNameAttempts; ++attempt) {
-        const std::string aside = folder + TemporaryPrefix(getpid()) + RandomSuffix() + ".tmp";
+        std::string aside = folder + TemporaryPrefix(getpid()) + RandomSuffix() + ".tmp";
         if (link(path.c_str(), aside.c_str()) == 0) {
             return aside;
         }

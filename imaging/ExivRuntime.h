@@ -3,6 +3,7 @@
 // Inside the core only: starting Exiv2 once, and images it holds in memory.
 
 #include <exiv2/exiv2.hpp>
+#include <memory>
 #include <vector>
 
 namespace vellumo::exivruntime {
@@ -16,5 +17,12 @@ void EnsureStarted();
 // The whole file of an image opened over bytes in memory, as it stands
 // after writeMetadata(). Throws Exiv2::Error.
 std::vector<unsigned char> BytesOf(Exiv2::Image& image);
+
+// Exiv2 0.27 hands images out in a std::auto_ptr; they are held in a
+// std::unique_ptr from the moment they are opened.
+template <typename Opened>
+std::unique_ptr<Exiv2::Image> Open(Opened opened) {
+    return std::unique_ptr<Exiv2::Image>(opened.release());
+}
 
 }  // namespace vellumo::exivruntime

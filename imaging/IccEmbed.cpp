@@ -14,8 +14,8 @@ SaveResult EmbedIccProfile(const std::string& path, const void* icc, std::size_t
     }
     std::vector<unsigned char> withProfile;
     try {
-        Exiv2::Image::AutoPtr image =
-            Exiv2::ImageFactory::open(encoded->data(), static_cast<long>(encoded->size()));
+        const std::unique_ptr<Exiv2::Image> image = exivruntime::Open(
+            Exiv2::ImageFactory::open(encoded->data(), static_cast<long>(encoded->size())));
         image->readMetadata();
         // A fresh buffer: Exiv2 takes over the bytes of the one it is given.
         Exiv2::DataBuf profile(static_cast<const Exiv2::byte*>(icc), static_cast<long>(size));

@@ -160,7 +160,8 @@ MetadataResult Carry(const std::string& originalImagePath, const std::string& cr
     // them means the file cannot be used here.
     SourceMetadata source;
     try {
-        Exiv2::Image::AutoPtr original = Exiv2::ImageFactory::open(originalImagePath);
+        const std::unique_ptr<Exiv2::Image> original =
+            exivruntime::Open(Exiv2::ImageFactory::open(originalImagePath));
         original->readMetadata();
         source = {original->exifData(), original->iptcData(), original->xmpData()};
     } catch (const std::exception& error) {
@@ -173,11 +174,12 @@ MetadataResult Carry(const std::string& originalImagePath, const std::string& cr
     if (!saved) {
         return MetadataResult::NotCarried("the saved file cannot be read (" + unreadable + ")");
     }
-    Exiv2::Image::AutoPtr cropped;
+    std::unique_ptr<Exiv2::Image> cropped;
     long width = 0;
     long height = 0;
     try {
-        cropped = Exiv2::ImageFactory::open(saved->data(), static_cast<long>(saved->size()));
+        cropped = exivruntime::Open(
+            Exiv2::ImageFactory::open(saved->data(), static_cast<long>(saved->size())));
         cropped->readMetadata();
         width = static_cast<long>(cropped->pixelWidth());
         height = static_cast<long>(cropped->pixelHeight());

@@ -98,7 +98,7 @@ SaveResult WriteFile(const vips::VImage& rendered, OutputCodec codec, double qua
         return SaveResult::Failed(reason.empty() ? scope.Reason(error) : reason);
     }
     if (inMemory) {
-        const SaveResult written = OverwriteFileBytes(path, VIPS_AREA(inMemory.get())->data,
+        SaveResult written = OverwriteFileBytes(path, VIPS_AREA(inMemory.get())->data,
                                                       VIPS_AREA(inMemory.get())->length);
         if (!written.saved) {
             return written;

@@ -79,7 +79,7 @@ std::string FailureScope::OwnText(const vips::VError& error) const {
 
 std::string FailureScope::Reason(const vips::VError& error) const {
     const std::string own = OwnText(error);
-    const std::string reason = ReasonFromError(own);
+    std::string reason = ReasonFromError(own);
     // Some decoders say only that they failed and give the cause as a
     // warning just before.
     const bool generic = own.find_first_not_of(" \n") == std::string::npos ||

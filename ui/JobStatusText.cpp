@@ -21,7 +21,7 @@ QString JobStatusText(long done, long total, std::chrono::milliseconds elapsed) 
     if (total <= 0 || done >= total) {
         return {};
     }
-    const QString cropping = QStringLiteral("Cropping %1 of %2").arg(done + 1).arg(total);
+    QString cropping = QStringLiteral("Cropping %1 of %2").arg(done + 1).arg(total);
     if (done <= 0) {
         return cropping;
     }

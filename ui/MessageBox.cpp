@@ -26,8 +26,10 @@ class DetailsMessageBox : public QMessageBox {
         if (detailedText().isEmpty()) {
             return QMessageBox::event(event);
         }
+        // Skipping QMessageBox's own handling of a layout request is the
+        // point: it would fix the box's size again.
         const bool handled = event->type() == QEvent::LayoutRequest && isVisible()
-                                 ? QDialog::event(event)
+                                 ? QDialog::event(event)  // NOLINT(bugprone-parent-virtual-call)
                                  : QMessageBox::event(event);
         setMinimumSize(0, 0);
         setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);

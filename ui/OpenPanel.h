@@ -16,7 +16,7 @@ struct OpenPanelRequest {
     bool canChooseDirectories = false;
     bool canCreateDirectories = false;
     QStringList allowedFileTypes;  // extensions without the dot; empty allows any
-    QString prompt;  // title of the panel and its confirm button; empty keeps the usual ones
+    QString prompt;     // title of the panel and its confirm button; empty keeps the usual ones
     QString memoryKey;  // the dialog's name for the last folder it was used in
 
     friend bool operator==(const OpenPanelRequest&, const OpenPanelRequest&) = default;

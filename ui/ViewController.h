@@ -137,6 +137,16 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     // asked for last.
     bool isPreviewPending() const;
 
+    // What has come back to the GUI thread for the preview, used or dropped
+    // as stale, and how often its size was checked after the view grew or
+    // shrank: something to wait for instead of waiting a while.
+    struct PreviewDeliveries {
+        quint64 decodes = 0;
+        quint64 pictures = 0;
+        quint64 sizeChecks = 0;
+    };
+    const PreviewDeliveries& previewDeliveries() const { return previewDeliveries_; }
+
     // ---- Crop job (ViewControllerCropJob.cpp) -----------------------------
 
     // True from the moment a job starts until its report is shown.
@@ -340,6 +350,7 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     quint64 selectionCount_ = 0;
     quint64 refreshCount_ = 0;
     quint64 shownRefresh_ = 0;
+    PreviewDeliveries previewDeliveries_;
     // Waits for the preview's size to settle before decoding again.
     QTimer previewResizeSettle_;
 

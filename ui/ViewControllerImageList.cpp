@@ -67,9 +67,10 @@ void ViewController::OnRemoveSelected() {
     // Every selected row goes, from the last up so the row numbers hold.
     const QList<int> rows = tableViewImage->SelectedRows();
     if (!rows.isEmpty()) {
-        for (auto row = rows.crbegin(); row != rows.crend(); ++row) {
-            if (*row >= 0 && *row < listImagePaths_.size()) {
-                listImagePaths_.removeAt(*row);
+        for (qsizetype k = rows.size(); k-- > 0;) {
+            const int row = rows[k];
+            if (row >= 0 && row < listImagePaths_.size()) {
+                listImagePaths_.removeAt(row);
             }
         }
         tableViewImage->clearSelection();

@@ -58,6 +58,7 @@ void ViewController::tableViewSelectionDidChange() {
 
 void ViewController::ShowDecodedPreview(quint64 selection, const QString& path,
                                         const PreviewResult& result) {
+    ++previewDeliveries_.decodes;
     if (selection != selectionCount_) {
         return;
     }
@@ -94,6 +95,7 @@ void ViewController::UpdateCropPreview() {
 }
 
 void ViewController::ShowCropPreview(quint64 refresh, const QImage& picture) {
+    ++previewDeliveries_.pictures;
     if (refresh != refreshCount_) {
         return;
     }
@@ -106,6 +108,7 @@ bool ViewController::isPreviewPending() const {
 }
 
 void ViewController::DecodeAgainIfPictureTooSmall() {
+    ++previewDeliveries_.sizeChecks;
     if (currentImage_.IsEmpty() || imageViewCropPreview->isBusy()) {
         return;
     }

@@ -4,7 +4,7 @@
 
 namespace vellumo {
 
-WindowServices WindowServices::Desktop(std::function<QWidget*()> parent) {
+WindowServices WindowServices::Desktop(const std::function<QWidget*()>& parent) {
     WindowServices services;
     services.showMessageBox = [parent](const MessageBoxRequest& request) {
         return RunMessageBox(request, parent());

@@ -27,7 +27,7 @@ struct WindowServices {
 
     // The real services; dialogs are put over the window `parent()` gives at
     // the moment they are shown (it may be null).
-    static WindowServices Desktop(std::function<QWidget*()> parent);
+    static WindowServices Desktop(const std::function<QWidget*()>& parent);
 };
 
 }  // namespace vellumo

@@ -61,6 +61,11 @@ int main(int argc, char** argv) {
     action.sa_handler = OnTerminate;
     sigaction(SIGTERM, &action, nullptr);
     WatchTheEngine(socket);
+    // A sanitizer's shadow memory takes terabytes of address space: a build
+    // with one runs its worker without the limit.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    addressSpace = 0;
+#endif
     if (addressSpace > 0) {
         const rlimit limit{addressSpace, addressSpace};
         setrlimit(RLIMIT_AS, &limit);

@@ -149,17 +149,15 @@ std::string DeclaringPng(const test::TempDir& dir, unsigned width, unsigned heig
     return dir.File("huge.png");
 }
 
-TEST_F(WorkerTest, AFileDeclaringMorePixelsThanTheLimitFailsFastFromItsHeader) {
+// The reason names the header's size: nothing was decoded (a decode would
+// fail on the tiny image's data instead).
+TEST_F(WorkerTest, AFileDeclaringMorePixelsThanTheLimitFailsFromItsHeader) {
     const std::string huge = DeclaringPng(dir, 100000, 100000);
     WorkerImageProcessor processor;
-    const auto start = std::chrono::steady_clock::now();
     const JobReport report = RunCropJob(settings, {huge}, {D::NoConflict}, processor);
-    const double seconds =
-        std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     EXPECT_EQ(report.images[0].outcome.reason,
               "cannot decode: the image declares 100000 x 100000 pixels, more than the limit of "
               "1000 megapixels");
-    EXPECT_LT(seconds, 1.0);
 }
 
 TEST_F(WorkerTest, AnImageNeedingMoreMemoryThanTheWorkerMayHaveFailsAlone) {

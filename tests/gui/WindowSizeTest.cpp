@@ -112,7 +112,8 @@ class WindowSizeTest : public QObject {
         LoadedWindow loaded;
         loaded.Show();
         loaded.window().resize(1280, 800);
-        QTest::qWait(200);
+        QTRY_COMPARE(loaded.window().size(), QSize(1280, 800));
+        QApplication::processEvents();
         QVERIFY2(loaded.window().size() == QSize(1280, 800),
                  qPrintable(QStringLiteral("%1 x %2, at most %3 x %4")
                                 .arg(loaded.window().width())

@@ -1,5 +1,6 @@
 #include "tests/support/TestData.h"
 
+#include <cstdlib>
 #include <filesystem>
 
 namespace vellumo::test {
@@ -10,6 +11,11 @@ std::string TestDataPath(const std::string& relative) {
 
 bool HaveTestData() {
     return std::filesystem::exists(TestDataPath("README.md"));
+}
+
+bool TestDataRequired() {
+    const char* ci = std::getenv("CI");
+    return ci != nullptr && std::string(ci) == "true";
 }
 
 std::string BuildPath(const std::string& relative) {
