@@ -99,7 +99,7 @@ SaveResult WriteFile(const vips::VImage& rendered, OutputCodec codec, double qua
     }
     if (inMemory) {
         SaveResult written = OverwriteFileBytes(path, VIPS_AREA(inMemory.get())->data,
-                                                      VIPS_AREA(inMemory.get())->length);
+                                                VIPS_AREA(inMemory.get())->length);
         if (!written.saved) {
             return written;
         }

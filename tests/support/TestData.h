@@ -22,14 +22,13 @@ std::string BuildPath(const std::string& relative);
 
 // Skips the current test when the shared test images are not there; fails it
 // where they are required.
-#define VELLUMO_REQUIRE_TESTDATA()                                                         \
-    do {                                                                                   \
-        if (!::vellumo::test::HaveTestData()) {                                            \
-            if (::vellumo::test::TestDataRequired()) {                                     \
-                FAIL() << "shared test images not found at "                               \
-                       << ::vellumo::test::TestDataPath("");                               \
-            }                                                                              \
-            GTEST_SKIP() << "shared test images not found at "                             \
-                         << ::vellumo::test::TestDataPath("");                             \
-        }                                                                                  \
+#define VELLUMO_REQUIRE_TESTDATA()                                                                 \
+    do {                                                                                           \
+        if (!::vellumo::test::HaveTestData()) {                                                    \
+            if (::vellumo::test::TestDataRequired()) {                                             \
+                FAIL() << "shared test images not found at " << ::vellumo::test::TestDataPath(""); \
+            }                                                                                      \
+            GTEST_SKIP() << "shared test images not found at "                                     \
+                         << ::vellumo::test::TestDataPath("");                                     \
+        }                                                                                          \
     } while (false)

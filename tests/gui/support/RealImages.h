@@ -18,12 +18,12 @@ inline QString RealImage(const char* relative) {
 
 // Skips the current QtTest function when the shared images are not there;
 // fails it where they are required.
-#define VELLUMO_QSKIP_WITHOUT_TESTDATA()                                  \
-    do {                                                                  \
-        if (!::vellumo::test::HaveTestData()) {                           \
-            if (::vellumo::test::TestDataRequired()) {                    \
-                QFAIL("the shared real-world images are missing");        \
-            }                                                             \
-            QSKIP("the shared real-world images are missing");            \
-        }                                                                 \
+#define VELLUMO_QSKIP_WITHOUT_TESTDATA()                           \
+    do {                                                           \
+        if (!::vellumo::test::HaveTestData()) {                    \
+            if (::vellumo::test::TestDataRequired()) {             \
+                QFAIL("the shared real-world images are missing"); \
+            }                                                      \
+            QSKIP("the shared real-world images are missing");     \
+        }                                                          \
     } while (false)
