@@ -12,12 +12,69 @@ std::string WholePixelsText(double value) {
     return std::to_string(static_cast<long long>(std::trunc(value)));
 }
 
+bool ExactResize(const ResizeRule& rule) {
+    return rule.mode == ResizeMode::Exact && rule.width > 0 && rule.height > 0;
+}
+
+Rect AutoCropRectangle(const CropSettings& s, const Image& image, const Image* picture,
+                       std::string* placementNote) {
+    const Size size{image.Width(), image.Height()};
+    const bool exact = ExactResize(s.resize);
+    Rect rect;
+    if (!exact && s.matchOrientation && s.autoCropFormat >= 0 &&
+        s.autoCropFormat < kSpecRatioCount) {
+        rect = ImageTools::CalculateAutoCropRectangleWithImage(image, s.autoCropFormat);
+    } else {
+        AspectRatio ratio = ChosenAutoCropRatio(s);
+        if (!(ratio.width > 0.0) || !(ratio.height > 0.0)) {
+            return {};
+        }
+        // The target's own ratio is never turned: the output is W x H.
+        if (s.matchOrientation && !exact) {
+            ratio = RatioMatchingOrientation(size, ratio);
+        }
+        rect = LargestCentredRectangle(size, ratio);
+    }
+    if (!IsSmartAnchor(s.anchor)) {
+        return MoveToAnchor(size, rect, s.anchor);
+    }
+    if (picture != nullptr) {
+        if (const std::optional<Rect> placed = ImageTools::SmartPlacement(
+                *picture, size, {rect.width, rect.height}, s.anchor)) {
+            return *placed;
+        }
+    }
+    if (placementNote != nullptr) {
+        *placementNote =
+            std::string(CropAnchorName(s.anchor)) + " placement could not be found; centred";
+    }
+    return rect;
+}
+
 }  // namespace
 
-Rect ResolveCropRectangle(const CropSettings& settings, const Image& image) {
+AspectRatio ChosenAutoCropRatio(const CropSettings& s) {
+    if (ExactResize(s.resize)) {
+        return {static_cast<double>(s.resize.width), static_cast<double>(s.resize.height)};
+    }
+    if (s.autoCropFormat == kCustomRatioIndex) {
+        return s.customRatio;
+    }
+    if (s.autoCropFormat >= 0 && s.autoCropFormat < kCustomRatioIndex) {
+        return kAutoCropRatios.at(static_cast<std::size_t>(s.autoCropFormat)).ratio;
+    }
+    return {0.0, 0.0};
+}
+
+bool UsesPlacementPicture(const CropSettings& settings) {
+    return settings.mode == CropMode::Auto && IsSmartAnchor(settings.anchor);
+}
+
+Rect ResolveCropRectangle(const CropSettings& settings, const Image& image, const Image* picture,
+                          std::string* placementNote) {
     switch (settings.mode) {
         case CropMode::Auto:
-            return ImageTools::CalculateAutoCropRectangleWithImage(image, settings.autoCropFormat);
+            return AutoCropRectangle(settings, image, picture, placementNote);
         case CropMode::Pixels:
             return {settings.pixelsOriginX, settings.pixelsOriginY, settings.pixelsWidth,
                     settings.pixelsHeight};
@@ -36,18 +93,37 @@ Rect ResolveCropRectangle(const CropSettings& settings, const Image& image) {
     return {};
 }
 
-ResolvedCrop ResolveCrop(const CropSettings& settings, const Image& image) {
+namespace {
+
+// The written size: the cut's whole pixels, then the resize rule. In the
+// pixel and percent modes a resize to exactly W x H first narrows the cut to
+// its largest centred W:H part (the auto-crop already has that ratio), so
+// that nothing is distorted.
+ResolvedCrop& Finish(ResolvedCrop& crop, const CropSettings& settings) {
+    if (ExactResize(settings.resize) && settings.mode != CropMode::Auto) {
+        const Rect inner = LargestCentredRectangle(
+            {crop.cut.width, crop.cut.height},
+            {static_cast<double>(settings.resize.width), static_cast<double>(settings.resize.height)});
+        crop.cut = {crop.cut.x + inner.x, crop.cut.y + inner.y, inner.width, inner.height};
+    }
+    crop.cutSize = {std::trunc(crop.cut.width), std::trunc(crop.cut.height)};
+    crop.outputSize = ResizedSize(crop.cutSize, settings.resize);
+    crop.resizeNote = ResizeNote(crop.cutSize, settings.resize);
+    return crop;
+}
+
+}  // namespace
+
+ResolvedCrop ResolveCrop(const CropSettings& settings, const Image& image, const Image* picture) {
     ResolvedCrop crop;
-    crop.rect = ResolveCropRectangle(settings, image);
+    crop.rect = ResolveCropRectangle(settings, image, picture, &crop.placementNote);
     const double W = image.Width();
     const double H = image.Height();
     const Rect whole{0.0, 0.0, W, H};
-    const Size wholeSize{std::trunc(W), std::trunc(H)};
     const auto keepWhole = [&](CropExtent extent) {
         crop.extent = extent;
         crop.cut = whole;
-        crop.outputSize = wholeSize;
-        return crop;
+        return Finish(crop, settings);
     };
     if (settings.mode == CropMode::None) {
         return keepWhole(CropExtent::WholeNoMode);
@@ -65,24 +141,25 @@ ResolvedCrop ResolveCrop(const CropSettings& settings, const Image& image) {
     if (cut.Width() < 1.0 || cut.Height() < 1.0) {
         return keepWhole(CropExtent::WholeSliver);
     }
-    crop.outputSize = {std::trunc(cut.Width()), std::trunc(cut.Height())};
     crop.cut = {std::max(r.x, 0.0), std::max(r.y, 0.0), cut.Width(), cut.Height()};
-    // Clipped when what is written differs from what was asked for by a
-    // whole pixel; a percent rectangle that overshoots the image by a
-    // rounding error is not clipped.
-    const bool clipped = crop.outputSize.width != std::trunc(r.width) ||
-                         crop.outputSize.height != std::trunc(r.height);
+    // Clipped when what is cut differs from what was asked for by a whole
+    // pixel; a percent rectangle that overshoots the image by a rounding
+    // error is not clipped.
+    const bool clipped =
+        std::trunc(cut.Width()) != std::trunc(r.width) || std::trunc(cut.Height()) != std::trunc(r.height);
     crop.extent = clipped ? CropExtent::Clipped : CropExtent::Inside;
-    return crop;
+    return Finish(crop, settings);
 }
 
-std::string CropExtentNote(const ResolvedCrop& crop) {
+namespace {
+
+std::string ExtentText(const ResolvedCrop& crop) {
     switch (crop.extent) {
         case CropExtent::Inside:
             return {};
         case CropExtent::Clipped:
-            return "Clipped to " + WholePixelsText(crop.outputSize.width) + " \u00d7 " +
-                   WholePixelsText(crop.outputSize.height);
+            return "Clipped to " + WholePixelsText(crop.cutSize.width) + " \u00d7 " +
+                   WholePixelsText(crop.cutSize.height);
         case CropExtent::WholeNoMode:
             return "Whole image: neither pixels nor percents are chosen";
         case CropExtent::WholeEmpty:
@@ -93,6 +170,12 @@ std::string CropExtentNote(const ResolvedCrop& crop) {
             return "Whole image: less than a pixel of the rectangle lies on this image";
     }
     return {};
+}
+
+}  // namespace
+
+std::string CropExtentNote(const ResolvedCrop& crop) {
+    return JoinNotes(JoinNotes(ExtentText(crop), crop.placementNote), crop.resizeNote);
 }
 
 std::string FirstPageNote(int pages) {

@@ -10,13 +10,24 @@ namespace vellumo {
 
 // The one rule by which the crop settings and an image become a crop
 // rectangle, used alike by the preview, the dimension labels and the job:
-//   Auto: the auto-crop rectangle of the chosen ratio;
+//   Auto: the largest rectangle of the chosen ratio (ChosenAutoCropRatio),
+//     turned to the image's orientation unless the settings say otherwise;
+//     with the orientation matched, the first four ratios are exactly
+//     ImageTools::CalculateAutoCropRectangleWithImage. Then moved to the
+//     anchor; a smart anchor judges `picture` (the image reduced to
+//     kPlacementPictureSide), and without one, or when that fails, the
+//     rectangle stays centred and `placementNote` says so;
 //   Pixels: the four pixel fields, widened to double;
 //   Percents: each percent times the image's side, divided by 100, in single
 //     precision (the side narrowed first), then widened;
 //   None: (0, 0, 0, 0).
 // Nothing is rounded, checked or clamped here.
-Rect ResolveCropRectangle(const CropSettings& settings, const Image& image);
+Rect ResolveCropRectangle(const CropSettings& settings, const Image& image,
+                          const Image* picture = nullptr, std::string* placementNote = nullptr);
+
+// The rule needs a reduced picture of each image: auto-crop with a smart
+// anchor.
+bool UsesPlacementPicture(const CropSettings& settings);
 
 // How the rule's rectangle meets an image, and so what the job writes.
 enum class CropExtent {
@@ -34,21 +45,28 @@ inline bool IsWhole(CropExtent extent) {
 }
 
 // What the job does with one image: the rule's rectangle, how it meets the
-// image, the rectangle actually cut (the whole image for the Whole extents)
-// and the output's size in whole pixels, exactly as the job writes it. The
-// preview, the labels, the dry run and the job all read this one result.
+// image, the rectangle actually cut (the whole image for the Whole extents;
+// for a resize to exactly W x H in the pixel and percent modes, the largest
+// centred W:H part of it), its size in whole pixels, and the output's size
+// after the resize rule, exactly as the job writes it. The preview, the
+// labels, the dry run and the job all read this one result.
 struct ResolvedCrop {
     Rect rect;
     CropExtent extent = CropExtent::Inside;
     Rect cut;
+    Size cutSize;
     Size outputSize;
+    std::string placementNote;  // a smart anchor that fell back to centre
+    std::string resizeNote;     // a resize that was not carried out
 };
 
-ResolvedCrop ResolveCrop(const CropSettings& settings, const Image& image);
+ResolvedCrop ResolveCrop(const CropSettings& settings, const Image& image,
+                         const Image* picture = nullptr);
 
 // A sentence for anything but a plain crop, shown under the preview and
 // carried as the job's warning for the image: "Whole image: the rectangle
-// lies outside this image", "Clipped to 100 × 68". Empty for Inside.
+// lies outside this image", "Clipped to 100 × 68", followed by the
+// placement and resize notes. Empty for a plain crop.
 std::string CropExtentNote(const ResolvedCrop& crop);
 
 // The warning for a file of several pages or frames of which only the first

@@ -8,6 +8,9 @@
 #include <string>
 #include <string_view>
 
+#include "imaging/CropPlacement.h"
+#include "imaging/OutputResize.h"
+
 namespace vellumo {
 
 // How the crop rectangle is found.
@@ -34,15 +37,40 @@ constexpr CropMode CropModeOfRadios(bool autoCrop, bool customCrop, bool pixels,
     return percents ? CropMode::Percents : CropMode::None;
 }
 
-// The auto-crop ratios, by index (the AutoCropFormat).
-inline constexpr std::array<std::string_view, 4> kAutoCropFormatTitles = {"1:1", "4:3", "3:2",
-                                                                          "16:9"};
+// The auto-crop ratios, by index (the AutoCropFormat). The first four keep
+// the exact arithmetic of ImageTools::CalculateAutoCropRectangleWithImage
+// when each image's orientation is matched; the others, and every ratio
+// used as given, take the largest rectangle of the ratio. After the list
+// comes "Custom…", whose sides the settings hold.
+struct AutoCropRatio {
+    std::string_view title;
+    AspectRatio ratio;
+};
+inline constexpr std::array<AutoCropRatio, 9> kAutoCropRatios = {{
+    {"1:1", {1, 1}},
+    {"4:3", {4, 3}},
+    {"3:2", {3, 2}},
+    {"16:9", {16, 9}},
+    {"5:4", {5, 4}},
+    {"7:5", {7, 5}},
+    {"2:1", {2, 1}},
+    {"1.91:1", {1.91, 1}},
+    {"21:9", {21, 9}},
+}};
+inline constexpr long kSpecRatioCount = 4;  // the four with their own arithmetic
+inline constexpr long kCustomRatioIndex = static_cast<long>(kAutoCropRatios.size());
+inline constexpr std::string_view kCustomRatioTitle = "Custom…";
 
 inline constexpr std::string_view kDefaultNameTemplate = "[FileName]_cropped ([FileIndex])";
 
 struct CropSettings {
     CropMode mode = CropMode::Pixels;
-    long autoCropFormat = 0;  // index into kAutoCropFormatTitles
+    long autoCropFormat = 0;  // index into kAutoCropRatios, or kCustomRatioIndex
+    AspectRatio customRatio{4, 5};
+    // Turn the ratio so that its longer side follows each image's longer
+    // side; off, every image gets the ratio as given.
+    bool matchOrientation = true;
+    CropAnchor anchor = CropAnchor::Centre;  // where the auto-crop rectangle sits
 
     // The fields, read as single-precision numbers; y from the bottom.
     float pixelsOriginX = 0.0f;
@@ -54,6 +82,8 @@ struct CropSettings {
     float percentsWidth = 60.0f;
     float percentsHeight = 60.0f;
 
+    ResizeRule resize;  // the size the crop is written at
+
     long outputFormat = 0;  // index into kOutputFormats (imaging/Formats.h)
     float quality = 80.0f;  // the slider, 0 to 100
     std::string nameTemplate{kDefaultNameTemplate};
@@ -64,5 +94,10 @@ struct CropSettings {
     // profile: it is chosen anew, and confirmed, for every job.
     bool replaceOriginals = false;
 };
+
+// The ratio the auto-crop takes for these settings before any turning:
+// the chosen entry, the custom sides, or, when the output is resized to
+// exactly W x H, W:H.
+AspectRatio ChosenAutoCropRatio(const CropSettings& settings);
 
 }  // namespace vellumo

@@ -61,11 +61,25 @@ std::string ClearForOverwrite(const std::string& path) {
     return {};
 }
 
+// The reduced picture a smart anchor judges, when the settings use one: the
+// file decoded small, as the window's picture for the same purpose.
+std::optional<Image> PlacementPicture(const ImageTask& task) {
+    if (!UsesPlacementPicture(task.settings)) {
+        return std::nullopt;
+    }
+    const PreviewResult preview = ImageTools::LoadPreview(task.source, kPlacementPictureSide);
+    if (!preview) {
+        return std::nullopt;
+    }
+    return preview->picture;
+}
+
 // The image's crop as the job makes it, and what the person should know of
 // it.
 void Describe(const ImageTask& task, const Image& image, int pages, ImageOutcome& outcome,
               ResolvedCrop& crop) {
-    crop = ResolveCrop(task.settings, image);
+    const std::optional<Image> picture = PlacementPicture(task);
+    crop = ResolveCrop(task.settings, image, picture ? &*picture : nullptr);
     outcome.rect = crop.rect;
     outcome.outputSize = crop.outputSize;
     outcome.wholeImage = IsWhole(crop.extent);
@@ -146,11 +160,14 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task) {
     ResolvedCrop crop;
     Describe(task, image, header->pages, outcome, crop);
     // An image the rule leaves whole is written whole, with the warning
-    // saying why.
-    const Image cropped = IsWhole(crop.extent)
-                              ? image
-                              : ImageTools::CropImage(image, crop.rect.x, crop.rect.y,
-                                                      crop.rect.width, crop.rect.height);
+    // saying why; then the output is brought to its size.
+    const Rect whole{0.0, 0.0, image.Width(), image.Height()};
+    Image cropped = crop.cut == whole ? image
+                                      : ImageTools::CropImage(image, crop.cut.x, crop.cut.y,
+                                                              crop.cut.width, crop.cut.height);
+    if (crop.outputSize != crop.cutSize) {
+        cropped = ImageTools::ResizeImage(cropped, crop.outputSize.width, crop.outputSize.height);
+    }
 
     const KeptSource kept(task);
     bool saved = false;

@@ -35,7 +35,7 @@ void ReadBool(const Json& object, const char* key, bool& value) {
     }
 }
 
-float Number(const Json& value, const std::string& name, double low, double high) {
+double WideNumber(const Json& value, const std::string& name, double low, double high) {
     if (!value.is_number())
         throw Problem{"\"" + name + "\" must be a number"};
     const double number = value.get<double>();
@@ -44,7 +44,12 @@ float Number(const Json& value, const std::string& name, double low, double high
         range << "\"" << name << "\" must be between " << low << " and " << high;
         throw Problem{range.str()};
     }
-    return static_cast<float>(number);
+    return number;
+}
+
+// The window's fields hold single-precision numbers.
+float Number(const Json& value, const std::string& name, double low, double high) {
+    return static_cast<float>(WideNumber(value, name, low, high));
 }
 
 void ReadString(const Json& object, const char* key, std::string& value) {
@@ -87,6 +92,56 @@ long TitleIndex(const Json& value, const char* key, const std::array<std::string
     return static_cast<long>(found - titles.begin());
 }
 
+// The ratio entries by index, "custom" last.
+constexpr std::array<std::string_view, kAutoCropRatios.size() + 1> RatioNames() {
+    std::array<std::string_view, kAutoCropRatios.size() + 1> names{};
+    for (std::size_t i = 0; i < kAutoCropRatios.size(); ++i) {
+        names[i] = kAutoCropRatios[i].title;
+    }
+    names.back() = "custom";
+    return names;
+}
+constexpr auto kRatioNames = RatioNames();
+
+template <typename Value, std::size_t N>
+Value NamedValue(const Json& object, const char* key,
+                 const std::array<std::string_view, N>& names) {
+    return static_cast<Value>(TitleIndex(object, key, names));
+}
+
+// The crop rules added in version 2.
+void ReadRules(const Json& profile, CropSettings& s) {
+    if (const Json* ratio = Member(profile, "customRatio")) {
+        if (!ratio->is_object())
+            throw Problem{"\"customRatio\" must be an object"};
+        for (const auto& [name, side] :
+             {std::pair{"width", &s.customRatio.width}, std::pair{"height", &s.customRatio.height}}) {
+            if (const Json* value = Member(*ratio, name)) {
+                *side = WideNumber(*value, std::string("customRatio.") + name, 1e-6, 1e6);
+            }
+        }
+    }
+    ReadBool(profile, "matchOrientation", s.matchOrientation);
+    if (const Json* anchor = Member(profile, "anchor")) {
+        s.anchor = NamedValue<CropAnchor>(*anchor, "anchor", kCropAnchorNames);
+    }
+    if (const Json* resize = Member(profile, "resize")) {
+        if (!resize->is_object())
+            throw Problem{"\"resize\" must be an object"};
+        if (const Json* mode = Member(*resize, "mode")) {
+            s.resize.mode = NamedValue<ResizeMode>(*mode, "resize.mode", kResizeModeNames);
+        }
+        for (const auto& [name, side] :
+             {std::pair{"width", &s.resize.width}, std::pair{"height", &s.resize.height}}) {
+            if (const Json* value = Member(*resize, name)) {
+                *side = static_cast<int>(
+                    Number(*value, std::string("resize.") + name, 0, kLargestResizeSide));
+            }
+        }
+        ReadBool(*resize, "enlarge", s.resize.enlarge);
+    }
+}
+
 constexpr std::array<std::string_view, 4> kCropModeNames = {"auto", "pixels", "percents", "none"};
 
 std::string_view CropModeName(CropMode mode) {
@@ -117,7 +172,15 @@ std::string ProfileText(const CropSettings& s) {
     const Json profile = {
         {"version", kProfileVersion},
         {"cropMode", CropModeName(s.mode)},
-        {"autoCropRatio", kAutoCropFormatTitles.at(static_cast<std::size_t>(s.autoCropFormat))},
+        {"autoCropRatio", kRatioNames.at(static_cast<std::size_t>(s.autoCropFormat))},
+        {"customRatio", {{"width", s.customRatio.width}, {"height", s.customRatio.height}}},
+        {"matchOrientation", s.matchOrientation},
+        {"anchor", CropAnchorName(s.anchor)},
+        {"resize",
+         {{"mode", ResizeModeName(s.resize.mode)},
+          {"width", s.resize.width},
+          {"height", s.resize.height},
+          {"enlarge", s.resize.enlarge}}},
         {"pixels",
          {{"x", s.pixelsOriginX},
           {"y", s.pixelsOriginY},
@@ -149,15 +212,26 @@ Loaded<CropSettings> SettingsFromProfileText(const std::string& text, const Crop
     if (version == nullptr) {
         return Loaded<CropSettings>::Failure("the file has no \"version\"");
     }
-    if (!version->is_number_integer() || version->get<long long>() != kProfileVersion) {
-        return Loaded<CropSettings>::Failure("version " + version->dump() +
-                                             " is not one this Vellumo reads (it reads version 1)");
+    if (!version->is_number_integer() || version->get<long long>() < 1 ||
+        version->get<long long>() > kProfileVersion) {
+        return Loaded<CropSettings>::Failure(
+            "version " + version->dump() + " is not one this Vellumo reads (it reads versions 1 and " +
+            std::to_string(kProfileVersion) + ")");
     }
     CropSettings s = current;
+    if (version->get<long long>() == 1) {
+        // Version 1 knew only centred crops of the four ratios, turned to
+        // each image, written at their own size: its missing keys are those.
+        const CropSettings defaults;
+        s.customRatio = defaults.customRatio;
+        s.matchOrientation = defaults.matchOrientation;
+        s.anchor = defaults.anchor;
+        s.resize = defaults.resize;
+    }
     try {
         s.mode = ReadCropMode(profile, s.mode);
         if (const Json* ratio = Member(profile, "autoCropRatio")) {
-            s.autoCropFormat = TitleIndex(*ratio, "autoCropRatio", kAutoCropFormatTitles);
+            s.autoCropFormat = TitleIndex(*ratio, "autoCropRatio", kRatioNames);
         }
         ReadRectangle(profile, "pixels", s.pixelsOriginX, s.pixelsOriginY, s.pixelsWidth,
                       s.pixelsHeight);
@@ -177,6 +251,7 @@ Loaded<CropSettings> SettingsFromProfileText(const std::string& text, const Crop
         ReadString(profile, "nameTemplate", s.nameTemplate);
         ReadString(profile, "outputFolder", s.outputFolder);
         ReadBool(profile, "keepMetadata", s.keepMetadata);
+        ReadRules(profile, s);
     } catch (const Problem& problem) {
         return Loaded<CropSettings>::Failure(problem.text);
     }

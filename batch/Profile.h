@@ -9,15 +9,23 @@
 // they are read as the window would read those buttons.
 //
 //   {
-//     "version": 1,
+//     "version": 2,
 //     "cropMode": "pixels",            (auto, pixels, percents or none)
-//     "autoCropRatio": "1:1",
+//     "autoCropRatio": "1:1",          (a title of the list, or "custom")
+//     "customRatio": {"width": 4, "height": 5},
+//     "matchOrientation": true,
+//     "anchor": "centre",              (kCropAnchorNames)
+//     "resize": {"mode": "none", "width": 0, "height": 0, "enlarge": false},
 //     "pixels": {"x": 0, "y": 0, "width": 0, "height": 0},
 //     "percents": {"x": 20, "y": 20, "width": 60, "height": 60},
 //     "format": "JPG", "quality": 80,
 //     "nameTemplate": "[FileName]_cropped ([FileIndex])",
 //     "outputFolder": "", "keepMetadata": false
 //   }
+//
+// Version 1 files (without the crop rules from "customRatio" to "resize")
+// still load: those settings take their defaults, which crop as version 1
+// did.
 
 #include <string>
 
@@ -27,7 +35,7 @@
 
 namespace vellumo {
 
-inline constexpr int kProfileVersion = 1;
+inline constexpr int kProfileVersion = 2;
 inline constexpr const char* kProfileExtension = ".vellumo";
 
 // The profile's text for `settings`.

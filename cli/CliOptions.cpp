@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cctype>
+#include <cmath>
 #include <filesystem>
 
 #include "batch/Profile.h"
@@ -37,6 +38,49 @@ std::optional<std::array<float, 4>> ParseRectangle(const std::string& text) {
     return values;
 }
 
+// A positive finite decimal, the whole text.
+std::optional<double> PositiveNumber(const std::string& text) {
+    try {
+        std::size_t used = 0;
+        const double value = std::stod(text, &used);
+        if (used == text.size() && std::isfinite(value) && value > 0.0) {
+            return value;
+        }
+    } catch (const std::exception&) {
+    }
+    return std::nullopt;
+}
+
+// "W:H" with two positive decimals.
+std::optional<AspectRatio> ParseRatio(const std::string& text) {
+    const std::size_t colon = text.find(':');
+    if (colon == std::string::npos) {
+        return std::nullopt;
+    }
+    const auto width = PositiveNumber(text.substr(0, colon));
+    const auto height = PositiveNumber(text.substr(colon + 1));
+    if (!width || !height) {
+        return std::nullopt;
+    }
+    return AspectRatio{*width, *height};
+}
+
+// A side of --resize: empty, or a whole number from 1 to the largest side.
+std::optional<int> ParseSide(const std::string& text) {
+    if (text.empty()) {
+        return 0;
+    }
+    if (!std::all_of(text.begin(), text.end(), [](unsigned char c) { return std::isdigit(c); }) ||
+        text.size() > 5) {
+        return std::nullopt;
+    }
+    const int side = std::stoi(text);
+    if (side < 1 || side > kLargestResizeSide) {
+        return std::nullopt;
+    }
+    return side;
+}
+
 ParseOutcome UsageError(const std::string& message) {
     ParseOutcome outcome;
     outcome.exitCode = 2;
@@ -61,7 +105,24 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
 
     auto* autoOption = app.add_option(
         "--auto", autoRatio,
-        "Centred crop of a ratio: 1:1, 4:3, 3:2 or 16:9 (turned for portrait images)");
+        "Largest crop of a ratio W:H, any positive numbers (1:1, 4:3, 3:2, 16:9, 4:5, 1.91:1 ...)");
+    std::string orientation, anchor, resize, resizeMode;
+    app.add_option("--orientation", orientation,
+                   "match (default): the ratio turned to each image's orientation; as-given: "
+                   "used as written on every image")
+        ->check(CLI::IsMember({"match", "as-given"}));
+    app.add_option("--anchor", anchor,
+                   "Where the --auto rectangle sits: centre (default), top, bottom, left, right, "
+                   "top-left, top-right, bottom-left, bottom-right, attention, entropy");
+    app.add_option("--resize", resize,
+                   "Output size after cropping: WxH (fit within), Wx (width), xH (height)");
+    app.add_option("--resize-mode", resizeMode,
+                   "fit (default): within WxH, keeping the ratio; exact: exactly WxH, the "
+                   "crop taking the ratio W:H")
+        ->check(CLI::IsMember({"fit", "exact"}));
+    bool enlarge = false;
+    auto* enlargeOption =
+        app.add_flag("--enlarge", enlarge, "Let --resize make a smaller crop larger");
     auto* pixelsOption = app.add_option(
         "--pixels", pixels, "Rectangle in pixels, X,Y,W,H, origin at the lower-left corner");
     auto* percentsOption =
@@ -140,14 +201,19 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
         s = *loaded;
     }
     if (!autoRatio.empty()) {
-        const auto& titles = kAutoCropFormatTitles;
-        const auto found = std::find(titles.begin(), titles.end(), autoRatio);
-        if (found == titles.end()) {
-            return UsageError("--auto: unknown ratio " + autoRatio +
-                              " (use 1:1, 4:3, 3:2 or 16:9)");
-        }
+        const auto found =
+            std::find_if(kAutoCropRatios.begin(), kAutoCropRatios.end(),
+                         [&](const AutoCropRatio& entry) { return entry.title == autoRatio; });
         s.mode = CropMode::Auto;
-        s.autoCropFormat = found - titles.begin();
+        if (found != kAutoCropRatios.end()) {
+            s.autoCropFormat = found - kAutoCropRatios.begin();
+        } else if (const auto ratio = ParseRatio(autoRatio)) {
+            s.autoCropFormat = kCustomRatioIndex;
+            s.customRatio = *ratio;
+        } else {
+            return UsageError("--auto: expected a ratio W:H of two positive numbers, got " +
+                              autoRatio);
+        }
     } else if (!pixels.empty()) {
         const auto rect = ParseRectangle(pixels);
         if (!rect) {
@@ -167,6 +233,41 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
     }
     // Without a crop option or a profile: the window's start state, custom
     // pixels 0, 0, 0, 0, which keeps every image whole.
+    if (!orientation.empty()) {
+        s.matchOrientation = orientation == "match";
+    }
+    if (!anchor.empty()) {
+        const auto named = CropAnchorNamed(anchor);
+        if (!named) {
+            return UsageError("--anchor: unknown anchor " + anchor + " (use centre, top, bottom, "
+                              "left, right, top-left, top-right, bottom-left, bottom-right, "
+                              "attention or entropy)");
+        }
+        s.anchor = *named;
+    }
+    if (!resize.empty()) {
+        const std::size_t x = resize.find_first_of("xX");
+        const auto width = x == std::string::npos ? std::nullopt : ParseSide(resize.substr(0, x));
+        const auto height = x == std::string::npos ? std::nullopt : ParseSide(resize.substr(x + 1));
+        if (!width || !height || (*width == 0 && *height == 0)) {
+            return UsageError("--resize: expected WxH, Wx or xH with sides from 1 to " +
+                              std::to_string(kLargestResizeSide) + ", got " + resize);
+        }
+        s.resize.width = *width;
+        s.resize.height = *height;
+        s.resize.mode = *height == 0  ? ResizeMode::Width
+                        : *width == 0 ? ResizeMode::Height
+                                      : ResizeMode::Fit;
+    }
+    if (resizeMode == "exact") {
+        if (s.resize.width == 0 || s.resize.height == 0) {
+            return UsageError("--resize-mode exact: needs --resize WxH with both sides");
+        }
+        s.resize.mode = ResizeMode::Exact;
+    }
+    if (enlargeOption->count() > 0) {
+        s.resize.enlarge = enlarge;
+    }
 
     if (formatOption->count() > 0) {
         s.outputFormat = OutputFormatNamed(format);

@@ -24,6 +24,7 @@
 #include <optional>
 #include <string>
 
+#include "imaging/CropPlacement.h"
 #include "imaging/Geometry.h"
 #include "imaging/Image.h"
 #include "imaging/LoadResult.h"
@@ -51,6 +52,15 @@ class ImageTools {
     // request or the image size gives (0, 0).
     static Size CalculateCroppedImageSize(const Image& image, double originX, double originY,
                                           double width, double height);
+
+    // Where a rectangle of `rect` size (in pixels of an image of `full` size)
+    // draws the eye most, by libvips' smartcrop measure `anchor` (Attention
+    // or Entropy), judged on `picture`: the same image reduced (see
+    // kPlacementPictureSide), so that a large photo costs a small image's
+    // work. The rectangle's origin, within the image; nothing when the
+    // picture has no pixels, the anchor is not a smart one or libvips fails.
+    static std::optional<Rect> SmartPlacement(const Image& picture, Size full, Size rect,
+                                              CropAnchor anchor);
 
     // ---- Loading -------------------------------------------------------
 

@@ -117,6 +117,42 @@ Image ImageTools::ResizeImage(const Image& image, double width, double height) {
     return ImageAccess::Make(std::move(scaled), width, height);
 }
 
+std::optional<Rect> ImageTools::SmartPlacement(const Image& picture, Size full, Size rect,
+                                               CropAnchor anchor) {
+    const vips::VImage* pixels = ImageAccess::Pixels(picture);
+    if (pixels == nullptr || !IsSmartAnchor(anchor) || !(full.width > 0) || !(full.height > 0)) {
+        return std::nullopt;
+    }
+    vipsruntime::EnsureStarted();
+    vipsruntime::FailureScope scope;
+    try {
+        // The window holds its picture as 8-bit sRGB (with alpha when the
+        // file has it); bring the job's picture through the same steps so
+        // both judge the same samples.
+        const vips::VImage rgb =
+            pixelconvert::ToSrgb8(pixelconvert::ToSrgb8(*pixels, pixels->has_alpha()), false);
+        const double scaleX = rgb.width() / full.width;
+        const double scaleY = rgb.height() / full.height;
+        const int width = std::clamp(static_cast<int>(std::lround(rect.width * scaleX)), 1,
+                                     rgb.width());
+        const int height = std::clamp(static_cast<int>(std::lround(rect.height * scaleY)), 1,
+                                      rgb.height());
+        const VipsInteresting measure =
+            anchor == CropAnchor::Attention ? VIPS_INTERESTING_ATTENTION : VIPS_INTERESTING_ENTROPY;
+        const vips::VImage chosen =
+            rgb.smartcrop(width, height, vips::VImage::option()->set("interesting", measure));
+        // The extract libvips makes records where it cut, as minus its
+        // offset.
+        const double left = -chosen.xoffset() / scaleX;
+        const double topRow = -chosen.yoffset() / scaleY;
+        const double x = std::clamp(left, 0.0, std::max(0.0, full.width - rect.width));
+        const double fromTop = std::clamp(topRow, 0.0, std::max(0.0, full.height - rect.height));
+        return Rect{x, full.height - rect.height - fromTop, rect.width, rect.height};
+    } catch (const vips::VError&) {
+        return std::nullopt;
+    }
+}
+
 Image ImageTools::BringImageToActualSize(const Image& image, const std::string& path) {
     const std::optional<Size> pixelSize = ImagePixelSizeWithPath(path);
     if (!pixelSize) {

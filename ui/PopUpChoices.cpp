@@ -7,21 +7,14 @@
 
 namespace vellumo {
 
-namespace {
-
-template <std::size_t N>
-QStringList Titles(const std::array<std::string_view, N>& titles) {
-    QStringList list;
-    for (const std::string_view title : titles) {
-        list << QString::fromLatin1(title.data(), static_cast<qsizetype>(title.size()));
-    }
-    return list;
-}
-
-}  // namespace
-
 QStringList AutoCropFormatTitles() {
-    return Titles(kAutoCropFormatTitles);
+    QStringList list;
+    for (const AutoCropRatio& entry : kAutoCropRatios) {
+        list << QString::fromLatin1(entry.title.data(), static_cast<qsizetype>(entry.title.size()));
+    }
+    list << QString::fromUtf8(kCustomRatioTitle.data(),
+                              static_cast<qsizetype>(kCustomRatioTitle.size()));
+    return list;
 }
 
 QStringList OutputFormatTitles() {

@@ -216,8 +216,24 @@ TEST_F(CliTest, UsageErrorsExitWithTwoAndOneLineNamingTheOption) {
         {"--format webp --output o" + a,
          "vellumo-cli: --format: unknown format webp (use JPG JPEG JPE JP2 JPX PNG TIFF TIF GIF "
          "BMP)\n"},
-        {"--auto 5:4 --output o" + a,
-         "vellumo-cli: --auto: unknown ratio 5:4 (use 1:1, 4:3, 3:2 or 16:9)\n"},
+        {"--auto 5:0 --output o" + a,
+         "vellumo-cli: --auto: expected a ratio W:H of two positive numbers, got 5:0\n"},
+        {"--auto -4:5 --output o" + a,
+         "vellumo-cli: --auto: expected a ratio W:H of two positive numbers, got -4:5\n"},
+        {"--auto wide --output o" + a,
+         "vellumo-cli: --auto: expected a ratio W:H of two positive numbers, got wide\n"},
+        {"--auto 4:5 --anchor middle --output o" + a,
+         "vellumo-cli: --anchor: unknown anchor middle (use centre, top, bottom, left, right, "
+         "top-left, top-right, bottom-left, bottom-right, attention or entropy)\n"},
+        {"--resize 0x500 --output o" + a,
+         "vellumo-cli: --resize: expected WxH, Wx or xH with sides from 1 to 65535, got 0x500\n"},
+        {"--resize 70000x5 --output o" + a,
+         "vellumo-cli: --resize: expected WxH, Wx or xH with sides from 1 to 65535, got "
+         "70000x5\n"},
+        {"--resize x --output o" + a,
+         "vellumo-cli: --resize: expected WxH, Wx or xH with sides from 1 to 65535, got x\n"},
+        {"--resize 500x --resize-mode exact --output o" + a,
+         "vellumo-cli: --resize-mode exact: needs --resize WxH with both sides\n"},
         {"--pixels 1,2,3 --output o" + a,
          "vellumo-cli: --pixels: expected four numbers X,Y,W,H, got 1,2,3\n"},
         {"--auto 1:1 --percents 1,2,3,4 --output o" + a,
@@ -273,7 +289,7 @@ TEST_F(CliTest, ABadProfileIsAUsageError) {
         Cli("--profile " + ShellQuote(dir.File("bad.vellumo")) + " --output o a.png");
     EXPECT_EQ(run.exitCode, 2);
     EXPECT_EQ(run.err, "vellumo-cli: --profile: " + dir.File("bad.vellumo") +
-                           ": version 99 is not one this Vellumo reads (it reads version 1)\n");
+                           ": version 99 is not one this Vellumo reads (it reads versions 1 and 2)\n");
 }
 
 TEST_F(CliTest, AFileThatCrashesTheDecoderFailsAloneInABatchOfTen) {

@@ -29,6 +29,10 @@ CropSettings Unusual() {
     s.nameTemplate = "photo [FileIndex] – \"é\"";
     s.outputFolder = "/tmp/out folder";
     s.keepMetadata = true;
+    s.customRatio = {1.91, 1};
+    s.matchOrientation = false;
+    s.anchor = CropAnchor::BottomRight;
+    s.resize = {ResizeMode::Exact, 1080, 1350, true};
     return s;
 }
 
@@ -48,6 +52,10 @@ void ExpectSame(const CropSettings& a, const CropSettings& b) {
     EXPECT_EQ(a.nameTemplate, b.nameTemplate);
     EXPECT_EQ(a.outputFolder, b.outputFolder);
     EXPECT_EQ(a.keepMetadata, b.keepMetadata);
+    EXPECT_EQ(a.customRatio, b.customRatio);
+    EXPECT_EQ(a.matchOrientation, b.matchOrientation);
+    EXPECT_EQ(a.anchor, b.anchor);
+    EXPECT_EQ(a.resize, b.resize);
 }
 
 TEST(Profile, SaveThenLoadRestoresEverySettingExactly) {
@@ -63,7 +71,7 @@ TEST(Profile, SaveThenLoadRestoresEverySettingExactly) {
 
 TEST(Profile, IsReadableJsonWithAVersion) {
     const std::string text = ProfileText(CropSettings{});
-    EXPECT_NE(text.find("\"version\": 1"), std::string::npos) << text;
+    EXPECT_NE(text.find("\"version\": 2"), std::string::npos) << text;
     EXPECT_NE(text.find("\"format\": \"JPG\""), std::string::npos) << text;
     EXPECT_NE(text.find("\"nameTemplate\": \"[FileName]_cropped ([FileIndex])\""),
               std::string::npos);
@@ -72,7 +80,7 @@ TEST(Profile, IsReadableJsonWithAVersion) {
 
 TEST(Profile, MissingKeysKeepTheCurrentValueAndUnknownKeysAreIgnored) {
     const Loaded<CropSettings> loaded = SettingsFromProfileText(
-        R"({"version": 1, "quality": 55, "percents": {"width": 70}, "futureOption": [1, 2]})",
+        R"({"version": 2, "quality": 55, "percents": {"width": 70}, "futureOption": [1, 2]})",
         Unusual());
     ASSERT_TRUE(loaded) << loaded.reason();
     CropSettings expected = Unusual();
@@ -132,12 +140,12 @@ TEST(Profile, BadFilesGiveAReasonAndNoSettings) {
         {"{ not json", "the file is not valid JSON"},
         {"[1, 2]", "the file does not hold a profile"},
         {R"({"quality": 50})", "the file has no \"version\""},
-        {R"({"version": 99})", "version 99 is not one this Vellumo reads (it reads version 1)"},
+        {R"({"version": 99})", "version 99 is not one this Vellumo reads (it reads versions 1 and 2)"},
         {R"({"version": 1, "quality": 300})", "\"quality\" must be between 0 and 100"},
         {R"({"version": 1, "quality": "high"})", "\"quality\" must be a number"},
         {R"({"version": 1, "format": "WEBP"})", "\"format\" has an unknown value \"WEBP\""},
-        {R"({"version": 1, "autoCropRatio": "5:4"})",
-         "\"autoCropRatio\" has an unknown value \"5:4\""},
+        {R"({"version": 1, "autoCropRatio": "5:3"})",
+         "\"autoCropRatio\" has an unknown value \"5:3\""},
         {R"({"version": 1, "autoCrop": "yes"})", "\"autoCrop\" must be true or false"},
         {R"({"version": 1, "pixels": {"x": 1e300}})",
          "\"pixels.x\" must be between -1e+09 and 1e+09"},
@@ -163,6 +171,49 @@ TEST(Profile, WritingReplacesAnExistingProfile) {
     std::ofstream(path) << "old";
     ASSERT_TRUE(WriteProfile(path, Unusual()).saved);
     EXPECT_EQ(test::ReadFile(path), ProfileText(Unusual()));
+}
+
+}  // namespace
+}  // namespace vellumo
+
+namespace vellumo {
+namespace {
+
+// A version 1 file carries none of the crop rules added since: whatever the
+// current settings, they take the defaults that crop as version 1 did.
+TEST(Profile, VersionOneTakesTheDefaultRules) {
+    CropSettings current;
+    current.anchor = CropAnchor::Attention;
+    current.matchOrientation = false;
+    current.resize = {ResizeMode::Fit, 10, 10, true};
+    current.customRatio = {9, 2};
+    const auto loaded = SettingsFromProfileText(
+        R"({"version": 1, "cropMode": "auto", "autoCropRatio": "16:9"})", current);
+    ASSERT_TRUE(loaded) << loaded.reason();
+    EXPECT_EQ(loaded->autoCropFormat, 3);
+    EXPECT_EQ(loaded->anchor, CropAnchor::Centre);
+    EXPECT_TRUE(loaded->matchOrientation);
+    EXPECT_EQ(loaded->resize, ResizeRule{});
+    EXPECT_EQ(loaded->customRatio, CropSettings{}.customRatio);
+}
+
+TEST(Profile, VersionTwoRulesAreCheckedLikeTheRest) {
+    const struct {
+        const char* text;
+        const char* reason;
+    } cases[] = {
+        {R"({"version": 2, "anchor": "middle"})", "\"anchor\" has an unknown value \"middle\""},
+        {R"({"version": 2, "resize": {"width": 70000}})",
+         "\"resize.width\" must be between 0 and 65535"},
+        {R"({"version": 2, "customRatio": {"height": 0}})",
+         "\"customRatio.height\" must be between 1e-06 and 1e+06"},
+        {R"({"version": 3})", "version 3 is not one this Vellumo reads (it reads versions 1 and 2)"},
+    };
+    for (const auto& c : cases) {
+        const auto loaded = SettingsFromProfileText(c.text, {});
+        EXPECT_FALSE(loaded) << c.text;
+        EXPECT_EQ(loaded.reason(), c.reason) << c.text;
+    }
 }
 
 }  // namespace

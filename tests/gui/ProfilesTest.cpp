@@ -131,7 +131,7 @@ class ProfilesTest : public QObject {
         } files[] = {
             {"corrupt.vellumo", "{ \"version\": 1, \"quality\": ", "the file is not valid JSON"},
             {"future.vellumo", "{\"version\": 99, \"format\": \"PNG\"}",
-             "version 99 is not one this Vellumo reads (it reads version 1)"},
+             "version 99 is not one this Vellumo reads (it reads versions 1 and 2)"},
             {"loud.vellumo", "{\"version\": 1, \"format\": \"PNG\", \"quality\": 300}",
              "\"quality\" must be between 0 and 100"},
         };

@@ -1,0 +1,71 @@
+#pragma once
+
+// Where an auto-crop rectangle sits, and how large it is for any ratio.
+// Conventions as in ImageTools.h: doubles in image pixels, origin at the
+// image's lower-left corner, y upward, nothing rounded.
+
+#include <array>
+#include <optional>
+#include <string_view>
+
+#include "imaging/Geometry.h"
+
+namespace vellumo {
+
+// A width : height ratio; both sides positive.
+struct AspectRatio {
+    double width = 1.0;
+    double height = 1.0;
+
+    friend bool operator==(const AspectRatio&, const AspectRatio&) = default;
+};
+
+// Where the rectangle goes: one of nine places on a 3 x 3 grid, or a place
+// chosen from the pixels (libvips' measures of what draws the eye).
+enum class CropAnchor {
+    Centre,
+    Top,
+    Bottom,
+    Left,
+    Right,
+    TopLeft,
+    TopRight,
+    BottomLeft,
+    BottomRight,
+    Attention,  // skin, saturated colour and edges
+    Entropy,    // the busiest part of the picture
+};
+
+// The names anchors go by in profiles and on the command line, by enum value:
+// "centre", "top", ..., "bottom-right", "attention", "entropy".
+inline constexpr std::array<std::string_view, 11> kCropAnchorNames = {
+    "centre",    "top",         "bottom",       "left",      "right",  "top-left",
+    "top-right", "bottom-left", "bottom-right", "attention", "entropy"};
+
+// The anchor of a name ("center" too); nothing for an unknown one.
+std::optional<CropAnchor> CropAnchorNamed(std::string_view name);
+std::string_view CropAnchorName(CropAnchor anchor);
+
+inline bool IsSmartAnchor(CropAnchor anchor) {
+    return anchor == CropAnchor::Attention || anchor == CropAnchor::Entropy;
+}
+
+// The longer side of the reduced picture a smart anchor is judged on (the
+// file decoded to fit in this square, as ImageTools::LoadPreview makes it):
+// the window and the job look at the same pixels, so they agree.
+inline constexpr int kPlacementPictureSide = 512;
+
+// The ratio turned so that its longer side lies along the image's longer
+// side (an image is landscape when float(W / H) >= 1, a square included).
+AspectRatio RatioMatchingOrientation(Size image, AspectRatio ratio);
+
+// The largest rectangle of `ratio` inside the image, centred: the full
+// height when the image is at least as wide as that needs, else the full
+// width.
+Rect LargestCentredRectangle(Size image, AspectRatio ratio);
+
+// `rect` moved to the anchor's place on the image, its size unchanged.
+// Centre and the two smart anchors leave it where it is.
+Rect MoveToAnchor(Size image, Rect rect, CropAnchor anchor);
+
+}  // namespace vellumo

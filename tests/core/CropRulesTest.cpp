@@ -1,0 +1,285 @@
+// The crop rules beyond the centre: any ratio, the orientation rule, nine
+// anchors, smart placement and the output size. Numbers are exact; y is
+// measured from the image's lower edge, so "top" is y = H - height.
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "batch/CropRectangle.h"
+#include "imaging/ImageTools.h"
+#include "tests/support/TempDir.h"
+#include "tests/support/TestImages.h"
+
+namespace vellumo {
+namespace {
+
+CropSettings Auto(long format, bool match = true, CropAnchor anchor = CropAnchor::Centre) {
+    CropSettings s;
+    s.mode = CropMode::Auto;
+    s.autoCropFormat = format;
+    s.matchOrientation = match;
+    s.anchor = anchor;
+    return s;
+}
+
+CropSettings Custom(AspectRatio ratio, bool match, CropAnchor anchor = CropAnchor::Centre) {
+    CropSettings s = Auto(kCustomRatioIndex, match, anchor);
+    s.customRatio = ratio;
+    return s;
+}
+
+// One image, one ratio: the rectangle's size, and the three places on each
+// axis the anchors choose from (left, centre, right; bottom, centre, top).
+struct AnchorCase {
+    const char* name;
+    Size image;
+    CropSettings settings;
+    Size rect;
+    std::array<double, 3> xs;
+    std::array<double, 3> ys;
+};
+
+// Which of the three places each anchor takes on each axis.
+const std::map<CropAnchor, std::pair<int, int>> kPlaces = {
+    {CropAnchor::Centre, {1, 1}},      {CropAnchor::Top, {1, 2}},
+    {CropAnchor::Bottom, {1, 0}},      {CropAnchor::Left, {0, 1}},
+    {CropAnchor::Right, {2, 1}},       {CropAnchor::TopLeft, {0, 2}},
+    {CropAnchor::TopRight, {2, 2}},    {CropAnchor::BottomLeft, {0, 0}},
+    {CropAnchor::BottomRight, {2, 0}},
+};
+
+TEST(CropRules, EachAnchorOnLandscapePortraitAndSquareInBothOrientationModes) {
+    const AnchorCase cases[] = {
+        // 16:9 turned to each image: the spec's own arithmetic.
+        {"landscape 16:9 matched", {1200, 800}, Auto(3), {1200, 675}, {0, 0, 0}, {0, 62.5, 125}},
+        {"portrait 16:9 matched", {800, 1200}, Auto(3), {675, 1200}, {0, 62.5, 125}, {0, 0, 0}},
+        {"square 16:9 matched",
+         {1000, 1000},
+         Auto(3),
+         {1000, 562.5},
+         {0, 0, 0},
+         {0, 218.75, 437.5}},
+        // As given: 16:9 stays wide on the portrait image.
+        {"landscape 16:9 as given",
+         {1200, 800},
+         Auto(3, false),
+         {1200, 675},
+         {0, 0, 0},
+         {0, 62.5, 125}},
+        {"portrait 16:9 as given",
+         {800, 1200},
+         Auto(3, false),
+         {800, 450},
+         {0, 0, 0},
+         {0, 375, 750}},
+        {"square 16:9 as given",
+         {1000, 1000},
+         Auto(3, false),
+         {1000, 562.5},
+         {0, 0, 0},
+         {0, 218.75, 437.5}},
+        // A portrait ratio typed by the person: matched, it is turned on a
+        // landscape image; as given, it stays tall everywhere.
+        {"landscape 4:5 matched",
+         {1200, 800},
+         Custom({4, 5}, true),
+         {1000, 800},
+         {0, 100, 200},
+         {0, 0, 0}},
+        {"landscape 4:5 as given",
+         {1200, 800},
+         Custom({4, 5}, false),
+         {640, 800},
+         {0, 280, 560},
+         {0, 0, 0}},
+        {"portrait 4:5 matched",
+         {800, 1200},
+         Custom({4, 5}, true),
+         {800, 1000},
+         {0, 0, 0},
+         {0, 100, 200}},
+        {"portrait 4:5 as given",
+         {800, 1200},
+         Custom({4, 5}, false),
+         {800, 1000},
+         {0, 0, 0},
+         {0, 100, 200}},
+        {"square 4:5 matched",
+         {1000, 1000},
+         Custom({4, 5}, true),
+         {1000, 800},
+         {0, 0, 0},
+         {0, 100, 200}},
+        {"square 4:5 as given",
+         {1000, 1000},
+         Custom({4, 5}, false),
+         {800, 1000},
+         {0, 100, 200},
+         {0, 0, 0}},
+    };
+    for (const AnchorCase& c : cases) {
+        for (const auto& [anchor, place] : kPlaces) {
+            CropSettings s = c.settings;
+            s.anchor = anchor;
+            const Rect rect = ResolveCropRectangle(s, Image::OfSize(c.image.width, c.image.height));
+            const Rect expected{c.xs[place.first], c.ys[place.second], c.rect.width, c.rect.height};
+            EXPECT_EQ(rect, expected) << c.name << ", " << CropAnchorName(anchor);
+        }
+    }
+}
+
+TEST(CropRules, TheFourRatiosCentredAreTheSpecArithmeticToTheBit) {
+    const Size sizes[] = {{4000, 3000}, {3000, 4000}, {1000, 1000}, {6000, 4000},  {1001, 999},
+                          {333, 1777},  {1777, 333},  {2, 3},       {7919, 104729}};
+    for (const Size size : sizes) {
+        const Image image = Image::OfSize(size.width, size.height);
+        for (long format = 0; format < kSpecRatioCount; ++format) {
+            const Rect rule = ResolveCropRectangle(Auto(format), image);
+            const Rect spec = ImageTools::CalculateAutoCropRectangleWithImage(image, format);
+            EXPECT_EQ(std::memcmp(&rule, &spec, sizeof rule), 0)
+                << size.width << " x " << size.height << " format " << format;
+        }
+    }
+}
+
+TEST(CropRules, MoreRatiosFromTheList) {
+    // "1.91:1" on a square: the full width, 1200 / 1.91 high, centred.
+    const Rect link = ResolveCropRectangle(Auto(7), Image::OfSize(1200, 1200));
+    EXPECT_EQ(link.width, 1200.0);
+    EXPECT_EQ(link.height, 1200.0 * 1.0 / 1.91);
+    EXPECT_EQ(link.x, 0.0);
+    EXPECT_EQ(link.y, (1200.0 - 1200.0 / 1.91) * 0.5);
+    EXPECT_EQ(ResolveCrop(Auto(7), Image::OfSize(1200, 1200)).outputSize, (Size{1200, 628}));
+    EXPECT_EQ(ResolveCropRectangle(Auto(4), Image::OfSize(6000, 4000)), (Rect{500, 0, 5000, 4000}));
+    EXPECT_EQ(ResolveCropRectangle(Auto(5), Image::OfSize(7000, 4000)), (Rect{700, 0, 5600, 4000}));
+    EXPECT_EQ(ResolveCropRectangle(Auto(6), Image::OfSize(3000, 4000)), (Rect{500, 0, 2000, 4000}));
+    EXPECT_EQ(ResolveCropRectangle(Auto(8), Image::OfSize(2100, 1800)), (Rect{0, 450, 2100, 900}));
+    EXPECT_EQ(kAutoCropRatios[4].title, "5:4");
+    EXPECT_EQ(kAutoCropRatios[8].title, "21:9");
+}
+
+TEST(CropRules, CustomFourToFiveMatchedOnALandscapePhotoIsFiveToFour) {
+    const Image photo = Image::OfSize(6000, 4000);
+    EXPECT_EQ(ResolveCropRectangle(Custom({4, 5}, true), photo), (Rect{500, 0, 5000, 4000}));
+    EXPECT_EQ(ResolveCropRectangle(Custom({4, 5}, true, CropAnchor::Right), photo),
+              (Rect{1000, 0, 5000, 4000}));
+    EXPECT_EQ(ResolveCropRectangle(Custom({4, 5}, true, CropAnchor::TopLeft), photo),
+              (Rect{0, 0, 5000, 4000}));
+}
+
+TEST(CropRules, NoRatioGivesNoRectangle) {
+    EXPECT_EQ(ResolveCropRectangle(Custom({0, 5}, true), Image::OfSize(600, 400)), Rect{});
+    EXPECT_EQ(ResolveCropRectangle(Auto(42), Image::OfSize(600, 400)), Rect{});
+    EXPECT_EQ(ResolveCropRectangle(Auto(-1), Image::OfSize(600, 400)), Rect{});
+}
+
+CropSettings Resized(CropSettings s, ResizeMode mode, int width, int height, bool enlarge = false) {
+    s.resize = {mode, width, height, enlarge};
+    return s;
+}
+
+TEST(CropRules, OutputSizeAfterTheResize) {
+    const Image photo = Image::OfSize(6000, 4000);
+    const CropSettings square = Auto(0);  // 4000 x 4000
+    EXPECT_EQ(ResolveCrop(Resized(square, ResizeMode::Width, 1000, 0), photo).outputSize,
+              (Size{1000, 1000}));
+    EXPECT_EQ(ResolveCrop(Resized(Auto(1), ResizeMode::Width, 1000, 0), photo).outputSize,
+              (Size{1000, 750}));
+    EXPECT_EQ(ResolveCrop(Resized(Auto(1), ResizeMode::Height, 0, 999), photo).outputSize,
+              (Size{1332, 999}));
+    EXPECT_EQ(ResolveCrop(Resized(Auto(3), ResizeMode::Fit, 1200, 1200), photo).outputSize,
+              (Size{1200, 675}));
+    // Exactly: the crop takes the target's ratio (never turned), then its
+    // size.
+    const ResolvedCrop exact = ResolveCrop(Resized(Auto(3), ResizeMode::Exact, 1080, 1350), photo);
+    EXPECT_EQ(exact.rect, (Rect{1400, 0, 3200, 4000}));
+    EXPECT_EQ(exact.cutSize, (Size{3200, 4000}));
+    EXPECT_EQ(exact.outputSize, (Size{1080, 1350}));
+    // Never larger than the crop unless asked, and then it says so.
+    const ResolvedCrop small = ResolveCrop(Resized(square, ResizeMode::Fit, 5000, 5000), photo);
+    EXPECT_EQ(small.outputSize, (Size{4000, 4000}));
+    EXPECT_EQ(CropExtentNote(small), "not enlarged: the crop is 4000 \u00d7 4000");
+    EXPECT_EQ(ResolveCrop(Resized(square, ResizeMode::Fit, 5000, 5000, true), photo).outputSize,
+              (Size{5000, 5000}));
+    EXPECT_EQ(ResolveCrop(Resized(square, ResizeMode::Exact, 5000, 5000), photo).outputSize,
+              (Size{4000, 4000}));
+    EXPECT_EQ(ResolveCrop(Resized(square, ResizeMode::Exact, 5000, 5000, true), photo).outputSize,
+              (Size{5000, 5000}));
+    // A pixel rectangle resized exactly: its largest centred part of the
+    // target's ratio.
+    CropSettings pixels;
+    pixels.mode = CropMode::Pixels;
+    pixels.pixelsOriginX = 100;
+    pixels.pixelsOriginY = 200;
+    pixels.pixelsWidth = 2000;
+    pixels.pixelsHeight = 1000;
+    const ResolvedCrop cut = ResolveCrop(Resized(pixels, ResizeMode::Exact, 500, 500), photo);
+    EXPECT_EQ(cut.cut, (Rect{600, 200, 1000, 1000}));
+    EXPECT_EQ(cut.outputSize, (Size{500, 500}));
+}
+
+TEST(CropRules, ResizedSizeRoundsAndKeepsAtLeastAPixel) {
+    EXPECT_EQ(ResizedSize({1000, 3}, {ResizeMode::Width, 100, 0, false}), (Size{100, 1}));
+    EXPECT_EQ(ResizedSize({1000, 15}, {ResizeMode::Width, 100, 0, false}), (Size{100, 2}));
+    EXPECT_EQ(ResizedSize({640, 480}, {ResizeMode::None, 1, 1, false}), (Size{640, 480}));
+    EXPECT_EQ(ResizedSize({640, 480}, {ResizeMode::Height, 0, 480, false}), (Size{640, 480}));
+}
+
+TEST(CropRules, AnchorNames) {
+    for (std::size_t i = 0; i < kCropAnchorNames.size(); ++i) {
+        EXPECT_EQ(CropAnchorNamed(kCropAnchorNames[i]), static_cast<CropAnchor>(i));
+    }
+    EXPECT_EQ(CropAnchorNamed("center"), CropAnchor::Centre);
+    EXPECT_EQ(CropAnchorNamed("middle"), std::nullopt);
+}
+
+// A photo-like picture: a flat background with one bright, busy patch near
+// its right edge, 200 x 200 at columns 950 to 1149 and rows 300 to 499 from
+// the top.
+vips::VImage OffCentreSubject() {
+    vips::VImage background =
+        vips::VImage::black(1200, 800, vips::VImage::option()->set("bands", 3)) + 90;
+    vips::VImage noise = vips::VImage::gaussnoise(
+        200, 200, vips::VImage::option()->set("sigma", 80)->set("mean", 128));
+    vips::VImage patch = vips::VImage::bandjoin(
+        {noise, noise.rot180() * 0.5 + 100, noise.flip(VIPS_DIRECTION_HORIZONTAL)});
+    return background.insert(patch, 950, 300).cast(VIPS_FORMAT_UCHAR);
+}
+
+TEST(CropRules, AttentionAndEntropyFindTheSubjectOffCentre) {
+    test::TempDir dir;
+    const std::string file = dir.File("subject.png");
+    OffCentreSubject().pngsave(file.c_str());
+    const PreviewResult picture = ImageTools::LoadPreview(file, kPlacementPictureSide);
+    ASSERT_TRUE(picture) << picture.reason();
+    const Image image = Image::OfSize(1200, 800);
+    for (const CropAnchor anchor : {CropAnchor::Attention, CropAnchor::Entropy}) {
+        const ResolvedCrop crop = ResolveCrop(Auto(0, true, anchor), image, &picture->picture);
+        EXPECT_EQ(crop.placementNote, "");
+        // The 800 x 800 square holds the whole patch: it starts at or
+        // right of column 350 (the centred square starts at 200).
+        EXPECT_EQ(crop.rect.width, 800.0);
+        EXPECT_GE(crop.rect.x, 350.0) << CropAnchorName(anchor);
+        EXPECT_LE(crop.rect.x, 400.0) << CropAnchorName(anchor);
+        EXPECT_EQ(crop.rect.y, 0.0);
+    }
+    // Tall crops move up or down the same way: a 2:1 strip over the patch.
+    const ResolvedCrop strip =
+        ResolveCrop(Custom({1200, 300}, false, CropAnchor::Attention), image, &picture->picture);
+    const double topRow = 800 - strip.rect.y - strip.rect.height;
+    EXPECT_LE(topRow, 300.0);
+    EXPECT_GE(topRow + strip.rect.height, 500.0);
+}
+
+TEST(CropRules, ASmartAnchorWithoutAPictureIsCentredAndSaysSo) {
+    const ResolvedCrop crop =
+        ResolveCrop(Auto(0, true, CropAnchor::Attention), Image::OfSize(1200, 800));
+    EXPECT_EQ(crop.rect, (Rect{200, 0, 800, 800}));
+    EXPECT_EQ(CropExtentNote(crop), "attention placement could not be found; centred");
+    EXPECT_TRUE(UsesPlacementPicture(Auto(0, true, CropAnchor::Entropy)));
+    EXPECT_FALSE(UsesPlacementPicture(Auto(0, true, CropAnchor::Top)));
+}
+
+}  // namespace
+}  // namespace vellumo
