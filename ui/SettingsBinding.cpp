@@ -6,9 +6,11 @@
 #include <QLabel>
 #include <QLineEdit>
 
+#include "ui/AutoCropRuleBox.h"
 #include "ui/LatchingRadioButton.h"
 #include "ui/QualitySlider.h"
 #include "ui/QualityText.h"
+#include "ui/ResizeRuleBox.h"
 #include "ui/Stepper.h"
 #include "ui/TextFieldNumber.h"
 
@@ -32,6 +34,8 @@ CropSettings SettingsBinding::Read() const {
                               c_.radioCustomCropPixels.isChecked(),
                               c_.radioCustomCropPercents.isChecked());
     s.autoCropFormat = c_.comboAutoCropFormat.currentIndex();
+    c_.autoCropRule.Read(s);
+    c_.resizeRule.Read(s);
     s.pixelsOriginX = TextFieldFloatValue(c_.pixelsOriginX);
     s.pixelsOriginY = TextFieldFloatValue(c_.pixelsOriginY);
     s.pixelsWidth = TextFieldFloatValue(c_.pixelsWidth);
@@ -57,6 +61,9 @@ void SettingsBinding::Write(const CropSettings& s) const {
         c_.radioCustomCropPercents.setChecked(s.mode == CropMode::Percents);
     }
     c_.comboAutoCropFormat.setCurrentIndex(static_cast<int>(s.autoCropFormat));
+    c_.autoCropRule.Write(s);
+    c_.autoCropRule.SetCustomRatioChosen(s.autoCropFormat == kCustomRatioIndex);
+    c_.resizeRule.Write(s);
 
     SetTextFieldFloat(c_.pixelsOriginX, s.pixelsOriginX);
     SetTextFieldFloat(c_.pixelsOriginY, s.pixelsOriginY);

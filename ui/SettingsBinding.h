@@ -14,7 +14,9 @@ class QLineEdit;
 
 namespace vellumo {
 
+class AutoCropRuleBox;
 class LatchingRadioButton;
+class ResizeRuleBox;
 class QualitySlider;
 class Stepper;
 
@@ -23,6 +25,7 @@ class SettingsBinding {
     struct Controls {
         LatchingRadioButton& radioAutoCrop;
         QComboBox& comboAutoCropFormat;
+        AutoCropRuleBox& autoCropRule;
         LatchingRadioButton& radioCustomCrop;
         LatchingRadioButton& radioCustomCropPixels;
         LatchingRadioButton& radioCustomCropPercents;
@@ -38,6 +41,7 @@ class SettingsBinding {
         Stepper& stepperPercentsOriginY;
         Stepper& stepperPercentsWidth;
         Stepper& stepperPercentsHeight;
+        ResizeRuleBox& resizeRule;
         QComboBox& comboFormat;
         QualitySlider& sliderQuality;
         QLabel& labelQuality;

@@ -9,12 +9,14 @@
 #include <QPushButton>
 #include <QTabWidget>
 
+#include "ui/AutoCropRuleBox.h"
 #include "ui/CropPreviewView.h"
 #include "ui/ImageListModel.h"
 #include "ui/ImagePaths.h"
 #include "ui/LatchingRadioButton.h"
 #include "ui/PopUpChoices.h"
 #include "ui/QualitySlider.h"
+#include "ui/ResizeRuleBox.h"
 #include "ui/SettingsBinding.h"
 #include "ui/Stepper.h"
 #include "ui/TextFieldNumber.h"
@@ -58,6 +60,7 @@ void ViewController::LoadView(QWidget& window) {
     settingsBinding_ = std::make_unique<SettingsBinding>(SettingsBinding::Controls{
         *radioAutoCrop,
         *comboAutoCropFormat,
+        *autoCropRule,
         *radioCustomCrop,
         *radioCustomCropPixels,
         *radioCustomCropPercents,
@@ -73,6 +76,7 @@ void ViewController::LoadView(QWidget& window) {
         *stepperCustomCropPercentsOriginY,
         *stepperCustomCropPercentsWidth,
         *stepperCustomCropPercentsHeight,
+        *resizeRule,
         *comboFormat,
         *sliderQuality,
         *labelQuality,
@@ -151,6 +155,8 @@ void ViewController::ConnectOutlets(QWidget& window) {
     labelOutputDimensionsHeight.Connect(window);
     radioAutoCrop.Connect(window);
     comboAutoCropFormat.Connect(window);
+    autoCropRule.Connect(window);
+    resizeRule.Connect(window);
     radioCustomCrop.Connect(window);
     radioCustomCropPixels.Connect(window);
     textFieldCustomCropPixelsOriginX.Connect(window);
@@ -221,6 +227,9 @@ void ViewController::ConnectCommands() {
             &ViewController::OnAutoCropSelected);
     connect(comboAutoCropFormat.get(), &QComboBox::activated, this,
             &ViewController::OnAutoCropFormatSelected);
+    connect(autoCropRule.get(), &AutoCropRuleBox::changed, this,
+            &ViewController::OnCropRuleChanged);
+    connect(resizeRule.get(), &ResizeRuleBox::changed, this, &ViewController::UpdateCropPreview);
     connect(radioCustomCrop.get(), &QAbstractButton::clicked, this,
             &ViewController::OnCustomCropSelected);
     connect(radioCustomCropPixels.get(), &QAbstractButton::clicked, this,

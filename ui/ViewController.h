@@ -17,6 +17,7 @@
 #include <QThreadPool>
 #include <QTimer>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -47,6 +48,8 @@ class ImageListModel;
 class LatchingRadioButton;
 class QualitySlider;
 class SettingsBinding;
+class AutoCropRuleBox;
+class ResizeRuleBox;
 class Stepper;
 
 class ViewController : public QObject, public WindowDelegate, public TableDropDelegate {
@@ -239,7 +242,10 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     // Back on the GUI thread with a decoded preview or a veiled picture;
     // results of a selection or refresh that is no longer the latest are
     // dropped.
-    void ShowDecodedPreview(quint64 selection, const QString& path, const PreviewResult& result);
+    void ShowDecodedPreview(quint64 selection, const QString& path, const PreviewResult& result,
+                            const std::optional<Image>& placementPicture);
+    // A change of ratio, orientation or anchor.
+    void OnCropRuleChanged();
     void ShowCropPreview(quint64 refresh, const QImage& picture);
     // After the preview has grown: decodes the current image again when its
     // picture would now be shown enlarged.
@@ -291,6 +297,8 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     Outlet<QLabel> labelOutputDimensionsHeight{"labelOutputDimensionsHeight"};
     Outlet<LatchingRadioButton> radioAutoCrop{"radioAutoCrop"};
     Outlet<QComboBox> comboAutoCropFormat{"comboAutoCropFormat"};
+    Outlet<AutoCropRuleBox> autoCropRule{"autoCropRule"};
+    Outlet<ResizeRuleBox> resizeRule{"resizeRule"};
     Outlet<LatchingRadioButton> radioCustomCrop{"radioCustomCrop"};
     Outlet<LatchingRadioButton> radioCustomCropPixels{"radioCustomCropPixels"};
     Outlet<QLineEdit> textFieldCustomCropPixelsOriginX{"textFieldCustomCropPixelsOriginX"};
@@ -345,6 +353,9 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     // The current image's picture, as decoded for the preview, and how many
     // pages or frames its file has.
     Image previewPicture_;
+    // The reduced picture smart anchors judge, decoded with the selection
+    // while one is chosen (kPlacementPictureSide).
+    std::optional<Image> placementPicture_;
     int currentPages_ = 1;
     // Counters that tell the latest selection and refresh from older ones.
     quint64 selectionCount_ = 0;

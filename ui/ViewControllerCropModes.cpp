@@ -5,6 +5,8 @@
 #include <QFile>
 #include <QLineEdit>
 
+#include "batch/CropRectangle.h"
+#include "ui/AutoCropRuleBox.h"
 #include "ui/LatchingRadioButton.h"
 #include "ui/QualitySlider.h"
 #include "ui/SettingsBinding.h"
@@ -43,6 +45,18 @@ void ViewController::OnAutoCropSelected() {
 }
 
 void ViewController::OnAutoCropFormatSelected() {
+    autoCropRule->SetCustomRatioChosen(comboAutoCropFormat->currentIndex() == kCustomRatioIndex);
+    OnCropRuleChanged();
+}
+
+// A smart anchor judges a reduced picture of the file, which the selection
+// decodes only while one is chosen: choosing one decodes it now.
+void ViewController::OnCropRuleChanged() {
+    if (UsesPlacementPicture(CropSettingsFromControls()) && !placementPicture_ &&
+        !currentImage_.IsEmpty()) {
+        tableViewSelectionDidChange();
+        return;
+    }
     UpdateCropPreview();
 }
 

@@ -123,6 +123,7 @@ void ViewController::ClearImageListSelection() {
     imageViewCropPreview->SetBusy(false);
     currentImage_ = Image();
     previewPicture_ = Image();
+    placementPicture_.reset();
     currentPages_ = 1;
     EmptyPreview();
     UpdateImageSize();

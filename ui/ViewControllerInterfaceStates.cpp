@@ -10,10 +10,12 @@
 #include <QTabWidget>
 
 #include "batch/CropSettings.h"
+#include "ui/AutoCropRuleBox.h"
 #include "ui/CropPreviewView.h"
 #include "ui/LatchingRadioButton.h"
 #include "ui/ProgressFraction.h"
 #include "ui/QualitySlider.h"
+#include "ui/ResizeRuleBox.h"
 #include "ui/SettingsBinding.h"
 #include "ui/Stepper.h"
 #include "ui/TextFieldNumber.h"
@@ -65,6 +67,8 @@ std::vector<QWidget*> ViewController::ControlsLockedWhileCropping() const {
         buttonRemoveAll.get(),
         radioAutoCrop.get(),
         comboAutoCropFormat.get(),
+        autoCropRule.get(),
+        resizeRule.get(),
         radioCustomCrop.get(),
         radioCustomCropPixels.get(),
         textFieldCustomCropPixelsOriginX.get(),

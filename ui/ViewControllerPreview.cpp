@@ -45,19 +45,29 @@ void ViewController::tableViewSelectionDidChange() {
     // Pictures of earlier selections not yet begun are not needed any more.
     previewWork_.clear();
     imageViewCropPreview->SetBusy(true);
-    previewWork_.start([this, decoder = previewDecoder_, selection, path, side] {
-        PreviewResult result = decoder->Decode(QFile::encodeName(path).toStdString(), side);
+    const bool placement = UsesPlacementPicture(CropSettingsFromControls());
+    previewWork_.start([this, decoder = previewDecoder_, selection, path, side, placement] {
+        const std::string file = QFile::encodeName(path).toStdString();
+        PreviewResult result = decoder->Decode(file, side);
+        std::optional<Image> placementPicture;
+        if (result && placement) {
+            if (const PreviewResult reduced = decoder->Decode(file, kPlacementPictureSide)) {
+                placementPicture = reduced->picture;
+            }
+        }
         QMetaObject::invokeMethod(
             this,
-            [this, selection, path, result = std::move(result)] {
-                ShowDecodedPreview(selection, path, result);
+            [this, selection, path, result = std::move(result),
+             placementPicture = std::move(placementPicture)] {
+                ShowDecodedPreview(selection, path, result, placementPicture);
             },
             Qt::QueuedConnection);
     });
 }
 
 void ViewController::ShowDecodedPreview(quint64 selection, const QString& path,
-                                        const PreviewResult& result) {
+                                        const PreviewResult& result,
+                                        const std::optional<Image>& placementPicture) {
     ++previewDeliveries_.decodes;
     if (selection != selectionCount_) {
         return;
@@ -72,6 +82,7 @@ void ViewController::ShowDecodedPreview(quint64 selection, const QString& path,
     imageListModel_->ClearUnreadable(path);
     currentImage_ = Image::OfSize(result->fullSize.width, result->fullSize.height);
     previewPicture_ = result->picture;
+    placementPicture_ = placementPicture;
     currentPages_ = result->pages;
     UpdateCropPreview();
 }
@@ -81,11 +92,16 @@ void ViewController::UpdateCropPreview() {
         return;
     }
     // What is drawn is what the job cuts: nothing veiled when the image is
-    // written whole, the part on the image when the rectangle is clipped.
-    const Rect rect = ResolveCrop(CropSettingsFromControls(), currentImage_).cut;
+    // written whole, the part on the image when the rectangle is clipped. A
+    // smart anchor looks at pixels, so the rule runs with the picture off
+    // this thread; the labels do not depend on where the rectangle sits.
+    const CropSettings settings = CropSettingsFromControls();
     const quint64 refresh = ++refreshCount_;
+    const Image image = currentImage_;
     const Size fullSize{currentImage_.Width(), currentImage_.Height()};
-    previewWork_.start([this, picture = previewPicture_, fullSize, rect, refresh] {
+    previewWork_.start([this, picture = previewPicture_, placement = placementPicture_, settings,
+                        image, fullSize, refresh] {
+        const Rect rect = ResolveCrop(settings, image, placement ? &*placement : nullptr).cut;
         const QImage veiled = VeiledPreviewPicture(picture, fullSize, rect);
         QMetaObject::invokeMethod(
             this, [this, refresh, veiled] { ShowCropPreview(refresh, veiled); },
@@ -139,7 +155,16 @@ void ViewController::UpdateImageSize() {
 
     // The output labels are the size the job writes for this image, in every
     // mode; the note says when that is the whole image or a clipped part.
-    const ResolvedCrop crop = ResolveCrop(CropSettingsFromControls(), currentImage_);
+    const CropSettings settings = CropSettingsFromControls();
+    // A smart anchor's picture is judged off this thread, and only where the
+    // rectangle sits depends on it: the sizes and notes here are the same
+    // (the note of a failed placement aside, which the picture's absence
+    // would give wrongly).
+    CropSettings sized = settings;
+    if (UsesPlacementPicture(settings) && placementPicture_) {
+        sized.anchor = CropAnchor::Centre;
+    }
+    const ResolvedCrop crop = ResolveCrop(sized, currentImage_);
     labelOutputDimensionsWidth->setText(DimensionText(kWidthCaption, crop.outputSize.width));
     labelOutputDimensionsHeight->setText(DimensionText(kHeightCaption, crop.outputSize.height));
     const std::string note = JoinNotes(CropExtentNote(crop), FirstPageNote(currentPages_));
