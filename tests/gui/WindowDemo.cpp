@@ -1,11 +1,12 @@
 // Starts Vellumo with the image files named on the command line already in
 // its list, as if they had been added; used for screenshots of the window.
 //
-//   vellumo_window_demo [--auto RATIO] [--select ROW] [--name TEMPLATE]
-//                       [--output FOLDER] [--crop] image...
+//   vellumo_window_demo [--auto RATIO] [--anchor BUTTON] [--select ROW]
+//                       [--name TEMPLATE] [--output FOLDER] [--crop] image...
 //
-// --auto chooses auto crop with that ratio ("1:1", "4:3", "3:2", "16:9"),
-// --select selects a row (from 0), both as clicks in the window would;
+// --auto chooses auto crop with that ratio (an entry of the list, or any
+// W:H as a custom ratio), --anchor clicks the anchor button of that object
+// name ("anchorTop"), --select selects a row (from 0), as clicks would;
 // --name and --output fill the name template and the output folder; --crop
 // presses Crop Images once the window shows.
 
@@ -27,6 +28,7 @@ namespace {
 
 struct DemoOptions {
     QString autoCropRatio;
+    QString anchorButton;
     int selectedRow = -1;
     QString nameTemplate;
     QString outputFolder;
@@ -40,6 +42,8 @@ DemoOptions ParseOptions(int argc, char** argv) {
         const QString argument = QString::fromLocal8Bit(argv[i]);
         if (argument == "--auto" && i + 1 < argc) {
             options.autoCropRatio = QString::fromLocal8Bit(argv[++i]);
+        } else if (argument == "--anchor" && i + 1 < argc) {
+            options.anchorButton = QString::fromLocal8Bit(argv[++i]);
         } else if (argument == "--select" && i + 1 < argc) {
             options.selectedRow = std::atoi(argv[++i]);
         } else if (argument == "--name" && i + 1 < argc) {
@@ -75,7 +79,14 @@ int main(int argc, char** argv) {
 
             if (!options.autoCropRatio.isEmpty()) {
                 auto* ratios = window.findChild<QComboBox*>("comboAutoCropFormat");
-                const int index = ratios->findText(options.autoCropRatio);
+                int index = ratios->findText(options.autoCropRatio);
+                const QStringList sides = options.autoCropRatio.split(':');
+                if (index < 0 && sides.size() == 2) {
+                    // Any other W:H is a custom ratio.
+                    index = ratios->count() - 1;
+                    window.findChild<QLineEdit*>("textFieldRatioWidth")->setText(sides[0]);
+                    window.findChild<QLineEdit*>("textFieldRatioHeight")->setText(sides[1]);
+                }
                 if (index < 0) {
                     std::fprintf(stderr, "no auto-crop ratio %s\n",
                                  qPrintable(options.autoCropRatio));
@@ -84,6 +95,14 @@ int main(int argc, char** argv) {
                 ratios->setCurrentIndex(index);
                 Q_EMIT ratios->activated(index);
                 window.findChild<QAbstractButton*>("radioAutoCrop")->click();
+            }
+            if (!options.anchorButton.isEmpty()) {
+                auto* button = window.findChild<QAbstractButton*>(options.anchorButton);
+                if (button == nullptr) {
+                    std::fprintf(stderr, "no anchor button %s\n", qPrintable(options.anchorButton));
+                    std::exit(2);
+                }
+                button->click();
             }
             if (options.selectedRow >= 0) {
                 window.findChild<QTableView*>("tableViewImage")->selectRow(options.selectedRow);
