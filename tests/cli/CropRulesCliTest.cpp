@@ -177,18 +177,17 @@ TEST_F(CropRulesCliTest, AVersionOneProfileCropsAsBefore) {
     const std::string source = dir.File("portrait.png");
     test::CoordinateImage(400, 700).pngsave(source.c_str());
     const std::string profile = dir.File("old.vellumo");
-    std::ofstream(profile) << R"({"version": 1, "cropMode": "auto", "autoCropRatio": "3:2",
+    std::ofstream(profile) << R"json({"version": 1, "cropMode": "auto", "autoCropRatio": "3:2",
         "format": "PNG", "quality": 80, "nameTemplate": "[FileName]_cropped ([FileIndex])",
-        "outputFolder" : "", "keepMetadata" : false
-})";
+        "outputFolder": "", "keepMetadata": false})json";
     const nlohmann::json image = CropOne(source, "--profile " + ShellQuote(profile));
-const std::string fromProfile = test::ReadFileBytes(Output());
-// 2:3 on the portrait image: the full width, 600 rows, centred (50 above).
-EXPECT_EQ(image["size"], nlohmann::json::array({400, 600}));
-EXPECT_EQ(test::MagickPixels(Output(), "", "rgb", 8),
-          test::MagickPixels(source, "-crop 400x600+0+50 +repage", "rgb", 8));
-CropOne(source, "--auto 3:2 --overwrite all");
-EXPECT_EQ(test::ReadFileBytes(Output()), fromProfile);
+    const std::string fromProfile = test::ReadFileBytes(Output());
+    // 2:3 on the portrait image: the full width, 600 rows, centred (50 above).
+    EXPECT_EQ(image["size"], nlohmann::json::array({400, 600}));
+    EXPECT_EQ(test::MagickPixels(Output(), "", "rgb", 8),
+              test::MagickPixels(source, "-crop 400x600+0+50 +repage", "rgb", 8));
+    CropOne(source, "--auto 3:2 --overwrite all");
+    EXPECT_EQ(test::ReadFileBytes(Output()), fromProfile);
 }
 
 }  // namespace
