@@ -39,8 +39,8 @@ Rect AutoCropRectangle(const CropSettings& s, const Image& image, const Image* p
         return MoveToAnchor(size, rect, s.anchor);
     }
     if (picture != nullptr) {
-        if (const std::optional<Rect> placed = ImageTools::SmartPlacement(
-                *picture, size, {rect.width, rect.height}, s.anchor)) {
+        if (const std::optional<Rect> placed =
+                ImageTools::SmartPlacement(*picture, size, {rect.width, rect.height}, s.anchor)) {
             return *placed;
         }
     }
@@ -101,9 +101,9 @@ namespace {
 // that nothing is distorted.
 ResolvedCrop& Finish(ResolvedCrop& crop, const CropSettings& settings) {
     if (ExactResize(settings.resize) && settings.mode != CropMode::Auto) {
-        const Rect inner = LargestCentredRectangle(
-            {crop.cut.width, crop.cut.height},
-            {static_cast<double>(settings.resize.width), static_cast<double>(settings.resize.height)});
+        const Rect inner = LargestCentredRectangle({crop.cut.width, crop.cut.height},
+                                                   {static_cast<double>(settings.resize.width),
+                                                    static_cast<double>(settings.resize.height)});
         crop.cut = {crop.cut.x + inner.x, crop.cut.y + inner.y, inner.width, inner.height};
     }
     crop.cutSize = {std::trunc(crop.cut.width), std::trunc(crop.cut.height)};
@@ -145,8 +145,8 @@ ResolvedCrop ResolveCrop(const CropSettings& settings, const Image& image, const
     // Clipped when what is cut differs from what was asked for by a whole
     // pixel; a percent rectangle that overshoots the image by a rounding
     // error is not clipped.
-    const bool clipped =
-        std::trunc(cut.Width()) != std::trunc(r.width) || std::trunc(cut.Height()) != std::trunc(r.height);
+    const bool clipped = std::trunc(cut.Width()) != std::trunc(r.width) ||
+                         std::trunc(cut.Height()) != std::trunc(r.height);
     crop.extent = clipped ? CropExtent::Clipped : CropExtent::Inside;
     return Finish(crop, settings);
 }

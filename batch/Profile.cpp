@@ -114,8 +114,8 @@ void ReadRules(const Json& profile, CropSettings& s) {
     if (const Json* ratio = Member(profile, "customRatio")) {
         if (!ratio->is_object())
             throw Problem{"\"customRatio\" must be an object"};
-        for (const auto& [name, side] :
-             {std::pair{"width", &s.customRatio.width}, std::pair{"height", &s.customRatio.height}}) {
+        for (const auto& [name, side] : {std::pair{"width", &s.customRatio.width},
+                                         std::pair{"height", &s.customRatio.height}}) {
             if (const Json* value = Member(*ratio, name)) {
                 *side = WideNumber(*value, std::string("customRatio.") + name, 1e-6, 1e6);
             }
@@ -215,7 +215,8 @@ Loaded<CropSettings> SettingsFromProfileText(const std::string& text, const Crop
     if (!version->is_number_integer() || version->get<long long>() < 1 ||
         version->get<long long>() > kProfileVersion) {
         return Loaded<CropSettings>::Failure(
-            "version " + version->dump() + " is not one this Vellumo reads (it reads versions 1 and " +
+            "version " + version->dump() +
+            " is not one this Vellumo reads (it reads versions 1 and " +
             std::to_string(kProfileVersion) + ")");
     }
     CropSettings s = current;

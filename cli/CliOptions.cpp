@@ -239,7 +239,8 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
     if (!anchor.empty()) {
         const auto named = CropAnchorNamed(anchor);
         if (!named) {
-            return UsageError("--anchor: unknown anchor " + anchor + " (use centre, top, bottom, "
+            return UsageError("--anchor: unknown anchor " + anchor +
+                              " (use centre, top, bottom, "
                               "left, right, top-left, top-right, bottom-left, bottom-right, "
                               "attention or entropy)");
         }

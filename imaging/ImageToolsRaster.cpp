@@ -133,10 +133,10 @@ std::optional<Rect> ImageTools::SmartPlacement(const Image& picture, Size full, 
             pixelconvert::ToSrgb8(pixelconvert::ToSrgb8(*pixels, pixels->has_alpha()), false);
         const double scaleX = rgb.width() / full.width;
         const double scaleY = rgb.height() / full.height;
-        const int width = std::clamp(static_cast<int>(std::lround(rect.width * scaleX)), 1,
-                                     rgb.width());
-        const int height = std::clamp(static_cast<int>(std::lround(rect.height * scaleY)), 1,
-                                      rgb.height());
+        const int width =
+            std::clamp(static_cast<int>(std::lround(rect.width * scaleX)), 1, rgb.width());
+        const int height =
+            std::clamp(static_cast<int>(std::lround(rect.height * scaleY)), 1, rgb.height());
         const VipsInteresting measure =
             anchor == CropAnchor::Attention ? VIPS_INTERESTING_ATTENTION : VIPS_INTERESTING_ENTROPY;
         const vips::VImage chosen =

@@ -32,7 +32,7 @@ inline constexpr int kLargestResizeSide = 65535;
 
 struct ResizeRule {
     ResizeMode mode = ResizeMode::None;
-    int width = 0;   // 1 to kLargestResizeSide where the mode uses it
+    int width = 0;  // 1 to kLargestResizeSide where the mode uses it
     int height = 0;
     bool enlarge = false;  // a smaller crop is brought up to the size too
 

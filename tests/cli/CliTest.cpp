@@ -288,8 +288,9 @@ TEST_F(CliTest, ABadProfileIsAUsageError) {
     const CliRun run =
         Cli("--profile " + ShellQuote(dir.File("bad.vellumo")) + " --output o a.png");
     EXPECT_EQ(run.exitCode, 2);
-    EXPECT_EQ(run.err, "vellumo-cli: --profile: " + dir.File("bad.vellumo") +
-                           ": version 99 is not one this Vellumo reads (it reads versions 1 and 2)\n");
+    EXPECT_EQ(run.err,
+              "vellumo-cli: --profile: " + dir.File("bad.vellumo") +
+                  ": version 99 is not one this Vellumo reads (it reads versions 1 and 2)\n");
 }
 
 TEST_F(CliTest, AFileThatCrashesTheDecoderFailsAloneInABatchOfTen) {

@@ -140,7 +140,8 @@ TEST(Profile, BadFilesGiveAReasonAndNoSettings) {
         {"{ not json", "the file is not valid JSON"},
         {"[1, 2]", "the file does not hold a profile"},
         {R"({"quality": 50})", "the file has no \"version\""},
-        {R"({"version": 99})", "version 99 is not one this Vellumo reads (it reads versions 1 and 2)"},
+        {R"({"version": 99})",
+         "version 99 is not one this Vellumo reads (it reads versions 1 and 2)"},
         {R"({"version": 1, "quality": 300})", "\"quality\" must be between 0 and 100"},
         {R"({"version": 1, "quality": "high"})", "\"quality\" must be a number"},
         {R"({"version": 1, "format": "WEBP"})", "\"format\" has an unknown value \"WEBP\""},
@@ -207,7 +208,8 @@ TEST(Profile, VersionTwoRulesAreCheckedLikeTheRest) {
          "\"resize.width\" must be between 0 and 65535"},
         {R"({"version": 2, "customRatio": {"height": 0}})",
          "\"customRatio.height\" must be between 1e-06 and 1e+06"},
-        {R"({"version": 3})", "version 3 is not one this Vellumo reads (it reads versions 1 and 2)"},
+        {R"({"version": 3})",
+         "version 3 is not one this Vellumo reads (it reads versions 1 and 2)"},
     };
     for (const auto& c : cases) {
         const auto loaded = SettingsFromProfileText(c.text, {});
