@@ -22,7 +22,7 @@ Rect AutoCropRectangle(const CropSettings& s, const Image& image, const Image* p
     const bool exact = ExactResize(s.resize);
     Rect rect;
     if (!exact && s.matchOrientation && s.autoCropFormat >= 0 &&
-        s.autoCropFormat < kSpecRatioCount) {
+        s.autoCropFormat < kClassicRatioCount) {
         rect = ImageTools::CalculateAutoCropRectangleWithImage(image, s.autoCropFormat);
     } else {
         AspectRatio ratio = ChosenAutoCropRatio(s);

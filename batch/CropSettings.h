@@ -57,7 +57,7 @@ inline constexpr std::array<AutoCropRatio, 9> kAutoCropRatios = {{
     {"1.91:1", {1.91, 1}},
     {"21:9", {21, 9}},
 }};
-inline constexpr long kSpecRatioCount = 4;  // the four with their own arithmetic
+inline constexpr long kClassicRatioCount = 4;  // the four with their own arithmetic
 inline constexpr long kCustomRatioIndex = static_cast<long>(kAutoCropRatios.size());
 inline constexpr std::string_view kCustomRatioTitle = "Custom…";
 

@@ -51,7 +51,7 @@ const std::map<CropAnchor, std::pair<int, int>> kPlaces = {
 
 TEST(CropRules, EachAnchorOnLandscapePortraitAndSquareInBothOrientationModes) {
     const AnchorCase cases[] = {
-        // 16:9 turned to each image: the spec's own arithmetic.
+        // 16:9 turned to each image: the original four ratios' own arithmetic.
         {"landscape 16:9 matched", {1200, 800}, Auto(3), {1200, 675}, {0, 0, 0}, {0, 62.5, 125}},
         {"portrait 16:9 matched", {800, 1200}, Auto(3), {675, 1200}, {0, 62.5, 125}, {0, 0, 0}},
         {"square 16:9 matched",
@@ -129,15 +129,15 @@ TEST(CropRules, EachAnchorOnLandscapePortraitAndSquareInBothOrientationModes) {
     }
 }
 
-TEST(CropRules, TheFourRatiosCentredAreTheSpecArithmeticToTheBit) {
+TEST(CropRules, TheFourRatiosCentredKeepTheirArithmeticToTheBit) {
     const Size sizes[] = {{4000, 3000}, {3000, 4000}, {1000, 1000}, {6000, 4000},  {1001, 999},
                           {333, 1777},  {1777, 333},  {2, 3},       {7919, 104729}};
     for (const Size size : sizes) {
         const Image image = Image::OfSize(size.width, size.height);
-        for (long format = 0; format < kSpecRatioCount; ++format) {
+        for (long format = 0; format < kClassicRatioCount; ++format) {
             const Rect rule = ResolveCropRectangle(Auto(format), image);
-            const Rect spec = ImageTools::CalculateAutoCropRectangleWithImage(image, format);
-            EXPECT_EQ(std::memcmp(&rule, &spec, sizeof rule), 0)
+            const Rect original = ImageTools::CalculateAutoCropRectangleWithImage(image, format);
+            EXPECT_EQ(std::memcmp(&rule, &original, sizeof rule), 0)
                 << size.width << " x " << size.height << " format " << format;
         }
     }
