@@ -81,6 +81,16 @@ std::optional<int> ParseSide(const std::string& text) {
     return side;
 }
 
+// The anchors' names as a sentence: "centre, top, ... attention or entropy".
+std::string AnchorNameList() {
+    std::string list;
+    for (std::size_t i = 0; i < kCropAnchorNames.size(); ++i) {
+        list += i == 0 ? "" : i + 1 == kCropAnchorNames.size() ? " or " : ", ";
+        list += kCropAnchorNames[i];
+    }
+    return list;
+}
+
 ParseOutcome UsageError(const std::string& message) {
     ParseOutcome outcome;
     outcome.exitCode = 2;
@@ -239,10 +249,8 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
     if (!anchor.empty()) {
         const auto named = CropAnchorNamed(anchor);
         if (!named) {
-            return UsageError("--anchor: unknown anchor " + anchor +
-                              " (use centre, top, bottom, "
-                              "left, right, top-left, top-right, bottom-left, bottom-right, "
-                              "attention or entropy)");
+            return UsageError("--anchor: unknown anchor " + anchor + " (use " + AnchorNameList() +
+                              ")");
         }
         s.anchor = *named;
     }

@@ -41,44 +41,28 @@ Rect LargestCentredRectangle(Size image, AspectRatio ratio) {
 }
 
 Rect MoveToAnchor(Size image, Rect rect, CropAnchor anchor) {
+    // Per anchor, by enum value: where the rectangle goes on each axis,
+    // -1 to the left (bottom), +1 to the right (top), 0 where it is.
+    constexpr std::array<std::pair<int, int>, kCropAnchorNames.size()> kPlaces = {{
+        {0, 0},    // centre
+        {0, 1},    // top
+        {0, -1},   // bottom
+        {-1, 0},   // left
+        {1, 0},    // right
+        {-1, 1},   // top-left
+        {1, 1},    // top-right
+        {-1, -1},  // bottom-left
+        {1, -1},   // bottom-right
+        {0, 0},    // attention: placed from the pixels
+        {0, 0},    // entropy: likewise
+    }};
+    const auto [horizontal, vertical] = kPlaces.at(static_cast<std::size_t>(anchor));
+    if (horizontal != 0) {
+        rect.x = horizontal < 0 ? 0.0 : image.width - rect.width;
+    }
     // y grows upward: the top of the image is y = H - height.
-    const double left = 0.0;
-    const double right = image.width - rect.width;
-    const double bottom = 0.0;
-    const double top = image.height - rect.height;
-    switch (anchor) {
-        case CropAnchor::Top:
-            rect.y = top;
-            break;
-        case CropAnchor::Bottom:
-            rect.y = bottom;
-            break;
-        case CropAnchor::Left:
-            rect.x = left;
-            break;
-        case CropAnchor::Right:
-            rect.x = right;
-            break;
-        case CropAnchor::TopLeft:
-            rect.x = left;
-            rect.y = top;
-            break;
-        case CropAnchor::TopRight:
-            rect.x = right;
-            rect.y = top;
-            break;
-        case CropAnchor::BottomLeft:
-            rect.x = left;
-            rect.y = bottom;
-            break;
-        case CropAnchor::BottomRight:
-            rect.x = right;
-            rect.y = bottom;
-            break;
-        case CropAnchor::Centre:
-        case CropAnchor::Attention:
-        case CropAnchor::Entropy:
-            break;
+    if (vertical != 0) {
+        rect.y = vertical < 0 ? 0.0 : image.height - rect.height;
     }
     return rect;
 }
