@@ -28,6 +28,12 @@ JobReport RunCropJob(const CropSettings& settings, const std::vector<std::string
         task.decision = decisions[i];
         task.settings = settings;
         task.settings.outputFormat = planned.format;
+        if (options.adjustments != nullptr) {
+            if (const auto found = options.adjustments->find(task.source);
+                found != options.adjustments->end()) {
+                task.adjustedRect = found->second;
+            }
+        }
         task.carryMetadata = settings.keepMetadata && report.allSucceeded;
         task.dryRun = options.dryRun;
         task.replacesSource = planned.replacesSource;

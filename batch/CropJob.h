@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "batch/CropAdjustments.h"
 #include "batch/CropSettings.h"
 #include "batch/ImageProcessor.h"
 #include "batch/ImageTask.h"
@@ -47,6 +48,9 @@ struct JobOptions {
     // Asked to stop: no further image is begun (the one under way ends as
     // it would).
     std::stop_token stop;
+    // The images whose rectangle was adjusted by hand, by path; every other
+    // image is cropped by the rule. Not owned; may be null.
+    const CropAdjustments* adjustments = nullptr;
 };
 
 // Runs the job on the calling thread and returns when every image is done.

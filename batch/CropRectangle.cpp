@@ -99,8 +99,10 @@ namespace {
 // pixel and percent modes a resize to exactly W x H first narrows the cut to
 // its largest centred W:H part (the auto-crop already has that ratio), so
 // that nothing is distorted.
-ResolvedCrop& Finish(ResolvedCrop& crop, const CropSettings& settings) {
-    if (ExactResize(settings.resize) && settings.mode != CropMode::Auto) {
+ResolvedCrop& Finish(ResolvedCrop& crop, const CropSettings& settings, bool adjusted) {
+    // A rectangle adjusted by hand keeps the rule's ratio only as closely as
+    // a drag can, so it is narrowed too (a W:H rectangle is its own part).
+    if (ExactResize(settings.resize) && (settings.mode != CropMode::Auto || adjusted)) {
         const Rect inner = LargestCentredRectangle({crop.cut.width, crop.cut.height},
                                                    {static_cast<double>(settings.resize.width),
                                                     static_cast<double>(settings.resize.height)});
@@ -114,18 +116,21 @@ ResolvedCrop& Finish(ResolvedCrop& crop, const CropSettings& settings) {
 
 }  // namespace
 
-ResolvedCrop ResolveCrop(const CropSettings& settings, const Image& image, const Image* picture) {
+ResolvedCrop ResolveCrop(const CropSettings& settings, const Image& image, const Image* picture,
+                         const std::optional<Rect>& adjusted) {
     ResolvedCrop crop;
-    crop.rect = ResolveCropRectangle(settings, image, picture, &crop.placementNote);
+    crop.adjusted = adjusted.has_value();
+    crop.rect =
+        adjusted ? *adjusted : ResolveCropRectangle(settings, image, picture, &crop.placementNote);
     const double W = image.Width();
     const double H = image.Height();
     const Rect whole{0.0, 0.0, W, H};
     const auto keepWhole = [&](CropExtent extent) {
         crop.extent = extent;
         crop.cut = whole;
-        return Finish(crop, settings);
+        return Finish(crop, settings, crop.adjusted);
     };
-    if (settings.mode == CropMode::None) {
+    if (!adjusted && settings.mode == CropMode::None) {
         return keepWhole(CropExtent::WholeNoMode);
     }
     const Rect& r = crop.rect;
@@ -148,7 +153,7 @@ ResolvedCrop ResolveCrop(const CropSettings& settings, const Image& image, const
     const bool clipped = std::trunc(cut.Width()) != std::trunc(r.width) ||
                          std::trunc(cut.Height()) != std::trunc(r.height);
     crop.extent = clipped ? CropExtent::Clipped : CropExtent::Inside;
-    return Finish(crop, settings);
+    return Finish(crop, settings, crop.adjusted);
 }
 
 namespace {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "batch/CropSettings.h"
@@ -56,12 +57,18 @@ struct ResolvedCrop {
     Rect cut;
     Size cutSize;
     Size outputSize;
+    bool adjusted = false;      // the rectangle was adjusted by hand, not the rule's
     std::string placementNote;  // a smart anchor that fell back to centre
     std::string resizeNote;     // a resize that was not carried out
 };
 
+//
+// An image whose rectangle was adjusted by hand passes it as `adjusted` (in
+// its own pixels, lower-left origin): it takes the place of the rule's in any
+// mode, and is clipped, kept whole and resized like a pixel rectangle.
 ResolvedCrop ResolveCrop(const CropSettings& settings, const Image& image,
-                         const Image* picture = nullptr);
+                         const Image* picture = nullptr,
+                         const std::optional<Rect>& adjusted = std::nullopt);
 
 // A sentence for anything but a plain crop, shown under the preview and
 // carried as the job's warning for the image: "Whole image: the rectangle

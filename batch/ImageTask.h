@@ -20,6 +20,9 @@ struct ImageTask {
     std::string output;  // where its crop goes
     OverwriteDecision decision = OverwriteDecision::NoConflict;
     CropSettings settings;
+    // The rectangle adjusted by hand for this image (its own pixels, origin
+    // at the lower-left corner), in place of the rule's; none for the rule.
+    std::optional<Rect> adjustedRect;
     // Copy the source's metadata and creation date into the output after a
     // successful save (or onto the kept file of a skipped image). False once
     // an earlier image of the job has failed.

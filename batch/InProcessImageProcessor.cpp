@@ -64,7 +64,7 @@ std::string ClearForOverwrite(const std::string& path) {
 // The reduced picture a smart anchor judges, when the settings use one: the
 // file decoded small, as the window's picture for the same purpose.
 std::optional<Image> PlacementPicture(const ImageTask& task) {
-    if (!UsesPlacementPicture(task.settings)) {
+    if (!UsesPlacementPicture(task.settings) || task.adjustedRect) {
         return std::nullopt;
     }
     const PreviewResult preview = ImageTools::LoadPreview(task.source, kPlacementPictureSide);
@@ -79,7 +79,7 @@ std::optional<Image> PlacementPicture(const ImageTask& task) {
 void Describe(const ImageTask& task, const Image& image, int pages, ImageOutcome& outcome,
               ResolvedCrop& crop) {
     const std::optional<Image> picture = PlacementPicture(task);
-    crop = ResolveCrop(task.settings, image, picture ? &*picture : nullptr);
+    crop = ResolveCrop(task.settings, image, picture ? &*picture : nullptr, task.adjustedRect);
     outcome.rect = crop.rect;
     outcome.outputSize = crop.outputSize;
     outcome.wholeImage = IsWhole(crop.extent);

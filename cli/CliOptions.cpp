@@ -6,6 +6,7 @@
 #include <cmath>
 #include <filesystem>
 
+#include "batch/CropPlan.h"
 #include "batch/Profile.h"
 #include "imaging/Formats.h"
 
@@ -112,6 +113,12 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
     auto* profileOption = app.add_option(
         "--profile", profile,
         "Settings from a profile saved by the window; options given here override it");
+    std::string planFile;
+    auto* planOption = app.add_option(
+        "--plan", planFile,
+        "A crop plan saved by the window: its images, their adjusted rectangles and its "
+        "settings; options given here override the settings");
+    planOption->excludes(profileOption);
 
     auto* autoOption = app.add_option(
         "--auto", autoRatio,
@@ -188,7 +195,8 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
     app.add_option("--timeout", timeoutSeconds, "Give up on an image after this many seconds")
         ->check(CLI::PositiveNumber)
         ->capture_default_str();
-    app.add_option("FILE", options.files, "Image files to crop")->required();
+    auto* filesOption = app.add_option("FILE", options.files, "Image files to crop");
+    filesOption->excludes(planOption);
 
     try {
         app.parse(argc, argv);
@@ -203,6 +211,17 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
     options.limits.timeout =
         std::chrono::milliseconds(static_cast<long long>(timeoutSeconds * 1000.0));
     CropSettings& s = options.settings;
+    if (planOption->count() > 0) {
+        const Loaded<CropPlan> loaded = ReadCropPlan(planFile, s);
+        if (!loaded) {
+            return UsageError("--plan: " + planFile + ": " + loaded.reason());
+        }
+        s = loaded->settings;
+        options.files = PlannedPaths(*loaded);
+        options.adjustments = PlannedAdjustments(*loaded);
+    } else if (options.files.empty()) {
+        return UsageError("FILE is required (or --plan)");
+    }
     if (profileOption->count() > 0) {
         const Loaded<CropSettings> loaded = ReadProfile(profile, s);
         if (!loaded) {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "batch/CropAdjustments.h"
 #include "batch/CropSettings.h"
 #include "batch/OutputPlan.h"
 #include "worker/WorkerLimits.h"
@@ -17,6 +18,7 @@ enum class OverwriteMode { Ask, All, None };
 struct CliOptions {
     CropSettings settings;
     std::vector<std::string> files;
+    CropAdjustments adjustments;  // from a crop plan
     OverwriteMode overwrite = OverwriteMode::None;
     ClashPolicy onClash = ClashPolicy::Refuse;
     bool dryRun = false;

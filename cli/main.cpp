@@ -57,6 +57,7 @@ int main(int argc, char** argv) {
     callbacks.progress = [&](long, const ImageReport& report) { reporter.Image(report); };
     JobOptions jobOptions;
     jobOptions.dryRun = options.dryRun;
+    jobOptions.adjustments = &options.adjustments;
     const JobReport report = RunCropJob(options.settings, options.files, plan, decisions, processor,
                                         callbacks, jobOptions);
     reporter.Finish(report);

@@ -135,8 +135,22 @@ std::optional<int> HelloVersion(const Message& message) {
     return json["version"].get<int>();
 }
 
+namespace {
+
+// A rectangle as [x, y, width, height], exactly (JSON keeps every double).
+Json RectJson(const Rect& r) {
+    return {r.x, r.y, r.width, r.height};
+}
+
+Rect RectFromJson(const Json& r) {
+    return {r.at(0).get<double>(), r.at(1).get<double>(), r.at(2).get<double>(),
+            r.at(3).get<double>()};
+}
+
+}  // namespace
+
 Message ImageRequest(const ImageTask& task, std::uint64_t maxPixels) {
-    const Json json = {
+    Json json = {
         {"type", "image"},
         {"index", task.index},
         {"source", task.source},
@@ -148,6 +162,9 @@ Message ImageRequest(const ImageTask& task, std::uint64_t maxPixels) {
         {"replacesSource", task.replacesSource},
         {"maxPixels", maxPixels},
     };
+    if (task.adjustedRect) {
+        json["adjustedRect"] = RectJson(*task.adjustedRect);
+    }
     return {json.dump(), {}};
 }
 
@@ -169,6 +186,9 @@ std::optional<ImageTask> TaskFrom(const Message& message, std::uint64_t& maxPixe
         task.carryMetadata = json.at("carryMetadata").get<bool>();
         task.dryRun = json.at("dryRun").get<bool>();
         task.replacesSource = json.at("replacesSource").get<bool>();
+        if (json.contains("adjustedRect")) {
+            task.adjustedRect = RectFromJson(json["adjustedRect"]);
+        }
         maxPixels = json.at("maxPixels").get<std::uint64_t>();
         return task;
     } catch (const nlohmann::json::exception&) {
@@ -217,8 +237,7 @@ Message OutcomeReply(const ImageOutcome& outcome) {
         json["notes"].push_back({{"kind", NoteKindName(note.kind)}, {"detail", note.detail}});
     }
     if (outcome.rect) {
-        json["rect"] = {outcome.rect->x, outcome.rect->y, outcome.rect->width,
-                        outcome.rect->height};
+        json["rect"] = RectJson(*outcome.rect);
     }
     if (outcome.outputSize) {
         json["size"] = {outcome.outputSize->width, outcome.outputSize->height};
@@ -241,9 +260,7 @@ std::optional<ImageOutcome> OutcomeFrom(const Message& message) {
         outcome.warning = json.at("warning").get<std::string>();
         outcome.wholeImage = json.at("wholeImage").get<bool>();
         if (json.contains("rect")) {
-            const auto& r = json["rect"];
-            outcome.rect = Rect{r.at(0).get<double>(), r.at(1).get<double>(), r.at(2).get<double>(),
-                                r.at(3).get<double>()};
+            outcome.rect = RectFromJson(json["rect"]);
         }
         if (json.contains("size")) {
             outcome.outputSize =
