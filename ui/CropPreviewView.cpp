@@ -1,5 +1,7 @@
 #include "ui/CropPreviewView.h"
 
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionFrame>
@@ -21,6 +23,8 @@ constexpr int kBusyMarkRadius = 18;
 CropPreviewView::CropPreviewView(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
     busyAnimation_.setInterval(kSpokeIntervalMs);
     connect(&busyAnimation_, &QTimer::timeout, this, qOverload<>(&QWidget::update));
 }
@@ -28,8 +32,138 @@ CropPreviewView::CropPreviewView(QWidget* parent) : QWidget(parent) {
 void CropPreviewView::SetImage(const QImage& image) {
     image_ = image;
     scaled_ = QImage();
+    if (image.isNull()) {
+        plain_ = plainScaled_ = QImage();
+        frame_.reset();
+        dragHandle_ = RectHandle::None;
+    }
+    // The new picture shows the adjusted rectangle itself.
+    if (dragHandle_ == RectHandle::None) {
+        liveRect_.reset();
+    }
     update();
     Q_EMIT imageChanged();
+}
+
+void CropPreviewView::SetPlainPicture(const QImage& picture) {
+    plain_ = picture;
+    plainScaled_ = QImage();
+}
+
+void CropPreviewView::SetCropFrame(const std::optional<CropFrame>& frame) {
+    frame_ = frame;
+    update();
+}
+
+void CropPreviewView::SetFrameAdjustable(bool adjustable) {
+    adjustable_ = adjustable;
+    if (!adjustable) {
+        dragHandle_ = RectHandle::None;
+        unsetCursor();
+    }
+}
+
+bool CropPreviewView::CanAdjust() const {
+    return adjustable_ && frame_ && !image_.isNull() && frame_->imageSize.width >= 1.0 &&
+           frame_->imageSize.height >= 1.0;
+}
+
+std::optional<FrameMapping> CropPreviewView::Mapping() const {
+    const QRect target = ImageRect();
+    if (!frame_ || target.isEmpty() || !(frame_->imageSize.width > 0.0) ||
+        !(frame_->imageSize.height > 0.0)) {
+        return std::nullopt;
+    }
+    return FrameMapping(frame_->imageSize, QRectF(target));
+}
+
+QRectF CropPreviewView::FrameRectInView() const {
+    const std::optional<FrameMapping> mapping = Mapping();
+    if (!mapping) {
+        return {};
+    }
+    return mapping->ToView(liveRect_ ? *liveRect_ : frame_->rect);
+}
+
+void CropPreviewView::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton || !CanAdjust()) {
+        QWidget::mousePressEvent(event);
+        return;
+    }
+    const RectHandle handle = HandleAt(FrameRectInView(), event->position());
+    if (handle == RectHandle::None) {
+        return;
+    }
+    dragHandle_ = handle;
+    dragFrom_ = event->position();
+    dragStart_ = liveRect_ ? *liveRect_ : frame_->rect;
+    liveRect_ = dragStart_;
+    update();
+}
+
+void CropPreviewView::mouseMoveEvent(QMouseEvent* event) {
+    if (dragHandle_ == RectHandle::None) {
+        if (CanAdjust()) {
+            setCursor(CursorFor(HandleAt(FrameRectInView(), event->position())));
+        }
+        return;
+    }
+    const std::optional<FrameMapping> mapping = Mapping();
+    if (!mapping) {
+        return;
+    }
+    const QPointF delta = mapping->ToImageDelta(event->position() - dragFrom_);
+    liveRect_ = DraggedRect(dragStart_, dragHandle_, delta.x(), delta.y(), frame_->imageSize,
+                            frame_->lockedRatio);
+    update();
+}
+
+void CropPreviewView::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton || dragHandle_ == RectHandle::None) {
+        QWidget::mouseReleaseEvent(event);
+        return;
+    }
+    mouseMoveEvent(event);
+    dragHandle_ = RectHandle::None;
+    if (!liveRect_ || !frame_ || *liveRect_ == frame_->rect) {
+        liveRect_.reset();
+        update();
+        return;
+    }
+    Q_EMIT cropAdjusted(*liveRect_, false);
+}
+
+void CropPreviewView::keyPressEvent(QKeyEvent* event) {
+    const int step = event->modifiers().testFlag(Qt::ShiftModifier) ? 10 : 1;
+    int dx = 0;
+    int dy = 0;
+    switch (event->key()) {
+        case Qt::Key_Left:
+            dx = -step;
+            break;
+        case Qt::Key_Right:
+            dx = step;
+            break;
+        case Qt::Key_Up:
+            dy = step;  // image y grows upward
+            break;
+        case Qt::Key_Down:
+            dy = -step;
+            break;
+        default:
+            QWidget::keyPressEvent(event);
+            return;
+    }
+    if (!CanAdjust() || dragHandle_ != RectHandle::None) {
+        return;
+    }
+    const Rect moved = MovedRect(liveRect_ ? *liveRect_ : frame_->rect, dx, dy, frame_->imageSize);
+    if (moved == (liveRect_ ? *liveRect_ : frame_->rect)) {
+        return;
+    }
+    liveRect_ = moved;
+    update();
+    Q_EMIT cropAdjusted(moved, true);
 }
 
 void CropPreviewView::SetBusy(bool busy) {
@@ -98,7 +232,18 @@ void CropPreviewView::paintEvent(QPaintEvent*) {
         const qreal ratio = devicePixelRatioF();
         const QSize deviceSize(static_cast<int>(std::lround(target.width() * ratio)),
                                static_cast<int>(std::lround(target.height() * ratio)));
-        painter.drawImage(target.topLeft(), ScaledImage(deviceSize, ratio));
+        const std::optional<FrameMapping> mapping = Mapping();
+        if (liveRect_ && mapping && !plain_.isNull()) {
+            // A rectangle under adjustment: veiled here, over the plain
+            // picture, without waiting for a new picture.
+            painter.drawImage(target.topLeft(), ScaledPlain(deviceSize, ratio));
+            PaintVeil(painter, QRectF(target), mapping->ToView(*liveRect_));
+        } else {
+            painter.drawImage(target.topLeft(), ScaledImage(deviceSize, ratio));
+        }
+        if (mapping) {
+            PaintFrame(painter, FrameRectInView(), frame_->adjusted || liveRect_.has_value());
+        }
     }
 
     if (isShowingBusyMark()) {
@@ -146,6 +291,18 @@ const QImage& CropPreviewView::ScaledImage(const QSize& deviceSize, qreal device
         scaled_.setDevicePixelRatio(devicePixelRatio);
     }
     return scaled_;
+}
+
+const QImage& CropPreviewView::ScaledPlain(const QSize& deviceSize, qreal devicePixelRatio) {
+    if (plainScaled_.isNull() || plainScaled_.size() != deviceSize ||
+        plainScaled_.devicePixelRatio() != devicePixelRatio) {
+        plainScaled_ =
+            plain_.size() == deviceSize
+                ? plain_
+                : plain_.scaled(deviceSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        plainScaled_.setDevicePixelRatio(devicePixelRatio);
+    }
+    return plainScaled_;
 }
 
 }  // namespace vellumo

@@ -4,6 +4,9 @@
 #include <QImage>
 #include <QTimer>
 #include <QWidget>
+#include <optional>
+
+#include "ui/CropFrame.h"
 
 namespace vellumo {
 
@@ -11,6 +14,13 @@ namespace vellumo {
 // fits, its aspect ratio kept, centred, never enlarged beyond one image pixel
 // per screen pixel. On high-density screens it is drawn at the screen's own
 // resolution, so it stays sharp. An empty QImage empties the view.
+//
+// Over the picture it draws the crop rectangle with eight handles. A person
+// adjusts the rectangle by dragging inside it (to move it) or a handle (to
+// resize it), or with the arrow keys (one image pixel, ten with Shift).
+// While a drag lasts, the veil and the frame are painted here over the plain
+// picture at display rate; when the drag ends the view says where the
+// rectangle went, and keeps showing it until the next picture arrives.
 //
 // While a picture is being made elsewhere the view can show that it is busy:
 // a spinning mark over whatever it shows. The mark appears only when the
@@ -24,8 +34,24 @@ class CropPreviewView : public QWidget {
 
     explicit CropPreviewView(QWidget* parent = nullptr);
 
+    // The picture to show, veiled outside the crop as the job cuts it. An
+    // empty one empties the view, its frame included.
     void SetImage(const QImage& image);
     const QImage& image() const { return image_; }
+    // The same picture without the veil, painted under a rectangle that is
+    // being adjusted.
+    void SetPlainPicture(const QImage& picture);
+
+    // The crop rectangle of the image shown; none hides it.
+    void SetCropFrame(const std::optional<CropFrame>& frame);
+    const std::optional<CropFrame>& cropFrame() const { return frame_; }
+    // Whether a person may adjust the rectangle (not while a job runs).
+    void SetFrameAdjustable(bool adjustable);
+    // The rectangle being dragged, or adjusted and not yet shown by a new
+    // picture; none otherwise.
+    const std::optional<Rect>& liveRect() const { return liveRect_; }
+    // Where the frame is drawn, in the view's coordinates; empty without one.
+    QRectF FrameRectInView() const;
 
     void SetBusy(bool busy);
     bool isBusy() const { return busy_; }
@@ -48,20 +74,39 @@ class CropPreviewView : public QWidget {
     void imageChanged();
     // The view's size changed, so pictures of another size may suit it.
     void resized();
+    // A person moved or resized the rectangle: by a drag that has just
+    // ended, or by an arrow key (`byKeys`).
+    void cropAdjusted(const vellumo::Rect& rect, bool byKeys);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     // The area inside the margins where pictures go.
     QRect PictureArea() const;
     // The picture scaled to `deviceSize` screen pixels, made once per size.
     const QImage& ScaledImage(const QSize& deviceSize, qreal devicePixelRatio);
+    const QImage& ScaledPlain(const QSize& deviceSize, qreal devicePixelRatio);
+    std::optional<FrameMapping> Mapping() const;
+    bool CanAdjust() const;
     void PaintBusyMark(QPainter& painter);
 
     QImage image_;
     QImage scaled_;
+    QImage plain_;
+    QImage plainScaled_;
+    std::optional<CropFrame> frame_;
+    bool adjustable_ = true;
+    // A drag under way: what it holds, where it began, the rectangle then.
+    RectHandle dragHandle_ = RectHandle::None;
+    QPointF dragFrom_;
+    Rect dragStart_;
+    std::optional<Rect> liveRect_;
     bool busy_ = false;
     QElapsedTimer busyFor_;
     QTimer busyAnimation_;

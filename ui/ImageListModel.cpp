@@ -41,11 +41,24 @@ QString ImageListModel::UnreadableReason(const QString& path) const {
     return unreadable_.value(path);
 }
 
+void ImageListModel::SetAdjusted(const QString& path, bool adjusted) {
+    const bool changed = adjusted ? !adjusted_.contains(path) : adjusted_.contains(path);
+    if (!changed) {
+        return;
+    }
+    if (adjusted) {
+        adjusted_.insert(path);
+    } else {
+        adjusted_.remove(path);
+    }
+    PathDataChanged(path);
+}
+
 void ImageListModel::PathDataChanged(const QString& path) {
     for (int row = 0; row < rows_; ++row) {
         if (paths_[row] == path) {
             const QModelIndex cell = index(row, 0);
-            Q_EMIT dataChanged(cell, cell, {Qt::DecorationRole, Qt::ToolTipRole});
+            Q_EMIT dataChanged(cell, cell, {Qt::DecorationRole, Qt::ToolTipRole, kAdjustedRole});
         }
     }
 }
@@ -77,11 +90,18 @@ QVariant ImageListModel::data(const QModelIndex& index, int role) const {
     switch (role) {
         case Qt::DisplayRole:
             return path;
-        case Qt::ToolTipRole:
+        case Qt::ToolTipRole: {
+            QString tip = path;
             if (unreadable != unreadable_.constEnd()) {
-                return path + QStringLiteral("\nCannot be shown: ") + *unreadable;
+                tip += QStringLiteral("\nCannot be shown: ") + *unreadable;
             }
-            return path;
+            if (adjusted_.contains(path)) {
+                tip += QStringLiteral("\nCrop adjusted by hand");
+            }
+            return tip;
+        }
+        case kAdjustedRole:
+            return adjusted_.contains(path);
         case Qt::DecorationRole:
             if (unreadable != unreadable_.constEnd()) {
                 return QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);

@@ -3,6 +3,7 @@
 #include <QAbstractListModel>
 #include <QHash>
 #include <QIcon>
+#include <QSet>
 #include <QStringList>
 
 namespace vellumo {
@@ -34,6 +35,11 @@ class ImageListModel : public QAbstractListModel {
     // Why `path` is marked; empty when it is not.
     QString UnreadableReason(const QString& path) const;
 
+    // The rows of an image whose crop was adjusted by hand carry a mark:
+    // true in kAdjustedRole, and a line in the tooltip.
+    static constexpr int kAdjustedRole = Qt::UserRole + 1;
+    void SetAdjusted(const QString& path, bool adjusted);
+
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
@@ -45,6 +51,7 @@ class ImageListModel : public QAbstractListModel {
     int rows_ = 0;
     QHash<QString, QIcon> icons_;
     QHash<QString, QString> unreadable_;  // path -> reason
+    QSet<QString> adjusted_;
 };
 
 }  // namespace vellumo

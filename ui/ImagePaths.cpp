@@ -51,4 +51,13 @@ bool IsImageFileUrl(const QUrl& url) {
     return InputExtensionOfPath(QFile::encodeName(url.toLocalFile()).toStdString()) != nullptr;
 }
 
+std::vector<std::string> NativePaths(const QStringList& paths) {
+    std::vector<std::string> native;
+    native.reserve(paths.size());
+    for (const QString& path : paths) {
+        native.push_back(QFile::encodeName(path).toStdString());
+    }
+    return native;
+}
+
 }  // namespace vellumo

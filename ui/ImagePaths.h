@@ -5,6 +5,8 @@
 
 #include <QString>
 #include <QStringList>
+#include <string>
+#include <vector>
 
 class QUrl;
 
@@ -30,6 +32,9 @@ bool SamePathText(const QString& a, const QString& b);
 
 // True when any entry of `list` is the same text as `path`.
 bool ListContainsPath(const QStringList& list, const QString& path);
+
+// The paths as the engine reads them: in the file system's encoding.
+std::vector<std::string> NativePaths(const QStringList& paths);
 
 // True for a local-file URL whose extension names one of the six image kinds
 // a drop accepts (JPEG, JPEG 2000, PNG, GIF, TIFF, BMP). The file itself is

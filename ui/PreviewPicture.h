@@ -16,4 +16,8 @@ namespace vellumo {
 // no pixels or the full size is empty. Safe on any thread.
 QImage VeiledPreviewPicture(const Image& picture, Size fullSize, Rect rect);
 
+// The picture as it is, ready to draw; null without pixels. Safe on any
+// thread.
+QImage PlainPreviewPicture(const Image& picture);
+
 }  // namespace vellumo

@@ -10,6 +10,7 @@
 #include <QTabWidget>
 
 #include "ui/AutoCropRuleBox.h"
+#include "ui/CropAdjustmentStore.h"
 #include "ui/CropPreviewView.h"
 #include "ui/ImageListModel.h"
 #include "ui/ImagePaths.h"
@@ -33,7 +34,8 @@ ViewController::ViewController(QObject* parent)
       // Decoding and encoding happen in worker processes: a file that crashes
       // an image library takes down a worker, never the window.
       previewDecoder_(std::make_shared<WorkerPreviewDecoder>()),
-      imageProcessor_(std::make_shared<WorkerImageProcessor>()) {
+      imageProcessor_(std::make_shared<WorkerImageProcessor>()),
+      cropAdjustments_(new CropAdjustmentStore(this)) {
     // A long decode (a huge PNG) must not hold up the next selection's.
     previewWork_.setMaxThreadCount(2);
     // One job at a time, its images one after another.
@@ -192,9 +194,16 @@ void ViewController::ConnectOutlets(QWidget& window) {
     actionSaveProfileAs.Connect(window);
     actionQuit.Connect(window);
     actionVideoTutorial.Connect(window);
+    actionOpenCropPlan.Connect(window);
+    actionSaveCropPlan.Connect(window);
+    actionUndo.Connect(window);
+    actionRedo.Connect(window);
+    actionResetCrop.Connect(window);
+    actionResetAllCrops.Connect(window);
 }
 
 void ViewController::ConnectCommands() {
+    ConnectAdjustments();
     connect(actionNew.get(), &QAction::triggered, this, &ViewController::OnFileNew);
     connect(actionLoadProfile.get(), &QAction::triggered, this, &ViewController::OnLoadProfile);
     connect(actionSaveProfile.get(), &QAction::triggered, this, &ViewController::OnSaveProfile);
@@ -276,6 +285,7 @@ void ViewController::ConnectCommands() {
 
 void ViewController::EmptyPreview() {
     shownRefresh_ = ++refreshCount_;
+    currentPath_.clear();
     imageViewCropPreview->SetImage(QImage());
 }
 

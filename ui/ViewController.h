@@ -22,11 +22,13 @@
 #include <vector>
 
 #include "batch/CropJob.h"
+#include "batch/CropRectangle.h"
 #include "batch/CropSettings.h"
 #include "batch/ImageProcessor.h"
 #include "batch/OutputPlan.h"
 #include "batch/PreviewDecoder.h"
 #include "imaging/Image.h"
+#include "ui/CropFrame.h"
 #include "ui/ImageTableView.h"
 #include "ui/MainWindow.h"
 #include "ui/Outlet.h"
@@ -43,6 +45,7 @@ class QTabWidget;
 
 namespace vellumo {
 
+class CropAdjustmentStore;
 class CropPreviewView;
 class ImageListModel;
 class LatchingRadioButton;
@@ -150,6 +153,14 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     };
     const PreviewDeliveries& previewDeliveries() const { return previewDeliveries_; }
 
+    // ---- Rectangles adjusted by hand (ViewControllerAdjustments.cpp) -------
+
+    CropAdjustmentStore& cropAdjustments() { return *cropAdjustments_; }
+    // What the job does with the image at `path` of `fullSize` pixels under
+    // `settings`: its adjusted rectangle if it has one, else the rule's.
+    ResolvedCrop CropOfImage(const CropSettings& settings, const QString& path,
+                             Size fullSize) const;
+
     // ---- Crop job (ViewControllerCropJob.cpp) -----------------------------
 
     // True from the moment a job starts until its report is shown.
@@ -173,6 +184,13 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     void OnLoadProfile();
     void OnSaveProfile();
     void OnSaveProfileAs();
+
+    // ---- Adjustments and crop plans (ViewControllerAdjustments.cpp) -------
+
+    void OnResetCrop();
+    void OnResetAllCrops();
+    void OnOpenCropPlan();
+    void OnSaveCropPlan();
 
     // ---- Image list commands (ViewControllerImageList.cpp) ----------------
 
@@ -223,6 +241,17 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     void OnCropImages();
 
   private:
+    void ConnectAdjustments();
+    // The preview's rectangle moved or resized by a person.
+    void OnCropAdjusted(const Rect& rect, bool byKeys);
+    void OnAdjustmentsChanged(const QStringList& paths);
+    // Asks whether adjustments not yet saved in a plan should be, before
+    // they are thrown away; false when the person cancels (or the plan could
+    // not be saved).
+    bool AgreeToLeaveAdjustments();
+    // Saves a plan of the window's list, settings and adjustments; false
+    // when the person cancels or the file cannot be written.
+    bool SaveCropPlan();
     void ConnectOutlets(QWidget& window);
     void ConnectCommands();
     // The controls a crop job disables, in the order it disables them.
@@ -243,10 +272,11 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     // results of a selection or refresh that is no longer the latest are
     // dropped.
     void ShowDecodedPreview(quint64 selection, const QString& path, const PreviewResult& result,
-                            const std::optional<Image>& placementPicture);
+                            const std::optional<Image>& placementPicture,
+                            const QImage& plainPicture);
     // A change of ratio, orientation or anchor.
     void OnCropRuleChanged();
-    void ShowCropPreview(quint64 refresh, const QImage& picture);
+    void ShowCropPreview(quint64 refresh, const QImage& picture, const CropFrame& frame);
     // After the preview has grown: decodes the current image again when its
     // picture would now be shown enlarged.
     void DecodeAgainIfPictureTooSmall();
@@ -341,6 +371,12 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     Outlet<QAction> actionSaveProfileAs{"actionSaveProfileAs"};
     Outlet<QAction> actionQuit{"actionQuit"};
     Outlet<QAction> actionVideoTutorial{"actionVideoTutorial"};
+    Outlet<QAction> actionOpenCropPlan{"actionOpenCropPlan"};
+    Outlet<QAction> actionSaveCropPlan{"actionSaveCropPlan"};
+    Outlet<QAction> actionUndo{"actionUndo"};
+    Outlet<QAction> actionRedo{"actionRedo"};
+    Outlet<QAction> actionResetCrop{"actionResetCrop"};
+    Outlet<QAction> actionResetAllCrops{"actionResetAllCrops"};
 
     QPointer<QWidget> view_;
     // Between the setting controls and CropSettings, once they are connected.
@@ -349,6 +385,13 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     WindowServices services_;
     std::shared_ptr<PreviewDecoder> previewDecoder_;
     std::shared_ptr<ImageProcessor> imageProcessor_;
+
+    // Rectangles adjusted by hand, and their history.
+    CropAdjustmentStore* cropAdjustments_ = nullptr;
+    // The adjustments a job started with.
+    CropAdjustments jobAdjustments_;
+    // Where the current image comes from.
+    QString currentPath_;
 
     // The current image's picture, as decoded for the preview, and how many
     // pages or frames its file has.

@@ -15,8 +15,10 @@
 #include "batch/OutputFolder.h"
 #include "batch/OverwritePrompts.h"
 #include "batch/Preconditions.h"
+#include "ui/CropAdjustmentStore.h"
 #include "ui/CropQuestions.h"
 #include "ui/CropResult.h"
+#include "ui/ImagePaths.h"
 #include "ui/JobStatusText.h"
 #include "ui/OverwriteBox.h"
 #include "ui/ProgressFraction.h"
@@ -25,15 +27,6 @@
 namespace vellumo {
 
 namespace {
-
-std::vector<std::string> NativePaths(const QStringList& paths) {
-    std::vector<std::string> native;
-    native.reserve(paths.size());
-    for (const QString& path : paths) {
-        native.push_back(QFile::encodeName(path).toStdString());
-    }
-    return native;
-}
 
 QString PathText(const std::string& path) {
     return QFile::decodeName(QByteArray::fromStdString(path));
@@ -54,6 +47,9 @@ void ViewController::OnCropImages() {
                                   : !AgreeOnOutputFolder(settings.outputFolder)) {
         return;
     }
+    // Adjusted rectangles are part of the snapshot: undoing one while the
+    // job runs does not change what it writes.
+    jobAdjustments_ = cropAdjustments_->ForJob(listImagePaths_);
     cropping_ = true;
     DisableInterface();
     PrepareCropJob(settings, list);
@@ -84,7 +80,8 @@ void ViewController::PrepareCropJob(const CropSettings& settings,
     // image's size, the images' headers, read by the image processor (in its
     // worker process) until the first image the rule crops.
     labelJobStatus->setText(QStringLiteral("Preparing…"));
-    jobWork_.start([this, settings, list, processor = imageProcessor_] {
+    jobWork_.start([this, settings, list, adjustments = jobAdjustments_,
+                    processor = imageProcessor_] {
         auto prepared = std::make_shared<PreparedJob>();
         prepared->refusingClashes = PlanOutputs(settings, list, ClashPolicy::Refuse);
         if (!prepared->refusingClashes.clashes.empty()) {
@@ -100,6 +97,9 @@ void ViewController::PrepareCropJob(const CropSettings& settings,
                 task.source = list[i];
                 task.settings = settings;
                 task.dryRun = true;
+                if (const auto found = adjustments.find(list[i]); found != adjustments.end()) {
+                    task.adjustedRect = found->second;
+                }
                 const ImageOutcome outcome = processor->Process(task);
                 if (outcome.status != ImageStatus::Failed) {
                     anyRead = true;
@@ -170,7 +170,8 @@ void ViewController::StartCropJob(const CropSettings& settings,
     labelJobStatus->setText(JobStatusText(0, jobImageCount_, std::chrono::milliseconds(0)));
     // The worker has its own copies of everything it reads and touches no
     // control; what it reports comes back as queued calls, in order.
-    jobWork_.start([this, settings, list, plan, decisions, processor = imageProcessor_] {
+    jobWork_.start([this, settings, list, plan, decisions, adjustments = jobAdjustments_,
+                    processor = imageProcessor_] {
         JobCallbacks callbacks;
         callbacks.progress = [this](long index, const ImageReport& image) {
             // The lines the window has always written on standard output.
@@ -180,7 +181,10 @@ void ViewController::StartCropJob(const CropSettings& settings,
             QMetaObject::invokeMethod(
                 this, [this, index] { ReportCropProgress(index); }, Qt::QueuedConnection);
         };
-        JobReport report = RunCropJob(settings, list, plan, decisions, *processor, callbacks);
+        JobOptions options;
+        options.adjustments = &adjustments;
+        JobReport report =
+            RunCropJob(settings, list, plan, decisions, *processor, callbacks, options);
         QMetaObject::invokeMethod(
             this, [this, report = std::move(report)] { FinishCropJob(report); },
             Qt::QueuedConnection);

@@ -5,6 +5,7 @@
 #include <QLocale>
 #include <algorithm>
 
+#include "ui/CropAdjustmentStore.h"
 #include "ui/CropPreviewView.h"
 #include "ui/ImagePaths.h"
 #include "ui/ViewController.h"
@@ -67,12 +68,14 @@ void ViewController::OnRemoveSelected() {
     // Every selected row goes, from the last up so the row numbers hold.
     const QList<int> rows = tableViewImage->SelectedRows();
     if (!rows.isEmpty()) {
+        QStringList removed;
         for (qsizetype k = rows.size(); k-- > 0;) {
             const int row = rows[k];
             if (row >= 0 && row < listImagePaths_.size()) {
-                listImagePaths_.removeAt(row);
+                removed.push_back(listImagePaths_.takeAt(row));
             }
         }
+        cropAdjustments_->Forget(removed);
         tableViewImage->clearSelection();
         tableViewImage->ReloadData();
         ClearImageListSelection();
@@ -95,6 +98,7 @@ void ViewController::OnRemoveAll() {
         return;
     }
     listImagePaths_.clear();
+    cropAdjustments_->ReplaceAll({});
     tableViewImage->ReloadData();
     ClearImageListSelection();
     EmptyPreview();

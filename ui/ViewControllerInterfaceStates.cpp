@@ -11,6 +11,7 @@
 
 #include "batch/CropSettings.h"
 #include "ui/AutoCropRuleBox.h"
+#include "ui/CropAdjustmentStore.h"
 #include "ui/CropPreviewView.h"
 #include "ui/LatchingRadioButton.h"
 #include "ui/ProgressFraction.h"
@@ -32,6 +33,7 @@ constexpr char kCropImagesTitle[] = "Crop Images";
 
 void ViewController::ResetInterface() {
     listImagePaths_.clear();
+    cropAdjustments_->ReplaceAll({});
 
     tabView->setCurrentIndex(0);
 
@@ -103,6 +105,10 @@ void ViewController::DisableInterface() {
     for (QWidget* control : ControlsLockedWhileCropping()) {
         control->setEnabled(false);
     }
+    // A plan opened would replace the list; the rectangle on the preview is
+    // shown, not adjusted (the job has its own copy of the adjustments).
+    actionOpenCropPlan->setEnabled(false);
+    imageViewCropPreview->SetFrameAdjustable(false);
     buttonCropImages->setText(QString::fromLatin1(kCroppingTitle));
 }
 
@@ -111,6 +117,8 @@ void ViewController::EnableInterface() {
     for (QWidget* control : ControlsLockedWhileCropping()) {
         control->setEnabled(true);
     }
+    actionOpenCropPlan->setEnabled(true);
+    imageViewCropPreview->SetFrameAdjustable(true);
     buttonCropImages->setText(QString::fromLatin1(kCropImagesTitle));
     SettleOutputControls();
 }

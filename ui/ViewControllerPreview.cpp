@@ -14,6 +14,7 @@
 #include <algorithm>
 
 #include "batch/CropRectangle.h"
+#include "ui/CropAdjustmentStore.h"
 #include "ui/CropPreviewView.h"
 #include "ui/DimensionText.h"
 #include "ui/ImageListModel.h"
@@ -50,6 +51,7 @@ void ViewController::tableViewSelectionDidChange() {
         const std::string file = QFile::encodeName(path).toStdString();
         PreviewResult result = decoder->Decode(file, side);
         std::optional<Image> placementPicture;
+        const QImage plain = result ? PlainPreviewPicture(result->picture) : QImage();
         if (result && placement) {
             if (const PreviewResult reduced = decoder->Decode(file, kPlacementPictureSide)) {
                 placementPicture = reduced->picture;
@@ -58,16 +60,16 @@ void ViewController::tableViewSelectionDidChange() {
         QMetaObject::invokeMethod(
             this,
             [this, selection, path, result = std::move(result),
-             placementPicture = std::move(placementPicture)] {
-                ShowDecodedPreview(selection, path, result, placementPicture);
-            },
+             placementPicture = std::move(placementPicture),
+             plain] { ShowDecodedPreview(selection, path, result, placementPicture, plain); },
             Qt::QueuedConnection);
     });
 }
 
 void ViewController::ShowDecodedPreview(quint64 selection, const QString& path,
                                         const PreviewResult& result,
-                                        const std::optional<Image>& placementPicture) {
+                                        const std::optional<Image>& placementPicture,
+                                        const QImage& plainPicture) {
     ++previewDeliveries_.decodes;
     if (selection != selectionCount_) {
         return;
@@ -80,7 +82,9 @@ void ViewController::ShowDecodedPreview(quint64 selection, const QString& path,
         return;
     }
     imageListModel_->ClearUnreadable(path);
+    currentPath_ = path;
     currentImage_ = Image::OfSize(result->fullSize.width, result->fullSize.height);
+    imageViewCropPreview->SetPlainPicture(plainPicture);
     previewPicture_ = result->picture;
     placementPicture_ = placementPicture;
     currentPages_ = result->pages;
@@ -99,23 +103,34 @@ void ViewController::UpdateCropPreview() {
     const quint64 refresh = ++refreshCount_;
     const Image image = currentImage_;
     const Size fullSize{currentImage_.Width(), currentImage_.Height()};
+    const std::optional<Rect> adjusted = cropAdjustments_->Adjustment(currentPath_);
     previewWork_.start([this, picture = previewPicture_, placement = placementPicture_, settings,
-                        image, fullSize, refresh] {
-        const Rect rect = ResolveCrop(settings, image, placement ? &*placement : nullptr).cut;
+                        image, fullSize, refresh, adjusted] {
+        const Image* judged = placement ? &*placement : nullptr;
+        const ResolvedCrop rule = ResolveCrop(settings, image, judged);
+        const Rect rect = adjusted ? ResolveCrop(settings, image, judged, adjusted).cut : rule.cut;
+        // A ratio rule keeps its ratio while the rectangle is resized by
+        // hand; pixels and percents are free.
+        const bool locked =
+            settings.mode == CropMode::Auto && !IsWhole(rule.extent) && rule.cut.height > 0.0;
+        const CropFrame frame{rect, fullSize, locked ? rule.cut.width / rule.cut.height : 0.0,
+                              adjusted.has_value()};
         const QImage veiled = VeiledPreviewPicture(picture, fullSize, rect);
         QMetaObject::invokeMethod(
-            this, [this, refresh, veiled] { ShowCropPreview(refresh, veiled); },
+            this, [this, refresh, veiled, frame] { ShowCropPreview(refresh, veiled, frame); },
             Qt::QueuedConnection);
     });
     UpdateImageSize();
 }
 
-void ViewController::ShowCropPreview(quint64 refresh, const QImage& picture) {
+void ViewController::ShowCropPreview(quint64 refresh, const QImage& picture,
+                                     const CropFrame& frame) {
     ++previewDeliveries_.pictures;
     if (refresh != refreshCount_) {
         return;
     }
     shownRefresh_ = refresh;
+    imageViewCropPreview->SetCropFrame(frame);
     imageViewCropPreview->SetImage(picture);
 }
 
@@ -164,7 +179,8 @@ void ViewController::UpdateImageSize() {
     if (UsesPlacementPicture(settings) && placementPicture_) {
         sized.anchor = CropAnchor::Centre;
     }
-    const ResolvedCrop crop = ResolveCrop(sized, currentImage_);
+    const ResolvedCrop crop =
+        ResolveCrop(sized, currentImage_, nullptr, cropAdjustments_->Adjustment(currentPath_));
     labelOutputDimensionsWidth->setText(DimensionText(kWidthCaption, crop.outputSize.width));
     labelOutputDimensionsHeight->setText(DimensionText(kHeightCaption, crop.outputSize.height));
     const std::string note = JoinNotes(CropExtentNote(crop), FirstPageNote(currentPages_));

@@ -3,14 +3,16 @@
 #include <QCoreApplication>
 #include <QUrl>
 
+#include "ui/CropAdjustmentStore.h"
 #include "ui/ViewController.h"
 
 namespace vellumo {
 
 bool ViewController::windowShouldClose(QWidget&) {
-    // Nothing is ever saved and nothing is asked, also while a crop job runs:
-    // closing the one window ends the application.
-    return true;
+    // Nothing else is ever saved or asked, also while a crop job runs:
+    // closing the one window ends the application. Only rectangles adjusted
+    // by hand, which took a person's work, are offered to be kept.
+    return AgreeToLeaveAdjustments();
 }
 
 void ViewController::OnAppQuit() {
@@ -18,8 +20,10 @@ void ViewController::OnAppQuit() {
 }
 
 void ViewController::OnFileNew() {
-    // A list a person has built is not thrown away unasked.
-    if (!AgreeToEmptyTheList()) {
+    // A list a person has built is not thrown away unasked; with unsaved
+    // adjustments, the question about them is the one asked.
+    if (cropAdjustments_->HasUnsavedAdjustments() ? !AgreeToLeaveAdjustments()
+                                                  : !AgreeToEmptyTheList()) {
         return;
     }
     ResetInterface();

@@ -1,0 +1,203 @@
+// Rectangles adjusted by hand on the preview, their history (Edit → Undo,
+// Redo, Reset Crop, Reset All Crops), and crop plans: the list, the settings
+// and the adjustments saved to one file and opened again.
+
+#include <QAction>
+#include <QFile>
+#include <QFileInfo>
+#include <QUndoStack>
+
+#include "batch/CropPlan.h"
+#include "ui/CropAdjustmentStore.h"
+#include "ui/CropPreviewView.h"
+#include "ui/ImageListModel.h"
+#include "ui/ImagePaths.h"
+#include "ui/ViewController.h"
+
+namespace vellumo {
+
+namespace {
+
+constexpr char kPlanFileType[] = "vellumoplan";
+constexpr char kPlansDialog[] = "plans";
+constexpr char kLeaveAdjustmentsQuestion[] = "Save the crop adjustments before closing?";
+constexpr char kNoLongerExists[] = "the file no longer exists";
+
+QString MenuText(const char* verb, const QString& step) {
+    const QString text = QString::fromLatin1(verb);
+    return step.isEmpty() ? text : text + QLatin1Char(' ') + step;
+}
+
+}  // namespace
+
+void ViewController::ConnectAdjustments() {
+    connect(imageViewCropPreview.get(), &CropPreviewView::cropAdjusted, this,
+            &ViewController::OnCropAdjusted);
+    connect(cropAdjustments_, &CropAdjustmentStore::adjustmentsChanged, this,
+            &ViewController::OnAdjustmentsChanged);
+
+    QUndoStack& history = cropAdjustments_->undoStack();
+    connect(actionUndo.get(), &QAction::triggered, &history, &QUndoStack::undo);
+    connect(actionRedo.get(), &QAction::triggered, &history, &QUndoStack::redo);
+    actionUndo->setEnabled(history.canUndo());
+    actionRedo->setEnabled(history.canRedo());
+    connect(&history, &QUndoStack::canUndoChanged, actionUndo.get(), &QAction::setEnabled);
+    connect(&history, &QUndoStack::canRedoChanged, actionRedo.get(), &QAction::setEnabled);
+    connect(&history, &QUndoStack::undoTextChanged, actionUndo.get(),
+            [this](const QString& step) { actionUndo->setText(MenuText("&Undo", step)); });
+    connect(&history, &QUndoStack::redoTextChanged, actionRedo.get(),
+            [this](const QString& step) { actionRedo->setText(MenuText("&Redo", step)); });
+
+    connect(actionResetCrop.get(), &QAction::triggered, this, &ViewController::OnResetCrop);
+    connect(actionResetAllCrops.get(), &QAction::triggered, this, &ViewController::OnResetAllCrops);
+    connect(actionOpenCropPlan.get(), &QAction::triggered, this, &ViewController::OnOpenCropPlan);
+    connect(actionSaveCropPlan.get(), &QAction::triggered, this, &ViewController::OnSaveCropPlan);
+}
+
+ResolvedCrop ViewController::CropOfImage(const CropSettings& settings, const QString& path,
+                                         Size fullSize) const {
+    return ResolveCrop(settings, Image::OfSize(fullSize.width, fullSize.height), nullptr,
+                       cropAdjustments_->Adjustment(path));
+}
+
+void ViewController::OnCropAdjusted(const Rect& rect, bool byKeys) {
+    if (currentPath_.isEmpty() || cropping_) {
+        return;
+    }
+    cropAdjustments_->Adjust(currentPath_, rect, byKeys);
+}
+
+void ViewController::OnAdjustmentsChanged(const QStringList& paths) {
+    for (const QString& path : paths) {
+        imageListModel_->SetAdjusted(path, cropAdjustments_->IsAdjusted(path));
+    }
+    if (!currentPath_.isEmpty() && paths.contains(currentPath_)) {
+        UpdateCropPreview();
+    }
+}
+
+void ViewController::OnResetCrop() {
+    QStringList selected;
+    for (const int row : tableViewImage->SelectedRows()) {
+        if (row >= 0 && row < listImagePaths_.size()) {
+            selected.push_back(listImagePaths_[row]);
+        }
+    }
+    cropAdjustments_->Reset(selected, QStringLiteral("Reset Crop"));
+}
+
+void ViewController::OnResetAllCrops() {
+    cropAdjustments_->Reset(listImagePaths_, QStringLiteral("Reset All Crops"));
+}
+
+bool ViewController::AgreeToLeaveAdjustments() {
+    if (!cropAdjustments_->HasUnsavedAdjustments()) {
+        return true;
+    }
+    const int answer = services_.showMessageBox(
+        {QString::fromLatin1(kLeaveAdjustmentsQuestion),
+         MessageBoxStyle::Warning,
+         {QStringLiteral("Save"), QStringLiteral("Don't Save"), QStringLiteral("Cancel")}});
+    if (answer == kFirstButtonAnswer) {
+        return SaveCropPlan();
+    }
+    return answer == kFirstButtonAnswer + 1;
+}
+
+void ViewController::OnSaveCropPlan() {
+    SaveCropPlan();
+}
+
+bool ViewController::SaveCropPlan() {
+    SavePanelRequest request;
+    request.title = QStringLiteral("Save Crop Plan");
+    request.fileType = QString::fromLatin1(kPlanFileType);
+    request.suggestedName = QStringLiteral("Untitled.vellumoplan");
+    request.memoryKey = QString::fromLatin1(kPlansDialog);
+    const SavePanelResult chosen = services_.runSavePanel(request);
+    if (!chosen || chosen->isEmpty()) {
+        return false;
+    }
+    QString path = *chosen;
+    if (!path.endsWith(QString::fromLatin1(kCropPlanExtension), Qt::CaseInsensitive)) {
+        path += QString::fromLatin1(kCropPlanExtension);
+    }
+    const CropPlan plan = MakeCropPlan(CropSettingsFromControls(), NativePaths(listImagePaths_),
+                                       cropAdjustments_->ForJob(listImagePaths_));
+    const SaveResult saved = WriteCropPlan(QFile::encodeName(path).toStdString(), plan);
+    if (!saved.saved) {
+        services_.showMessageBox(
+            NoticeRequest(QStringLiteral("The crop plan could not be saved to %1: %2.")
+                              .arg(path, QString::fromStdString(saved.reason))));
+        return false;
+    }
+    cropAdjustments_->MarkSaved();
+    return true;
+}
+
+void ViewController::OnOpenCropPlan() {
+    if (cropping_ || !AgreeToLeaveAdjustments()) {
+        return;
+    }
+    OpenPanelRequest request;
+    request.allowsMultipleSelection = false;
+    request.canChooseFiles = true;
+    request.canChooseDirectories = false;
+    request.allowedFileTypes = {QString::fromLatin1(kPlanFileType)};
+    request.prompt = QStringLiteral("Open Crop Plan");
+    request.memoryKey = QString::fromLatin1(kPlansDialog);
+    const OpenPanelResult chosen = services_.runOpenPanel(request);
+    if (!chosen || chosen->isEmpty()) {
+        return;
+    }
+    const QString file = chosen->constFirst();
+    // All or nothing: a plan that cannot be read changes nothing.
+    const Loaded<CropPlan> plan =
+        ReadCropPlan(QFile::encodeName(file).toStdString(), CropSettingsFromControls());
+    if (!plan) {
+        services_.showMessageBox(
+            NoticeRequest(QStringLiteral("The crop plan %1 could not be opened: %2.")
+                              .arg(file, QString::fromStdString(plan.reason()))));
+        return;
+    }
+    // The list never holds a path twice, whatever the file says.
+    QStringList paths;
+    CropAdjustmentStore::Rects rects;
+    for (const PlannedImage& image : plan->images) {
+        const QString path = QFile::decodeName(QByteArray::fromStdString(image.path));
+        if (ListContainsPath(paths, path)) {
+            continue;
+        }
+        paths.push_back(path);
+        if (image.rect) {
+            rects.insert(path, *image.rect);
+        }
+    }
+    listImagePaths_ = paths;
+    cropAdjustments_->ReplaceAll(rects);
+    ApplySettingsToControls(plan->settings);
+    tableViewImage->ReloadData();
+    ClearImageListSelection();
+
+    // Images that have gone stay in the list, marked; the job fails them.
+    QStringList missing;
+    for (const QString& path : paths) {
+        if (!QFileInfo::exists(path)) {
+            imageListModel_->MarkUnreadable(path, QString::fromLatin1(kNoLongerExists));
+            missing.push_back(path);
+        }
+    }
+    if (!missing.isEmpty()) {
+        MessageBoxRequest notice = NoticeRequest(
+            missing.size() == 1 ? QStringLiteral("1 image of the crop plan no longer exists: %1")
+                                      .arg(missing.front())
+                                : QStringLiteral("%1 images of the crop plan no longer exist.")
+                                      .arg(missing.size()));
+        notice.informativeText =
+            QStringLiteral("They stay in the list, marked, and fail when cropping.");
+        notice.details = missing.join(QLatin1Char('\n'));
+        services_.showMessageBox(notice);
+    }
+}
+
+}  // namespace vellumo
