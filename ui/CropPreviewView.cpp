@@ -3,8 +3,10 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QStyle>
 #include <QStyleOptionFrame>
+#include <QThreadPool>
 #include <algorithm>
 #include <cmath>
 
@@ -48,6 +50,36 @@ void CropPreviewView::SetImage(const QImage& image) {
 void CropPreviewView::SetPlainPicture(const QImage& picture) {
     plain_ = picture;
     plainScaled_ = QImage();
+    PrepareScaledPlain();
+}
+
+void CropPreviewView::PrepareScaledPlain() {
+    const quint64 generation = ++plainGeneration_;
+    const QRect target = PictureRect(plain_.size());
+    if (plain_.isNull() || target.isEmpty()) {
+        return;
+    }
+    const qreal ratio = devicePixelRatioF();
+    const QSize deviceSize(static_cast<int>(std::lround(target.width() * ratio)),
+                           static_cast<int>(std::lround(target.height() * ratio)));
+    if (plain_.size() == deviceSize) {
+        return;  // drawn as it is
+    }
+    QThreadPool::globalInstance()->start([view = QPointer<CropPreviewView>(this), plain = plain_,
+                                          deviceSize, ratio, generation] {
+        QImage scaled = plain.scaled(deviceSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        scaled.setDevicePixelRatio(ratio);
+        QMetaObject::invokeMethod(
+            view,
+            [view, scaled = std::move(scaled), generation] {
+                // A newer picture or size has asked for another scale;
+                // one made on the GUI thread meanwhile is as good.
+                if (view && view->plainGeneration_ == generation && view->plainScaled_.isNull()) {
+                    view->plainScaled_ = scaled;
+                }
+            },
+            Qt::QueuedConnection);
+    });
 }
 
 void CropPreviewView::SetCropFrame(const std::optional<CropFrame>& frame) {
@@ -194,7 +226,11 @@ int CropPreviewView::LongestPictureSide() const {
 }
 
 QRect CropPreviewView::ImageRect() const {
-    if (image_.isNull()) {
+    return PictureRect(image_.size());
+}
+
+QRect CropPreviewView::PictureRect(QSize size) const {
+    if (size.isEmpty()) {
         return {};
     }
     const QRect area = PictureArea();
@@ -204,8 +240,8 @@ QRect CropPreviewView::ImageRect() const {
     // One image pixel per screen pixel at most: its natural size in the
     // view's (device-independent) units.
     const qreal ratio = devicePixelRatioF();
-    const qreal naturalWidth = image_.width() / ratio;
-    const qreal naturalHeight = image_.height() / ratio;
+    const qreal naturalWidth = size.width() / ratio;
+    const qreal naturalHeight = size.height() / ratio;
     const qreal scale = std::min({1.0, area.width() / naturalWidth, area.height() / naturalHeight});
     const int width = std::max(1, static_cast<int>(std::floor(naturalWidth * scale)));
     const int height = std::max(1, static_cast<int>(std::floor(naturalHeight * scale)));
@@ -260,6 +296,7 @@ void CropPreviewView::paintEvent(QPaintEvent*) {
 
 void CropPreviewView::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
+    PrepareScaledPlain();
     Q_EMIT resized();
 }
 

@@ -89,6 +89,11 @@ class CropPreviewView : public QWidget {
   private:
     // The area inside the margins where pictures go.
     QRect PictureArea() const;
+    // Where a picture of `size` pixels is drawn, in the view's coordinates.
+    QRect PictureRect(QSize size) const;
+    // Scales the plain picture to the screen away from the GUI thread, so
+    // that the first frame of a drag does not wait for it.
+    void PrepareScaledPlain();
     // The picture scaled to `deviceSize` screen pixels, made once per size.
     const QImage& ScaledImage(const QSize& deviceSize, qreal devicePixelRatio);
     const QImage& ScaledPlain(const QSize& deviceSize, qreal devicePixelRatio);
@@ -100,6 +105,7 @@ class CropPreviewView : public QWidget {
     QImage scaled_;
     QImage plain_;
     QImage plainScaled_;
+    quint64 plainGeneration_ = 0;
     std::optional<CropFrame> frame_;
     bool adjustable_ = true;
     // A drag under way: what it holds, where it began, the rectangle then.
