@@ -16,6 +16,10 @@ bool ViewController::windowShouldClose(QWidget&) {
 }
 
 void ViewController::OnAppQuit() {
+    // Quitting closes the window: the same one question first.
+    if (!AgreeToLeaveAdjustments()) {
+        return;
+    }
     QCoreApplication::quit();
 }
 
