@@ -1,6 +1,7 @@
 #include "ui/ImageListModel.h"
 
 #include <QApplication>
+#include <QPixmap>
 #include <QStyle>
 #include <string>
 
@@ -39,6 +40,10 @@ void ImageListModel::ClearUnreadable(const QString& path) {
 
 QString ImageListModel::UnreadableReason(const QString& path) const {
     return unreadable_.value(path);
+}
+
+void ImageListModel::SetThumbnailIcons(std::function<QImage(const QString&)> icons) {
+    thumbnailIcons_ = std::move(icons);
 }
 
 void ImageListModel::PathDataChanged(const QString& path) {
@@ -85,6 +90,12 @@ QVariant ImageListModel::data(const QModelIndex& index, int role) const {
         case Qt::DecorationRole:
             if (unreadable != unreadable_.constEnd()) {
                 return QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
+            }
+            if (thumbnailIcons_) {
+                const QImage thumbnail = thumbnailIcons_(path);
+                if (!thumbnail.isNull()) {
+                    return QIcon(QPixmap::fromImage(thumbnail));
+                }
             }
             if (const auto name = FileKindIconName(path)) {
                 return icons_.value(*name);

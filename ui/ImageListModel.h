@@ -3,7 +3,9 @@
 #include <QAbstractListModel>
 #include <QHash>
 #include <QIcon>
+#include <QImage>
 #include <QStringList>
+#include <functional>
 
 namespace vellumo {
 
@@ -11,6 +13,8 @@ namespace vellumo {
 // per path, showing the full path with the file-kind icon. A file found
 // unreadable when it was selected shows a warning icon instead, and the
 // reason in its tooltip, until it is read successfully or leaves the list.
+// Otherwise a file whose thumbnail is at hand shows it in place of the
+// file-kind icon.
 //
 // The list belongs to the controller and changes there first; the model then
 // learns of it, either as a whole (Reload) or as one inserted row
@@ -34,6 +38,12 @@ class ImageListModel : public QAbstractListModel {
     // Why `path` is marked; empty when it is not.
     QString UnreadableReason(const QString& path) const;
 
+    // Where the rows find their files' thumbnail icons: a null image for a
+    // file without one at hand.
+    void SetThumbnailIcons(std::function<QImage(const QString& path)> icons);
+    // The thumbnail of `path` arrived or went: its rows are drawn again.
+    void ThumbnailChanged(const QString& path) { PathDataChanged(path); }
+
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
@@ -45,6 +55,7 @@ class ImageListModel : public QAbstractListModel {
     int rows_ = 0;
     QHash<QString, QIcon> icons_;
     QHash<QString, QString> unreadable_;  // path -> reason
+    std::function<QImage(const QString&)> thumbnailIcons_;
 };
 
 }  // namespace vellumo

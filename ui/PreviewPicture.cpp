@@ -16,7 +16,11 @@ QImage VeiledPreviewPicture(const Image& picture, Size fullSize, Rect rect) {
     const double sy = picture.Height() / fullSize.height;
     const Image veiled = ImageTools::DrawCropRectangleOnImageWithImage(
         picture, rect.x * sx, rect.y * sy, rect.width * sx, rect.height * sy);
-    const std::optional<RgbaBitmap> bitmap = ImageTools::RenderRgba8(veiled);
+    return PictureAsQImage(veiled);
+}
+
+QImage PictureAsQImage(const Image& picture) {
+    const std::optional<RgbaBitmap> bitmap = ImageTools::RenderRgba8(picture);
     if (!bitmap || bitmap->width <= 0 || bitmap->height <= 0) {
         return {};
     }

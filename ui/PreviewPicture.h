@@ -16,4 +16,8 @@ namespace vellumo {
 // no pixels or the full size is empty. Safe on any thread.
 QImage VeiledPreviewPicture(const Image& picture, Size fullSize, Rect rect);
 
+// `picture`'s pixels as a QImage in the format the screen draws fastest;
+// null when it has none. Safe on any thread.
+QImage PictureAsQImage(const Image& picture);
+
 }  // namespace vellumo

@@ -27,6 +27,7 @@
 #include "batch/OutputPlan.h"
 #include "batch/PreviewDecoder.h"
 #include "imaging/Image.h"
+#include "ui/CellCrop.h"
 #include "ui/ImageTableView.h"
 #include "ui/MainWindow.h"
 #include "ui/Outlet.h"
@@ -43,6 +44,7 @@ class QTabWidget;
 
 namespace vellumo {
 
+class ContactSheetParts;
 class CropPreviewView;
 class ImageListModel;
 class LatchingRadioButton;
@@ -150,6 +152,14 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     };
     const PreviewDeliveries& previewDeliveries() const { return previewDeliveries_; }
 
+    // ---- Contact sheet (ViewControllerContactSheet.cpp) --------------------
+
+    // The crop a contact sheet cell shows for the file at `path`, of
+    // `fullSize` upright pixels: the one place the sheet learns crops from.
+    std::optional<CellCrop> ContactSheetCellCrop(const QString& path, Size fullSize) const;
+    // Every cell's crop worked out afresh (the settings changed).
+    void RefreshContactSheet();
+
     // ---- Crop job (ViewControllerCropJob.cpp) -----------------------------
 
     // True from the moment a job starts until its report is shown.
@@ -224,6 +234,8 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
 
   private:
     void ConnectOutlets(QWidget& window);
+    // The contact sheet, its commands and the thumbnails, after viewDidLoad.
+    void ConnectContactSheet(QWidget& window);
     void ConnectCommands();
     // The controls a crop job disables, in the order it disables them.
     std::vector<QWidget*> ControlsLockedWhileCropping() const;
@@ -345,6 +357,8 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     QPointer<QWidget> view_;
     // Between the setting controls and CropSettings, once they are connected.
     std::unique_ptr<SettingsBinding> settingsBinding_;
+    // A child of the controller, made by ConnectContactSheet.
+    ContactSheetParts* contactSheet_ = nullptr;
     ImageListModel* imageListModel_ = nullptr;
     WindowServices services_;
     std::shared_ptr<PreviewDecoder> previewDecoder_;

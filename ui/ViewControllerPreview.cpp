@@ -88,6 +88,8 @@ void ViewController::ShowDecodedPreview(quint64 selection, const QString& path,
 }
 
 void ViewController::UpdateCropPreview() {
+    // The sheet shows every image's crop, the selected one or none.
+    RefreshContactSheet();
     if (!(currentImage_.Width() > 0.0) || !(currentImage_.Height() > 0.0)) {
         return;
     }
