@@ -94,26 +94,23 @@ QString SharedThumbnailPath(const QString& path) {
 }
 
 std::optional<SharedThumbnail> ReadSharedThumbnail(const QString& path, qint64 mtimeSeconds) {
+    // The keys are read from the decoded image: QImageReader::text splits
+    // keys at their first colon, and every key here has two.
     QImageReader reader(SharedThumbnailPath(path), "png");
-    // The keys come before the pixels in the files we and others write, so
-    // a thumbnail of another version of the file is turned down undecoded.
-    if (!reader.canRead() ||
-        reader.text(QString::fromLatin1(kUriKey)).toUtf8() != ThumbnailUri(path) ||
-        reader.text(QString::fromLatin1(kMTimeKey)).toLongLong() != mtimeSeconds) {
+    QImage picture = reader.read();
+    if (picture.isNull() ||
+        picture.text(QString::fromLatin1(kUriKey)).toUtf8() != ThumbnailUri(path) ||
+        picture.text(QString::fromLatin1(kMTimeKey)).toLongLong() != mtimeSeconds) {
         return std::nullopt;
     }
     bool hasWidth = false;
     bool hasHeight = false;
-    const double width = reader.text(QString::fromLatin1(kWidthKey)).toDouble(&hasWidth);
-    const double height = reader.text(QString::fromLatin1(kHeightKey)).toDouble(&hasHeight);
+    const double width = picture.text(QString::fromLatin1(kWidthKey)).toDouble(&hasWidth);
+    const double height = picture.text(QString::fromLatin1(kHeightKey)).toDouble(&hasHeight);
     if (!hasWidth || !hasHeight || !(width > 0.0) || !(height > 0.0)) {
         return std::nullopt;
     }
-    const int pages = reader.text(QString::fromLatin1(kPagesKey)).toInt();
-    QImage picture = reader.read();
-    if (picture.isNull()) {
-        return std::nullopt;
-    }
+    const int pages = picture.text(QString::fromLatin1(kPagesKey)).toInt();
     SharedThumbnail thumbnail;
     thumbnail.fullSize = UprightSize(picture, Size{width, height});
     thumbnail.picture = std::move(picture);
@@ -132,17 +129,20 @@ bool WriteSharedThumbnail(const QString& path, qint64 mtimeSeconds,
     if (!temporary.open()) {
         return false;
     }
+    // The keys go on the image: QImageWriter::setText would split them at
+    // their first colon.
+    QImage picture = thumbnail.picture;
+    picture.setText(QString::fromLatin1(kUriKey), QString::fromUtf8(ThumbnailUri(path)));
+    picture.setText(QString::fromLatin1(kMTimeKey), QString::number(mtimeSeconds));
+    picture.setText(QString::fromLatin1(kSizeKey), QString::number(QFileInfo(path).size()));
+    picture.setText(QString::fromLatin1(kWidthKey),
+                    QString::number(std::llround(thumbnail.fullSize.width)));
+    picture.setText(QString::fromLatin1(kHeightKey),
+                    QString::number(std::llround(thumbnail.fullSize.height)));
+    picture.setText(QString::fromLatin1(kSoftwareKey), QStringLiteral("Vellumo"));
+    picture.setText(QString::fromLatin1(kPagesKey), QString::number(thumbnail.pages));
     QImageWriter writer(&temporary, "png");
-    writer.setText(QString::fromLatin1(kUriKey), QString::fromUtf8(ThumbnailUri(path)));
-    writer.setText(QString::fromLatin1(kMTimeKey), QString::number(mtimeSeconds));
-    writer.setText(QString::fromLatin1(kSizeKey), QString::number(QFileInfo(path).size()));
-    writer.setText(QString::fromLatin1(kWidthKey),
-                   QString::number(std::llround(thumbnail.fullSize.width)));
-    writer.setText(QString::fromLatin1(kHeightKey),
-                   QString::number(std::llround(thumbnail.fullSize.height)));
-    writer.setText(QString::fromLatin1(kSoftwareKey), QStringLiteral("Vellumo"));
-    writer.setText(QString::fromLatin1(kPagesKey), QString::number(thumbnail.pages));
-    if (!writer.write(thumbnail.picture) || !temporary.flush()) {
+    if (!writer.write(picture) || !temporary.flush()) {
         return false;
     }
     temporary.close();
