@@ -232,8 +232,9 @@ class ContactSheetTest : public QObject {
         const QString red = Picture("red.png", 400, 200, QColor(220, 30, 40));
         const QString blue = Picture("blue.jpg", 100, 200, QColor(30, 60, 220));
         loaded.AddImages({red, blue});
+        const int redRow = static_cast<int>(loaded.controller().listImagePaths().indexOf(red));
         const QIcon kindIcon =
-            Table(loaded).model()->index(0, 0).data(Qt::DecorationRole).value<QIcon>();
+            Table(loaded).model()->index(redRow, 0).data(Qt::DecorationRole).value<QIcon>();
         ShowSheet(loaded);
 
         const Thumbnail* thumbnail = WaitForThumbnail(loaded, red);
@@ -250,8 +251,10 @@ class ContactSheetTest : public QObject {
                  qPrintable(CentreOf(thumbnail->picture).name()));
 
         // The cell draws it.
-        QTRY_VERIFY(!Sheet(loaded).PictureRectOfRow(0).isEmpty());
-        const QRect picture = Sheet(loaded).PictureRectOfRow(0);
+        // (The list is in name order: blue, then red.)
+        const int row = static_cast<int>(loaded.controller().listImagePaths().indexOf(red));
+        QTRY_VERIFY(!Sheet(loaded).PictureRectOfRow(row).isEmpty());
+        const QRect picture = Sheet(loaded).PictureRectOfRow(row);
         QCOMPARE(picture.size(), QSize(160, 80));
         const QImage drawn = Drawn(*Sheet(loaded).viewport());
         QVERIFY2(Near(drawn.pixelColor(picture.center()), QColor(220, 30, 40), 3),
@@ -259,7 +262,7 @@ class ContactSheetTest : public QObject {
 
         // The list's row shows the thumbnail in place of the file-kind icon.
         const QIcon rowIcon =
-            Table(loaded).model()->index(0, 0).data(Qt::DecorationRole).value<QIcon>();
+            Table(loaded).model()->index(row, 0).data(Qt::DecorationRole).value<QIcon>();
         const QImage icon = rowIcon.pixmap(QSize(24, 24)).toImage();
         QVERIFY(icon != kindIcon.pixmap(QSize(24, 24)).toImage());
         QVERIFY2(Near(icon.pixelColor(icon.width() / 2, icon.height() / 2), QColor(220, 30, 40), 3),
