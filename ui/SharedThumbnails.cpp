@@ -7,11 +7,12 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
-#include <QImageWriter>
 #include <QTemporaryFile>
 #include <cerrno>
 #include <cmath>
 #include <cstdio>
+
+#include "ui/PngText.h"
 
 namespace vellumo {
 
@@ -129,20 +130,18 @@ bool WriteSharedThumbnail(const QString& path, qint64 mtimeSeconds,
     if (!temporary.open()) {
         return false;
     }
-    // The keys go on the image: QImageWriter::setText would split them at
-    // their first colon.
-    QImage picture = thumbnail.picture;
-    picture.setText(QString::fromLatin1(kUriKey), QString::fromUtf8(ThumbnailUri(path)));
-    picture.setText(QString::fromLatin1(kMTimeKey), QString::number(mtimeSeconds));
-    picture.setText(QString::fromLatin1(kSizeKey), QString::number(QFileInfo(path).size()));
-    picture.setText(QString::fromLatin1(kWidthKey),
-                    QString::number(std::llround(thumbnail.fullSize.width)));
-    picture.setText(QString::fromLatin1(kHeightKey),
-                    QString::number(std::llround(thumbnail.fullSize.height)));
-    picture.setText(QString::fromLatin1(kSoftwareKey), QStringLiteral("Vellumo"));
-    picture.setText(QString::fromLatin1(kPagesKey), QString::number(thumbnail.pages));
-    QImageWriter writer(&temporary, "png");
-    if (!writer.write(picture) || !temporary.flush()) {
+    // Thumb::URI is UTF-8 escaped to ASCII, the other values are numbers.
+    const PngTexts texts = {
+        {kUriKey, ThumbnailUri(path)},
+        {kMTimeKey, QByteArray::number(mtimeSeconds)},
+        {kSizeKey, QByteArray::number(QFileInfo(path).size())},
+        {kWidthKey, QByteArray::number(std::llround(thumbnail.fullSize.width))},
+        {kHeightKey, QByteArray::number(std::llround(thumbnail.fullSize.height))},
+        {kSoftwareKey, "Vellumo"},
+        {kPagesKey, QByteArray::number(thumbnail.pages)},
+    };
+    const QByteArray png = PngWithTexts(thumbnail.picture, texts);
+    if (png.isEmpty() || temporary.write(png) != png.size() || !temporary.flush()) {
         return false;
     }
     temporary.close();

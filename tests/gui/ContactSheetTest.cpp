@@ -307,6 +307,16 @@ class ContactSheetTest : public QObject {
         QCOMPARE(picture.size(), QSize(256, 128));
         QVERIFY(Near(CentreOf(picture), QColor(220, 30, 40), 3));
 
+        // Plain tEXt chunks, before the pixels, as the convention has them.
+        QFile raw(kept);
+        QVERIFY(raw.open(QIODevice::ReadOnly));
+        const QByteArray bytes = raw.readAll();
+        const QByteArray uriChunk =
+            QByteArray("tEXtThumb::URI") + '\0' + "file://" + QFile::encodeName(red);
+        QVERIFY(bytes.contains(uriChunk));
+        QVERIFY(bytes.indexOf(uriChunk) < bytes.indexOf("IDAT"));
+        QVERIFY(bytes.contains(QByteArray("tEXtThumb::MTime") + '\0'));
+
         // Private to the user, and no temporary file left beside it.
         struct stat status {};
         QCOMPARE(::stat(QFile::encodeName(kept).constData(), &status), 0);
