@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QIcon>
+#include <QListView>
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyle>
@@ -90,6 +91,12 @@ QRectF ContactSheetCellDelegate::CutOnPicture(const QRectF& picture, Size fullSi
 
 QSize ContactSheetCellDelegate::sizeHint(const QStyleOptionViewItem& option,
                                          const QModelIndex&) const {
+    // A cell fills its place in the grid, which may be wider than needed.
+    if (const auto* view = qobject_cast<const QListView*>(option.widget)) {
+        if (view->gridSize().isValid()) {
+            return view->gridSize();
+        }
+    }
     return CellSize(option.fontMetrics);
 }
 

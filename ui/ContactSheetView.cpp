@@ -94,7 +94,18 @@ std::optional<CellCrop> ContactSheetView::CropFor(const QString& path, Size full
 }
 
 void ContactSheetView::UpdateGrid() {
-    setGridSize(ContactSheetCellDelegate::CellSize(fontMetrics()));
+    QSize cell = ContactSheetCellDelegate::CellSize(fontMetrics());
+    const int width = viewport()->width();
+    const int columns = std::max(1, width / cell.width());
+    cell.setWidth(std::max(cell.width(), width / columns));
+    if (cell != gridSize()) {
+        setGridSize(cell);
+    }
+}
+
+void ContactSheetView::resizeEvent(QResizeEvent* event) {
+    QListView::resizeEvent(event);
+    UpdateGrid();
 }
 
 void ContactSheetView::changeEvent(QEvent* event) {

@@ -61,11 +61,13 @@ class ContactSheetView : public QListView {
     void dragLeaveEvent(QDragLeaveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     // Asks for the thumbnails of the visible cells, then of the next screen.
     void WantVisibleThumbnails();
     std::optional<CellCrop> CropFor(const QString& path, Size fullSize);
+    // Cells as wide as the columns that fit, so the rows fill the width.
     void UpdateGrid();
     bool CarriesRegisteredType(const QMimeData* data) const;
     void AnswerProposedDrop(QDropEvent& event);
