@@ -429,9 +429,10 @@ class ContactSheetTest : public QObject {
         QCOMPARE(sheet.model()->rowCount(), 3);
         QVERIFY(!sheet.DropIndicatorRow());
 
-        // Below every cell: at the end.
+        // The right half of the last cell: at the end.
+        const QRect lastCell = sheet.visualRect(sheet.model()->index(2, 0));
         const auto more = FileUrlData({last});
-        QVERIFY(DropOnSheet(sheet, QPoint(5, sheet.viewport()->height() - 5), *more));
+        QVERIFY(DropOnSheet(sheet, lastCell.center() + QPoint(lastCell.width() / 4, 0), *more));
         QCOMPARE(loaded.controller().listImagePaths(), QStringList({a, dropped, b, last}));
 
         // What the list refuses, the sheet refuses: a file already listed.
