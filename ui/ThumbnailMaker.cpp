@@ -16,7 +16,7 @@ QImage Fitted(const QImage& picture, int side) {
         .convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
-Thumbnail Completed(QImage picture, Size fullSize, int pages, ThumbnailBoxes boxes) {
+Thumbnail Completed(const QImage& picture, Size fullSize, int pages, ThumbnailBoxes boxes) {
     Thumbnail thumbnail;
     thumbnail.picture = picture.convertToFormat(QImage::Format_ARGB32_Premultiplied);
     thumbnail.cellPicture = Fitted(thumbnail.picture, boxes.cellSide);
@@ -41,8 +41,7 @@ MadeThumbnail MakeThumbnail(PreviewDecoder& decoder, const QString& path, Thumbn
     const bool sharable = !file.absoluteFilePath().startsWith(SharedThumbnailFolder() + '/');
     if (sharable) {
         if (std::optional<SharedThumbnail> kept = ReadSharedThumbnail(path, mtime)) {
-            made.thumbnail =
-                Completed(std::move(kept->picture), kept->fullSize, kept->pages, boxes);
+            made.thumbnail = Completed(kept->picture, kept->fullSize, kept->pages, boxes);
             made.fromSharedFolder = true;
             return made;
         }
@@ -53,7 +52,7 @@ MadeThumbnail MakeThumbnail(PreviewDecoder& decoder, const QString& path, Thumbn
         made.failure = QString::fromStdString(decoded.reason());
         return made;
     }
-    QImage picture = PictureAsQImage(decoded->picture);
+    const QImage picture = PictureAsQImage(decoded->picture);
     if (picture.isNull()) {
         made.failure = QStringLiteral("the picture has no pixels");
         return made;
@@ -63,7 +62,7 @@ MadeThumbnail MakeThumbnail(PreviewDecoder& decoder, const QString& path, Thumbn
         WriteSharedThumbnail(path, mtime,
                              SharedThumbnail{picture, decoded->fullSize, decoded->pages});
     }
-    made.thumbnail = Completed(std::move(picture), decoded->fullSize, decoded->pages, boxes);
+    made.thumbnail = Completed(picture, decoded->fullSize, decoded->pages, boxes);
     return made;
 }
 

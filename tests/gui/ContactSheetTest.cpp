@@ -407,7 +407,7 @@ class ContactSheetTest : public QObject {
         QVERIFY(cache.Find("/photos/1999.jpg") != nullptr);
         QVERIFY(cache.Find("/photos/1.jpg") == nullptr);
         const long grown = ResidentKilobytes() - before;
-        QVERIFY2(grown < 200 * 1024, qPrintable(QString::number(grown)));
+        QVERIFY2(grown < 200L * 1024, qPrintable(QString::number(grown)));
     }
 
     void filesDroppedOnTheSheetAreInsertedWhereDropped() {
