@@ -1,6 +1,7 @@
 #include "ui/ImageListModel.h"
 
 #include <QApplication>
+#include <QPixmap>
 #include <QStyle>
 #include <string>
 
@@ -54,6 +55,10 @@ void ImageListModel::SetAdjusted(const QString& path, bool adjusted) {
     PathDataChanged(path);
 }
 
+void ImageListModel::SetThumbnailIcons(std::function<QImage(const QString&)> icons) {
+    thumbnailIcons_ = std::move(icons);
+}
+
 void ImageListModel::PathDataChanged(const QString& path) {
     for (int row = 0; row < rows_; ++row) {
         if (paths_[row] == path) {
@@ -105,6 +110,12 @@ QVariant ImageListModel::data(const QModelIndex& index, int role) const {
         case Qt::DecorationRole:
             if (unreadable != unreadable_.constEnd()) {
                 return QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
+            }
+            if (thumbnailIcons_) {
+                const QImage thumbnail = thumbnailIcons_(path);
+                if (!thumbnail.isNull()) {
+                    return QIcon(QPixmap::fromImage(thumbnail));
+                }
             }
             if (const auto name = FileKindIconName(path)) {
                 return icons_.value(*name);

@@ -3,8 +3,10 @@
 #include <QAbstractListModel>
 #include <QHash>
 #include <QIcon>
+#include <QImage>
 #include <QSet>
 #include <QStringList>
+#include <functional>
 
 namespace vellumo {
 
@@ -12,6 +14,8 @@ namespace vellumo {
 // per path, showing the full path with the file-kind icon. A file found
 // unreadable when it was selected shows a warning icon instead, and the
 // reason in its tooltip, until it is read successfully or leaves the list.
+// Otherwise a file whose thumbnail is at hand shows it in place of the
+// file-kind icon.
 //
 // The list belongs to the controller and changes there first; the model then
 // learns of it, either as a whole (Reload) or as one inserted row
@@ -40,6 +44,12 @@ class ImageListModel : public QAbstractListModel {
     static constexpr int kAdjustedRole = Qt::UserRole + 1;
     void SetAdjusted(const QString& path, bool adjusted);
 
+    // Where the rows find their files' thumbnail icons: a null image for a
+    // file without one at hand.
+    void SetThumbnailIcons(std::function<QImage(const QString& path)> icons);
+    // The thumbnail of `path` arrived or went: its rows are drawn again.
+    void ThumbnailChanged(const QString& path) { PathDataChanged(path); }
+
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
@@ -52,6 +62,7 @@ class ImageListModel : public QAbstractListModel {
     QHash<QString, QIcon> icons_;
     QHash<QString, QString> unreadable_;  // path -> reason
     QSet<QString> adjusted_;
+    std::function<QImage(const QString&)> thumbnailIcons_;
 };
 
 }  // namespace vellumo

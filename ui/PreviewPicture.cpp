@@ -6,32 +6,6 @@
 
 namespace vellumo {
 
-namespace {
-
-// The picture's pixels as the screen draws them fastest (converted here
-// rather than on the GUI thread).
-QImage ScreenImage(const Image& picture) {
-    const std::optional<RgbaBitmap> bitmap = ImageTools::RenderRgba8(picture);
-    if (!bitmap || bitmap->width <= 0 || bitmap->height <= 0) {
-        return {};
-    }
-    QImage rgba(bitmap->width, bitmap->height, QImage::Format_RGBA8888);
-    const qsizetype rowBytes = static_cast<qsizetype>(bitmap->width) * 4;
-    for (int y = 0; y < bitmap->height; ++y) {
-        std::memcpy(rgba.scanLine(y), bitmap->pixels.data() + y * rowBytes, rowBytes);
-    }
-    return rgba.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-}
-
-}  // namespace
-
-QImage PlainPreviewPicture(const Image& picture) {
-    if (picture.IsEmpty()) {
-        return {};
-    }
-    return ScreenImage(picture);
-}
-
 QImage VeiledPreviewPicture(const Image& picture, Size fullSize, Rect rect) {
     if (!(fullSize.width > 0.0) || !(fullSize.height > 0.0) || picture.IsEmpty()) {
         return {};
@@ -42,7 +16,22 @@ QImage VeiledPreviewPicture(const Image& picture, Size fullSize, Rect rect) {
     const double sy = picture.Height() / fullSize.height;
     const Image veiled = ImageTools::DrawCropRectangleOnImageWithImage(
         picture, rect.x * sx, rect.y * sy, rect.width * sx, rect.height * sy);
-    return ScreenImage(veiled);
+    return PictureAsQImage(veiled);
+}
+
+QImage PictureAsQImage(const Image& picture) {
+    const std::optional<RgbaBitmap> bitmap = ImageTools::RenderRgba8(picture);
+    if (!bitmap || bitmap->width <= 0 || bitmap->height <= 0) {
+        return {};
+    }
+    QImage rgba(bitmap->width, bitmap->height, QImage::Format_RGBA8888);
+    const qsizetype rowBytes = static_cast<qsizetype>(bitmap->width) * 4;
+    for (int y = 0; y < bitmap->height; ++y) {
+        std::memcpy(rgba.scanLine(y), bitmap->pixels.data() + y * rowBytes, rowBytes);
+    }
+    // The format the screen draws fastest, converted here rather than on the
+    // GUI thread.
+    return rgba.convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
 }  // namespace vellumo

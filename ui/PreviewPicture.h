@@ -16,8 +16,8 @@ namespace vellumo {
 // no pixels or the full size is empty. Safe on any thread.
 QImage VeiledPreviewPicture(const Image& picture, Size fullSize, Rect rect);
 
-// The picture as it is, ready to draw; null without pixels. Safe on any
-// thread.
-QImage PlainPreviewPicture(const Image& picture);
+// `picture`'s pixels as a QImage in the format the screen draws fastest;
+// null when it has none. Safe on any thread.
+QImage PictureAsQImage(const Image& picture);
 
 }  // namespace vellumo

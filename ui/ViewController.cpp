@@ -89,6 +89,7 @@ void ViewController::LoadView(QWidget& window) {
     });
     ConnectCommands();
     viewDidLoad();
+    ConnectContactSheet(window);
 }
 
 void ViewController::viewDidLoad() {

@@ -28,6 +28,7 @@
 #include "batch/OutputPlan.h"
 #include "batch/PreviewDecoder.h"
 #include "imaging/Image.h"
+#include "ui/CellCrop.h"
 #include "ui/CropFrame.h"
 #include "ui/ImageTableView.h"
 #include "ui/MainWindow.h"
@@ -46,6 +47,7 @@ class QTabWidget;
 namespace vellumo {
 
 class CropAdjustmentStore;
+class ContactSheetParts;
 class CropPreviewView;
 class ImageListModel;
 class LatchingRadioButton;
@@ -160,6 +162,13 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     // `settings`: its adjusted rectangle if it has one, else the rule's.
     ResolvedCrop CropOfImage(const CropSettings& settings, const QString& path,
                              Size fullSize) const;
+    // ---- Contact sheet (ViewControllerContactSheet.cpp) --------------------
+
+    // The crop a contact sheet cell shows for the file at `path`, of
+    // `fullSize` upright pixels: the one place the sheet learns crops from.
+    std::optional<CellCrop> ContactSheetCellCrop(const QString& path, Size fullSize) const;
+    // Every cell's crop worked out afresh (the settings changed).
+    void RefreshContactSheet();
 
     // ---- Crop job (ViewControllerCropJob.cpp) -----------------------------
 
@@ -253,6 +262,8 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     // when the person cancels or the file cannot be written.
     bool SaveCropPlan();
     void ConnectOutlets(QWidget& window);
+    // The contact sheet, its commands and the thumbnails, after viewDidLoad.
+    void ConnectContactSheet(QWidget& window);
     void ConnectCommands();
     // The controls a crop job disables, in the order it disables them.
     std::vector<QWidget*> ControlsLockedWhileCropping() const;
@@ -381,6 +392,8 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     QPointer<QWidget> view_;
     // Between the setting controls and CropSettings, once they are connected.
     std::unique_ptr<SettingsBinding> settingsBinding_;
+    // A child of the controller, made by ConnectContactSheet.
+    ContactSheetParts* contactSheet_ = nullptr;
     ImageListModel* imageListModel_ = nullptr;
     WindowServices services_;
     std::shared_ptr<PreviewDecoder> previewDecoder_;

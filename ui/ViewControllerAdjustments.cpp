@@ -71,8 +71,11 @@ void ViewController::OnAdjustmentsChanged(const QStringList& paths) {
     for (const QString& path : paths) {
         imageListModel_->SetAdjusted(path, cropAdjustments_->IsAdjusted(path));
     }
+    // The preview's refresh redraws the contact sheet too.
     if (!currentPath_.isEmpty() && paths.contains(currentPath_)) {
         UpdateCropPreview();
+    } else {
+        RefreshContactSheet();
     }
 }
 

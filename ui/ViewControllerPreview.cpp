@@ -51,7 +51,7 @@ void ViewController::tableViewSelectionDidChange() {
         const std::string file = QFile::encodeName(path).toStdString();
         PreviewResult result = decoder->Decode(file, side);
         std::optional<Image> placementPicture;
-        const QImage plain = result ? PlainPreviewPicture(result->picture) : QImage();
+        const QImage plain = result ? PictureAsQImage(result->picture) : QImage();
         if (result && placement) {
             if (const PreviewResult reduced = decoder->Decode(file, kPlacementPictureSide)) {
                 placementPicture = reduced->picture;
@@ -92,6 +92,8 @@ void ViewController::ShowDecodedPreview(quint64 selection, const QString& path,
 }
 
 void ViewController::UpdateCropPreview() {
+    // The sheet shows every image's crop, the selected one or none.
+    RefreshContactSheet();
     if (!(currentImage_.Width() > 0.0) || !(currentImage_.Height() > 0.0)) {
         return;
     }

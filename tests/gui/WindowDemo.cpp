@@ -2,15 +2,18 @@
 // its list, as if they had been added; used for screenshots of the window.
 //
 //   vellumo_window_demo [--auto RATIO] [--anchor BUTTON] [--select ROW]
-//                       [--name TEMPLATE] [--output FOLDER] [--crop] image...
+//                       [--name TEMPLATE] [--output FOLDER] [--crop] [--sheet]
+//                       image...
 //
 // --auto chooses auto crop with that ratio (an entry of the list, or any
 // W:H as a custom ratio), --anchor clicks the anchor button of that object
 // name ("anchorTop"), --select selects a row (from 0), as clicks would;
 // --name and --output fill the name template and the output folder; --crop
-// presses Crop Images once the window shows.
+// presses Crop Images once the window shows; --sheet shows the list as a
+// contact sheet.
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QStringList>
@@ -33,6 +36,7 @@ struct DemoOptions {
     QString nameTemplate;
     QString outputFolder;
     bool crop = false;
+    bool sheet = false;
     QStringList paths;
 };
 
@@ -52,6 +56,8 @@ DemoOptions ParseOptions(int argc, char** argv) {
             options.outputFolder = QString::fromLocal8Bit(argv[++i]);
         } else if (argument == "--crop") {
             options.crop = true;
+        } else if (argument == "--sheet") {
+            options.sheet = true;
         } else {
             options.paths << QString::fromStdString(
                 std::filesystem::absolute(argv[i]).lexically_normal());
@@ -113,6 +119,9 @@ int main(int argc, char** argv) {
             if (!options.outputFolder.isEmpty()) {
                 window.findChild<QLineEdit*>("textFieldOutputFolder")
                     ->setText(options.outputFolder);
+            }
+            if (options.sheet) {
+                window.findChild<QAction*>("actionShowContactSheet")->trigger();
             }
             if (options.crop) {
                 auto* button = window.findChild<QAbstractButton*>("buttonCropImages");
