@@ -25,6 +25,7 @@
 #include "ui/ThumbnailLoader.h"
 #include "ui/ViewController.h"
 #include "ui/ViewModeIcons.h"
+#include "worker/WorkerImageProcessor.h"
 
 namespace vellumo {
 
@@ -71,9 +72,13 @@ class ContactSheetParts : public QObject {
 };
 
 void ViewController::ConnectContactSheet(QWidget& window) {
-    // The decoder of the previews as the window was made: replacing the
-    // previews' decoder later (tests do) leaves the thumbnails' as it is.
-    contactSheet_ = new ContactSheetParts(*this, previewDecoder_);
+    // Thumbnails have workers of their own, at the lowest priority: making
+    // them ahead never slows the preview a person is waiting for. Replacing
+    // the previews' decoder (tests do) leaves the thumbnails' as it is.
+    WorkerLimits background;
+    background.background = true;
+    contactSheet_ =
+        new ContactSheetParts(*this, std::make_shared<WorkerPreviewDecoder>(background));
     ContactSheetParts& parts = *contactSheet_;
     parts.stackImageViews.Connect(window);
     parts.contactSheetImages.Connect(window);

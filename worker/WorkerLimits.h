@@ -16,6 +16,10 @@ struct WorkerLimits {
     // The worker's address space; 0 means half the machine's memory, and
     // never more than 16 GB.
     std::uint64_t addressSpaceBytes = 0;
+    // Work no one waits for (thumbnails made ahead): the worker runs at the
+    // lowest CPU priority, so that it never takes a core from the window or
+    // from work a person waits for.
+    bool background = false;
 };
 
 // The address space a worker gets under `limits`.

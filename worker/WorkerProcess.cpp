@@ -70,8 +70,14 @@ bool WorkerProcess::Start(std::string& failure) {
     posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
     const std::string path = WorkerExecutablePath();
     const std::string addressSpace = std::to_string(WorkerAddressSpace(limits_));
-    const char* argv[] = {path.c_str(),      "--socket-fd",        "3",
-                          "--address-space", addressSpace.c_str(), nullptr};
+    const char* argv[] = {path.c_str(),
+                          "--socket-fd",
+                          "3",
+                          "--address-space",
+                          addressSpace.c_str(),
+                          "--priority",
+                          limits_.background ? "background" : "normal",
+                          nullptr};
     pid_t pid = 0;
     const int spawned =
         posix_spawn(&pid, path.c_str(), &actions, nullptr, const_cast<char* const*>(argv), environ);

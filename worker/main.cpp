@@ -2,7 +2,7 @@
 // process of its own, so that a hostile file can take down only this
 // process. Started by the engine; not meant to be run by hand:
 //
-//   vellumo-worker --socket-fd N --address-space BYTES
+//   vellumo-worker --socket-fd N --address-space BYTES [--priority background]
 
 #include <poll.h>
 #include <signal.h>
@@ -46,7 +46,10 @@ void WatchTheEngine(int socket) {
 int main(int argc, char** argv) {
     int socket = -1;
     unsigned long long addressSpace = 0;
+    bool background = false;
     for (int i = 1; i + 1 < argc; i += 2) {
+        if (std::strcmp(argv[i], "--priority") == 0)
+            background = std::strcmp(argv[i + 1], "background") == 0;
         if (std::strcmp(argv[i], "--socket-fd") == 0)
             socket = std::atoi(argv[i + 1]);
         if (std::strcmp(argv[i], "--address-space") == 0)
@@ -69,6 +72,10 @@ int main(int argc, char** argv) {
     if (addressSpace > 0) {
         const rlimit limit{addressSpace, addressSpace};
         setrlimit(RLIMIT_AS, &limit);
+    }
+    if (background) {
+        // The lowest priority there is: only idle cores do this work.
+        setpriority(PRIO_PROCESS, 0, 19);
     }
     return vellumo::RunWorker(socket);
 }

@@ -10,6 +10,7 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 #include <thread>
 
 #include "batch/CropJob.h"
@@ -59,6 +60,33 @@ class WorkerTest : public ::testing::Test {
     test::TempDir dir;
     CropSettings settings;
 };
+
+// The nice value of a running process, read from /proc (field 19 of stat,
+// after the command name in parentheses).
+int NiceOf(pid_t pid) {
+    std::ifstream stat("/proc/" + std::to_string(pid) + "/stat");
+    std::string text((std::istreambuf_iterator<char>(stat)), std::istreambuf_iterator<char>());
+    std::istringstream fields(text.substr(text.rfind(')') + 2));
+    std::string field;
+    for (int i = 3; i <= 19; ++i) {
+        fields >> field;
+    }
+    return std::stoi(field);
+}
+
+TEST(WorkerPriority, BackgroundWorkersRunAtTheLowestPriorityAndOthersAtTheEnginesOwn) {
+    WorkerLimits background;
+    background.background = true;
+    WorkerProcess low(background);
+    WorkerProcess normal;
+    test::TempDir dir;
+    test::CoordinateImage(64, 48).pngsave(dir.File("a.png").c_str());
+    const auto request = workerprotocol::PreviewRequest(dir.File("a.png"), 32, 1'000'000);
+    ASSERT_TRUE(low.Exchange(request).message);
+    ASSERT_TRUE(normal.Exchange(request).message);
+    EXPECT_EQ(NiceOf(low.Pid()), 19);
+    EXPECT_EQ(NiceOf(normal.Pid()), NiceOf(getpid()));
+}
 
 TEST_F(WorkerTest, ACrashingDecoderFailsOnlyItsImage) {
     VELLUMO_REQUIRE_TESTDATA();
