@@ -9,6 +9,7 @@
 #include <QStyle>
 #include <cmath>
 
+#include "ui/CropFrame.h"
 #include "ui/ThumbnailLoader.h"
 
 namespace vellumo {
@@ -44,10 +45,10 @@ void DrawVeil(QPainter& painter, const QRectF& picture, const QRectF& kept) {
 }
 
 // A small round badge at the picture's top-right corner: adjusted by hand.
-void DrawAdjustedMark(QPainter& painter, const QRectF& picture, const QPalette& palette) {
+void DrawAdjustedMark(QPainter& painter, const QRectF& picture) {
     const QPointF centre(picture.right() - kMarkRadius - 3, picture.top() + kMarkRadius + 3);
     painter.setPen(QPen(Qt::white, 1.5));
-    painter.setBrush(palette.color(QPalette::Highlight));
+    painter.setBrush(AdjustedMarkColour());
     painter.drawEllipse(centre, kMarkRadius, kMarkRadius);
     // A pencil stroke.
     painter.setPen(QPen(Qt::white, 1.6, Qt::SolidLine, Qt::RoundCap));
@@ -129,7 +130,7 @@ void ContactSheetCellDelegate::paint(QPainter* painter, const QStyleOptionViewIt
             DrawVeil(*painter, target, CutOnPicture(target, thumbnail->fullSize, crop->cut));
             painter->setRenderHint(QPainter::Antialiasing);
             if (crop->adjusted) {
-                DrawAdjustedMark(*painter, target, palette);
+                DrawAdjustedMark(*painter, target);
             }
             sizeLine = SizeText(crop->outputSize);
         } else {

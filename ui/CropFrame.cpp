@@ -38,6 +38,10 @@ QPointF PlaceOn(const QRectF& frame, const HandlePlace& place) {
 
 }  // namespace
 
+QColor AdjustedMarkColour() {
+    return {255, 170, 0};
+}
+
 QRectF FrameMapping::ToView(const Rect& rect) const {
     const qreal sx = target_.width() / image_.width;
     const qreal sy = target_.height() / image_.height;
@@ -113,7 +117,7 @@ void PaintFrame(QPainter& painter, const QRectF& frame, bool adjusted) {
     painter.setRenderHint(QPainter::Antialiasing, false);
     // Dark under light: visible on any picture. An adjusted rectangle is
     // drawn in the accent colour, so it is told from the rule's at a glance.
-    const QColor light = adjusted ? QColor(255, 170, 0) : QColor(Qt::white);
+    const QColor light = adjusted ? AdjustedMarkColour() : QColor(Qt::white);
     painter.setPen(QPen(QColor(0, 0, 0, 160), 3.0));
     painter.drawRect(frame);
     painter.setPen(QPen(light, 1.0));

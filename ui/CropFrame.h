@@ -6,6 +6,7 @@
 // (origin at the lower-left corner, y upward); the picture on the screen is
 // the whole image scaled into `target`.
 
+#include <QColor>
 #include <QPointF>
 #include <QRectF>
 
@@ -43,6 +44,10 @@ RectHandle HandleAt(const QRectF& frame, const QPointF& point);
 
 // The cursor shape that tells what a handle does.
 Qt::CursorShape CursorFor(RectHandle handle);
+
+// The colour that marks a rectangle adjusted by hand, wherever it shows:
+// the preview's frame, the list's rows, the contact sheet's cells.
+QColor AdjustedMarkColour();
 
 // The veil over the picture outside `frame` (within `target`), the frame's
 // outline and its eight handles.

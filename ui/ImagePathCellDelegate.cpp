@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QStyle>
 
+#include "ui/CropFrame.h"
 #include "ui/ImageListModel.h"
 
 namespace vellumo {
@@ -45,7 +46,7 @@ void ImagePathCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem&
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(QPen(QColor(0, 0, 0, 140), 1.0));
-    painter->setBrush(QColor(255, 170, 0));
+    painter->setBrush(AdjustedMarkColour());
     const QRectF mark(option.rect.right() - kMarkSide - kRowPadding / 2.0,
                       option.rect.center().y() - kMarkSide / 2.0, kMarkSide, kMarkSide);
     painter->drawRoundedRect(mark, 2, 2);

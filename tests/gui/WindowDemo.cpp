@@ -3,27 +3,33 @@
 //
 //   vellumo_window_demo [--auto RATIO] [--anchor BUTTON] [--select ROW]
 //                       [--name TEMPLATE] [--output FOLDER] [--crop] [--sheet]
-//                       image...
+//                       [--size WIDTHxHEIGHT] [--adjust ROW=X,Y,W,H]... image...
 //
 // --auto chooses auto crop with that ratio (an entry of the list, or any
 // W:H as a custom ratio), --anchor clicks the anchor button of that object
 // name ("anchorTop"), --select selects a row (from 0), as clicks would;
 // --name and --output fill the name template and the output folder; --crop
 // presses Crop Images once the window shows; --sheet shows the list as a
-// contact sheet.
+// contact sheet; --size gives the window that size; --adjust gives the image
+// of that row its own crop rectangle (in its pixels, origin at the
+// lower-left corner), as a drag on the preview would.
 
 #include <QAbstractButton>
 #include <QAction>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QSize>
 #include <QStringList>
 #include <QTableView>
 #include <QTimer>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <utility>
+#include <vector>
 
 #include "app/ApplicationMain.h"
+#include "ui/CropAdjustmentStore.h"
 #include "ui/MainWindow.h"
 #include "ui/ViewController.h"
 
@@ -37,6 +43,8 @@ struct DemoOptions {
     QString outputFolder;
     bool crop = false;
     bool sheet = false;
+    QSize size;
+    std::vector<std::pair<int, vellumo::Rect>> adjustments;
     QStringList paths;
 };
 
@@ -56,6 +64,19 @@ DemoOptions ParseOptions(int argc, char** argv) {
             options.outputFolder = QString::fromLocal8Bit(argv[++i]);
         } else if (argument == "--crop") {
             options.crop = true;
+        } else if (argument == "--size" && i + 1 < argc) {
+            const QStringList sides = QString::fromLocal8Bit(argv[++i]).split('x');
+            if (sides.size() == 2) {
+                options.size = QSize(sides[0].toInt(), sides[1].toInt());
+            }
+        } else if (argument == "--adjust" && i + 1 < argc) {
+            const QStringList parts = QString::fromLocal8Bit(argv[++i]).split('=');
+            const QStringList sides = parts.value(1).split(',');
+            if (parts.size() == 2 && sides.size() == 4) {
+                options.adjustments.push_back(
+                    {parts[0].toInt(), vellumo::Rect{sides[0].toDouble(), sides[1].toDouble(),
+                                                     sides[2].toDouble(), sides[3].toDouble()}});
+            }
         } else if (argument == "--sheet") {
             options.sheet = true;
         } else {
@@ -72,6 +93,9 @@ int main(int argc, char** argv) {
     const DemoOptions options = ParseOptions(argc, argv);
     vellumo::ApplicationMain(
         argc, argv, [options](vellumo::MainWindow& window, vellumo::ViewController& controller) {
+            if (options.size.isValid()) {
+                window.resize(options.size);
+            }
             vellumo::WindowServices& services = controller.services();
             const auto realPanel = services.runOpenPanel;
             // One file a time, so the list keeps the order given.
@@ -83,6 +107,12 @@ int main(int argc, char** argv) {
             }
             services.runOpenPanel = realPanel;
 
+            for (const auto& [row, rect] : options.adjustments) {
+                if (row >= 0 && row < controller.listImagePaths().size()) {
+                    controller.cropAdjustments().Adjust(controller.listImagePaths()[row], rect,
+                                                        false);
+                }
+            }
             if (!options.autoCropRatio.isEmpty()) {
                 auto* ratios = window.findChild<QComboBox*>("comboAutoCropFormat");
                 int index = ratios->findText(options.autoCropRatio);
