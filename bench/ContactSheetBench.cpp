@@ -32,8 +32,8 @@
 
 #include "ui/ContactSheetView.h"
 #include "ui/MainWindow.h"
-#include "ui/ThumbnailLoader.h"
 #include "ui/ViewController.h"
+#include "ui/thumbnails/ThumbnailLoader.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include <cmath>
 
 #include "ui/CropFrame.h"
-#include "ui/ThumbnailLoader.h"
+#include "ui/thumbnails/ThumbnailLoader.h"
 
 namespace vellumo {
 

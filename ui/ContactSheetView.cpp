@@ -11,7 +11,7 @@
 #include <algorithm>
 
 #include "ui/ContactSheetCellDelegate.h"
-#include "ui/ThumbnailLoader.h"
+#include "ui/thumbnails/ThumbnailLoader.h"
 
 namespace vellumo {
 

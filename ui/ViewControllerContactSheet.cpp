@@ -22,9 +22,9 @@
 #include "ui/ContactSheetCellDelegate.h"
 #include "ui/ContactSheetView.h"
 #include "ui/ImageListModel.h"
-#include "ui/ThumbnailLoader.h"
 #include "ui/ViewController.h"
 #include "ui/ViewModeIcons.h"
+#include "ui/thumbnails/ThumbnailLoader.h"
 #include "worker/WorkerImageProcessor.h"
 
 namespace vellumo {

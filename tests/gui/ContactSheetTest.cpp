@@ -29,9 +29,9 @@
 #include "tests/gui/support/WindowDriving.h"
 #include "ui/ContactSheetView.h"
 #include "ui/ImageTableView.h"
-#include "ui/SharedThumbnails.h"
-#include "ui/ThumbnailCache.h"
-#include "ui/ThumbnailLoader.h"
+#include "ui/thumbnails/SharedThumbnails.h"
+#include "ui/thumbnails/ThumbnailCache.h"
+#include "ui/thumbnails/ThumbnailLoader.h"
 
 using vellumo::ContactSheetView;
 using vellumo::ImageTableView;

@@ -9,8 +9,8 @@
 #include <memory>
 
 #include "batch/PreviewDecoder.h"
-#include "ui/ThumbnailCache.h"
-#include "ui/ThumbnailMaker.h"
+#include "ui/thumbnails/ThumbnailCache.h"
+#include "ui/thumbnails/ThumbnailMaker.h"
 
 namespace vellumo {
 

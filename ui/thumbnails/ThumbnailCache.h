@@ -4,7 +4,7 @@
 #include <QString>
 #include <list>
 
-#include "ui/Thumbnail.h"
+#include "ui/thumbnails/Thumbnail.h"
 
 namespace vellumo {
 

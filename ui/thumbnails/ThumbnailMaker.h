@@ -9,7 +9,7 @@
 #include <optional>
 
 #include "batch/PreviewDecoder.h"
-#include "ui/Thumbnail.h"
+#include "ui/thumbnails/Thumbnail.h"
 
 namespace vellumo {
 

@@ -1,4 +1,4 @@
-#include "ui/PngText.h"
+#include "ui/thumbnails/PngText.h"
 
 #include <png.h>
 

@@ -1,11 +1,11 @@
-#include "ui/ThumbnailMaker.h"
+#include "ui/thumbnails/ThumbnailMaker.h"
 
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 
 #include "ui/PreviewPicture.h"
-#include "ui/SharedThumbnails.h"
+#include "ui/thumbnails/SharedThumbnails.h"
 
 namespace vellumo {
 

@@ -1,4 +1,4 @@
-#include "ui/ThumbnailLoader.h"
+#include "ui/thumbnails/ThumbnailLoader.h"
 
 #include <QThread>
 

@@ -1,4 +1,4 @@
-#include "ui/SharedThumbnails.h"
+#include "ui/thumbnails/SharedThumbnails.h"
 
 #include <sys/stat.h>
 
@@ -12,7 +12,7 @@
 #include <cmath>
 #include <cstdio>
 
-#include "ui/PngText.h"
+#include "ui/thumbnails/PngText.h"
 
 namespace vellumo {
 

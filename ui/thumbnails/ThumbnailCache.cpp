@@ -1,4 +1,4 @@
-#include "ui/ThumbnailCache.h"
+#include "ui/thumbnails/ThumbnailCache.h"
 
 namespace vellumo {
 
