@@ -11,6 +11,12 @@ class ImageProcessor {
   public:
     virtual ~ImageProcessor() = default;
     virtual ImageOutcome Process(const ImageTask& task) = 0;
+    // Ends the work under way in every thread at once, its images failing
+    // and leaving no partial file (a job is stopped). Work that cannot be
+    // ended early runs to its end.
+    virtual void CancelAll() {}
+    // How many images it works on at once when several threads call it.
+    virtual int ImagesAtOnce() const { return 1; }
 };
 
 // The work done right here, in the calling thread.

@@ -29,6 +29,10 @@ struct ImageTask {
     bool carryMetadata = false;
     // Decide and measure only: decode nothing, write nothing.
     bool dryRun = false;
+    // Only carry the source's metadata into the output written earlier in
+    // the job (or the kept file of a skipped image): a job with several
+    // images in flight decides it in list order, once the image is done.
+    bool metadataOnly = false;
     // The output is the source file itself (the originals are replaced):
     // whatever is carried over from the source is read before it goes.
     bool replacesSource = false;

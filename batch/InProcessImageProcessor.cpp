@@ -139,11 +139,28 @@ class KeptSource {
     std::optional<mode_t> mode_;
 };
 
+// The source's metadata and date into the output, and what came of it as
+// notes of the image.
+void CarryMetadata(const std::string& source, const std::string& output, ImageOutcome& outcome) {
+    const MetadataResult carried = ImageTools::ChangeImageExifWithOriginalImagePath(source, output);
+    if (carried.status == MetadataResult::Status::DateNotSet) {
+        outcome.notes.push_back({NoteKind::DateNotSet, carried.reason});
+    } else if (carried.status == MetadataResult::Status::NotCarried) {
+        outcome.notes.push_back({NoteKind::MetadataNotCarried, carried.reason});
+    }
+}
+
 }  // namespace
 
 ImageOutcome InProcessImageProcessor::Process(const ImageTask& task) {
     if (task.dryRun) {
         return Plan(task);
+    }
+    if (task.metadataOnly) {
+        ImageOutcome outcome;
+        outcome.status = ImageStatus::Written;
+        CarryMetadata(task.source, task.output, outcome);
+        return outcome;
     }
     ImageOutcome outcome;
     const LoadResult loaded = ImageTools::OpenImage(task.source);
@@ -191,13 +208,7 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task) {
         outcome.status = ImageStatus::Written;
     }
     if (task.carryMetadata && (saved || outcome.status == ImageStatus::Skipped)) {
-        const MetadataResult carried =
-            ImageTools::ChangeImageExifWithOriginalImagePath(kept.Source(task), task.output);
-        if (carried.status == MetadataResult::Status::DateNotSet) {
-            outcome.notes.push_back({NoteKind::DateNotSet, carried.reason});
-        } else if (carried.status == MetadataResult::Status::NotCarried) {
-            outcome.notes.push_back({NoteKind::MetadataNotCarried, carried.reason});
-        }
+        CarryMetadata(kept.Source(task), task.output, outcome);
     }
     if (saved) {
         kept.KeepPermissions(task.output);

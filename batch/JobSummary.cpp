@@ -11,6 +11,14 @@ std::string Count(long n, const char* one, const char* many) {
 }  // namespace
 
 std::string JobResultSentence(const JobReport& report) {
+    if (report.stopped) {
+        long written = 0;
+        for (const ImageReport& image : report.images) {
+            written += image.outcome.status == ImageStatus::Written ? 1 : 0;
+        }
+        return "Cropping was stopped: " + std::to_string(written) + " of " +
+               Count(report.total, "image was written.", "images were written.");
+    }
     return report.allSucceeded ? "Images cropped successfully."
                                : "Some images could not be cropped.";
 }

@@ -9,7 +9,8 @@ namespace vellumo {
 
 // The sentence that ends a job: "Images cropped successfully." when every
 // image succeeded (a kept file counts as a success), else "Some images could
-// not be cropped.".
+// not be cropped."; a job that was stopped says "Cropping was stopped: 37 of
+// 120 images were written.".
 std::string JobResultSentence(const JobReport& report);
 
 // The counts of a finished job, for the line after that sentence:

@@ -5,6 +5,7 @@
 #include <cctype>
 #include <cmath>
 #include <filesystem>
+#include <thread>
 
 #include "batch/CropPlan.h"
 #include "batch/Profile.h"
@@ -190,6 +191,12 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
     double timeoutSeconds = 120;
     app.add_option("--max-pixels", options.limits.maxPixels,
                    "Refuse images that declare more pixels than this")
+        ->check(CLI::PositiveNumber)
+        ->capture_default_str();
+    options.jobs = static_cast<int>(std::max(1u, std::thread::hardware_concurrency()));
+    app.add_option("--jobs", options.jobs,
+                   "Images worked on at once, each in a worker process of its own (default: the "
+                   "number of cores; 1: one after another)")
         ->check(CLI::PositiveNumber)
         ->capture_default_str();
     app.add_option("--timeout", timeoutSeconds, "Give up on an image after this many seconds")

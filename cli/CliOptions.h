@@ -25,6 +25,7 @@ struct CliOptions {
     bool json = false;
     bool quiet = false;
     WorkerLimits limits;
+    int jobs = 1;  // images in flight at once
 };
 
 struct ParseOutcome {

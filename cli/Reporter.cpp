@@ -117,6 +117,11 @@ void Reporter::Finish(const JobReport& report) {
     if (progressBar_) {
         std::cerr << "\r\033[K" << std::flush;
     }
+    if (report.stopped) {
+        // Whatever else is asked for, a stop is told (on standard error).
+        std::cerr << JobResultSentence(report) << "\n" << JobSummaryText(report) << std::endl;
+        return;
+    }
     if (options_.json) {
         return;
     }

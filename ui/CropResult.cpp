@@ -17,7 +17,10 @@ QString PathText(const std::string& path) {
 
 MessageBoxRequest CropResultRequest(const JobReport& report) {
     MessageBoxRequest request;
-    if (report.allSucceeded) {
+    if (report.stopped) {
+        request.text = QString::fromStdString(JobResultSentence(report));
+        request.style = MessageBoxStyle::Warning;
+    } else if (report.allSucceeded) {
         request.text = QString::fromLatin1(kImagesCroppedSuccessfully);
         request.style = MessageBoxStyle::Informational;
     } else {

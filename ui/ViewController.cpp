@@ -1,6 +1,7 @@
 #include "ui/ViewController.h"
 
 #include <QAction>
+#include <QShortcut>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -151,6 +152,7 @@ void ViewController::ConnectOutlets(QWidget& window) {
     buttonRemoveAll.Connect(window);
     progressIndicator.Connect(window);
     buttonCropImages.Connect(window);
+    buttonStopCropping.Connect(window);
     tableViewImage.Connect(window);
     labelOriginalDimensionsWidth.Connect(window);
     labelOriginalDimensionsHeight.Connect(window);
@@ -282,6 +284,10 @@ void ViewController::ConnectCommands() {
             &ViewController::OnReplaceOriginalsSelected);
 
     connect(buttonCropImages.get(), &QPushButton::clicked, this, &ViewController::OnCropImages);
+    connect(buttonStopCropping.get(), &QPushButton::clicked, this, &ViewController::OnStopCropping);
+    auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), view_->window());
+    escape->setContext(Qt::WindowShortcut);
+    connect(escape, &QShortcut::activated, this, &ViewController::OnStopCropping);
 }
 
 void ViewController::EmptyPreview() {

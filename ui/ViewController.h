@@ -18,6 +18,7 @@
 #include <QTimer>
 #include <memory>
 #include <optional>
+#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -248,6 +249,10 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     // would share an output path, asks about every existing output file,
     // then starts the job on a worker thread and returns.
     void OnCropImages();
+    // While a job runs (the Stop button, Esc): no new image begins, the
+    // images under way end without leaving a partial file, and the report
+    // says how many were written.
+    void OnStopCropping();
 
   private:
     void ConnectAdjustments();
@@ -331,6 +336,7 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     Outlet<QPushButton> buttonRemoveAll{"buttonRemoveAll"};
     Outlet<QProgressBar> progressIndicator{"progressIndicator"};
     Outlet<QPushButton> buttonCropImages{"buttonCropImages"};
+    Outlet<QPushButton> buttonStopCropping{"buttonStopCropping"};
     Outlet<ImageTableView> tableViewImage{"tableViewImage"};
     Outlet<QLabel> labelOriginalDimensionsWidth{"labelOriginalDimensionsWidth"};
     Outlet<QLabel> labelOriginalDimensionsHeight{"labelOriginalDimensionsHeight"};
@@ -425,6 +431,9 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     // Between DisableInterface and EnableInterface.
     bool interfaceLocked_ = false;
     long jobImageCount_ = 0;
+    long jobImagesHandled_ = 0;
+    // Stops the running job.
+    std::stop_source jobStop_;
     // Where the report's "Show in Folder" leads.
     QString jobFolder_;
     QElapsedTimer jobClock_;

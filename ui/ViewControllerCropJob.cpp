@@ -6,6 +6,8 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QProgressBar>
+#include <QPushButton>
+#include <QThread>
 #include <QUrl>
 #include <chrono>
 #include <iostream>
@@ -164,6 +166,9 @@ void ViewController::StartCropJob(const CropSettings& settings,
                                   const std::vector<OverwriteDecision>& decisions) {
     cropping_ = true;
     jobImageCount_ = static_cast<long>(list.size());
+    jobImagesHandled_ = 0;
+    jobStop_ = std::stop_source();
+    buttonStopCropping->setEnabled(true);
     jobFolder_ = plan.images.empty() ? QString()
                                      : QFileInfo(PathText(plan.images.front().path)).absolutePath();
     jobClock_.start();
@@ -171,7 +176,7 @@ void ViewController::StartCropJob(const CropSettings& settings,
     // The worker has its own copies of everything it reads and touches no
     // control; what it reports comes back as queued calls, in order.
     jobWork_.start([this, settings, list, plan, decisions, adjustments = jobAdjustments_,
-                    processor = imageProcessor_] {
+                    processor = imageProcessor_, stop = jobStop_.get_token()] {
         JobCallbacks callbacks;
         callbacks.progress = [this](long index, const ImageReport& image) {
             // The lines the window has always written on standard output.
@@ -183,6 +188,9 @@ void ViewController::StartCropJob(const CropSettings& settings,
         };
         JobOptions options;
         options.adjustments = &adjustments;
+        options.stop = stop;
+        // Every core at work, each image in a worker process of its own.
+        options.jobs = std::max(1, QThread::idealThreadCount());
         JobReport report =
             RunCropJob(settings, list, plan, decisions, *processor, callbacks, options);
         QMetaObject::invokeMethod(
@@ -191,16 +199,32 @@ void ViewController::StartCropJob(const CropSettings& settings,
     });
 }
 
-void ViewController::ReportCropProgress(long index) {
+void ViewController::ReportCropProgress(long) {
+    ++jobImagesHandled_;
+    if (jobStop_.stop_requested()) {
+        return;  // the line says "Stopping…" until the report
+    }
     const auto elapsed = std::chrono::milliseconds(jobClock_.elapsed());
-    labelJobStatus->setText(JobStatusText(index + 1, jobImageCount_, elapsed));
-    // The index of the image just finished, over the list's length: the bar
-    // stays at 0 after the first image and ends one image short of full.
-    const auto count = static_cast<double>(listImagePaths_.size());
-    SetProgressFraction(*progressIndicator, count > 0 ? static_cast<double>(index) / count : 0.0);
+    labelJobStatus->setText(JobStatusText(jobImagesHandled_, jobImageCount_, elapsed));
+    // The images finished over the images of the job: full when the last
+    // is done.
+    SetProgressFraction(*progressIndicator,
+                        jobImageCount_ > 0 ? static_cast<double>(jobImagesHandled_) /
+                                                 static_cast<double>(jobImageCount_)
+                                           : 0.0);
+}
+
+void ViewController::OnStopCropping() {
+    if (!cropping_ || !buttonStopCropping->isEnabled()) {
+        return;
+    }
+    buttonStopCropping->setEnabled(false);
+    labelJobStatus->setText(QStringLiteral("Stopping…"));
+    jobStop_.request_stop();
 }
 
 void ViewController::FinishCropJob(const JobReport& report) {
+    buttonStopCropping->setEnabled(false);
     labelJobStatus->clear();
     SetProgressFraction(*progressIndicator, 0.0);
     cropping_ = false;

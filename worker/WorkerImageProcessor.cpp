@@ -6,11 +6,19 @@
 
 namespace vellumo {
 
-WorkerImageProcessor::WorkerImageProcessor(WorkerLimits limits) : worker_(limits) {}
+WorkerImageProcessor::WorkerImageProcessor(WorkerLimits limits) : workers_(limits) {}
+
+void WorkerImageProcessor::CancelAll() {
+    workers_.TerminateLent();
+}
 
 ImageOutcome WorkerImageProcessor::Process(const ImageTask& task) {
+    const WorkerPool::Loan worker = workers_.Borrow();
     const WorkerProcess::Reply reply =
-        worker_.Exchange(workerprotocol::ImageRequest(task, worker_.limits().maxPixels));
+        worker->Exchange(workerprotocol::ImageRequest(task, workers_.limits().maxPixels));
+    if (worker->Pid() != 0) {
+        lastPid_.store(worker->Pid());
+    }
     if (reply.message) {
         if (auto outcome = workerprotocol::OutcomeFrom(*reply.message)) {
             return *outcome;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <atomic>
+#include <limits>
 #include <memory>
 #include <mutex>
 #include <vector>
@@ -15,17 +17,25 @@ namespace vellumo {
 // Each image's work done in a separate, long-lived worker process under
 // limits: a crash, an exhausted memory or a timeout fails that image alone,
 // with a reason, and the next image gets a fresh worker. What a dead worker
-// left half-written (its temporary file) is removed.
+// left half-written (its temporary file) is removed. Threads that process
+// images at the same time each borrow a worker of their own.
 class WorkerImageProcessor final : public ImageProcessor {
   public:
     explicit WorkerImageProcessor(WorkerLimits limits = {});
     ImageOutcome Process(const ImageTask& task) override;
+    // Stops every worker that is at work; each removes its temporary file.
+    void CancelAll() override;
+    // As many as there are threads: each borrows a worker.
+    int ImagesAtOnce() const override { return std::numeric_limits<int>::max(); }
 
-    // The running worker's process id, or 0.
-    long WorkerPid() const { return worker_.Pid(); }
+    // The process id of the worker that last began an image, or 0.
+    long WorkerPid() const { return lastPid_.load(); }
+    // How many worker processes exist.
+    std::size_t WorkerCount() const { return workers_.size(); }
 
   private:
-    WorkerProcess worker_;
+    WorkerPool workers_;
+    std::atomic<long> lastPid_{0};
 };
 
 // Previews decoded in worker processes of their own, likewise. Threads that

@@ -42,6 +42,10 @@ class WorkerPool {
     const WorkerLimits& limits() const { return limits_; }
     // How many workers exist, lent or not.
     std::size_t size() const;
+    // Tells every lent worker that has started to stop at once (SIGTERM:
+    // it removes its temporary file and ends); the holders' requests fail
+    // and their next ones start fresh workers.
+    void TerminateLent();
 
   private:
     void GiveBack(std::unique_ptr<WorkerProcess> worker);
@@ -49,6 +53,7 @@ class WorkerPool {
     const WorkerLimits limits_;
     mutable std::mutex mutex_;
     std::vector<std::unique_ptr<WorkerProcess>> idle_;
+    std::vector<WorkerProcess*> lent_;
     std::size_t count_ = 0;
 };
 

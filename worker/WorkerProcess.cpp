@@ -78,9 +78,21 @@ bool WorkerProcess::Start(std::string& failure) {
                           "--priority",
                           limits_.background ? "background" : "normal",
                           nullptr};
+    // The worker starts with no signal blocked (the engine may block the ones
+    // it waits for in a thread of its own) and in a process group of its
+    // own: a Ctrl+C at the terminal reaches the engine, which decides what
+    // its workers do.
+    posix_spawnattr_t attributes;
+    posix_spawnattr_init(&attributes);
+    sigset_t none;
+    sigemptyset(&none);
+    posix_spawnattr_setsigmask(&attributes, &none);
+    posix_spawnattr_setpgroup(&attributes, 0);
+    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETPGROUP);
     pid_t pid = 0;
-    const int spawned =
-        posix_spawn(&pid, path.c_str(), &actions, nullptr, const_cast<char* const*>(argv), environ);
+    const int spawned = posix_spawn(&pid, path.c_str(), &actions, &attributes,
+                                    const_cast<char* const*>(argv), environ);
+    posix_spawnattr_destroy(&attributes);
     posix_spawn_file_actions_destroy(&actions);
     close(sockets[1]);
     if (spawned != 0) {
@@ -108,14 +120,13 @@ int WorkerProcess::Stop() {
         socket_ = -1;
     }
     int status = 0;
-    if (pid_ > 0) {
+    if (const pid_t pid = pid_.exchange(0); pid > 0) {
         // A worker that has not already ended is stopped now.
-        if (waitpid(pid_, &status, WNOHANG) == 0) {
-            kill(pid_, SIGKILL);
-            while (waitpid(pid_, &status, 0) < 0 && errno == EINTR) {
+        if (waitpid(pid, &status, WNOHANG) == 0) {
+            kill(pid, SIGKILL);
+            while (waitpid(pid, &status, 0) < 0 && errno == EINTR) {
             }
         }
-        pid_ = 0;
     }
     return status;
 }

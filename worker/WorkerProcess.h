@@ -7,6 +7,7 @@
 
 #include <sys/types.h>
 
+#include <atomic>
 #include <optional>
 #include <string>
 
@@ -45,7 +46,8 @@ class WorkerProcess {
     std::string DeathReason(int status, bool timedOut, std::uint64_t decodingBytes) const;
 
     WorkerLimits limits_;
-    pid_t pid_ = 0;
+    // Read from other threads (a pool stopping its lent workers).
+    std::atomic<pid_t> pid_{0};
     int socket_ = -1;
 };
 

@@ -159,6 +159,7 @@ Message ImageRequest(const ImageTask& task, std::uint64_t maxPixels) {
         {"settings", Json::parse(ProfileText(task.settings))},
         {"carryMetadata", task.carryMetadata},
         {"dryRun", task.dryRun},
+        {"metadataOnly", task.metadataOnly},
         {"replacesSource", task.replacesSource},
         {"maxPixels", maxPixels},
     };
@@ -185,6 +186,7 @@ std::optional<ImageTask> TaskFrom(const Message& message, std::uint64_t& maxPixe
         task.settings = *settings;
         task.carryMetadata = json.at("carryMetadata").get<bool>();
         task.dryRun = json.at("dryRun").get<bool>();
+        task.metadataOnly = json.value("metadataOnly", false);
         task.replacesSource = json.at("replacesSource").get<bool>();
         if (json.contains("adjustedRect")) {
             task.adjustedRect = RectFromJson(json["adjustedRect"]);

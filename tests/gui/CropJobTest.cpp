@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -22,7 +23,9 @@
 #include "tests/gui/support/RealImages.h"
 #include "tests/gui/support/WindowDriving.h"
 #include "tests/gui/support/Workers.h"
+#include "tests/support/Commands.h"
 #include "tests/support/ReadBack.h"
+#include "tests/support/TestImages.h"
 #include "ui/CropQuestions.h"
 #include "ui/LatchingRadioButton.h"
 #include "ui/OverwriteBox.h"
@@ -203,7 +206,7 @@ class CropJobTest : public QObject {
         QCOMPARE(w.loaded.boxes.back().text, QStringLiteral("Images cropped successfully."));
     }
 
-    void threeImagesShowProgressOfNoneAThirdAndTwoThirdsThenNone() {
+    void threeImagesShowProgressOfAThirdTwoThirdsAndFullThenNone() {
         JobWindow w;
         w.AddPictures(3);
         auto& bar = w.loaded.Control<QProgressBar>("progressIndicator");
@@ -225,9 +228,10 @@ class CropJobTest : public QObject {
         QTRY_VERIFY(!w.loaded.controller().isCropping());
 
         QCOMPARE(seen.size(), 4);
-        QCOMPARE(seen[0].section(' ', 0, 0), QStringLiteral("0"));
-        QCOMPARE(seen[1].section(' ', 0, 0), QStringLiteral("333"));
-        QCOMPARE(seen[2].section(' ', 0, 0), QStringLiteral("667"));
+        // Finished images over the job's images: full when the last is done.
+        QCOMPARE(seen[0].section(' ', 0, 0), QStringLiteral("333"));
+        QCOMPARE(seen[1].section(' ', 0, 0), QStringLiteral("667"));
+        QCOMPARE(seen[2].section(' ', 0, 0), QStringLiteral("1000"));
         QCOMPARE(seen[3], QStringLiteral("0 "));
         const QRegularExpression running(
             QString::fromUtf8("^\\d+ Cropping (\\d) of 3 — about \\d+ s left$"));
@@ -238,6 +242,70 @@ class CropJobTest : public QObject {
         QCOMPARE(w.loaded.Control<QPushButton>("buttonCropImages").text(),
                  QStringLiteral("Crop Images"));
         QCOMPARE(w.loaded.boxes.back().text, QStringLiteral("Images cropped successfully."));
+    }
+
+    void escapeStopsTheJobBeforeAnyNewImageBegins() {
+        JobWindow w;
+        w.AddPictures(4);
+        auto& stop = w.loaded.Control<QPushButton>("buttonStopCropping");
+        QVERIFY(!stop.isEnabled());  // nothing to stop
+        w.processor->Hold();
+        Click(w.loaded.Control<QPushButton>("buttonCropImages"));
+        QTRY_COMPARE(w.processor->started(), 1);
+        QVERIFY(stop.isEnabled());
+        QTest::keyClick(&w.loaded.window(), Qt::Key_Escape);
+        QTRY_VERIFY(!w.loaded.controller().isCropping());
+        QCOMPARE(w.processor->started(), 1);  // no new image began
+        QCOMPARE(w.loaded.boxes.back().text,
+                 QStringLiteral("Cropping was stopped: 0 of 4 images were written."));
+        QCOMPARE(w.loaded.boxes.back().style, MessageBoxStyle::Warning);
+        QVERIFY(!stop.isEnabled());
+        QVERIFY(w.loaded.Control<QPushButton>("buttonCropImages").isEnabled());
+        QVERIFY(QDir(w.dir.filePath("out")).isEmpty());
+    }
+
+    // With the real workers, several images in flight: Stop ends them at
+    // once, and no output path holds a partial file.
+    void stopEndsTheImagesInFlightLeavingNoPartialFile() {
+        QTemporaryDir dir;
+        LoadedWindow loaded;
+        loaded.Show();
+        QStringList sources;
+        for (int i = 0; i < 6; ++i) {
+            const QString path = dir.filePath(QStringLiteral("big%1.png").arg(i));
+            vellumo::test::PhotoLikeImage(4000, 3000).pngsave(path.toUtf8().constData());
+            sources << path;
+        }
+        loaded.AddImages(sources);
+        const QString out = dir.filePath(QStringLiteral("out"));
+        loaded.Control<QLineEdit>("textFieldOutputFolder").setText(out);
+        Choose(loaded.Control<QComboBox>("comboFormat"), "PNG");
+        Click(loaded.Control<QPushButton>("buttonCropImages"));
+        // Stopped while an image is being written: its temporary file is there.
+        const auto writing = [&] {
+            return !QDir(out)
+                        .entryList({QStringLiteral(".vellumo-*")}, QDir::Files | QDir::Hidden)
+                        .isEmpty();
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(writing(), 60000);
+        Click(loaded.Control<QPushButton>("buttonStopCropping"));
+        QTRY_VERIFY_WITH_TIMEOUT(!loaded.controller().isCropping(), 20000);
+        const QRegularExpression stopped(
+            QStringLiteral("^Cropping was stopped: (\\d) of 6 images were written\\.$"));
+        const QRegularExpressionMatch said = stopped.match(loaded.boxes.back().text);
+        QVERIFY2(said.hasMatch(), qPrintable(loaded.boxes.back().text));
+        QVERIFY(said.captured(1).toInt() < 6);
+        QCOMPARE(QDir(out).entryList({QStringLiteral(".vellumo-*")}, QDir::Files | QDir::Hidden),
+                 QStringList());
+        const QStringList written = QDir(out).entryList(QDir::Files);
+        QCOMPARE(written.size(), said.captured(1).toInt());
+        for (const QString& name : written) {
+            // Whole files: every pixel decodes.
+            QCOMPARE(
+                vellumo::test::MagickPixels(QDir(out).filePath(name).toStdString(), "", "rgb", 8)
+                    .size(),
+                std::size_t{4000} * 3000 * 3);
+        }
     }
 
     void theWindowStaysResponsiveWhileTheJobRuns() {

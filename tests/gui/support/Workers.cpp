@@ -13,7 +13,13 @@ ImageOutcome RecordingProcessor::Process(const ImageTask& task) {
     {
         std::unique_lock lock(mutex_);
         ++started_;
-        released_.wait(lock, [this] { return !held_; });
+        released_.wait(lock, [this] { return !held_ || cancelled_; });
+        if (cancelled_) {
+            cancelled_ = false;
+            ImageOutcome ended;
+            ended.reason = "cannot decode: the image worker was stopped";
+            return ended;
+        }
     }
     ImageOutcome outcome = inner_.Process(task);
     const std::lock_guard lock(mutex_);
@@ -44,6 +50,15 @@ std::vector<OverwriteDecision> RecordingProcessor::decisions() const {
 void RecordingProcessor::Hold() {
     const std::lock_guard lock(mutex_);
     held_ = true;
+}
+
+void RecordingProcessor::CancelAll() {
+    {
+        const std::lock_guard lock(mutex_);
+        cancelled_ = held_;
+        held_ = false;
+    }
+    released_.notify_all();
 }
 
 void RecordingProcessor::Release() {

@@ -28,6 +28,8 @@ class RecordingProcessor final : public ImageProcessor {
 
     void Hold();
     void Release();
+    // Stopping a job: held images are let go and fail as ended.
+    void CancelAll() override;
     // How many images have begun (including a held one).
     int started() const;
     // How many images were measured by dry runs.
@@ -38,6 +40,7 @@ class RecordingProcessor final : public ImageProcessor {
     mutable std::mutex mutex_;
     std::condition_variable released_;
     bool held_ = false;
+    bool cancelled_ = false;
     int started_ = 0;
     int measured_ = 0;
     std::vector<ImageTask> tasks_;
