@@ -1,0 +1,202 @@
+// vellumo-cli with several images in flight (--jobs): the same files, the
+// same JSON and the same metadata as one image at a time; distinct outputs
+// for a clash; a stop by SIGINT that leaves no partial file and no worker.
+
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <regex>
+#include <thread>
+
+#include "tests/cli/CliFixture.h"
+#include "tests/support/TestData.h"
+#include "tests/support/TestImages.h"
+
+namespace vellumo {
+namespace {
+
+namespace fs = std::filesystem;
+
+class ParallelCliTest : public CliTest {
+  protected:
+    // The JSON lines without what differs from run to run (the folder).
+    static std::vector<std::string> Lines(const CliRun& run, const std::string& folder) {
+        std::vector<std::string> lines;
+        for (nlohmann::json object : run.objects) {
+            std::string text = object.dump();
+            for (std::size_t at; (at = text.find(folder)) != std::string::npos;) {
+                text.replace(at, folder.size(), "OUT");
+            }
+            lines.push_back(text);
+        }
+        return lines;
+    }
+    static std::map<std::string, std::string> Outputs(const std::string& folder) {
+        std::map<std::string, std::string> files;
+        for (const auto& entry : fs::directory_iterator(folder)) {
+            files[entry.path().filename().string()] = test::ReadFileBytes(entry.path().string());
+        }
+        return files;
+    }
+};
+
+TEST_F(ParallelCliTest, TwoJobsWriteTheBytesAndJsonOfOneJobOnMixedRealFilesWithMetadata) {
+    VELLUMO_REQUIRE_TESTDATA();
+    const char* names[] = {
+        "jpeg/Canon_40D.jpg",
+        "orientation/Landscape_3.jpg",
+        "png/basn6a16.png",
+        "tiff/cramps.tif",
+        "jpeg/jolla.jpg",
+        "orientation/Portrait_6.jpg",
+        "jpeg/Reconyx_HC500_Hyperfire.jpg",
+        "gif/hopper.gif",
+        "bmp/gracehopper.bmp",
+        "bad/corrupted.jpg",  // in the middle: fails alone, and ends the metadata
+        "jpeg/testorig.jpg",
+        "orientation/Landscape_6.jpg",
+        "jp2/file1.jp2",
+        "png/basn0g08.png",
+        "jpeg/no_exif.jpg",
+        "orientation/Apple iPhone 5.jpg",
+        "tiff/quad-lzw.tif",
+        "jpeg/testimgari.jpg",
+        "orientation/Landscape_8.jpg",
+        "large/sky.jpg",
+    };
+    std::string files;
+    for (const char* name : names) {
+        files += " " + test::ShellQuote(test::TestDataPath(name));
+    }
+    const std::string options = " --json --keep-metadata --auto 4:3 --quality 85 --output ";
+    const CliRun one = Cli("--jobs 1" + options + test::ShellQuote(dir.File("one")) + files);
+    const CliRun two = Cli("--jobs 2" + options + test::ShellQuote(dir.File("two")) + files);
+    EXPECT_EQ(one.exitCode, 1);  // the corrupt file
+    EXPECT_EQ(two.exitCode, 1);
+    ASSERT_EQ(one.objects.size(), 20u);
+    EXPECT_EQ(Lines(one, dir.File("one")), Lines(two, dir.File("two")));
+    EXPECT_EQ(one.objects[9]["status"], "failed");
+    const auto a = Outputs(dir.File("one"));
+    const auto b = Outputs(dir.File("two"));
+    // Every file but the corrupt one is written.
+    for (std::size_t i = 0; i < one.objects.size(); ++i) {
+        EXPECT_EQ(one.objects[i]["status"], i == 9 ? "failed" : "written") << names[i];
+    }
+    EXPECT_EQ(a.size(), 19u);
+    ASSERT_TRUE(a.count("Canon_40D_cropped (1).jpg") && a.count("Apple iPhone 5_cropped (16).jpg"));
+    EXPECT_TRUE(a == b) << "the outputs differ";
+    // Before the failure the metadata was carried, after it not.
+    const std::string before =
+        test::RunCommand("exiftool -s3 -Model " +
+                         test::ShellQuote(dir.File("two") + "/Canon_40D_cropped (1).jpg"))
+            .out;
+    EXPECT_EQ(before, "Canon EOS 40D\n");
+    const std::string after =
+        test::RunCommand("exiftool -s3 -Model " +
+                         test::ShellQuote(dir.File("two") + "/Apple iPhone 5_cropped (16).jpg"))
+            .out;
+    EXPECT_EQ(after, "");
+}
+
+TEST_F(ParallelCliTest, TwoImagesWithOneOutputPathNeverShareItInFlight) {
+    fs::create_directories(dir.File("a"));
+    fs::create_directories(dir.File("b"));
+    test::CoordinateImage(300, 200).pngsave(dir.File("a/photo.png").c_str());
+    test::CoordinateImage(200, 300).pngsave(dir.File("b/photo.png").c_str());
+    const std::string both = Files({dir.File("a/photo.png"), dir.File("b/photo.png")}) +
+                             " --format png --name " + test::ShellQuote("[FileName]") +
+                             " --jobs 2 --json --output ";
+    const CliRun refused = Cli(both + test::ShellQuote(dir.File("refused")));
+    ASSERT_EQ(refused.objects.size(), 2u);
+    EXPECT_EQ(refused.objects[0]["status"], "written");
+    EXPECT_EQ(refused.objects[1]["status"], "failed");
+    EXPECT_EQ(test::MagickIdentifySize(dir.File("refused/photo.png")).width, 300);
+    const CliRun numbered =
+        Cli(both + test::ShellQuote(dir.File("numbered")) + " --on-clash number");
+    EXPECT_EQ(numbered.exitCode, 0);
+    EXPECT_EQ(test::MagickIdentifySize(dir.File("numbered/photo.png")).width, 300);
+    EXPECT_EQ(test::MagickIdentifySize(dir.File("numbered/photo (2).png")).width, 200);
+}
+
+TEST_F(ParallelCliTest, BadJobCountsAreRefusedWithOneLine) {
+    for (const char* count : {"0", "-2", "two"}) {
+        const CliRun run =
+            Cli(std::string("--jobs ") + count + " --output " + test::ShellQuote(Out()) + " x.png");
+        EXPECT_EQ(run.exitCode, 2) << count;
+        EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 1) << run.err;
+        EXPECT_NE(run.err.find("--jobs"), std::string::npos) << run.err;
+    }
+}
+
+// The worker processes whose parent is `pid`.
+int ChildrenOf(pid_t pid) {
+    const test::CommandResult children =
+        test::RunCommand("pgrep -P " + std::to_string(pid) + " | wc -l");
+    return std::stoi(children.out);
+}
+
+TEST_F(ParallelCliTest, SigintStopsWith130TheSummaryNoPartialFileAndNoWorkerLeft) {
+    std::vector<std::string> sources;
+    for (int i = 0; i < 8; ++i) {
+        sources.push_back(dir.File("big" + std::to_string(i) + ".png"));
+        test::PhotoLikeImage(4000, 3000).pngsave(sources.back().c_str());
+    }
+    const std::string errFile = dir.File("err.txt");
+    fs::create_directories(Out());
+    const pid_t pid = fork();
+    ASSERT_GE(pid, 0);
+    if (pid == 0) {
+        std::vector<std::string> args = {VELLUMO_CLI, "--jobs",   "2",  "--format",
+                                         "png",       "--output", Out()};
+        args.insert(args.end(), sources.begin(), sources.end());
+        std::vector<char*> argv;
+        for (std::string& arg : args) {
+            argv.push_back(arg.data());
+        }
+        argv.push_back(nullptr);
+        if (freopen(errFile.c_str(), "w", stderr) == nullptr ||
+            freopen("/dev/null", "w", stdout) == nullptr) {
+            _exit(126);
+        }
+        execv(VELLUMO_CLI, argv.data());
+        _exit(127);
+    }
+    // Wait until an image is being written (its temporary file is there).
+    bool writing = false;
+    for (int tries = 0; tries < 6000 && !writing; ++tries) {
+        for (const auto& entry : fs::directory_iterator(Out())) {
+            writing = writing || entry.path().filename().string().rfind(".vellumo-", 0) == 0;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    ASSERT_TRUE(writing);
+    const int workers = ChildrenOf(pid);
+    EXPECT_EQ(workers, 2);
+    kill(pid, SIGINT);
+    int status = 0;
+    ASSERT_EQ(waitpid(pid, &status, 0), pid);
+    ASSERT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 130);
+    const std::string err = test::ReadFile(errFile);
+    const std::regex summary("Cropping was stopped: (\\d) of 8 images were written\\.");
+    std::smatch said;
+    ASSERT_TRUE(std::regex_search(err, said, summary)) << err;
+    std::size_t written = 0;
+    for (const auto& entry : fs::directory_iterator(Out())) {
+        const std::string name = entry.path().filename().string();
+        EXPECT_NE(name.rfind(".vellumo-", 0), 0u) << "a temporary file is left: " << name;
+        EXPECT_EQ(test::MagickPixels(entry.path().string(), "", "rgb", 8).size(),
+                  std::size_t{4000} * 3000 * 3);
+        ++written;
+    }
+    EXPECT_EQ(written, static_cast<std::size_t>(std::stoi(said[1])));
+    EXPECT_EQ(test::RunCommand("pgrep -f " + test::ShellQuote("vellumo-worker --socket-fd") +
+                               " -P " + std::to_string(pid) + " | wc -l")
+                  .out,
+              "0\n");
+}
+
+}  // namespace
+}  // namespace vellumo
