@@ -68,8 +68,7 @@ void Record(JobReport& report, ImageReport image, const JobCallbacks& callbacks)
 }
 
 // One image at a time, the metadata carried as part of each image's work.
-JobReport RunInOrder(const JobInput& in, ImageProcessor& processor,
-                     const JobCallbacks& callbacks) {
+JobReport RunInOrder(const JobInput& in, ImageProcessor& processor, const JobCallbacks& callbacks) {
     // Stopping ends the image under way at once.
     const std::stop_callback cancel(in.options.stop, [&] { processor.CancelAll(); });
     JobReport report;
@@ -189,8 +188,8 @@ int JobsToRun(const CropSettings& settings, const JobOptions& options, std::size
     if (settings.replaceOriginals && settings.keepMetadata) {
         jobs = 1;
     }
-    return static_cast<int>(std::min<std::size_t>(static_cast<std::size_t>(jobs),
-                                                  std::max<std::size_t>(images, 1)));
+    return static_cast<int>(
+        std::min<std::size_t>(static_cast<std::size_t>(jobs), std::max<std::size_t>(images, 1)));
 }
 
 JobReport RunCropJob(const CropSettings& settings, const std::vector<std::string>& listImagePaths,

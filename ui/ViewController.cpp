@@ -1,13 +1,13 @@
 #include "ui/ViewController.h"
 
 #include <QAction>
-#include <QShortcut>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTabWidget>
 
 #include "ui/AutoCropRuleBox.h"

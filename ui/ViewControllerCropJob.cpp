@@ -208,10 +208,10 @@ void ViewController::ReportCropProgress(long) {
     labelJobStatus->setText(JobStatusText(jobImagesHandled_, jobImageCount_, elapsed));
     // The images finished over the images of the job: full when the last
     // is done.
-    SetProgressFraction(*progressIndicator,
-                        jobImageCount_ > 0 ? static_cast<double>(jobImagesHandled_) /
-                                                 static_cast<double>(jobImageCount_)
-                                           : 0.0);
+    SetProgressFraction(*progressIndicator, jobImageCount_ > 0
+                                                ? static_cast<double>(jobImagesHandled_) /
+                                                      static_cast<double>(jobImageCount_)
+                                                : 0.0);
 }
 
 void ViewController::OnStopCropping() {
