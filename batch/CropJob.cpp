@@ -42,7 +42,7 @@ ImageTask TaskFor(const JobInput& in, long i) {
 }
 
 // The image's own work (or the plan's refusal of it).
-ImageOutcome ProcessImage(const JobInput& in, ImageTask task, ImageProcessor& processor) {
+ImageOutcome ProcessImage(const JobInput& in, const ImageTask& task, ImageProcessor& processor) {
     if (const std::string& refusal = in.plan.images[task.index].refusal; !refusal.empty()) {
         ImageOutcome refused;
         refused.reason = refusal;

@@ -27,7 +27,7 @@ namespace {
 // other): the first stops the job as the window's Stop button does; the
 // second ends the program at once. Either way no output path holds a
 // partial file: the workers, which notice the engine's end, remove theirs.
-void WatchForStopSignals(std::stop_source stop) {
+void WatchForStopSignals(const std::stop_source& stop) {
     sigset_t signals;
     sigemptyset(&signals);
     sigaddset(&signals, SIGINT);
