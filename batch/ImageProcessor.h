@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "batch/ImageTask.h"
 
 namespace vellumo {
@@ -23,6 +25,9 @@ class ImageProcessor {
 class InProcessImageProcessor final : public ImageProcessor {
   public:
     ImageOutcome Process(const ImageTask& task) override;
+    // The same, with the source's header already read (the worker reads it
+    // to check the image's size first): each header is read once per job.
+    ImageOutcome Process(const ImageTask& task, const std::optional<ImageHeader>& header);
 };
 
 }  // namespace vellumo

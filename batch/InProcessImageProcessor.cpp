@@ -86,9 +86,15 @@ void Describe(const ImageTask& task, const Image& image, int pages, ImageOutcome
     outcome.warning = JoinNotes(CropExtentNote(crop), FirstPageNote(pages));
 }
 
-ImageOutcome Plan(const ImageTask& task) {
+// The source's header: the one already read, or read now.
+std::optional<ImageHeader> HeaderOf(const ImageTask& task,
+                                    const std::optional<ImageHeader>& known) {
+    return known ? known : ImageTools::ImageHeaderWithPath(task.source);
+}
+
+ImageOutcome Plan(const ImageTask& task, const std::optional<ImageHeader>& known) {
     ImageOutcome outcome;
-    const std::optional<ImageHeader> header = ImageTools::ImageHeaderWithPath(task.source);
+    const std::optional<ImageHeader> header = HeaderOf(task, known);
     if (!header) {
         outcome.reason = "cannot decode: the file is not an image Vellumo can read";
         return outcome;
@@ -153,8 +159,13 @@ void CarryMetadata(const std::string& source, const std::string& output, ImageOu
 }  // namespace
 
 ImageOutcome InProcessImageProcessor::Process(const ImageTask& task) {
+    return Process(task, std::nullopt);
+}
+
+ImageOutcome InProcessImageProcessor::Process(const ImageTask& task,
+                                              const std::optional<ImageHeader>& known) {
     if (task.dryRun) {
-        return Plan(task);
+        return Plan(task, known);
     }
     if (task.metadataOnly) {
         ImageOutcome outcome;
@@ -168,7 +179,7 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task) {
         outcome.reason = Failure("decode", loaded.reason());
         return outcome;
     }
-    const std::optional<ImageHeader> header = ImageTools::ImageHeaderWithPath(task.source);
+    const std::optional<ImageHeader> header = HeaderOf(task, known);
     if (!header) {
         outcome.reason = "cannot decode: the image's size cannot be read";
         return outcome;

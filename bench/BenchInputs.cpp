@@ -33,6 +33,23 @@ const std::string& PhotoJpeg24() {
     return path;
 }
 
+std::vector<std::string> PhotoJpeg24Series(int count) {
+    std::vector<std::string> files;
+    for (int i = 0; i < count; ++i) {
+        const std::string file =
+            test::BuildPath("bench-data/series/photo-" + std::to_string(i) + ".jpg");
+        if (!std::filesystem::exists(file)) {
+            PrepareFolder(file);
+            // Shifted by the index, so that no two files are alike.
+            test::PhotoLikeImage(6000 + i, 4000)
+                .extract_area(i, 0, 6000, 4000)
+                .jpegsave(file.c_str(), vips::VImage::option()->set("Q", 90));
+        }
+        files.push_back(file);
+    }
+    return files;
+}
+
 const std::string& PhotoPng100() {
     static const std::string path = [] {
         const std::string file = test::BuildPath("bench-data/photo-10000x10000.png");

@@ -5,11 +5,15 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace vellumo::bench {
 
 // A 6000 x 4000 (24-megapixel) JPEG at quality 90.
 const std::string& PhotoJpeg24();
+
+// `count` different 6000 x 4000 JPEGs at quality 90, as a camera's series.
+std::vector<std::string> PhotoJpeg24Series(int count);
 
 // A 10000 x 10000 (100-megapixel) PNG.
 const std::string& PhotoPng100();

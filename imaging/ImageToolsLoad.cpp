@@ -63,10 +63,13 @@ LoadResult Load(const std::string& path, Pass pass) {
     try {
         vips::VImage pixels = vipsload::Open(*sniffed.kind, path);
         const bool upright = vipsload::Orientation(pixels) == 1;
-        if (DecodedBytes(pixels) > kDecodeInMemoryBytes) {
+        // An upright image read once streams from the file whatever its
+        // size, like a small one.
+        const bool streams = pass == Pass::Single && upright;
+        if (!streams && DecodedBytes(pixels) > kDecodeInMemoryBytes) {
             return LoadResult::Success(OpenHuge(*sniffed.kind, path, upright));
         }
-        if (pass == Pass::Validated || !upright) {
+        if (!streams) {
             pixels = pixels.copy_memory();
         }
         if (!upright) {

@@ -48,6 +48,11 @@ void EnsureStarted() {
     });
 }
 
+void SetThreadsPerImage(int threads) {
+    EnsureStarted();
+    vips_concurrency_set(threads);
+}
+
 // libvips drops messages once its error text is full, so it is emptied
 // well before that.
 constexpr std::size_t kErrorTextLimit = 4096;

@@ -14,6 +14,12 @@ namespace vellumo::vipsruntime {
 // blocks every file loader except the six Vellumo reads.
 void EnsureStarted();
 
+// How many threads libvips gives one image's pipeline. A worker process
+// works on one image at a time beside other workers, one per core, so one
+// thread each keeps the cores busy without contention and with half the
+// buffers; the default is one per core.
+void SetThreadsPerImage(int threads);
+
 // Guards a run of libvips calls on this thread: collects the warnings they
 // raise, and turns a vips::VError they throw into a one-line reason. libvips
 // keeps one error text for the whole process and appends to it, so the

@@ -17,6 +17,7 @@
 #include "ui/ImagePaths.h"
 #include "ui/LatchingRadioButton.h"
 #include "ui/PopUpChoices.h"
+#include "ui/PreviewPrefetch.h"
 #include "ui/QualitySlider.h"
 #include "ui/ResizeRuleBox.h"
 #include "ui/SettingsBinding.h"
@@ -36,6 +37,10 @@ ViewController::ViewController(QObject* parent)
       // an image library takes down a worker, never the window.
       previewDecoder_(std::make_shared<WorkerPreviewDecoder>()),
       imageProcessor_(std::make_shared<WorkerImageProcessor>()),
+      // Pictures made ahead come from workers at the lowest priority, so
+      // they never take a core from the picture of the row just selected.
+      prefetchDecoder_(std::make_shared<WorkerPreviewDecoder>(WorkerLimits::Background())),
+      prefetch_(new PreviewPrefetch(this)),
       cropAdjustments_(new CropAdjustmentStore(this)) {
     // A long decode (a huge PNG) must not hold up the next selection's.
     previewWork_.setMaxThreadCount(2);
@@ -133,6 +138,8 @@ void ViewController::SetPreviewDecoder(std::shared_ptr<PreviewDecoder> decoder) 
         Fatal("the window needs a preview decoder");
     }
     previewDecoder_ = std::move(decoder);
+    prefetchDecoder_ = previewDecoder_;
+    prefetch_->Clear();
 }
 
 void ViewController::SetImageProcessor(std::shared_ptr<ImageProcessor> processor) {

@@ -50,6 +50,7 @@ namespace vellumo {
 class CropAdjustmentStore;
 class ContactSheetParts;
 class CropPreviewView;
+class PreviewPrefetch;
 class ImageListModel;
 class LatchingRadioButton;
 class QualitySlider;
@@ -159,6 +160,8 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     // ---- Rectangles adjusted by hand (ViewControllerAdjustments.cpp) -------
 
     CropAdjustmentStore& cropAdjustments() { return *cropAdjustments_; }
+    // The pictures made ahead for browsing (ViewControllerPreview.cpp).
+    PreviewPrefetch& previewPrefetch() { return *prefetch_; }
     // What the job does with the image at `path` of `fullSize` pixels under
     // `settings`: its adjusted rectangle if it has one, else the rule's.
     ResolvedCrop CropOfImage(const CropSettings& settings, const QString& path,
@@ -290,6 +293,8 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     void ShowDecodedPreview(quint64 selection, const QString& path, const PreviewResult& result,
                             const std::optional<Image>& placementPicture,
                             const QImage& plainPicture);
+    // Decodes the rows around `path` ahead, for pictures of `side` pixels.
+    void PrefetchAround(const QString& path, int side);
     // A change of ratio, orientation or anchor.
     void OnCropRuleChanged();
     void ShowCropPreview(quint64 refresh, const QImage& picture, const CropFrame& frame);
@@ -404,7 +409,10 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     WindowServices services_;
     std::shared_ptr<PreviewDecoder> previewDecoder_;
     std::shared_ptr<ImageProcessor> imageProcessor_;
+    std::shared_ptr<PreviewDecoder> prefetchDecoder_;
 
+    // Pictures of the rows around the selected one, made ahead.
+    PreviewPrefetch* prefetch_ = nullptr;
     // Rectangles adjusted by hand, and their history.
     CropAdjustmentStore* cropAdjustments_ = nullptr;
     // The adjustments a job started with.

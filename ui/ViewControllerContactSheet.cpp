@@ -75,10 +75,8 @@ void ViewController::ConnectContactSheet(QWidget& window) {
     // Thumbnails have workers of their own, at the lowest priority: making
     // them ahead never slows the preview a person is waiting for. Replacing
     // the previews' decoder (tests do) leaves the thumbnails' as it is.
-    WorkerLimits background;
-    background.background = true;
-    contactSheet_ =
-        new ContactSheetParts(*this, std::make_shared<WorkerPreviewDecoder>(background));
+    contactSheet_ = new ContactSheetParts(
+        *this, std::make_shared<WorkerPreviewDecoder>(WorkerLimits::Background()));
     ContactSheetParts& parts = *contactSheet_;
     parts.stackImageViews.Connect(window);
     parts.contactSheetImages.Connect(window);

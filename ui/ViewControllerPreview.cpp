@@ -20,6 +20,7 @@
 #include "ui/ImageListModel.h"
 #include "ui/LatchingRadioButton.h"
 #include "ui/PreviewPicture.h"
+#include "ui/PreviewPrefetch.h"
 #include "ui/ViewController.h"
 
 namespace vellumo {
@@ -45,8 +46,17 @@ void ViewController::tableViewSelectionDidChange() {
                                 kLargestPictureSide);
     // Pictures of earlier selections not yet begun are not needed any more.
     previewWork_.clear();
-    imageViewCropPreview->SetBusy(true);
     const bool placement = UsesPlacementPicture(CropSettingsFromControls());
+    // A picture made ahead (or recently) is shown at once.
+    if (!placement) {
+        if (const std::optional<PreviewPrefetch::Picture> kept = prefetch_->Find(path, side)) {
+            imageViewCropPreview->SetBusy(false);
+            ShowDecodedPreview(selection, path, kept->result, std::nullopt, kept->plain);
+            PrefetchAround(path, side);
+            return;
+        }
+    }
+    imageViewCropPreview->SetBusy(true);
     previewWork_.start([this, decoder = previewDecoder_, selection, path, side, placement] {
         const std::string file = QFile::encodeName(path).toStdString();
         PreviewResult result = decoder->Decode(file, side);
@@ -59,11 +69,31 @@ void ViewController::tableViewSelectionDidChange() {
         }
         QMetaObject::invokeMethod(
             this,
-            [this, selection, path, result = std::move(result),
-             placementPicture = std::move(placementPicture),
-             plain] { ShowDecodedPreview(selection, path, result, placementPicture, plain); },
+            [this, selection, path, side, result = std::move(result),
+             placementPicture = std::move(placementPicture), plain] {
+                prefetch_->Keep(path, side, {result, plain});
+                ShowDecodedPreview(selection, path, result, placementPicture, plain);
+                if (selection == selectionCount_) {
+                    PrefetchAround(path, side);
+                }
+            },
             Qt::QueuedConnection);
     });
+}
+
+void ViewController::PrefetchAround(const QString& path, int side) {
+    const qsizetype row = listImagePaths_.indexOf(path);
+    if (row < 0) {
+        return;
+    }
+    // The next and the previous two, nearest first.
+    QStringList around;
+    for (const qsizetype step : {1, -1, 2, -2}) {
+        if (row + step >= 0 && row + step < listImagePaths_.size()) {
+            around << listImagePaths_[row + step];
+        }
+    }
+    prefetch_->Prefetch(around, side, prefetchDecoder_);
 }
 
 void ViewController::ShowDecodedPreview(quint64 selection, const QString& path,

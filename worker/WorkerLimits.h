@@ -20,6 +20,13 @@ struct WorkerLimits {
     // lowest CPU priority, so that it never takes a core from the window or
     // from work a person waits for.
     bool background = false;
+
+    // The defaults, for work no one waits for.
+    static WorkerLimits Background() {
+        WorkerLimits limits;
+        limits.background = true;
+        return limits;
+    }
 };
 
 // The address space a worker gets under `limits`.

@@ -15,6 +15,7 @@
 #include <thread>
 
 #include "imaging/AtomicFile.h"
+#include "imaging/VipsRuntime.h"
 #include "worker/WorkerLoop.h"
 
 namespace {
@@ -76,6 +77,10 @@ int main(int argc, char** argv) {
     if (background) {
         // The lowest priority there is: only idle cores do this work.
         setpriority(PRIO_PROCESS, 0, 19);
+    }
+    // One image at a time here, beside one worker per core.
+    if (std::getenv("VIPS_CONCURRENCY") == nullptr) {
+        vellumo::vipsruntime::SetThreadsPerImage(1);
     }
     return vellumo::RunWorker(socket);
 }

@@ -33,13 +33,14 @@ class FirstFinishesLast final : public ImageProcessor {
             return outcome;
         }
         std::unique_lock lock(mutex_);
-        order_.push_back(task.index);
         if (task.index == 1) {
             secondDone_ = true;
             changed_.notify_all();
         } else if (task.index == 0) {
             changed_.wait(lock, [this] { return secondDone_; });
         }
+        // The order in which the job is given the results.
+        order_.push_back(task.index);
         return outcome;
     }
     int ImagesAtOnce() const override { return inner_.ImagesAtOnce(); }

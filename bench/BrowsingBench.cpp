@@ -1,0 +1,122 @@
+// Moving through the list with the arrow keys: from the key press to the
+// picture on the preview, for 20 24-megapixel JPEGs, once the rows around
+// the selected one have had the time a person takes to look at a photo
+// (half a second) to be made ahead. The first photo is decoded on demand and
+// reported apart. Meanwhile a 1 ms timer on the GUI thread measures the
+// longest time the thread was not free to run it.
+//
+//   build/bench/vellumo_bench_browsing [PAUSE_MS]
+//
+// Runs on Qt's offscreen platform unless QT_QPA_PLATFORM says otherwise;
+// the window has the size it has on a 1280 x 800 screen.
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QTableView>
+#include <QTest>
+#include <QTimer>
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <vector>
+
+#include "bench/BenchInputs.h"
+#include "ui/CropPreviewView.h"
+#include "ui/MainWindow.h"
+#include "ui/ViewController.h"
+
+namespace {
+
+constexpr int kPhotos = 20;
+
+// Presses `key` on the table and waits for the next picture on the view;
+// returns the milliseconds from the press to the picture, and the longest
+// GUI-thread stall meanwhile in `stall`.
+double PressAndWait(vellumo::ViewController& controller, QTableView& table,
+                    vellumo::CropPreviewView& view, Qt::Key key, double& stall) {
+    QEventLoop loop;
+    QElapsedTimer clock;
+    QElapsedTimer sinceTick;
+    QTimer ticks;
+    ticks.setTimerType(Qt::PreciseTimer);
+    stall = 0;
+    QObject::connect(&ticks, &QTimer::timeout, [&] {
+        stall = std::max(stall, sinceTick.nsecsElapsed() / 1e6);
+        sinceTick.restart();
+    });
+    const auto connection = QObject::connect(&view, &vellumo::CropPreviewView::imageChanged, [&] {
+        if (!view.image().isNull() && !controller.isPreviewPending()) {
+            loop.quit();
+        }
+    });
+    sinceTick.start();
+    ticks.start(1);
+    clock.start();
+    QTest::keyClick(&table, key);
+    if (controller.isPreviewPending() || view.image().isNull()) {
+        loop.exec();
+    }
+    const double milliseconds = clock.nsecsElapsed() / 1e6;
+    view.repaint();
+    ticks.stop();
+    QObject::disconnect(connection);
+    return milliseconds;
+}
+
+void Wait(int milliseconds) {
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    const int pause = argc > 1 ? std::max(0, std::atoi(argv[1])) : 500;
+    QStringList photos;
+    for (const std::string& file : vellumo::bench::PhotoJpeg24Series(kPhotos)) {
+        photos << QString::fromStdString(file);
+    }
+
+    QApplication application(argc, argv);
+    vellumo::MainWindow window;
+    vellumo::ViewController controller;
+    controller.LoadView(window);
+    window.resize(1280, 800);
+    window.show();
+    QApplication::processEvents();
+    controller.services().runOpenPanel = [&](const vellumo::OpenPanelRequest&) {
+        return vellumo::OpenPanelResult(photos);
+    };
+    controller.OnAddImages();
+
+    auto& table = *window.findChild<QTableView*>("tableViewImage");
+    auto& view = *window.findChild<vellumo::CropPreviewView*>("imageViewCropPreview");
+    table.setFocus();
+    QElapsedTimer first;
+    first.start();
+    table.selectRow(0);
+    while (controller.isPreviewPending() || view.image().isNull()) {
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+    }
+    std::printf("first photo, decoded on demand: %.1f ms\n", first.nsecsElapsed() / 1e6);
+
+    std::vector<double> times;
+    double longestStall = 0;
+    for (int row = 1; row < kPhotos; ++row) {
+        Wait(pause);
+        double stall = 0;
+        times.push_back(PressAndWait(controller, table, view, Qt::Key_Down, stall));
+        longestStall = std::max(longestStall, stall);
+    }
+    std::sort(times.begin(), times.end());
+    std::printf(
+        "Down through %d photos, %d ms on each: median %.1f ms, slowest %.1f ms, "
+        "longest GUI-thread stall %.1f ms\n",
+        kPhotos, pause, times[times.size() / 2], times.back(), longestStall);
+    std::fflush(stdout);
+    std::quick_exit(EXIT_SUCCESS);
+}
