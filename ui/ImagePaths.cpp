@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QSet>
 #include <QUrl>
 #include <algorithm>
 
@@ -41,6 +42,20 @@ bool SamePathText(const QString& a, const QString& b) {
 bool ListContainsPath(const QStringList& list, const QString& path) {
     return std::any_of(list.begin(), list.end(),
                        [&](const QString& entry) { return SamePathText(entry, path); });
+}
+
+void AppendNewPaths(QStringList& list, const QStringList& paths) {
+    QSet<QString> held;
+    held.reserve(list.size() + paths.size());
+    for (const QString& entry : list) {
+        held.insert(entry.normalized(QString::NormalizationForm_C));
+    }
+    for (const QString& path : paths) {
+        if (!path.isEmpty() && !held.contains(path.normalized(QString::NormalizationForm_C))) {
+            held.insert(path.normalized(QString::NormalizationForm_C));
+            list.append(path);
+        }
+    }
 }
 
 bool IsImageFileUrl(const QUrl& url) {

@@ -33,6 +33,12 @@ bool SamePathText(const QString& a, const QString& b);
 // True when any entry of `list` is the same text as `path`.
 bool ListContainsPath(const QStringList& list, const QString& path);
 
+// Appends to `list` each of `paths` it does not hold yet (by SamePathText),
+// in their order; a path is never added twice, not even within `paths`.
+// Takes time in proportion to both lengths, not their product, so that ten
+// thousand paths join a list at once.
+void AppendNewPaths(QStringList& list, const QStringList& paths);
+
 // The paths as the engine reads them: in the file system's encoding.
 std::vector<std::string> NativePaths(const QStringList& paths);
 

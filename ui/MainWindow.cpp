@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QScreen>
+#include <QSettings>
 #include <QSplitter>
 
 #include "ui_MainWindow.h"
@@ -33,10 +34,32 @@ void MainWindow::SetDelegate(WindowDelegate* delegate) {
     delegate_ = delegate;
 }
 
+namespace {
+
+const auto kGeometryKey = QStringLiteral("window/geometry");
+const auto kSplitterKey = QStringLiteral("window/splitter");
+
+}  // namespace
+
+void MainWindow::RestoreState() {
+    const QSettings settings;
+    restoreGeometry(settings.value(kGeometryKey).toByteArray());
+    restoredSplit_ = settings.value(kSplitterKey).toByteArray();
+}
+
+void MainWindow::RememberState() const {
+    QSettings settings;
+    settings.setValue(kGeometryKey, saveGeometry());
+    settings.setValue(kSplitterKey, splitter_->saveState());
+}
+
 void MainWindow::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     if (!splitInitially_) {
         splitInitially_ = true;
+        if (!restoredSplit_.isEmpty() && splitter_->restoreState(restoredSplit_)) {
+            return;
+        }
         // The list of full paths gets a little less than half of the width;
         // later the splitter keeps whatever the user makes of it.
         const int width = splitter_->width();

@@ -27,6 +27,12 @@ class MainWindow : public QMainWindow {
 
     void SetDelegate(WindowDelegate* delegate);
 
+    // The size, position and splitter the window had when the last run
+    // ended, kept beside the last folders (the application restores them;
+    // windows made by tests start as described).
+    void RestoreState();
+    void RememberState() const;
+
   protected:
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -35,6 +41,7 @@ class MainWindow : public QMainWindow {
     WindowDelegate* delegate_ = nullptr;
     QSplitter* splitter_ = nullptr;
     bool splitInitially_ = false;
+    QByteArray restoredSplit_;  // applied at the first show
 };
 
 }  // namespace vellumo

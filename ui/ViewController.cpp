@@ -11,6 +11,7 @@
 #include <QTabWidget>
 
 #include "ui/AutoCropRuleBox.h"
+#include "ui/ButtonAction.h"
 #include "ui/CropAdjustmentStore.h"
 #include "ui/CropPreviewView.h"
 #include "ui/ImageListModel.h"
@@ -206,6 +207,9 @@ void ViewController::ConnectOutlets(QWidget& window) {
     actionVideoTutorial.Connect(window);
     actionOpenCropPlan.Connect(window);
     actionSaveCropPlan.Connect(window);
+    actionAddImages.Connect(window);
+    actionRemoveSelected.Connect(window);
+    actionCropImages.Connect(window);
     actionUndo.Connect(window);
     actionRedo.Connect(window);
     actionResetCrop.Connect(window);
@@ -222,6 +226,11 @@ void ViewController::ConnectCommands() {
     connect(actionVideoTutorial.get(), &QAction::triggered, this, &ViewController::OnVideoTutorial);
 
     connect(buttonAddImages.get(), &QPushButton::clicked, this, &ViewController::OnAddImages);
+    // The menu's image commands are the buttons' (their shortcuts shown in
+    // the menu).
+    new ButtonAction(*actionAddImages, *buttonAddImages);
+    new ButtonAction(*actionRemoveSelected, *buttonRemoveSelected);
+    new ButtonAction(*actionCropImages, *buttonCropImages);
     connect(buttonRemoveSelected.get(), &QPushButton::clicked, this,
             &ViewController::OnRemoveSelected);
     connect(buttonRemoveAll.get(), &QPushButton::clicked, this, &ViewController::OnRemoveAll);

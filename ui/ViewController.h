@@ -208,6 +208,9 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     // ---- Image list commands (ViewControllerImageList.cpp) ----------------
 
     void OnAddImages();
+    // Appends these images to the list in their order, leaving out those it
+    // holds (the program's arguments, a second start's files).
+    void AppendImages(const QStringList& paths);
     void OnRemoveSelected();
     void OnRemoveAll();
 
@@ -395,6 +398,9 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     Outlet<QAction> actionVideoTutorial{"actionVideoTutorial"};
     Outlet<QAction> actionOpenCropPlan{"actionOpenCropPlan"};
     Outlet<QAction> actionSaveCropPlan{"actionSaveCropPlan"};
+    Outlet<QAction> actionAddImages{"actionAddImages"};
+    Outlet<QAction> actionRemoveSelected{"actionRemoveSelected"};
+    Outlet<QAction> actionCropImages{"actionCropImages"};
     Outlet<QAction> actionUndo{"actionUndo"};
     Outlet<QAction> actionRedo{"actionRedo"};
     Outlet<QAction> actionResetCrop{"actionResetCrop"};

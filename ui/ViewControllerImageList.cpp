@@ -48,15 +48,14 @@ void ViewController::OnAddImages() {
     std::stable_sort(paths.begin(), paths.end(), [&natural](const QString& a, const QString& b) {
         return natural.compare(a, b) < 0;
     });
+    AppendImages(paths);
+}
+
+void ViewController::AppendImages(const QStringList& paths) {
     // Each path is compared with the list as it has grown so far, so a path
     // is never added twice, not even within one choice. Files are not opened
     // here: an unreadable image is found when it is previewed or cropped.
-    for (const QString& path : paths) {
-        if (path.isEmpty() || ListContainsPath(listImagePaths_, path)) {
-            continue;
-        }
-        listImagePaths_.append(path);
-    }
+    AppendNewPaths(listImagePaths_, paths);
     tableViewImage->ReloadData();
     ClearImageListSelection();
 }

@@ -1,0 +1,97 @@
+#include "app/LaunchArguments.h"
+
+#include <QCollator>
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QDir>
+#include <QDirIterator>
+#include <QFileInfo>
+#include <QLocale>
+#include <algorithm>
+
+#include "ui/ImagePaths.h"
+
+namespace vellumo {
+
+namespace {
+
+// Names in the order a person reads them, as the add-images command sorts.
+void SortByName(QStringList& paths) {
+    const QLocale locale =
+        QLocale().language() == QLocale::C ? QLocale(QLocale::English) : QLocale();
+    QCollator natural(locale);
+    natural.setNumericMode(true);
+    std::stable_sort(paths.begin(), paths.end(), [&natural](const QString& a, const QString& b) {
+        return natural.compare(a, b) < 0;
+    });
+}
+
+QStringList ImagesInFolder(const QString& folder, bool recursive) {
+    QStringList patterns;
+    for (const QString& extension : AcceptedImageExtensions()) {
+        patterns << QStringLiteral("*.") + extension;
+    }
+    QStringList images;
+    QDirIterator it(folder, patterns, QDir::Files | QDir::Readable,
+                    recursive ? QDirIterator::Subdirectories | QDirIterator::FollowSymlinks
+                              : QDirIterator::NoIteratorFlags);
+    while (it.hasNext()) {
+        images << it.next();
+    }
+    SortByName(images);
+    return images;
+}
+
+}  // namespace
+
+QStringList ParseLaunchArguments(const QStringList& arguments, bool& recursive) {
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Vellumo crops batches of images. Files and folders given here are "
+                       "added to the list; a second start adds them to the window already "
+                       "open."));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    const QCommandLineOption recursion(QStringLiteral("recursive"),
+                                       QStringLiteral("Also add the images of subfolders."));
+    parser.addOption(recursion);
+    parser.addPositionalArgument(QStringLiteral("paths"),
+                                 QStringLiteral("Image files and folders of images."),
+                                 QStringLiteral("[FILE|FOLDER…]"));
+    parser.process(arguments);
+    recursive = parser.isSet(recursion);
+    return parser.positionalArguments();
+}
+
+LaunchRequest ExpandLaunchPaths(const QStringList& paths, bool recursive) {
+    LaunchRequest request;
+    for (const QString& path : paths) {
+        const QFileInfo info(path);
+        const QString absolute = QDir::cleanPath(info.absoluteFilePath());
+        if (!info.exists()) {
+            request.missing << path;
+        } else if (info.isDir()) {
+            const QStringList images = ImagesInFolder(absolute, recursive);
+            if (images.isEmpty()) {
+                request.emptyFolders << path;
+            }
+            request.images << images;
+        } else {
+            request.images << absolute;
+        }
+    }
+    return request;
+}
+
+QString LaunchWarningText(const LaunchRequest& request) {
+    QStringList lines;
+    for (const QString& path : request.missing) {
+        lines << QStringLiteral("“%1” does not exist.").arg(QDir::toNativeSeparators(path));
+    }
+    for (const QString& path : request.emptyFolders) {
+        lines << QStringLiteral("“%1” holds no images.").arg(QDir::toNativeSeparators(path));
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+}  // namespace vellumo
