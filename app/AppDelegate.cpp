@@ -13,11 +13,11 @@ AppDelegate::AppDelegate(QApplication& application) : QObject(&application) {
 }
 
 void AppDelegate::applicationDidFinishLaunching() {
-    // No settings, list or profile to restore.
+    // No list or profile to restore: a run starts from the defaults.
 }
 
 void AppDelegate::applicationWillTerminate() {
-    // Nothing to save: the application keeps nothing between runs.
+    // Nothing of its own to save; the window keeps its place itself.
 }
 
 }  // namespace vellumo

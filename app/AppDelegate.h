@@ -7,8 +7,8 @@ class QApplication;
 namespace vellumo {
 
 // The application's delegate: answers the application's questions about its
-// own lifecycle. It keeps no state: nothing is read at start and nothing is
-// saved at the end.
+// own lifecycle. It keeps no state of its own: what is kept between runs
+// (the last folders, the window's place) belongs to the window.
 class AppDelegate : public QObject {
     Q_OBJECT
 
