@@ -30,16 +30,38 @@ std::string DescribeOther(const unsigned char* bytes, std::size_t size) {
     if (has("<svg") || has("<?xml"))
         return "not an image Vellumo reads (an SVG or XML file)";
     if (StartsWith(bytes, size, "RIFF"))
-        return "not an image Vellumo reads (a RIFF/WebP file)";
+        return "not an image Vellumo reads (a RIFF file that is not WebP)";
     if (size >= 12 && std::memcmp(bytes + 4, "ftyp", 4) == 0) {
-        return "not an image Vellumo reads (a HEIF/AVIF or MP4 file)";
+        return "not an image Vellumo reads (an MP4 or QuickTime file)";
     }
     const bool text = std::all_of(bytes, bytes + size, [](unsigned char c) {
         return c == '\n' || c == '\r' || c == '\t' || (c >= 0x20 && c != 0x7f);
     });
     if (text)
         return "not an image Vellumo reads (a text file)";
-    return "not a JPEG, JPEG 2000, PNG, GIF, TIFF or BMP file";
+    return "not a JPEG, JPEG 2000, PNG, GIF, TIFF, BMP, HEIC, AVIF, WebP or JPEG XL file";
+}
+
+// An ISO base media file ("ftyp" box first) whose major or compatible brands
+// name a HEIF image (HEIC, AVIF, or the general image brands). A video (an
+// MP4) carries other brands.
+bool IsHeifImage(const unsigned char* bytes, std::size_t size) {
+    if (size < 16 || std::memcmp(bytes + 4, "ftyp", 4) != 0) {
+        return false;
+    }
+    const std::size_t box = (std::size_t{bytes[0]} << 24) | (std::size_t{bytes[1]} << 16) |
+                            (std::size_t{bytes[2]} << 8) | std::size_t{bytes[3]};
+    const std::size_t end = std::min(box, size);
+    static constexpr std::string_view kBrands[] = {"heic", "heix", "hevc", "hevx", "heim",
+                                                   "heis", "mif1", "msf1", "avif", "avis"};
+    // The major brand at 8, the minor version at 12, compatible brands from 16.
+    for (std::size_t at = 8; at + 4 <= end; at += at == 8 ? 8 : 4) {
+        const std::string_view brand(reinterpret_cast<const char*>(bytes + at), 4);
+        if (std::find(std::begin(kBrands), std::end(kBrands), brand) != std::end(kBrands)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 }  // namespace
@@ -66,6 +88,16 @@ std::optional<FileKind> SniffBytes(const unsigned char* bytes, std::size_t size)
     // "BA" is an OS/2 bitmap array, which holds BMP images.
     if (StartsWith(bytes, size, "BM") || StartsWith(bytes, size, "BA"))
         return FileKind::Bmp;
+    if (IsHeifImage(bytes, size))
+        return FileKind::Heif;
+    if (size >= 12 && StartsWith(bytes, size, "RIFF") && std::memcmp(bytes + 8, "WEBP", 4) == 0) {
+        return FileKind::WebP;
+    }
+    // A bare JPEG XL codestream, or the JPEG XL container's signature box.
+    if (StartsWith(bytes, size, "\xFF\x0A") ||
+        StartsWith(bytes, size, std::string_view("\0\0\0\x0CJXL \r\n\x87\n", 12))) {
+        return FileKind::JpegXl;
+    }
     return std::nullopt;
 }
 

@@ -8,10 +8,12 @@
 
 namespace vellumo {
 
-enum class FileKind { Jpeg, Jpeg2000, Png, Gif, Tiff, Bmp };
+// Heif covers HEIC and AVIF: one container (ISO base media file format) and
+// one decoder (libheif) for both codecs.
+enum class FileKind { Jpeg, Jpeg2000, Png, Gif, Tiff, Bmp, Heif, WebP, JpegXl };
 
 struct SniffedFile {
-    std::optional<FileKind> kind;  // set when the content is one of the six kinds
+    std::optional<FileKind> kind;  // set when the content is a kind Vellumo reads
     std::string reason;            // why not, when kind is empty
 };
 

@@ -48,7 +48,7 @@ struct InputExtensionInfo {
     std::string_view icon;  // the file-kind icon resource
 };
 
-inline constexpr std::array<InputExtensionInfo, 10> kInputExtensions = {{
+inline constexpr std::array<InputExtensionInfo, 15> kInputExtensions = {{
     {"jpg", FileKind::Jpeg, "JPG"},
     {"jpeg", FileKind::Jpeg, "JPG"},
     {"jpe", FileKind::Jpeg, "JPG"},
@@ -59,6 +59,12 @@ inline constexpr std::array<InputExtensionInfo, 10> kInputExtensions = {{
     {"tif", FileKind::Tiff, "TIF"},
     {"tiff", FileKind::Tiff, "TIF"},
     {"bmp", FileKind::Bmp, "BMP"},
+    // The kinds of phones and the web, after the first ten.
+    {"heic", FileKind::Heif, "HEIC"},
+    {"heif", FileKind::Heif, "HEIC"},
+    {"avif", FileKind::Heif, "AVIF"},
+    {"webp", FileKind::WebP, "WEBP"},
+    {"jxl", FileKind::JpegXl, "JXL"},
 }};
 
 // The row of output format `index`; nullptr for an index outside the table.

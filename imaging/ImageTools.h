@@ -93,7 +93,7 @@ class ImageTools {
     // The largest width and, separately, the largest height over all pages or
     // frames of the file, from its headers only (no pixels decoded), upright
     // (sides swapped for orientations 5 to 8). Nothing for a file that
-    // cannot be read as one of the six image kinds.
+    // cannot be read as one of the image kinds Vellumo reads.
     static std::optional<Size> ImagePixelSizeWithPath(const std::string& path);
 
     // ImagePixelSizeWithPath with the number of pages (TIFF) or frames (GIF,

@@ -110,11 +110,13 @@ std::optional<ImageHeader> ImageTools::ImageHeaderWithPath(const std::string& pa
     vipsruntime::FailureScope scope;
     try {
         vips::VImage first = vipsload::Open(*sniffed.kind, path);
-        // Pages of a TIFF and frames of a GIF are pictures of their own; the
-        // "pages" of a JPEG 2000 file are its resolution levels.
-        const bool paged = *sniffed.kind == FileKind::Tiff || *sniffed.kind == FileKind::Gif;
+        // Pages of a TIFF and frames of a GIF or an animated WebP are
+        // pictures of their own; the "pages" of a JPEG 2000 file are its
+        // resolution levels, those of a HEIF file its other top-level images.
+        const bool paged = *sniffed.kind == FileKind::Tiff || *sniffed.kind == FileKind::Gif ||
+                           *sniffed.kind == FileKind::WebP;
         const int declared = paged ? vipsload::PageCount(first) : 1;
-        // GIF frames all share the screen size; only TIFF pages can differ.
+        // GIF and WebP frames share the canvas size; only TIFF pages differ.
         const int pages = *sniffed.kind == FileKind::Tiff ? std::min(declared, kMaxPages) : 1;
         Size size;
         for (int page = 0; page < pages; ++page) {

@@ -1,5 +1,7 @@
 #include "imaging/VipsLoad.h"
 
+#include <string_view>
+
 namespace vellumo::vipsload {
 
 vips::VImage Open(FileKind kind, const std::string& path, const OpenOptions& options) {
@@ -25,6 +27,14 @@ vips::VImage Open(FileKind kind, const std::string& path, const OpenOptions& opt
             // ImageMagick reads BMP here; the caller has checked the BMP
             // signature, so no other ImageMagick coder is reached.
             return vips::VImage::magickload(file, vopts);
+        case FileKind::Heif:
+            // The primary image, turned by libheif as the container says
+            // (irot, imir).
+            return vips::VImage::heifload(file, vopts);
+        case FileKind::WebP:
+            return vips::VImage::webpload(file, vopts->set("page", options.page));
+        case FileKind::JpegXl:
+            return vips::VImage::jxlload(file, vopts);
     }
     return {};
 }
@@ -38,6 +48,14 @@ int PageCount(const vips::VImage& image) {
 }
 
 int Orientation(const vips::VImage& image) {
+    // A HEIF image comes turned by its container's transformations, which
+    // rule over an Exif orientation in the same file (phones write both):
+    // turning it by the Exif tag as well would turn it twice. (libvips 8.14
+    // drops the tag for HEIF itself; this holds whatever the version.)
+    if (image.get_typeof(VIPS_META_LOADER) != 0 &&
+        std::string_view(image.get_string(VIPS_META_LOADER)) == "heifload") {
+        return 1;
+    }
     if (image.get_typeof(VIPS_META_ORIENTATION) == 0) {
         return 1;
     }

@@ -19,7 +19,7 @@ struct OpenOptions {
     VipsFailOn failOn = VIPS_FAIL_ON_ERROR;
 };
 
-// Header now, pixels when asked for. Only for the six kinds.
+// Header now, pixels when asked for. Only for the kinds Vellumo reads.
 vips::VImage Open(FileKind kind, const std::string& path, const OpenOptions& options = {});
 
 // The number of pages (TIFF) or frames (GIF) of an opened file, at least 1.

@@ -38,11 +38,12 @@ void EnsureStarted() {
                           static_cast<GLogLevelFlags>(G_LOG_LEVEL_WARNING | G_LOG_LEVEL_MESSAGE |
                                                       G_LOG_LEVEL_INFO),
                           OnVipsLog, nullptr);
-        // Only the six image kinds Vellumo reads may ever reach a decoder.
+        // Only the image kinds Vellumo reads may ever reach a decoder.
         vips_operation_block_set("VipsForeignLoad", TRUE);
         for (const char* allowed :
              {"VipsForeignLoadJpeg", "VipsForeignLoadPng", "VipsForeignLoadNsgif",
-              "VipsForeignLoadTiff", "VipsForeignLoadJp2k", "VipsForeignLoadMagick"}) {
+              "VipsForeignLoadTiff", "VipsForeignLoadJp2k", "VipsForeignLoadMagick",
+              "VipsForeignLoadHeif", "VipsForeignLoadWebp", "VipsForeignLoadJxl"}) {
             vips_operation_block_set(allowed, FALSE);
         }
     });

@@ -11,7 +11,7 @@ namespace vellumo::vipsruntime {
 
 // Starts libvips once per process (any thread may call it first). Turns off
 // the operation cache (files may change between two loads of one path) and
-// blocks every file loader except the six Vellumo reads.
+// blocks every file loader except those of the kinds Vellumo reads.
 void EnsureStarted();
 
 // How many threads libvips gives one image's pipeline. A worker process

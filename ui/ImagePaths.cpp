@@ -20,10 +20,16 @@ QStringList AcceptedImageExtensions() {
 }
 
 QStringList OpenPanelImageExtensions() {
-    // The output formats' extensions, in their list's order.
+    // The output formats' extensions, in their list's order, then the
+    // extensions only read ("heic", "heif", "avif", "webp", "jxl").
     QStringList extensions;
     for (long i = 0; i < static_cast<long>(kOutputFormats.size()); ++i) {
         extensions << QString::fromStdString(OutputFormatExtension(i));
+    }
+    for (const QString& extension : AcceptedImageExtensions()) {
+        if (!extensions.contains(extension)) {
+            extensions << extension;
+        }
     }
     return extensions;
 }

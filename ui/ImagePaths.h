@@ -12,12 +12,14 @@ class QUrl;
 
 namespace vellumo {
 
-// The ten lower-case extensions the list accepts, in the list's own order:
-// "jpg", "jpeg", "jpe", "jp2", "jpx", "png", "gif", "tif", "tiff", "bmp".
+// The lower-case extensions the list accepts, in the list's own order:
+// "jpg", "jpeg", "jpe", "jp2", "jpx", "png", "gif", "tif", "tiff", "bmp",
+// then "heic", "heif", "avif", "webp", "jxl".
 QStringList AcceptedImageExtensions();
 
-// The same ten in the order the add-images panel offers them:
-// "jpg", "jpeg", "jpe", "jp2", "jpx", "png", "tiff", "tif", "gif", "bmp".
+// The same in the order the add-images panel offers them: "jpg", "jpeg",
+// "jpe", "jp2", "jpx", "png", "tiff", "tif", "gif", "bmp", then "heic",
+// "heif", "avif", "webp", "jxl".
 QStringList OpenPanelImageExtensions();
 
 // The extension of `path` read as a file path (after the last dot of the last
@@ -42,9 +44,9 @@ void AppendNewPaths(QStringList& list, const QStringList& paths);
 // The paths as the engine reads them: in the file system's encoding.
 std::vector<std::string> NativePaths(const QStringList& paths);
 
-// True for a local-file URL whose extension names one of the six image kinds
-// a drop accepts (JPEG, JPEG 2000, PNG, GIF, TIFF, BMP). The file itself is
-// not opened.
+// True for a local-file URL whose extension names an image kind a drop
+// accepts (JPEG, JPEG 2000, PNG, GIF, TIFF, BMP, HEIC, AVIF, WebP, JPEG XL).
+// The file itself is not opened.
 bool IsImageFileUrl(const QUrl& url);
 
 }  // namespace vellumo

@@ -103,8 +103,10 @@ class ImageListTest : public QObject {
         QVERIFY(request.canChooseFiles);
         QVERIFY(!request.canChooseDirectories);
         QVERIFY(!request.canCreateDirectories);
-        QCOMPARE(request.allowedFileTypes, QStringList({"jpg", "jpeg", "jpe", "jp2", "jpx", "png",
-                                                        "tiff", "tif", "gif", "bmp"}));
+        // The outputs' extensions in their order, then those only read.
+        QCOMPARE(request.allowedFileTypes,
+                 QStringList({"jpg", "jpeg", "jpe", "jp2", "jpx", "png", "tiff", "tif", "gif",
+                              "bmp", "heic", "heif", "avif", "webp", "jxl"}));
     }
 
     void addingAppendsEachChoiceInNaturalOrderAndTheTableShowsFullPaths() {
@@ -370,6 +372,16 @@ class ImageListTest : public QObject {
                              << "GIF";
         QTest::newRow("bmp") << "/p/j.BMP"
                              << "BMP";
+        QTest::newRow("heic") << "/p/k.HEIC"
+                              << "HEIC";
+        QTest::newRow("heif") << "/p/l.heif"
+                              << "HEIC";
+        QTest::newRow("avif") << "/p/m.avif"
+                              << "AVIF";
+        QTest::newRow("webp") << "/p/n.webp"
+                              << "WEBP";
+        QTest::newRow("jxl") << "/p/o.jxl"
+                             << "JXL";
     }
 
     void theIconFollowsTheLowerCasedExtension() {
@@ -395,10 +407,11 @@ class ImageListTest : public QObject {
         QCOMPARE(TableRows(loaded), QStringList({path}));
     }
 
-    void theSixIconsAreDrawnAndDiffer() {
+    void theTenIconsAreDrawnAndDiffer() {
         LoadedWindow loaded;  // loads the resources
         QList<QImage> drawn;
-        for (const char* name : {"JPG", "JP2", "PNG", "TIF", "GIF", "BMP"}) {
+        for (const char* name :
+             {"JPG", "JP2", "PNG", "TIF", "GIF", "BMP", "HEIC", "AVIF", "WEBP", "JXL"}) {
             const QImage pixels = IconPixels(vellumo::FileKindIcon(name));
             QVERIFY2(HasVisiblePixels(pixels), name);
             for (const QImage& other : drawn) {

@@ -172,9 +172,9 @@ class InterfaceStatesTest : public QObject {
         LoadedWindow loaded;
         VerifyStartValues(loaded);
         ViewController& controller = loaded.controller();
-        QCOMPARE(
-            controller.acceptedExtensions(),
-            QStringList({"jpg", "jpeg", "jpe", "jp2", "jpx", "png", "gif", "tif", "tiff", "bmp"}));
+        QCOMPARE(controller.acceptedExtensions(),
+                 QStringList({"jpg", "jpeg", "jpe", "jp2", "jpx", "png", "gif", "tif", "tiff",
+                              "bmp", "heic", "heif", "avif", "webp", "jxl"}));
         QCOMPARE(controller.currentProfilePath(), QString());
         QCOMPARE(loaded.window().windowTitle(), QStringLiteral("Vellumo"));
         QCOMPARE(Items(loaded.Control<QComboBox>("comboAutoCropFormat")).mid(0, 4),
