@@ -32,9 +32,12 @@ void ApplicationMain(int argc, char** argv, const Launch& launch) {
     QApplication::setOrganizationName(QStringLiteral("Vellumo"));
     QApplication::setApplicationName(QStringLiteral("Vellumo"));
     QApplication::setApplicationVersion(QStringLiteral(VELLUMO_VERSION));
-    // Ties the window to the installed menu entry and its icon.
+    // Ties the window to the installed menu entry and its icon (the
+    // theme's, as installed; run from the build tree, the built-in copy).
     QApplication::setDesktopFileName(QStringLiteral("org.vellumo.Vellumo"));
-    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("org.vellumo.Vellumo")));
+    QApplication::setWindowIcon(
+        QIcon::fromTheme(QStringLiteral("org.vellumo.Vellumo"),
+                         QIcon(QStringLiteral(":/icons/org.vellumo.Vellumo.svg"))));
     if (launch.starting && !launch.starting()) {
         EndNow();
     }

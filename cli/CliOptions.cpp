@@ -204,12 +204,19 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
         ->capture_default_str();
     auto* filesOption = app.add_option("FILE", options.files, "Image files to crop");
     filesOption->excludes(planOption);
+    // The version is the project's (CMake's PROJECT_VERSION), so the
+    // program, the window and the package always agree.
+    app.set_version_flag("--version", "vellumo-cli " VELLUMO_VERSION, "Print the version and exit");
 
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
         ParseOutcome outcome;
         outcome.message = app.help();
+        return outcome;
+    } catch (const CLI::CallForVersion& version) {
+        ParseOutcome outcome;
+        outcome.message = version.what();
         return outcome;
     } catch (const CLI::ParseError& error) {
         return UsageError(error.what());

@@ -22,9 +22,13 @@ Needs NeedsOf(OutputCodec codec) {
         case OutputCodec::Jpeg2000:
         case OutputCodec::Png:
         case OutputCodec::Tiff:
+        case OutputCodec::JpegXl:
             return {true, true};
         case OutputCodec::Gif:
         case OutputCodec::Bmp:
+        case OutputCodec::WebP:
+        case OutputCodec::Avif:
+        case OutputCodec::Heic:
             return {false, true};
     }
     return {false, false};

@@ -27,7 +27,7 @@ struct OutputFormatInfo {
     std::string_view bitDepths;  // what the encoder writes, per sample
 };
 
-inline constexpr std::array<OutputFormatInfo, 10> kOutputFormats = {{
+inline constexpr std::array<OutputFormatInfo, 14> kOutputFormats = {{
     {"JPG", OutputCodec::Jpeg, true, true, false, "8"},
     {"JPEG", OutputCodec::Jpeg, true, true, false, "8"},
     {"JPE", OutputCodec::Jpeg, true, true, false, "8"},
@@ -38,6 +38,13 @@ inline constexpr std::array<OutputFormatInfo, 10> kOutputFormats = {{
     {"TIF", OutputCodec::Tiff, false, true, true, "8, 16"},
     {"GIF", OutputCodec::Gif, false, false, true, "8 (palette)"},
     {"BMP", OutputCodec::Bmp, false, false, true, "8"},
+    // The formats of phones and the web, after the first ten. Exif and XMP
+    // are written into WebP files; into HEIC, AVIF and JPEG XL only the
+    // colour profile, so far.
+    {"WEBP", OutputCodec::WebP, true, true, true, "8"},
+    {"AVIF", OutputCodec::Avif, true, false, true, "8"},
+    {"HEIC", OutputCodec::Heic, true, false, true, "8"},
+    {"JXL", OutputCodec::JpegXl, true, false, true, "8"},
 }};
 
 // An extension the image list accepts, in the list's own order, with the

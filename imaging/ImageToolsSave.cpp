@@ -1,4 +1,4 @@
-// Encoding an image into one of the ten output formats, written atomically.
+// Encoding an image into one of the output formats, written atomically.
 
 #include <cmath>
 

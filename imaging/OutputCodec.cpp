@@ -29,4 +29,8 @@ bool Jpeg2000Lossless(double quality) {
     return quality >= 1.0;
 }
 
+bool LosslessAtFullQuality(OutputCodec codec) {
+    return codec == OutputCodec::WebP || codec == OutputCodec::JpegXl;
+}
+
 }  // namespace vellumo

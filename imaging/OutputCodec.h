@@ -7,7 +7,7 @@
 
 namespace vellumo {
 
-enum class OutputCodec { Jpeg, Jpeg2000, Png, Tiff, Gif, Bmp };
+enum class OutputCodec { Jpeg, Jpeg2000, Png, Tiff, Gif, Bmp, WebP, Avif, Heic, JpegXl };
 
 // The encoder of output format `format` (kOutputFormats); nothing for an
 // index outside the table.
@@ -22,5 +22,10 @@ int QualityFactor(double quality);
 // True when JPEG 2000 is to be written without loss: a compression factor of
 // 1.0 (or above).
 bool Jpeg2000Lossless(double quality);
+
+// True for WebP and JPEG XL, written without loss at the quality slider's
+// top (as the window's quality label says). JPEG 2000 is too, by its own
+// rule (Jpeg2000Lossless), which its label has never shown.
+bool LosslessAtFullQuality(OutputCodec codec);
 
 }  // namespace vellumo

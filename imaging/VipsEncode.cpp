@@ -1,5 +1,6 @@
 #include "imaging/VipsEncode.h"
 
+#include <cmath>
 #include <memory>
 
 #include "imaging/FileBytes.h"
@@ -28,7 +29,7 @@ constexpr double kOptimisedTablesBudget = 32.0 * 1024 * 1024;
 // The coefficients libjpeg keeps for `image` at quality factor `q`: below
 // 90 the encoder halves the chroma both ways (4:2:0).
 double CoefficientBytes(const vips::VImage& image, int q) {
-    const auto blocks = [](int side) { return (side + 15) / 16 * 16.0; };
+    const auto blocks = [](int side) { return std::ceil(side / 16.0) * 16.0; };
     const double pixels = blocks(image.width()) * blocks(image.height());
     const int chroma = image.bands() - 1;
     const double samples = chroma == 0 ? 1.0 : (q >= 90 ? image.bands() : 1.0 + chroma / 4.0);
@@ -70,6 +71,27 @@ void Encode(const vips::VImage& rendered, OutputCodec codec, double quality,
             rendered.gifsave(
                 file,
                 vips::VImage::option()->set("dither", 1.0)->set("effort", 7)->set("bitdepth", 8));
+            return;
+        case OutputCodec::WebP:
+            // Quality 100 writes without loss.
+            rendered.webpsave(
+                file, vips::VImage::option()
+                          ->set("Q", QualityFactor(quality))
+                          ->set("lossless", LosslessAtFullQuality(codec) && quality >= 1.0));
+            return;
+        case OutputCodec::Avif:
+        case OutputCodec::Heic:
+            rendered.heifsave(file,
+                              vips::VImage::option()
+                                  ->set("Q", QualityFactor(quality))
+                                  ->set("compression", codec == OutputCodec::Avif
+                                                           ? VIPS_FOREIGN_HEIF_COMPRESSION_AV1
+                                                           : VIPS_FOREIGN_HEIF_COMPRESSION_HEVC));
+            return;
+        case OutputCodec::JpegXl:
+            rendered.jxlsave(file, vips::VImage::option()
+                                       ->set("Q", QualityFactor(quality))
+                                       ->set("lossless", quality >= 1.0));
             return;
         case OutputCodec::Jpeg2000:
         case OutputCodec::Bmp:

@@ -20,8 +20,8 @@ QStringList AcceptedImageExtensions() {
 }
 
 QStringList OpenPanelImageExtensions() {
-    // The output formats' extensions, in their list's order, then the
-    // extensions only read ("heic", "heif", "avif", "webp", "jxl").
+    // The output formats' extensions, in their list's order, then those
+    // only read ("heif").
     QStringList extensions;
     for (long i = 0; i < static_cast<long>(kOutputFormats.size()); ++i) {
         extensions << QString::fromStdString(OutputFormatExtension(i));

@@ -17,9 +17,9 @@ namespace vellumo {
 // then "heic", "heif", "avif", "webp", "jxl".
 QStringList AcceptedImageExtensions();
 
-// The same in the order the add-images panel offers them: "jpg", "jpeg",
-// "jpe", "jp2", "jpx", "png", "tiff", "tif", "gif", "bmp", then "heic",
-// "heif", "avif", "webp", "jxl".
+// The same in the order the add-images panel offers them: the output
+// formats' extensions ("jpg", "jpeg", "jpe", "jp2", "jpx", "png", "tiff",
+// "tif", "gif", "bmp", "webp", "avif", "heic", "jxl"), then "heif".
 QStringList OpenPanelImageExtensions();
 
 // The extension of `path` read as a file path (after the last dot of the last

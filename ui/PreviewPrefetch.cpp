@@ -83,7 +83,7 @@ void PreviewPrefetch::Insert(const QString& path, int side, const QDateTime& mod
 }
 
 void PreviewPrefetch::Prefetch(const QStringList& paths, int side,
-                               std::shared_ptr<PreviewDecoder> decoder) {
+                               const std::shared_ptr<PreviewDecoder>& decoder) {
     work_.clear();
     const quint64 generation = generation_;
     for (const QString& path : paths) {

@@ -25,7 +25,7 @@ class PreviewPrefetch : public QObject {
     Q_OBJECT
 
   public:
-    static constexpr qsizetype kByteBound = 64 * 1024 * 1024;
+    static constexpr qsizetype kByteBound = qsizetype{64} * 1024 * 1024;
 
     struct Picture {
         PreviewResult result;
@@ -41,7 +41,8 @@ class PreviewPrefetch : public QObject {
     void Keep(const QString& path, int side, const Picture& picture);
     // Decodes these files ahead, in this order, skipping kept ones; what was
     // asked before and has not begun is dropped.
-    void Prefetch(const QStringList& paths, int side, std::shared_ptr<PreviewDecoder> decoder);
+    void Prefetch(const QStringList& paths, int side,
+                  const std::shared_ptr<PreviewDecoder>& decoder);
     // Forgets every kept picture (the list was emptied, say).
     void Clear();
 

@@ -9,6 +9,7 @@
 
 #include "batch/CropSettings.h"
 #include "imaging/Formats.h"
+#include "imaging/OutputCodec.h"
 #include "ui/QualitySlider.h"
 #include "ui/QualityText.h"
 #include "ui/ViewController.h"
@@ -31,6 +32,20 @@ void ViewController::OnReplaceOriginalsSelected() {
     SettleOutputControls();
 }
 
+namespace {
+
+// Why the metadata option is off for `format`.
+QString CannotCarryText(const OutputFormatInfo* format) {
+    if (format == nullptr || format->codec == OutputCodec::Gif ||
+        format->codec == OutputCodec::Bmp) {
+        return QStringLiteral("GIF and BMP files cannot carry EXIF information");
+    }
+    return QStringLiteral("Vellumo writes only the colour profile into %1 files")
+        .arg(QString::fromLatin1(format->title.data(), static_cast<int>(format->title.size())));
+}
+
+}  // namespace
+
 void ViewController::SettleOutputControls() {
     // While a job runs everything stays locked; the job's end settles them.
     if (interfaceLocked_) {
@@ -43,17 +58,24 @@ void ViewController::SettleOutputControls() {
     sliderQuality->setEnabled(inPlace || (format != nullptr && format->takesQuality));
     const bool carries = inPlace || (format != nullptr && format->carriesMetadata);
     checkKeepEXIFInformationAndCreationDate->setEnabled(carries);
-    checkKeepEXIFInformationAndCreationDate->setToolTip(
-        carries ? QString() : QStringLiteral("GIF and BMP files cannot carry EXIF information"));
+    checkKeepEXIFInformationAndCreationDate->setToolTip(carries ? QString()
+                                                                : CannotCarryText(format));
     comboFormat->setEnabled(!inPlace);
     textFieldName->setEnabled(!inPlace);
     textFieldOutputFolder->setEnabled(!inPlace);
     buttonBrowse->setEnabled(!inPlace);
+    OnQualityChanged();
 }
 
 void ViewController::OnQualityChanged() {
-    // The label only: the job reads the slider itself.
-    labelQuality->setText(QualityText(static_cast<float>(sliderQuality->doubleValue())));
+    // The label only: the job reads the slider itself. At the top, WebP and
+    // JPEG XL are written without loss, and the label says so.
+    const double value = sliderQuality->doubleValue();
+    const OutputFormatInfo* format = OutputFormatAt(comboFormat->currentIndex());
+    const bool lossless = format != nullptr && LosslessAtFullQuality(format->codec) &&
+                          !checkReplaceOriginals->isChecked() && value >= 100.0;
+    labelQuality->setText(QualityText(static_cast<float>(value)) +
+                          (lossless ? QStringLiteral(" (lossless)") : QString()));
 }
 
 void ViewController::OnNameChanged() {

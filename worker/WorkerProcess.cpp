@@ -35,14 +35,27 @@ std::string WorkerExecutablePath() {
     if (const char* configured = std::getenv("VELLUMO_WORKER"); configured && *configured) {
         return configured;
     }
+    // The worker is looked for only next to the program that starts it: a
+    // `vellumo-worker` found on PATH could be any other build (or anything
+    // else of that name), and it is handed every image the batch decodes.
     std::error_code error;
     const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", error);
     if (!error) {
-        const std::filesystem::path beside = self.parent_path() / "vellumo-worker";
-        if (std::filesystem::exists(beside, error)) {
-            return beside.string();
+        const std::filesystem::path folder = self.parent_path();
+        // Beside the program: the build tree's programs and a relocated copy.
+        // Then an installed copy: programs in <prefix>/bin, the worker in
+        // <prefix>/libexec/vellumo, since nobody runs it by hand. Relative
+        // to the program, so a package unpacked anywhere finds its own.
+        for (const std::filesystem::path& candidate :
+             {folder / "vellumo-worker",
+              folder / ".." / "libexec" / "vellumo" / "vellumo-worker"}) {
+            if (std::filesystem::exists(candidate, error)) {
+                return candidate.lexically_normal().string();
+            }
         }
     }
+    // Last, where this build put it: programs run from elsewhere (a test
+    // copied out of the tree) still find a worker while the build exists.
     return VELLUMO_WORKER_BUILD_PATH;
 }
 

@@ -52,7 +52,8 @@ class WorkerProcess {
 };
 
 // Where the worker executable is: $VELLUMO_WORKER, else beside the running
-// program, else where the build put it.
+// program, else in ../libexec/vellumo/ from the running program (an
+// installed copy), else where the build put it. PATH is never searched.
 std::string WorkerExecutablePath();
 
 }  // namespace vellumo

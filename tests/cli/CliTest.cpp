@@ -213,9 +213,9 @@ TEST_F(CliTest, UsageErrorsExitWithTwoAndOneLineNamingTheOption) {
     } cases[] = {
         {"--quality 300 --output o" + a,
          "vellumo-cli: --quality: must be a number from 0 to 100, got 300\n"},
-        {"--format webp --output o" + a,
-         "vellumo-cli: --format: unknown format webp (use JPG JPEG JPE JP2 JPX PNG TIFF TIF GIF "
-         "BMP)\n"},
+        {"--format psd --output o" + a,
+         "vellumo-cli: --format: unknown format psd (use JPG JPEG JPE JP2 JPX PNG TIFF TIF GIF "
+         "BMP WEBP AVIF HEIC JXL)\n"},
         {"--auto 5:0 --output o" + a,
          "vellumo-cli: --auto: expected a ratio W:H of two positive numbers, got 5:0\n"},
         {"--auto -4:5 --output o" + a,
@@ -244,7 +244,7 @@ TEST_F(CliTest, UsageErrorsExitWithTwoAndOneLineNamingTheOption) {
          "vellumo-cli: " + dir.path().string() + " is a folder: give image files\n"},
         {"--output o notes.txt",
          "vellumo-cli: notes.txt: not an image file name (jpg jpeg jpe jp2 jpx png gif tif tiff "
-         "bmp)\n"},
+         "bmp heic heif avif webp jxl)\n"},
     };
     for (const auto& c : cases) {
         const CliRun run = Cli(c.arguments);

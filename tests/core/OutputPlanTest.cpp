@@ -44,7 +44,10 @@ TEST(OutputFormatOfPath, NamesTheFormatOfTheExtensionInAnyCase) {
     EXPECT_EQ(OutputFormatOfPath("/a/b.JPEG"), 1);
     EXPECT_EQ(OutputFormatOfPath("/a/b.jpx"), 4);
     EXPECT_EQ(OutputFormatOfPath("/a/b.Tif"), 7);
-    EXPECT_EQ(OutputFormatOfPath("/a/b.webp"), -1);
+    EXPECT_EQ(OutputFormatOfPath("/a/b.webp"), 10);
+    EXPECT_EQ(OutputFormatOfPath("/a/b.JXL"), 13);
+    EXPECT_EQ(OutputFormatOfPath("/a/b.heif"), -1);  // read, never written
+    EXPECT_EQ(OutputFormatOfPath("/a/b.psd"), -1);
     EXPECT_EQ(OutputFormatOfPath("/a/b"), -1);
 }
 
@@ -137,7 +140,7 @@ TEST_F(OutputPlanTest, AHardLinkToAnOriginalIsThatOriginal) {
 TEST_F(OutputPlanTest, ReplacingOriginalsWritesEachFileInItsOwnFormatAndAFileListedTwiceOnce) {
     settings.replaceOriginals = true;
     const std::vector<std::string> list = {Touch("a/x.png"), Touch("b/y.TIF"),
-                                           dir.File("a") + "/./x.png", Touch("b/z.webp")};
+                                           dir.File("a") + "/./x.png", Touch("b/z.heif")};
     const OutputPlan plan = PlanOutputs(settings, list, ClashPolicy::Number);
     EXPECT_EQ(plan.images[0].path, list[0]);
     EXPECT_EQ(plan.images[0].format, 5);  // PNG

@@ -144,7 +144,7 @@ TEST(Profile, BadFilesGiveAReasonAndNoSettings) {
          "version 99 is not one this Vellumo reads (it reads versions 1 and 2)"},
         {R"({"version": 1, "quality": 300})", "\"quality\" must be between 0 and 100"},
         {R"({"version": 1, "quality": "high"})", "\"quality\" must be a number"},
-        {R"({"version": 1, "format": "WEBP"})", "\"format\" has an unknown value \"WEBP\""},
+        {R"({"version": 1, "format": "PSD"})", "\"format\" has an unknown value \"PSD\""},
         {R"({"version": 1, "autoCropRatio": "5:3"})",
          "\"autoCropRatio\" has an unknown value \"5:3\""},
         {R"({"version": 1, "autoCrop": "yes"})", "\"autoCrop\" must be true or false"},

@@ -106,7 +106,7 @@ class ImageListTest : public QObject {
         // The outputs' extensions in their order, then those only read.
         QCOMPARE(request.allowedFileTypes,
                  QStringList({"jpg", "jpeg", "jpe", "jp2", "jpx", "png", "tiff", "tif", "gif",
-                              "bmp", "heic", "heif", "avif", "webp", "jxl"}));
+                              "bmp", "webp", "avif", "heic", "jxl", "heif"}));
     }
 
     void addingAppendsEachChoiceInNaturalOrderAndTheTableShowsFullPaths() {

@@ -180,9 +180,9 @@ class InterfaceStatesTest : public QObject {
         QCOMPARE(Items(loaded.Control<QComboBox>("comboAutoCropFormat")).mid(0, 4),
                  QStringList({"1:1", "4:3", "3:2", "16:9"}));
         QCOMPARE(loaded.Control<QComboBox>("comboAutoCropFormat").currentIndex(), 0);
-        QCOMPARE(
-            Items(loaded.Control<QComboBox>("comboFormat")),
-            QStringList({"JPG", "JPEG", "JPE", "JP2", "JPX", "PNG", "TIFF", "TIF", "GIF", "BMP"}));
+        QCOMPARE(Items(loaded.Control<QComboBox>("comboFormat")),
+                 QStringList({"JPG", "JPEG", "JPE", "JP2", "JPX", "PNG", "TIFF", "TIF", "GIF",
+                              "BMP", "WEBP", "AVIF", "HEIC", "JXL"}));
         QCOMPARE(loaded.Control<QPushButton>("buttonCropImages").text(), "Crop Images");
         // Nothing was asked or opened on the way.
         QVERIFY(loaded.boxes.empty());

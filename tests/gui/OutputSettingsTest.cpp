@@ -59,6 +59,36 @@ class OutputSettingsTest : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
+    void webPAndJpegXlSayTheTopOfTheSliderIsLossless() {
+        LoadedWindow loaded;
+        loaded.Show();
+        auto& formats = loaded.Control<QComboBox>("comboFormat");
+        auto& slider = loaded.Control<QualitySlider>("sliderQuality");
+        MoveSliderTo(slider, 100);
+        QCOMPARE(LabelText(loaded, "labelQuality"), QStringLiteral("100"));
+        for (const char* title : {"WEBP", "JXL"}) {
+            Choose(formats, title);
+            QVERIFY2(slider.isEnabled(), title);
+            QCOMPARE(LabelText(loaded, "labelQuality"), QStringLiteral("100 (lossless)"));
+        }
+        MoveSliderTo(slider, 99);
+        QCOMPARE(LabelText(loaded, "labelQuality"), QStringLiteral("99"));
+        MoveSliderTo(slider, 100);
+        for (const char* title : {"AVIF", "HEIC", "JPG", "JP2"}) {
+            Choose(formats, title);
+            QVERIFY2(slider.isEnabled(), title);
+            QCOMPARE(LabelText(loaded, "labelQuality"), QStringLiteral("100"));
+        }
+        // Without Exif in AVIF, the metadata option says why it is off.
+        Choose(formats, "AVIF");
+        auto& keep = loaded.Control<QCheckBox>("checkKeepEXIFInformationAndCreationDate");
+        QVERIFY(!keep.isEnabled());
+        QCOMPARE(keep.toolTip(),
+                 QStringLiteral("Vellumo writes only the colour profile into AVIF files"));
+        Choose(formats, "WEBP");
+        QVERIFY(keep.isEnabled());
+    }
+
     void pngDisablesTheSliderAndJpxBringsItBackWithItsValue() {
         LoadedWindow loaded;
         loaded.Show();
