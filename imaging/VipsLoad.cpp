@@ -4,7 +4,27 @@
 
 namespace vellumo::vipsload {
 
-vips::VImage Open(FileKind kind, const std::string& path, const OpenOptions& options) {
+namespace {
+
+// ImageMagick reads many valid files the first decoders refuse (12- and
+// 14-bit, YCbCr-subsampled and old-style-JPEG TIFFs, JPEG 2000 with
+// subsampled components); it is tried for the kinds it shares with them,
+// and only once the content is known to be one of them.
+bool HasSecondDecoder(FileKind kind) {
+    return kind == FileKind::Jpeg || kind == FileKind::Jpeg2000 || kind == FileKind::Png ||
+           kind == FileKind::Gif || kind == FileKind::Tiff;
+}
+
+vips::VImage OpenWithSecondDecoder(const std::string& path, const OpenOptions& options) {
+    return vips::VImage::magickload(path.c_str(),
+                                    vips::VImage::option()
+                                        ->set("access", static_cast<int>(options.access))
+                                        ->set("fail_on", static_cast<int>(options.failOn))
+                                        ->set("page", options.page));
+}
+
+vips::VImage OpenWithFirstDecoder(FileKind kind, const std::string& path,
+                                  const OpenOptions& options) {
     auto* vopts = vips::VImage::option()
                       ->set("access", static_cast<int>(options.access))
                       ->set("fail_on", static_cast<int>(options.failOn));
@@ -37,6 +57,24 @@ vips::VImage Open(FileKind kind, const std::string& path, const OpenOptions& opt
             return vips::VImage::jxlload(file, vopts);
     }
     return {};
+}
+
+}  // namespace
+
+vips::VImage Open(FileKind kind, const std::string& path, const OpenOptions& options) {
+    try {
+        return OpenWithFirstDecoder(kind, path, options);
+    } catch (const vips::VError& first) {
+        if (!HasSecondDecoder(kind)) {
+            throw;
+        }
+        try {
+            return OpenWithSecondDecoder(path, options);
+        } catch (const vips::VError&) {
+            // Neither can: the first decoder's reason is the one that tells.
+            throw first;
+        }
+    }
 }
 
 int PageCount(const vips::VImage& image) {

@@ -6,10 +6,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
 #include "tests/cli/CliFixture.h"
+#include "tests/support/TestData.h"
 #include "tests/support/TestImages.h"
 
 namespace vellumo {
@@ -140,6 +143,44 @@ TEST_F(CliTest, DamagedAndDisguisedNewKindsFailAloneWithAReason) {
     EXPECT_EQ(run.objects[5]["reason"],
               "cannot decode: not an image Vellumo reads (an SVG or XML file)");
     EXPECT_EQ(run.objects[6]["status"], "written");
+}
+
+TEST_F(CliTest, ValidFilesTheFirstDecoderRefusesAreReadByImageMagicks) {
+    VELLUMO_REQUIRE_TESTDATA();
+    // 12 bits per sample (grey) and 14 (planar RGB): libtiff through libvips
+    // refuses both; ImageMagick reads them.
+    for (const auto& [name, map] : {std::pair{"tiff/flower-minisblack-12.tif", "gray"},
+                                    std::pair{"tiff/flower-rgb-planar-14.tif", "rgb"}}) {
+        const std::string source = test::TestDataPath(name);
+        const CliRun run = Cli(Files({source}) + " --pixels 5,5,40,30 --format PNG --json " +
+                               "--name '[FileName]' --output " + ShellQuote(Out()));
+        ASSERT_EQ(run.exitCode, 0) << name << run.out;
+        const test::MagickSize size = test::MagickIdentifySize(source);
+        const std::string crop =
+            "-crop 40x30+5+" + std::to_string(size.height - 5 - 30) + " +repage";
+        const std::string written =
+            Out() + "/" + std::filesystem::path(source).stem().string() + ".png";
+        const std::vector<unsigned char> ours = test::MagickPixels(written, "", map, 8);
+        const std::vector<unsigned char> theirs = test::MagickPixels(source, crop, map, 8);
+        ASSERT_EQ(ours.size(), theirs.size()) << name;
+        // 16-bit samples to 8 bits: a top byte here, rounding there.
+        int worst = 0;
+        for (std::size_t i = 0; i < ours.size(); ++i) {
+            worst = std::max(worst, std::abs(ours[i] - theirs[i]));
+        }
+        EXPECT_LE(worst, 1) << name;
+    }
+    // When neither decoder can, the first one's reason is given.
+    const std::string broken = dir.File("broken.tif");
+    {
+        const std::string bytes = test::ReadFileBytes(test::TestDataPath("tiff/cramps.tif"));
+        std::ofstream(broken, std::ios::binary) << bytes.substr(0, 64);
+    }
+    const CliRun run = Cli(Files({broken}) + " --json --output " + ShellQuote(Out()));
+    EXPECT_EQ(run.exitCode, 1);
+    ASSERT_EQ(run.objects.size(), 1u);
+    EXPECT_EQ(run.objects[0]["status"], "failed");
+    EXPECT_EQ(run.objects[0]["reason"].get<std::string>().rfind("cannot decode", 0), 0u);
 }
 
 }  // namespace
