@@ -209,6 +209,7 @@ void ViewController::ConnectOutlets(QWidget& window) {
     actionSaveCropPlan.Connect(window);
     actionAddImages.Connect(window);
     actionRemoveSelected.Connect(window);
+    actionRemoveAll.Connect(window);
     actionCropImages.Connect(window);
     actionUndo.Connect(window);
     actionRedo.Connect(window);
@@ -230,6 +231,7 @@ void ViewController::ConnectCommands() {
     // the menu).
     new ButtonAction(*actionAddImages, *buttonAddImages);
     new ButtonAction(*actionRemoveSelected, *buttonRemoveSelected);
+    new ButtonAction(*actionRemoveAll, *buttonRemoveAll);
     new ButtonAction(*actionCropImages, *buttonCropImages);
     connect(buttonRemoveSelected.get(), &QPushButton::clicked, this,
             &ViewController::OnRemoveSelected);

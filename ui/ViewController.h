@@ -400,6 +400,7 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     Outlet<QAction> actionSaveCropPlan{"actionSaveCropPlan"};
     Outlet<QAction> actionAddImages{"actionAddImages"};
     Outlet<QAction> actionRemoveSelected{"actionRemoveSelected"};
+    Outlet<QAction> actionRemoveAll{"actionRemoveAll"};
     Outlet<QAction> actionCropImages{"actionCropImages"};
     Outlet<QAction> actionUndo{"actionUndo"};
     Outlet<QAction> actionRedo{"actionRedo"};

@@ -128,6 +128,7 @@ class DesktopLaunchTest : public QObject {
         };
         QCOMPARE(shortcut("actionAddImages"), QStringLiteral("Ctrl+I"));
         QCOMPARE(shortcut("actionRemoveSelected"), QStringLiteral("Del"));
+        QCOMPARE(shortcut("actionRemoveAll"), QStringLiteral("Ctrl+Shift+Del"));
         QCOMPARE(shortcut("actionCropImages"), QStringLiteral("Ctrl+Return"));
         QCOMPARE(shortcut("actionLoadProfile"), QStringLiteral("Ctrl+O"));
         QCOMPARE(shortcut("actionSaveProfile"), QStringLiteral("Ctrl+S"));
@@ -144,13 +145,18 @@ class DesktopLaunchTest : public QObject {
         vellumo::test::ClickRow(loaded, 0);
         QTest::keyClick(&loaded.Control<QAbstractItemView>("tableViewImage"), Qt::Key_Delete);
         QCOMPARE(loaded.controller().listImagePaths(), QStringList{b});
+        // Ctrl+Shift+Delete: all of them (after the question, answered Return).
+        QTest::keyClick(&loaded.window(), Qt::Key_Delete, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(loaded.controller().listImagePaths(), QStringList());
+        loaded.AddImages({a, b});
         // A command is offered exactly when its button is (a job disables
         // the buttons).
         auto& add = loaded.Control<QPushButton>("buttonAddImages");
         add.setEnabled(false);
         QVERIFY(!loaded.Control<QAction>("actionAddImages").isEnabled());
+        const std::size_t panels = loaded.panels.size();
         QTest::keyClick(&loaded.window(), Qt::Key_I, Qt::ControlModifier);
-        QCOMPARE(loaded.panels.size(), std::size_t{2});  // AddImages() above made one
+        QCOMPARE(loaded.panels.size(), panels);
         add.setEnabled(true);
         QVERIFY(loaded.Control<QAction>("actionAddImages").isEnabled());
 
