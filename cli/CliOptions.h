@@ -30,7 +30,7 @@ struct CliOptions {
 
 struct ParseOutcome {
     std::optional<CliOptions> options;  // set when the job can run
-    int exitCode = 0;                   // otherwise: 0 after --help, 2 after an error
+    int exitCode = 0;                   // otherwise: 0 after --help or --version, 2 after an error
     std::string message;                // the help text, or one line naming the bad option
 };
 
