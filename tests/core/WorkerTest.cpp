@@ -188,6 +188,21 @@ TEST_F(WorkerTest, AFileDeclaringMorePixelsThanTheLimitFailsFromItsHeader) {
               "1000 megapixels");
 }
 
+TEST_F(WorkerTest, AHeicLargerThanThePixelLimitIsRefusedFromItsHeader) {
+    // 300 x 200 against a limit of 50,000 pixels: the header says enough.
+    const std::string heic = dir.File("phone.heic");
+    test::CoordinateImage(300, 200).heifsave(
+        heic.c_str(),
+        vips::VImage::option()->set("compression", VIPS_FOREIGN_HEIF_COMPRESSION_HEVC));
+    WorkerLimits limits;
+    limits.maxPixels = 50'000;
+    WorkerImageProcessor processor(limits);
+    const JobReport report = RunCropJob(settings, {heic}, {D::NoConflict}, processor);
+    EXPECT_EQ(report.images[0].outcome.reason,
+              "cannot decode: the image declares 300 x 200 pixels, more than the limit of "
+              "0.05 megapixels");
+}
+
 TEST_F(WorkerTest, AnImageNeedingMoreMemoryThanTheWorkerMayHaveFailsAlone) {
     // 12000 x 12000, stored on its side: turning it upright needs all of its
     // 432 MB decoded at once, more than the worker may have here.
