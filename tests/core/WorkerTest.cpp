@@ -190,10 +190,14 @@ TEST_F(WorkerTest, AFileDeclaringMorePixelsThanTheLimitFailsFromItsHeader) {
 
 TEST_F(WorkerTest, AHeicLargerThanThePixelLimitIsRefusedFromItsHeader) {
     // 300 x 200 against a limit of 50,000 pixels: the header says enough.
+    // (Encoded by the vips command line: the HEVC encoder leaks a little,
+    // which the leak checker would blame on this test.)
+    const std::string png = Picture("phone.png", 300, 200);
     const std::string heic = dir.File("phone.heic");
-    test::CoordinateImage(300, 200).heifsave(
-        heic.c_str(),
-        vips::VImage::option()->set("compression", VIPS_FOREIGN_HEIF_COMPRESSION_HEVC));
+    ASSERT_EQ(test::RunCommand("vips heifsave " + test::ShellQuote(png) + " " +
+                               test::ShellQuote(heic) + " --compression hevc")
+                  .exitCode,
+              0);
     WorkerLimits limits;
     limits.maxPixels = 50'000;
     WorkerImageProcessor processor(limits);
