@@ -1,30 +1,16 @@
 #include "app/LaunchArguments.h"
 
-#include <QCollator>
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
-#include <QLocale>
-#include <algorithm>
 
 #include "ui/ImagePaths.h"
 
 namespace vellumo {
 
 namespace {
-
-// Names in the order a person reads them, as the add-images command sorts.
-void SortByName(QStringList& paths) {
-    const QLocale locale =
-        QLocale().language() == QLocale::C ? QLocale(QLocale::English) : QLocale();
-    QCollator natural(locale);
-    natural.setNumericMode(true);
-    std::stable_sort(paths.begin(), paths.end(), [&natural](const QString& a, const QString& b) {
-        return natural.compare(a, b) < 0;
-    });
-}
 
 QStringList ImagesInFolder(const QString& folder, bool recursive) {
     QStringList patterns;
@@ -38,7 +24,7 @@ QStringList ImagesInFolder(const QString& folder, bool recursive) {
     while (it.hasNext()) {
         images << it.next();
     }
-    SortByName(images);
+    SortInReadingOrder(images);
     return images;
 }
 

@@ -1,7 +1,9 @@
 #include "ui/ImagePaths.h"
 
+#include <QCollator>
 #include <QFile>
 #include <QFileInfo>
+#include <QLocale>
 #include <QSet>
 #include <QUrl>
 #include <algorithm>
@@ -50,6 +52,16 @@ bool ListContainsPath(const QStringList& list, const QString& path) {
                        [&](const QString& entry) { return SamePathText(entry, path); });
 }
 
+void SortInReadingOrder(QStringList& paths) {
+    const QLocale locale =
+        QLocale().language() == QLocale::C ? QLocale(QLocale::English) : QLocale();
+    QCollator natural(locale);
+    natural.setNumericMode(true);
+    std::stable_sort(paths.begin(), paths.end(), [&natural](const QString& a, const QString& b) {
+        return natural.compare(a, b) < 0;
+    });
+}
+
 void AppendNewPaths(QStringList& list, const QStringList& paths) {
     QSet<QString> held;
     held.reserve(list.size() + paths.size());
@@ -57,8 +69,9 @@ void AppendNewPaths(QStringList& list, const QStringList& paths) {
         held.insert(entry.normalized(QString::NormalizationForm_C));
     }
     for (const QString& path : paths) {
-        if (!path.isEmpty() && !held.contains(path.normalized(QString::NormalizationForm_C))) {
-            held.insert(path.normalized(QString::NormalizationForm_C));
+        const QString key = path.normalized(QString::NormalizationForm_C);
+        if (!path.isEmpty() && !held.contains(key)) {
+            held.insert(key);
             list.append(path);
         }
     }

@@ -35,6 +35,11 @@ bool SamePathText(const QString& a, const QString& b);
 // True when any entry of `list` is the same text as `path`.
 bool ListContainsPath(const QStringList& list, const QString& path);
 
+// Sorts `paths` in the order a person reads their names: p2 before p10
+// (a stable sort, in the user's locale; English in the C locale, whose
+// collator compares numbers as text).
+void SortInReadingOrder(QStringList& paths);
+
 // Appends to `list` each of `paths` it does not hold yet (by SamePathText),
 // in their order; a path is never added twice, not even within `paths`.
 // Takes time in proportion to both lengths, not their product, so that ten

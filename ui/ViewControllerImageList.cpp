@@ -1,9 +1,6 @@
 // The image list: adding through the open panel, removing, and the table.
 
-#include <QCollator>
 #include <QLabel>
-#include <QLocale>
-#include <algorithm>
 
 #include "ui/CropAdjustmentStore.h"
 #include "ui/CropPreviewView.h"
@@ -37,17 +34,10 @@ void ViewController::OnAddImages() {
         services_.showMessageBox(NoticeRequest(QString::fromLatin1(kNoImagesChosen)));
         return;
     }
-    // Files chosen together come in the order a person reads their names:
-    // p2 before p10, whatever order the panel returns them in.
+    // Files chosen together come in the order a person reads their names,
+    // whatever order the panel returns them in.
     QStringList paths = *chosen;
-    // Qt's collator compares plainly, numbers as text, in the C locale.
-    const QLocale locale =
-        QLocale().language() == QLocale::C ? QLocale(QLocale::English) : QLocale();
-    QCollator natural(locale);
-    natural.setNumericMode(true);
-    std::stable_sort(paths.begin(), paths.end(), [&natural](const QString& a, const QString& b) {
-        return natural.compare(a, b) < 0;
-    });
+    SortInReadingOrder(paths);
     AppendImages(paths);
 }
 
