@@ -21,6 +21,7 @@
 #include <vector>
 
 #include "bench/BenchInputs.h"
+#include "bench/BenchWindow.h"
 #include "ui/CropPreviewView.h"
 #include "ui/MainWindow.h"
 #include "ui/ViewController.h"
@@ -36,21 +37,13 @@ double PressAndWait(vellumo::ViewController& controller, QTableView& table,
                     vellumo::CropPreviewView& view, Qt::Key key, double& stall) {
     QEventLoop loop;
     QElapsedTimer clock;
-    QElapsedTimer sinceTick;
-    QTimer ticks;
-    ticks.setTimerType(Qt::PreciseTimer);
-    stall = 0;
-    QObject::connect(&ticks, &QTimer::timeout, [&] {
-        stall = std::max(stall, sinceTick.nsecsElapsed() / 1e6);
-        sinceTick.restart();
-    });
+    vellumo::bench::StallWatch watch;
     const auto connection = QObject::connect(&view, &vellumo::CropPreviewView::imageChanged, [&] {
         if (!view.image().isNull() && !controller.isPreviewPending()) {
             loop.quit();
         }
     });
-    sinceTick.start();
-    ticks.start(1);
+    watch.Start();
     clock.start();
     QTest::keyClick(&table, key);
     if (controller.isPreviewPending() || view.image().isNull()) {
@@ -58,7 +51,7 @@ double PressAndWait(vellumo::ViewController& controller, QTableView& table,
     }
     const double milliseconds = clock.nsecsElapsed() / 1e6;
     view.repaint();
-    ticks.stop();
+    stall = watch.Stop();
     QObject::disconnect(connection);
     return milliseconds;
 }
@@ -72,9 +65,7 @@ void Wait(int milliseconds) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
+    vellumo::bench::UseOffscreenUnlessSet();
     const int pause = argc > 1 ? std::max(0, std::atoi(argv[1])) : 500;
     QStringList photos;
     for (const std::string& file : vellumo::bench::PhotoJpeg24Series(kPhotos)) {
@@ -82,12 +73,9 @@ int main(int argc, char** argv) {
     }
 
     QApplication application(argc, argv);
-    vellumo::MainWindow window;
-    vellumo::ViewController controller;
-    controller.LoadView(window);
-    window.resize(1280, 800);
-    window.show();
-    QApplication::processEvents();
+    vellumo::bench::ShownWindow shown;
+    vellumo::MainWindow& window = shown.window;
+    vellumo::ViewController& controller = shown.controller;
     controller.services().runOpenPanel = [&](const vellumo::OpenPanelRequest&) {
         return vellumo::OpenPanelResult(photos);
     };

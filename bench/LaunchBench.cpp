@@ -19,39 +19,28 @@
 #include <vector>
 
 #include "app/DesktopLaunch.h"
+#include "bench/BenchWindow.h"
 #include "ui/MainWindow.h"
 #include "ui/ViewController.h"
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
+    vellumo::bench::UseOffscreenUnlessSet();
     const int count = argc > 1 ? std::max(1, std::atoi(argv[1])) : 10000;
     QApplication application(argc, argv);
     QTemporaryDir dir;
     for (int i = 0; i < count; ++i) {
         QFile(dir.filePath(QStringLiteral("photo-%1.jpg").arg(i))).open(QIODevice::WriteOnly);
     }
-    vellumo::MainWindow window;
-    vellumo::ViewController controller;
-    controller.LoadView(window);
-    window.resize(1280, 800);
-    window.show();
-    QApplication::processEvents();
+    vellumo::bench::ShownWindow shown;
+    vellumo::MainWindow& window = shown.window;
+    vellumo::ViewController& controller = shown.controller;
 
     QByteArray folder = dir.path().toLocal8Bit();
     std::vector<char*> arguments{argv[0], folder.data()};
     const vellumo::Launch launch =
         vellumo::DesktopLaunch(static_cast<int>(arguments.size()), arguments.data());
 
-    QElapsedTimer sinceTick;
-    double longest = 0;
-    QTimer ticks;
-    ticks.setTimerType(Qt::PreciseTimer);
-    QObject::connect(&ticks, &QTimer::timeout, [&] {
-        longest = std::max(longest, sinceTick.nsecsElapsed() / 1e6);
-        sinceTick.restart();
-    });
+    vellumo::bench::StallWatch watch;
     QElapsedTimer clock;
     clock.start();
     launch.launched(window, controller);
@@ -61,11 +50,11 @@ int main(int argc, char** argv) {
                      static_cast<long long>(controller.listImagePaths().size()), count);
         return 1;
     }
-    sinceTick.start();
-    ticks.start(1);
+    watch.Start();
     QEventLoop settle;
     QTimer::singleShot(2000, &settle, &QEventLoop::quit);
     settle.exec();
+    const double longest = watch.Stop();
     std::printf(
         "%d files: listed in %.1f ms (one GUI-thread turn); longest GUI-thread stall over the "
         "next 2 s %.1f ms\n",

@@ -22,6 +22,7 @@
 #include <vector>
 
 #include "bench/BenchInputs.h"
+#include "bench/BenchWindow.h"
 #include "ui/MainWindow.h"
 #include "ui/MessageBox.h"
 #include "ui/ViewController.h"
@@ -46,9 +47,7 @@ bool BothWriting(const QString& folder) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
+    vellumo::bench::UseOffscreenUnlessSet();
     const int runs = argc > 1 ? std::max(1, std::atoi(argv[1])) : 5;
     QTemporaryDir dir;
     // Two files, so that two images are in flight.
@@ -61,11 +60,9 @@ int main(int argc, char** argv) {
     }
 
     QApplication application(argc, argv);
-    vellumo::MainWindow window;
-    vellumo::ViewController controller;
-    controller.LoadView(window);
-    window.resize(1280, 800);
-    window.show();
+    vellumo::bench::ShownWindow shown;
+    vellumo::MainWindow& window = shown.window;
+    vellumo::ViewController& controller = shown.controller;
     // Every question gets its default answer; the report is closed.
     controller.services().showMessageBox = [](const vellumo::MessageBoxRequest& request) {
         return vellumo::kFirstButtonAnswer + request.defaultButton;
@@ -89,21 +86,14 @@ int main(int argc, char** argv) {
         crop->click();
         RunUntil([&] { return BothWriting(out); });
 
-        QElapsedTimer sinceTick;
-        QTimer ticks;
-        ticks.setTimerType(Qt::PreciseTimer);
-        QObject::connect(&ticks, &QTimer::timeout, [&] {
-            longestStall = std::max(longestStall, sinceTick.nsecsElapsed() / 1e6);
-            sinceTick.restart();
-        });
-        sinceTick.start();
-        ticks.start(1);
+        vellumo::bench::StallWatch watch;
+        watch.Start();
         QElapsedTimer clock;
         clock.start();
         stop->click();
         RunUntil([&] { return !controller.isCropping() && crop->isEnabled(); });
         times.push_back(clock.nsecsElapsed() / 1e6);
-        ticks.stop();
+        longestStall = std::max(longestStall, watch.Stop());
         if (!QDir(out).entryList(QDir::Files | QDir::Hidden).isEmpty()) {
             std::fprintf(stderr, "a file was left in %s\n", qPrintable(out));
             return 1;

@@ -22,6 +22,7 @@
 #include <vector>
 
 #include "bench/BenchInputs.h"
+#include "bench/BenchWindow.h"
 #include "ui/CropPreviewView.h"
 #include "ui/MainWindow.h"
 #include "ui/ViewController.h"
@@ -33,39 +34,12 @@ struct Timing {
     double longestGuiStall = 0;
 };
 
-// Watches the GUI thread: the longest gap between ticks of a 1 ms timer.
-class StallWatch {
-  public:
-    StallWatch() {
-        QObject::connect(&timer_, &QTimer::timeout, [this] {
-            const double gap = sinceTick_.nsecsElapsed() / 1e6;
-            longest_ = std::max(longest_, gap);
-            sinceTick_.restart();
-        });
-        timer_.setTimerType(Qt::PreciseTimer);
-    }
-    void Start() {
-        longest_ = 0;
-        sinceTick_.start();
-        timer_.start(1);
-    }
-    double Stop() {
-        timer_.stop();
-        return longest_;
-    }
-
-  private:
-    QTimer timer_;
-    QElapsedTimer sinceTick_;
-    double longest_ = 0;
-};
-
 // Selects `row` and waits until its picture is on the view.
 Timing SelectAndWait(vellumo::ViewController& controller, QTableView& table,
                      vellumo::CropPreviewView& view, int row) {
     table.clearSelection();
     QApplication::processEvents();
-    StallWatch watch;
+    vellumo::bench::StallWatch watch;
     QEventLoop loop;
     QElapsedTimer clock;
     const auto connection = QObject::connect(&view, &vellumo::CropPreviewView::imageChanged, [&] {
@@ -103,20 +77,15 @@ void Report(const char* what, std::vector<Timing> runs) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
+    vellumo::bench::UseOffscreenUnlessSet();
     const int runs = argc > 1 ? std::max(1, std::atoi(argv[1])) : 10;
     const QString jpeg = QString::fromStdString(vellumo::bench::PhotoJpeg24());
     const QString png = QString::fromStdString(vellumo::bench::PhotoPng100());
 
     QApplication application(argc, argv);
-    vellumo::MainWindow window;
-    vellumo::ViewController controller;
-    controller.LoadView(window);
-    window.resize(1280, 800);
-    window.show();
-    QApplication::processEvents();
+    vellumo::bench::ShownWindow shown;
+    vellumo::MainWindow& window = shown.window;
+    vellumo::ViewController& controller = shown.controller;
 
     controller.services().runOpenPanel = [&](const vellumo::OpenPanelRequest&) {
         return vellumo::OpenPanelResult(QStringList{jpeg, png});
