@@ -25,6 +25,7 @@
 #include "bench/BenchWindow.h"
 #include "ui/CropPreviewView.h"
 #include "ui/MainWindow.h"
+#include "ui/PreviewPrefetch.h"
 #include "ui/ViewController.h"
 
 namespace {
@@ -38,6 +39,9 @@ struct Timing {
 Timing SelectAndWait(vellumo::ViewController& controller, QTableView& table,
                      vellumo::CropPreviewView& view, int row) {
     table.clearSelection();
+    // A picture kept from an earlier selection would be shown at once: this
+    // times the decode (vellumo_bench_browsing times the kept pictures).
+    controller.previewPrefetch().Clear();
     QApplication::processEvents();
     vellumo::bench::StallWatch watch;
     QEventLoop loop;
