@@ -180,7 +180,8 @@ std::string ExtentText(const ResolvedCrop& crop) {
 }  // namespace
 
 std::string CropExtentNote(const ResolvedCrop& crop) {
-    return JoinNotes(JoinNotes(ExtentText(crop), crop.placementNote), crop.resizeNote);
+    return JoinNotes(JoinNotes(JoinNotes(ExtentText(crop), crop.placementNote), crop.resizeNote),
+                     crop.losslessNote);
 }
 
 std::string FirstPageNote(int pages) {

@@ -60,6 +60,7 @@ struct ResolvedCrop {
     bool adjusted = false;      // the rectangle was adjusted by hand, not the rule's
     std::string placementNote;  // a smart anchor that fell back to centre
     std::string resizeNote;     // a resize that was not carried out
+    std::string losslessNote;   // a crop without re-encoding moved or refused
 };
 
 //

@@ -86,6 +86,9 @@ struct CropSettings {
 
     long outputFormat = 0;  // index into kOutputFormats (imaging/Formats.h)
     float quality = 80.0f;  // the slider, 0 to 100
+    // JPEG sources written as JPEG are cropped without re-encoding, on their
+    // block grid (batch/LosslessCrop.h); the quality is not used for them.
+    bool losslessJpeg = false;
     std::string nameTemplate{kDefaultNameTemplate};
     std::string outputFolder;
     bool keepMetadata = false;  // EXIF information and creation date

@@ -8,8 +8,11 @@
 
 #include "batch/CropRectangle.h"
 #include "batch/ImageProcessor.h"
+#include "batch/LosslessCrop.h"
 #include "imaging/AtomicFile.h"
+#include "imaging/FileKind.h"
 #include "imaging/ImageTools.h"
+#include "imaging/LosslessJpeg.h"
 
 namespace vellumo {
 
@@ -75,15 +78,37 @@ std::optional<Image> PlacementPicture(const ImageTask& task) {
 }
 
 // The image's crop as the job makes it, and what the person should know of
-// it.
-void Describe(const ImageTask& task, const Image& image, int pages, ImageOutcome& outcome,
-              ResolvedCrop& crop) {
+// it; for a JPEG cropped without re-encoding, the rectangle the file holds.
+LosslessDecision Describe(const ImageTask& task, const Image& image, const ImageHeader& header,
+                          ImageOutcome& outcome, ResolvedCrop& crop) {
     const std::optional<Image> picture = PlacementPicture(task);
     crop = ResolveCrop(task.settings, image, picture ? &*picture : nullptr, task.adjustedRect);
-    outcome.rect = crop.rect;
+    const bool jpeg = task.settings.losslessJpeg &&
+                      (header.jpegGrid || SniffFile(task.source).kind == FileKind::Jpeg);
+    LosslessDecision lossless =
+        DecideLosslessCrop(task.settings, task.settings.outputFormat, jpeg, header.jpegGrid, crop);
+    outcome.rect = lossless.cut ? lossless.cut->upright : crop.rect;
     outcome.outputSize = crop.outputSize;
     outcome.wholeImage = IsWhole(crop.extent);
-    outcome.warning = JoinNotes(CropExtentNote(crop), FirstPageNote(pages));
+    outcome.warning = JoinNotes(CropExtentNote(crop), FirstPageNote(header.pages));
+    return lossless;
+}
+
+// The crop cut out of the decoded image, brought to its output size and
+// encoded at the output path.
+SaveResult Encode(const ImageTask& task, const Image& image, const ResolvedCrop& crop) {
+    // An image the rule leaves whole is written whole, with the warning
+    // saying why; then the output is brought to its size.
+    const Rect whole{0.0, 0.0, image.Width(), image.Height()};
+    Image cropped = crop.cut == whole ? image
+                                      : ImageTools::CropImage(image, crop.cut.x, crop.cut.y,
+                                                              crop.cut.width, crop.cut.height);
+    if (crop.outputSize != crop.cutSize) {
+        cropped = ImageTools::ResizeImage(cropped, crop.outputSize.width, crop.outputSize.height);
+    }
+    // The slider's 0 to 100, divided in single precision.
+    const double quality = static_cast<double>(task.settings.quality / 100.0f);
+    return ImageTools::TrySaveImage(cropped, task.output, task.settings.outputFormat, quality);
 }
 
 // The source's header: the one already read, or read now.
@@ -100,7 +125,7 @@ ImageOutcome Plan(const ImageTask& task, const std::optional<ImageHeader>& known
         return outcome;
     }
     ResolvedCrop crop;
-    Describe(task, Image::OfSize(header->pixelSize.width, header->pixelSize.height), header->pages,
+    Describe(task, Image::OfSize(header->pixelSize.width, header->pixelSize.height), *header,
              outcome, crop);
     outcome.status =
         task.decision == OverwriteDecision::Skip ? ImageStatus::Skipped : ImageStatus::Planned;
@@ -186,16 +211,7 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task,
     }
     const Image image = ImageTools::BringImageToActualSize(*loaded, header->pixelSize);
     ResolvedCrop crop;
-    Describe(task, image, header->pages, outcome, crop);
-    // An image the rule leaves whole is written whole, with the warning
-    // saying why; then the output is brought to its size.
-    const Rect whole{0.0, 0.0, image.Width(), image.Height()};
-    Image cropped = crop.cut == whole ? image
-                                      : ImageTools::CropImage(image, crop.cut.x, crop.cut.y,
-                                                              crop.cut.width, crop.cut.height);
-    if (crop.outputSize != crop.cutSize) {
-        cropped = ImageTools::ResizeImage(cropped, crop.outputSize.width, crop.outputSize.height);
-    }
+    const LosslessDecision lossless = Describe(task, image, *header, outcome, crop);
 
     const KeptSource kept(task);
     bool saved = false;
@@ -207,10 +223,9 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task,
                 outcome.notes.push_back({NoteKind::RemoveFailed, std::move(error)});
             }
         }
-        // The slider's 0 to 100, divided in single precision.
-        const double quality = static_cast<double>(task.settings.quality / 100.0f);
-        const SaveResult result =
-            ImageTools::TrySaveImage(cropped, task.output, task.settings.outputFormat, quality);
+        const SaveResult result = lossless.cut ? CropJpegLosslessly(task.source, task.output,
+                                                                    *lossless.cut, *header->jpegGrid)
+                                               : Encode(task, image, crop);
         if (!result.saved) {
             outcome.reason = SaveFailure(task.source, result.reason);
             return outcome;

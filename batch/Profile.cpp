@@ -193,6 +193,7 @@ std::string ProfileText(const CropSettings& s) {
           {"height", s.percentsHeight}}},
         {"format", OutputFormatAt(s.outputFormat)->title},
         {"quality", s.quality},
+        {"losslessJpeg", s.losslessJpeg},
         {"nameTemplate", s.nameTemplate},
         {"outputFolder", s.outputFolder},
         {"keepMetadata", s.keepMetadata},
@@ -249,6 +250,7 @@ Loaded<CropSettings> SettingsFromProfileText(const std::string& text, const Crop
         if (const Json* quality = Member(profile, "quality")) {
             s.quality = Number(*quality, "quality", 0, 100);
         }
+        ReadBool(profile, "losslessJpeg", s.losslessJpeg);
         ReadString(profile, "nameTemplate", s.nameTemplate);
         ReadString(profile, "outputFolder", s.outputFolder);
         ReadBool(profile, "keepMetadata", s.keepMetadata);

@@ -18,7 +18,7 @@
 //     "resize": {"mode": "none", "width": 0, "height": 0, "enlarge": false},
 //     "pixels": {"x": 0, "y": 0, "width": 0, "height": 0},
 //     "percents": {"x": 20, "y": 20, "width": 60, "height": 60},
-//     "format": "JPG", "quality": 80,
+//     "format": "JPG", "quality": 80, "losslessJpeg": false,
 //     "nameTemplate": "[FileName]_cropped ([FileIndex])",
 //     "outputFolder": "", "keepMetadata": false
 //   }

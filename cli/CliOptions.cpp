@@ -164,6 +164,11 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
                 },
                 "0-100"))
             ->capture_default_str();
+    bool lossless = false;
+    auto* losslessOption = app.add_flag(
+        "--lossless", lossless,
+        "Crop JPEG files to JPEG without re-encoding: the rectangle moves out to the file's "
+        "block grid, and the quality is not used for them");
     auto* nameOption =
         app.add_option("--name", nameTemplate, "File name template with [FileName] and [FileIndex]")
             ->capture_default_str();
@@ -320,6 +325,8 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
     }
     if (qualityOption->count() > 0)
         s.quality = quality;
+    if (losslessOption->count() > 0)
+        s.losslessJpeg = lossless;
     if (nameOption->count() > 0)
         s.nameTemplate = nameTemplate;
     if (outputOption->count() > 0)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 namespace vellumo {
 
 // Rectangles and sizes in an image's own units (pixels once the image has its
@@ -21,10 +23,26 @@ struct Size {
     friend bool operator==(const Size&, const Size&) = default;
 };
 
+// How a JPEG file's pixels are coded, which is what a crop that does not
+// re-encode them must follow: the pixel size of its blocks (MCUs: 8 or 16,
+// 32 for 4:1:1, from its chroma subsampling), its size as stored (before
+// its orientation turns it upright), and that orientation (1 to 8).
+struct JpegGrid {
+    int blockWidth = 8;
+    int blockHeight = 8;
+    int storedWidth = 0;
+    int storedHeight = 0;
+    int orientation = 1;
+
+    friend bool operator==(const JpegGrid&, const JpegGrid&) = default;
+};
+
 // What a file's headers tell without decoding pixels.
 struct ImageHeader {
     Size pixelSize;  // upright; the largest over all pages
     int pages = 1;   // pages or frames, at least 1
+    // A JPEG that libjpeg reads, with a subsampling its transforms know.
+    std::optional<JpegGrid> jpegGrid;
 
     friend bool operator==(const ImageHeader&, const ImageHeader&) = default;
 };

@@ -5,6 +5,7 @@
 #include "imaging/FileKind.h"
 #include "imaging/ImageAccess.h"
 #include "imaging/ImageTools.h"
+#include "imaging/LosslessJpeg.h"
 #include "imaging/VipsLoad.h"
 #include "imaging/VipsRuntime.h"
 
@@ -134,7 +135,14 @@ std::optional<ImageHeader> ImageTools::ImageHeaderWithPath(const std::string& pa
             size.width = std::max(size.width, w);
             size.height = std::max(size.height, h);
         }
-        return ImageHeader{size, declared};
+        ImageHeader read{size, declared, std::nullopt};
+        if (*sniffed.kind == FileKind::Jpeg) {
+            read.jpegGrid = ReadJpegGrid(path);
+            if (read.jpegGrid) {
+                read.jpegGrid->orientation = vipsload::Orientation(first);
+            }
+        }
+        return read;
     } catch (const vips::VError&) {
         return std::nullopt;
     }

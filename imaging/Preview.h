@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "imaging/Geometry.h"
@@ -16,6 +17,8 @@ struct Preview {
     Size fullSize;  // upright pixel size, as ImagePixelSizeWithPath gives it
     Image picture;  // upright, scaled down to fit the requested box
     int pages = 1;  // pages or frames of the file; the picture is the first
+    // A JPEG's block grid, which a crop without re-encoding follows.
+    std::optional<JpegGrid> jpegGrid;
 };
 
 using PreviewResult = Loaded<Preview>;

@@ -50,6 +50,7 @@ CropSettings SettingsBinding::Read() const {
     s.outputFolder = Bytes(c_.textFieldOutputFolder.text());
     s.keepMetadata = c_.checkKeepMetadata.isChecked();
     s.replaceOriginals = c_.checkReplaceOriginals.isChecked();
+    s.losslessJpeg = c_.checkLosslessJpeg.isChecked();
     return s;
 }
 
@@ -86,6 +87,7 @@ void SettingsBinding::Write(const CropSettings& s) const {
     c_.textFieldOutputFolder.setText(Text(s.outputFolder));
     c_.checkKeepMetadata.setChecked(s.keepMetadata);
     c_.checkReplaceOriginals.setChecked(s.replaceOriginals);
+    c_.checkLosslessJpeg.setChecked(s.losslessJpeg);
 }
 
 }  // namespace vellumo

@@ -49,6 +49,7 @@ class SettingsBinding {
         QLineEdit& textFieldOutputFolder;
         QCheckBox& checkKeepMetadata;
         QCheckBox& checkReplaceOriginals;
+        QCheckBox& checkLosslessJpeg;
     };
 
     explicit SettingsBinding(const Controls& controls) : c_(controls) {}

@@ -93,6 +93,7 @@ void ViewController::LoadView(QWidget& window) {
         *textFieldOutputFolder,
         *checkKeepEXIFInformationAndCreationDate,
         *checkReplaceOriginals,
+        *checkCropJPEGFilesWithoutReencoding,
     });
     ConnectCommands();
     viewDidLoad();
@@ -198,6 +199,7 @@ void ViewController::ConnectOutlets(QWidget& window) {
     labelImageCount.Connect(window);
     labelPreviewNote.Connect(window);
     checkReplaceOriginals.Connect(window);
+    checkCropJPEGFilesWithoutReencoding.Connect(window);
 
     actionNew.Connect(window);
     actionLoadProfile.Connect(window);
@@ -300,6 +302,8 @@ void ViewController::ConnectCommands() {
             &ViewController::OnKeepEXIFInformationAndCreationDateSelected);
     connect(checkReplaceOriginals.get(), &QAbstractButton::clicked, this,
             &ViewController::OnReplaceOriginalsSelected);
+    connect(checkCropJPEGFilesWithoutReencoding.get(), &QAbstractButton::clicked, this,
+            &ViewController::OnCropJPEGFilesWithoutReencodingSelected);
 
     connect(buttonCropImages.get(), &QPushButton::clicked, this, &ViewController::OnCropImages);
     connect(buttonStopCropping.get(), &QPushButton::clicked, this, &ViewController::OnStopCropping);

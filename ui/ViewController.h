@@ -245,6 +245,7 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     // Each image's crop to replace its own file: the name, folder and format
     // are then not used.
     void OnReplaceOriginalsSelected();
+    void OnCropJPEGFilesWithoutReencodingSelected();
 
     // ---- The crop command (ViewControllerCropJob.cpp) ---------------------
 
@@ -388,6 +389,7 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     // and whether only its first frame is.
     Outlet<QLabel> labelPreviewNote{"labelPreviewNote"};
     Outlet<QCheckBox> checkReplaceOriginals{"checkReplaceOriginals"};
+    Outlet<QCheckBox> checkCropJPEGFilesWithoutReencoding{"checkCropJPEGFilesWithoutReencoding"};
 
     // The menu commands.
     Outlet<QAction> actionNew{"actionNew"};
@@ -434,6 +436,7 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     // while one is chosen (kPlacementPictureSide).
     std::optional<Image> placementPicture_;
     int currentPages_ = 1;
+    std::optional<JpegGrid> currentJpegGrid_;  // of the selected JPEG
     // Counters that tell the latest selection and refresh from older ones.
     quint64 selectionCount_ = 0;
     quint64 refreshCount_ = 0;

@@ -118,6 +118,7 @@ void ViewController::ClearImageListSelection() {
     previewPicture_ = Image();
     placementPicture_.reset();
     currentPages_ = 1;
+    currentJpegGrid_.reset();
     EmptyPreview();
     UpdateImageSize();
 }

@@ -91,6 +91,7 @@ std::vector<QWidget*> ViewController::ControlsLockedWhileCropping() const {
         textFieldName.get(),
         textFieldOutputFolder.get(),
         checkKeepEXIFInformationAndCreationDate.get(),
+        checkCropJPEGFilesWithoutReencoding.get(),
         buttonBrowse.get(),
         buttonCropImages.get(),
         checkReplaceOriginals.get(),

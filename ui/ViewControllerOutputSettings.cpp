@@ -32,6 +32,13 @@ void ViewController::OnReplaceOriginalsSelected() {
     SettleOutputControls();
 }
 
+void ViewController::OnCropJPEGFilesWithoutReencodingSelected() {
+    // The quality label says whether it is used; the output labels show
+    // the rectangle on the file's block grid.
+    SettleOutputControls();
+    UpdateImageSize();
+}
+
 namespace {
 
 // Why the metadata option is off for `format`.
@@ -60,6 +67,10 @@ void ViewController::SettleOutputControls() {
     checkKeepEXIFInformationAndCreationDate->setEnabled(carries);
     checkKeepEXIFInformationAndCreationDate->setToolTip(carries ? QString()
                                                                 : CannotCarryText(format));
+    // Replaced originals keep their format, so a JPEG among them may be
+    // cropped without re-encoding.
+    const bool jpeg = format != nullptr && format->codec == OutputCodec::Jpeg;
+    checkCropJPEGFilesWithoutReencoding->setEnabled(inPlace || jpeg);
     comboFormat->setEnabled(!inPlace);
     textFieldName->setEnabled(!inPlace);
     textFieldOutputFolder->setEnabled(!inPlace);
@@ -69,13 +80,23 @@ void ViewController::SettleOutputControls() {
 
 void ViewController::OnQualityChanged() {
     // The label only: the job reads the slider itself. At the top, WebP and
-    // JPEG XL are written without loss, and the label says so.
+    // JPEG XL are written without loss, and the label says so; JPEG files
+    // cropped without re-encoding do not use the quality at all.
     const double value = sliderQuality->doubleValue();
     const OutputFormatInfo* format = OutputFormatAt(comboFormat->currentIndex());
+    const bool inPlace = checkReplaceOriginals->isChecked();
     const bool lossless = format != nullptr && LosslessAtFullQuality(format->codec) &&
-                          !checkReplaceOriginals->isChecked() && value >= 100.0;
-    labelQuality->setText(QualityText(static_cast<float>(value)) +
-                          (lossless ? QStringLiteral(" (lossless)") : QString()));
+                          !inPlace && value >= 100.0;
+    const bool jpegUnused = checkCropJPEGFilesWithoutReencoding->isChecked() &&
+                            (inPlace || (format != nullptr && format->codec == OutputCodec::Jpeg));
+    QString suffix;
+    if (lossless) {
+        suffix = QStringLiteral(" (lossless)");
+    } else if (jpegUnused) {
+        suffix = inPlace ? QStringLiteral(" (not for JPEG files: lossless)")
+                         : QStringLiteral(" (not used: lossless)");
+    }
+    labelQuality->setText(QualityText(static_cast<float>(value)) + suffix);
 }
 
 void ViewController::OnNameChanged() {

@@ -14,6 +14,8 @@
 #include <algorithm>
 
 #include "batch/CropRectangle.h"
+#include "batch/LosslessCrop.h"
+#include "batch/OutputPlan.h"
 #include "ui/CropAdjustmentStore.h"
 #include "ui/CropPreviewView.h"
 #include "ui/DimensionText.h"
@@ -118,6 +120,7 @@ void ViewController::ShowDecodedPreview(quint64 selection, const QString& path,
     previewPicture_ = result->picture;
     placementPicture_ = placementPicture;
     currentPages_ = result->pages;
+    currentJpegGrid_ = result->jpegGrid;
     UpdateCropPreview();
 }
 
@@ -211,8 +214,15 @@ void ViewController::UpdateImageSize() {
     if (UsesPlacementPicture(settings) && placementPicture_) {
         sized.anchor = CropAnchor::Centre;
     }
-    const ResolvedCrop crop =
+    ResolvedCrop crop =
         ResolveCrop(sized, currentImage_, nullptr, cropAdjustments_->Adjustment(currentPath_));
+    // A JPEG cropped without re-encoding holds the rectangle on its block
+    // grid, and the labels say what the file will hold. Replaced originals
+    // are written in their own format.
+    const long format = settings.replaceOriginals
+                            ? OutputFormatOfPath(QFile::encodeName(currentPath_).toStdString())
+                            : settings.outputFormat;
+    DecideLosslessCrop(settings, format, currentJpegGrid_.has_value(), currentJpegGrid_, crop);
     labelOutputDimensionsWidth->setText(DimensionText(kWidthCaption, crop.outputSize.width));
     labelOutputDimensionsHeight->setText(DimensionText(kHeightCaption, crop.outputSize.height));
     const std::string note = JoinNotes(CropExtentNote(crop), FirstPageNote(currentPages_));

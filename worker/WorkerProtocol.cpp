@@ -289,14 +289,17 @@ Message PreviewReply(const PreviewResult& preview) {
         const vips::VImage rgb = pixelconvert::ToSrgb8(*pixels, pixels->has_alpha());
         std::size_t size = 0;
         void* data = rgb.write_to_memory(&size);
-        Message message{Json{{"type", "preview"},
-                             {"fullSize", {preview->fullSize.width, preview->fullSize.height}},
-                             {"pages", preview->pages},
-                             {"width", rgb.width()},
-                             {"height", rgb.height()},
-                             {"bands", rgb.bands()}}
-                            .dump(),
-                        std::string(static_cast<const char*>(data), size)};
+        Json json{{"type", "preview"},
+                  {"fullSize", {preview->fullSize.width, preview->fullSize.height}},
+                  {"pages", preview->pages},
+                  {"width", rgb.width()},
+                  {"height", rgb.height()},
+                  {"bands", rgb.bands()}};
+        if (const std::optional<JpegGrid>& grid = preview->jpegGrid) {
+            json["jpegGrid"] = {grid->blockWidth, grid->blockHeight, grid->storedWidth,
+                                grid->storedHeight, grid->orientation};
+        }
+        Message message{json.dump(), std::string(static_cast<const char*>(data), size)};
         g_free(data);
         return message;
     } catch (const vips::VError& error) {
@@ -329,8 +332,14 @@ PreviewResult PreviewFrom(const Message& message) {
         const Size full{json.at("fullSize").at(0).get<double>(),
                         json.at("fullSize").at(1).get<double>()};
         const int pages = json.value("pages", 1);
+        std::optional<JpegGrid> grid;
+        if (const auto found = json.find("jpegGrid"); found != json.end()) {
+            grid = JpegGrid{found->at(0).get<int>(), found->at(1).get<int>(),
+                            found->at(2).get<int>(), found->at(3).get<int>(),
+                            found->at(4).get<int>()};
+        }
         return PreviewResult::Success(
-            Preview{full, ImageAccess::Make(pixels, width, height), pages});
+            Preview{full, ImageAccess::Make(pixels, width, height), pages, grid});
     } catch (const nlohmann::json::exception&) {
         return PreviewResult::Failure("the image worker sent a damaged picture");
     }

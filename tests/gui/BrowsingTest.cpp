@@ -97,7 +97,7 @@ class BrowsingTest : public QObject {
                                                   dir.filePath(QStringLiteral("a.png")));
         for (int side = 1; side <= 40; ++side) {
             // A 2000 x 1000 picture: 8 MB drawn, 8 MB decoded.
-            vellumo::Preview preview{{2000, 1000}, vellumo::Image::OfSize(2000, 1000), 1};
+            vellumo::Preview preview{{2000, 1000}, vellumo::Image::OfSize(2000, 1000), 1, {}};
             prefetch.Keep(path, side,
                           {vellumo::PreviewResult::Success(preview),
                            QImage(2000, 1000, QImage::Format_ARGB32_Premultiplied)});

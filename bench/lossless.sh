@@ -1,0 +1,54 @@
+#!/usr/bin/env bash
+# Cropping a 24-megapixel camera-like JPEG (6000 x 4000, quality 92, 4:2:0,
+# made once into build/bench-data/) to the centred 16:9 rectangle: decoded
+# and encoded again at quality 92, then without re-encoding (--lossless), and
+# jpegtran's own crop of the same blocks as the floor. Prints the wall time
+# (best of five) and the output's size beside the source's.
+#
+#   bench/lossless.sh      (run scripts/build first)
+set -euo pipefail
+cd "$(dirname "$0")/.."
+build=build
+cli=${VELLUMO_CLI:-$build/cli/vellumo-cli}
+data=$build/bench-data/lossless
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+mkdir -p "$data"
+source=$data/photo-6000x4000.jpg
+if [ ! -f "$source" ]; then
+    "$build/bench/vellumo_make_photo" 6000 4000 "$work/plain.jpg" 11
+    vips jpegsave "$work/plain.jpg" "$source" --Q 92 --subsample-mode on
+fi
+
+# Best wall time of five runs of the command, in seconds.
+best_of_five() {
+    local best=
+    for run in 1 2 3 4 5; do
+        local start end seconds
+        start=$(date +%s.%N)
+        "$@" >/dev/null
+        end=$(date +%s.%N)
+        seconds=$(awk -v a="$start" -v b="$end" 'BEGIN { printf "%.3f", b - a }')
+        if [ -z "$best" ] || awk -v a="$seconds" -v b="$best" 'BEGIN { exit !(a < b) }'; then
+            best=$seconds
+        fi
+    done
+    echo "$best"
+}
+
+crop() { "$cli" --auto 16:9 --format JPG --quality 92 --overwrite all --quiet --name '[FileName]' "$@" "$source"; }
+reencode=$(best_of_five crop --output "$work/reencoded")
+lossless=$(best_of_five crop --lossless --output "$work/lossless")
+# The same rectangle as --lossless chose: 6000 x 3383 from row 304.
+floor=$(best_of_five jpegtran -crop 6000x3383+0+304 -copy none -outfile "$work/jpegtran.jpg" "$source")
+
+size() { stat -c %s "$1"; }
+printf 'source            %5.1f MB\n' "$(awk -v b="$(size "$source")" 'BEGIN { print b / 1e6 }')"
+printf 're-encoded (q92)  %6.3f s  %5.1f MB\n' "$reencode" \
+    "$(awk -v b="$(size "$work/reencoded/photo-6000x4000.jpg")" 'BEGIN { print b / 1e6 }')"
+printf 'lossless          %6.3f s  %5.1f MB  (%.2fx as fast)\n' "$lossless" \
+    "$(awk -v b="$(size "$work/lossless/photo-6000x4000.jpg")" 'BEGIN { print b / 1e6 }')" \
+    "$(awk -v a="$reencode" -v b="$lossless" 'BEGIN { print a / b }')"
+printf 'jpegtran -crop    %6.3f s  %5.1f MB\n' "$floor" \
+    "$(awk -v b="$(size "$work/jpegtran.jpg")" 'BEGIN { print b / 1e6 }')"
+"$cli" --auto 16:9 --lossless --dry-run --json --output "$work/x" "$source" | sed 's/^/dry run: /'
