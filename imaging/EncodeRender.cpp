@@ -47,6 +47,36 @@ bool IsGrey(const vips::VImage& pixels, bool hasAlpha) {
            interpretation != VIPS_INTERPRETATION_LAB;
 }
 
+bool Stores16Bits(OutputCodec codec) {
+    return codec == OutputCodec::Png || codec == OutputCodec::Tiff ||
+           codec == OutputCodec::Jpeg2000 || codec == OutputCodec::JpegXl ||
+           codec == OutputCodec::Avif;
+}
+
+// 16-bit samples of grey or RGB, which an output of 16 bits keeps as they
+// are. CMYK, Lab and the like are converted, and go to 8 bits.
+bool IsSixteenBitGreyOrRgb(const vips::VImage& pixels) {
+    const VipsInterpretation interpretation = pixels.interpretation();
+    return pixels.format() == VIPS_FORMAT_USHORT &&
+           (interpretation == VIPS_INTERPRETATION_RGB16 ||
+            interpretation == VIPS_INTERPRETATION_GREY16) &&
+           pixels.bands() <= 4;
+}
+
+// The 16-bit samples unchanged, labelled as what they are; grey gets the
+// colour channels only where the format has no grey.
+vips::VImage Keep16(const vips::VImage& pixels, bool grey, bool hasAlpha) {
+    vips::VImage out = pixels;
+    const int colours = pixels.bands() - (hasAlpha ? 1 : 0);
+    if (colours == 1 && !grey) {
+        vips::VImage y = out.extract_band(0);
+        vips::VImage rgb = y.bandjoin({y, y});
+        out = hasAlpha ? rgb.bandjoin(out.extract_band(1)) : rgb;
+    }
+    return out.copy(vips::VImage::option()->set(
+        "interpretation", grey ? VIPS_INTERPRETATION_GREY16 : VIPS_INTERPRETATION_RGB16));
+}
+
 // 8-bit grey, with its alpha when it has one.
 vips::VImage ToGrey8(const vips::VImage& pixels) {
     vips::VImage out = pixels;
@@ -97,6 +127,9 @@ vips::VImage ForCodec(const vips::VImage& pixels, OutputCodec codec) {
     const Needs needs = NeedsOf(codec);
     const bool hasAlpha = HasAlpha(pixels);
     const bool grey = needs.grey && IsGrey(pixels, hasAlpha);
+    if (Stores16Bits(codec) && IsSixteenBitGreyOrRgb(pixels)) {
+        return WithMatchingProfileOnly(Keep16(pixels, grey, hasAlpha), grey);
+    }
     vips::VImage out = grey ? ToGrey8(pixels) : pixelconvert::ToSrgb8(pixels, hasAlpha);
     if (hasAlpha && !needs.alpha) {
         const std::vector<double> white(grey ? 1 : 3, 255.0);

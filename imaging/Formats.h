@@ -42,9 +42,9 @@ inline constexpr std::array<OutputFormatInfo, 14> kOutputFormats = {{
     // are written into WebP files; into HEIC, AVIF and JPEG XL only the
     // colour profile, so far.
     {"WEBP", OutputCodec::WebP, true, true, true, "8"},
-    {"AVIF", OutputCodec::Avif, true, false, true, "8"},
+    {"AVIF", OutputCodec::Avif, true, false, true, "8, 12"},
     {"HEIC", OutputCodec::Heic, true, false, true, "8"},
-    {"JXL", OutputCodec::JpegXl, true, false, true, "8"},
+    {"JXL", OutputCodec::JpegXl, true, false, true, "8, 16"},
 }};
 
 // An extension the image list accepts, in the list's own order, with the

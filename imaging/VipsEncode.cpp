@@ -81,12 +81,18 @@ void Encode(const vips::VImage& rendered, OutputCodec codec, double quality,
             return;
         case OutputCodec::Avif:
         case OutputCodec::Heic:
-            rendered.heifsave(file,
-                              vips::VImage::option()
-                                  ->set("Q", QualityFactor(quality))
-                                  ->set("compression", codec == OutputCodec::Avif
-                                                           ? VIPS_FOREIGN_HEIF_COMPRESSION_AV1
-                                                           : VIPS_FOREIGN_HEIF_COMPRESSION_HEVC));
+            // AVIF keeps 12 of a 16-bit source's bits; HEIC stays at the 8
+            // bits phones write and read.
+            rendered.heifsave(
+                file,
+                vips::VImage::option()
+                    ->set("Q", QualityFactor(quality))
+                    ->set("bitdepth",
+                          codec == OutputCodec::Avif && rendered.format() == VIPS_FORMAT_USHORT ? 12
+                                                                                                : 8)
+                    ->set("compression", codec == OutputCodec::Avif
+                                             ? VIPS_FOREIGN_HEIF_COMPRESSION_AV1
+                                             : VIPS_FOREIGN_HEIF_COMPRESSION_HEVC));
             return;
         case OutputCodec::JpegXl:
             rendered.jxlsave(file, vips::VImage::option()

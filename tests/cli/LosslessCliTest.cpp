@@ -92,9 +92,9 @@ TEST_F(LosslessCli, TheQualityIsNotUsed) {
     // encoded.
     const std::string source = Photo(640, 480, "photo.jpg");
     for (const char* quality : {"5", "95"}) {
-        const CliRun run = Cli(Files({source}) + " --auto 1:1 --lossless --quality " + quality +
-                               " --name '[FileName]-" + quality + "' --output " +
-                               ShellQuote(Out()));
+        const CliRun run =
+            Cli(Files({source}) + " --auto 1:1 --lossless --quality " + quality +
+                " --name '[FileName]-" + quality + "' --output " + ShellQuote(Out()));
         ASSERT_EQ(run.exitCode, 0) << run.err;
     }
     EXPECT_EQ(test::ReadFileBytes(Out() + "/photo-5.jpg"),
@@ -190,8 +190,7 @@ TEST_F(LosslessCli, ADamagedJpegFailsAloneWithAReason) {
     EXPECT_EQ(run.exitCode, 1);
     ASSERT_EQ(run.objects.size(), 2u);
     EXPECT_EQ(run.objects[0]["status"], "failed");
-    EXPECT_NE(run.objects[0]["reason"].get<std::string>().find("cannot decode"),
-              std::string::npos);
+    EXPECT_NE(run.objects[0]["reason"].get<std::string>().find("cannot decode"), std::string::npos);
     EXPECT_EQ(run.objects[1]["status"], "written");
     EXPECT_FALSE(fs::exists(Out() + "/truncated_jpeg.jpg"));
 }

@@ -99,5 +99,42 @@ TEST_F(CliTest, WebPCarriesExifOnlyWhenAsked) {
               "1\n");
 }
 
+// A 16-bit source keeps its 16 bits where the output format has them: the
+// crop's samples equal the source's over the rectangle, read back by
+// ImageMagick (PNG, TIFF) and by the vips command line (JPEG 2000, JPEG XL,
+// both lossless at quality 100).
+TEST_F(CliTest, SixteenBitSourcesKeepSixteenBitsWhereTheFormatHasThem) {
+    VELLUMO_REQUIRE_TESTDATA();
+    const std::string png = test::TestDataPath("png/monkey16.png");  // 149 x 227
+    const std::string tiff = dir.File("monkey16.tif");
+    ASSERT_EQ(test::RunCommand("vips copy " + ShellQuote(png) + " " + ShellQuote(tiff)).exitCode,
+              0);
+    const std::vector<unsigned char> expected =
+        test::MagickPixels(png, "-crop 100x50+10+157 +repage", "rgb", 16);
+    for (const std::string& source : {png, tiff}) {
+        for (const char* format : {"png", "tif", "jp2", "jxl"}) {
+            const std::string out = Out() + "/" + format + (source == png ? "-png" : "-tiff");
+            const CliRun run = Cli(Files({source}) + " --pixels 10,20,100,50 --quality 100 " +
+                                   "--format " + format + " --name " +
+                                   ShellQuote("crop-[FileName]") + " --output " + ShellQuote(out));
+            ASSERT_EQ(run.exitCode, 0) << run.err;
+            std::string written = out + "/crop-monkey16." + format;
+            if (std::string(format) == "jp2" || std::string(format) == "jxl") {
+                // Read back by libvips' own decoder into a 16-bit PNG.
+                const std::string png16 = out + "/decoded.png";
+                ASSERT_EQ(
+                    test::RunCommand("vips copy " + ShellQuote(written) + " " + ShellQuote(png16))
+                        .exitCode,
+                    0);
+                written = png16;
+            }
+            EXPECT_EQ(test::RunCommand("identify -format %z " + ShellQuote(written)).out, "16")
+                << source << " to " << format;
+            EXPECT_TRUE(test::MagickPixels(written, "", "rgb", 16) == expected)
+                << source << " to " << format;
+        }
+    }
+}
+
 }  // namespace
 }  // namespace vellumo

@@ -131,9 +131,9 @@ TEST_F(DecideLossless, AJpegToJpegCropTakesTheGridAndSaysSo) {
 TEST_F(DecideLossless, OtherFormatsSourcesAndTheSettingOffAreLeftAlone) {
     const Rect chosen{37, 45, 301, 203};
     ResolvedCrop crop = Crop(chosen);
+    EXPECT_FALSE(DecideLosslessCrop(settings, OutputFormatNamed("PNG"), true, kUpright, crop).cut);
     EXPECT_FALSE(
-        DecideLosslessCrop(settings, OutputFormatNamed("PNG"), true, kUpright, crop).cut);
-    EXPECT_FALSE(DecideLosslessCrop(settings, settings.outputFormat, false, std::nullopt, crop).cut);
+        DecideLosslessCrop(settings, settings.outputFormat, false, std::nullopt, crop).cut);
     CropSettings off = settings;
     off.losslessJpeg = false;
     EXPECT_FALSE(DecideLosslessCrop(off, off.outputFormat, true, kUpright, crop).cut);

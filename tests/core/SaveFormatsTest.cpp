@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <limits>
 
+#include "imaging/Formats.h"
 #include "imaging/ImageAccess.h"
 #include "imaging/ImageTools.h"
 #include "tests/support/Commands.h"
@@ -384,25 +385,58 @@ TEST(SavePixelKinds, GreyStaysGreyWhereTheFormatHasGrey) {
     }
 }
 
-TEST(SavePixelKinds, SixteenBitGreyWithAlphaBecomesEightBit) {
+TEST(SavePixelKinds, SixteenBitSamplesKeepAllSixteenBitsInPngAndTiff) {
+    VELLUMO_REQUIRE_TESTDATA();
+    TempDir dir;
+    // Grey with alpha from a PNG; RGB from a PNG, and the same as a TIFF
+    // written by the vips command line.
+    const std::string tiff = dir.File("monkey16.tif");
+    ASSERT_EQ(
+        test::RunCommand("vips copy " + test::ShellQuote(test::TestDataPath("png/monkey16.png")) +
+                         " " + test::ShellQuote(tiff))
+            .exitCode,
+        0);
+    for (const auto& [source, map] :
+         {std::pair{test::TestDataPath("png/basn4a16.png"), "graya"},
+          std::pair{test::TestDataPath("png/monkey16.png"), "rgb"}, std::pair{tiff, "rgb"}}) {
+        const LoadResult loaded = ImageTools::LoadImage(source);
+        ASSERT_TRUE(loaded) << loaded.reason();
+        const std::vector<unsigned char> wide = MagickPixels(source, "", map, 16);
+        ASSERT_FALSE(wide.empty());
+        for (const auto& [format, file] : {std::pair{5L, "out.png"}, std::pair{6L, "out.tif"}}) {
+            const std::string path = dir.File(file);
+            ASSERT_TRUE(ImageTools::SaveImage(*loaded, path, format, 0.8)) << source << file;
+            EXPECT_EQ(test::RunCommand("identify -format %z " + test::ShellQuote(path)).out, "16")
+                << source << " " << file;
+            EXPECT_TRUE(MagickPixels(path, "", map, 16) == wide) << source << " " << file;
+        }
+    }
+}
+
+TEST(SavePixelKinds, SixteenBitGreyBecomesEightBitWhereTheFormatHasNoMore) {
     VELLUMO_REQUIRE_TESTDATA();
     TempDir dir;
     const std::string source = test::TestDataPath("png/basn4a16.png");
     const LoadResult loaded = ImageTools::LoadImage(source);
     ASSERT_TRUE(loaded) << loaded.reason();
-    const std::string path = dir.File("ga.png");
-    ASSERT_TRUE(ImageTools::SaveImage(*loaded, path, 5, 0.8));
-    EXPECT_EQ(test::ExifToolValue(path, "BitDepth"), "8");
-    EXPECT_EQ(test::ExifToolValue(path, "ColorType", true), "4");  // grey + alpha
+    // WebP at quality 100 is lossless, and has 8 bits only.
+    const std::string path = dir.File("ga.webp");
+    ASSERT_TRUE(ImageTools::SaveImage(*loaded, path, OutputFormatNamed("WEBP"), 1.0));
     // Each 16-bit sample scaled to 8 bits (65535 -> 255), to within one
-    // step of rounding.
+    // step of rounding; grey becomes equal red, green and blue.
     const std::vector<unsigned char> wide = MagickPixels(source, "", "graya", 16);
-    const std::vector<unsigned char> ours = MagickPixels(path, "", "graya", 8);
-    ASSERT_EQ(ours.size() * 2, wide.size());
+    const std::vector<unsigned char> ours = MagickPixels(path, "", "rgba", 8);
+    ASSERT_EQ(ours.size(), wide.size());
     ASSERT_FALSE(ours.empty());
-    for (std::size_t i = 0; i < ours.size(); ++i) {
-        const int sample = wide[i * 2] | wide[i * 2 + 1] << 8;
-        ASSERT_NEAR(ours[i], std::lround(sample / 257.0), 1) << "sample " << i;
+    for (std::size_t pixel = 0; pixel < ours.size() / 4; ++pixel) {
+        const int grey = wide[pixel * 4] | wide[pixel * 4 + 1] << 8;
+        const int alpha = wide[pixel * 4 + 2] | wide[pixel * 4 + 3] << 8;
+        ASSERT_NEAR(ours[pixel * 4 + 3], std::lround(alpha / 257.0), 1) << "pixel " << pixel;
+        if (alpha == 0) {
+            continue;  // a transparent pixel's colour need not survive
+        }
+        ASSERT_NEAR(ours[pixel * 4], std::lround(grey / 257.0), 1) << "pixel " << pixel;
+        ASSERT_EQ(ours[pixel * 4], ours[pixel * 4 + 2]) << "pixel " << pixel;
     }
 }
 
