@@ -223,9 +223,10 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task,
                 outcome.notes.push_back({NoteKind::RemoveFailed, std::move(error)});
             }
         }
-        const SaveResult result = lossless.cut ? CropJpegLosslessly(task.source, task.output,
-                                                                    *lossless.cut, *header->jpegGrid)
-                                               : Encode(task, image, crop);
+        const SaveResult result =
+            lossless.cut
+                ? CropJpegLosslessly(task.source, task.output, *lossless.cut, *header->jpegGrid)
+                : Encode(task, image, crop);
         if (!result.saved) {
             outcome.reason = SaveFailure(task.source, result.reason);
             return outcome;

@@ -22,10 +22,10 @@ Rect WholePixelCut(const Rect& cut, const JpegGrid& grid) {
     const double height = swap ? grid.storedWidth : grid.storedHeight;
     const double columns = std::min(std::trunc(cut.width), width);
     const double rows = std::min(std::trunc(cut.height), height);
-    const double left = std::min(static_cast<double>(std::llround(std::max(cut.x, 0.0))),
-                                 width - columns);
-    const double bottom = std::min(static_cast<double>(std::llround(std::max(cut.y, 0.0))),
-                                   height - rows);
+    const double left =
+        std::min(static_cast<double>(std::llround(std::max(cut.x, 0.0))), width - columns);
+    const double bottom =
+        std::min(static_cast<double>(std::llround(std::max(cut.y, 0.0))), height - rows);
     return {left, bottom, columns, rows};
 }
 

@@ -64,9 +64,9 @@ PreviewResult ImageTools::LoadPreview(const std::string& path, int maxSide) {
         }
         const double width = pixels.width();
         const double height = pixels.height();
-        return PreviewResult::Success(
-            Preview{header->pixelSize, ImageAccess::Make(std::move(pixels), width, height),
-                    header->pages, header->jpegGrid});
+        return PreviewResult::Success(Preview{header->pixelSize,
+                                              ImageAccess::Make(std::move(pixels), width, height),
+                                              header->pages, header->jpegGrid});
     } catch (const vips::VError& error) {
         return PreviewResult::Failure(scope.Reason(error));
     }

@@ -78,10 +78,16 @@ struct Span {
     long long end = 0;
 };
 
-Span Mirrored(Span span, long long side) { return {side - span.end, side - span.begin}; }
+Span Mirrored(Span span, long long side) {
+    return {side - span.end, side - span.begin};
+}
 
-long long Down(long long value, int step) { return value / step * step; }
-long long Up(long long value, int step) { return (value + step - 1) / step * step; }
+long long Down(long long value, int step) {
+    return value / step * step;
+}
+long long Up(long long value, int step) {
+    return (value + step - 1) / step * step;
+}
 
 using Handle = std::unique_ptr<void, decltype(&tjDestroy)>;
 
@@ -100,8 +106,8 @@ std::string Transform(tjhandle handle, const unsigned char* in, unsigned long si
                       tjtransform& transform, Coded& out) {
     // A damaged file fails here as it fails the decoder elsewhere, instead of
     // being copied with grey blocks.
-    if (tjTransform(handle, in, size, 1, &out.bytes, &out.size, &transform,
-                    TJFLAG_STOPONWARNING) != 0) {
+    if (tjTransform(handle, in, size, 1, &out.bytes, &out.size, &transform, TJFLAG_STOPONWARNING) !=
+        0) {
         return tjGetErrorStr2(handle);
     }
     return {};
@@ -117,8 +123,8 @@ std::vector<unsigned char> ColourProfileOf(const std::string& source) {
             return {};
         }
         std::size_t length = 0;
-        const auto* data = static_cast<const unsigned char*>(
-            header.get_blob(VIPS_META_ICC_NAME, &length));
+        const auto* data =
+            static_cast<const unsigned char*>(header.get_blob(VIPS_META_ICC_NAME, &length));
         return {data, data + length};
     } catch (const vips::VError&) {
         return {};
@@ -151,8 +157,9 @@ std::optional<JpegGrid> ReadJpegGrid(const std::string& path) {
         int height = 0;
         int subsampling = -1;
         int colourspace = 0;
-        if (handle && tjDecompressHeader3(handle.get(), head.data(), head.size(), &width, &height,
-                                          &subsampling, &colourspace) == 0 &&
+        if (handle &&
+            tjDecompressHeader3(handle.get(), head.data(), head.size(), &width, &height,
+                                &subsampling, &colourspace) == 0 &&
             subsampling >= 0 && subsampling < TJ_NUMSAMP) {
             grid = JpegGrid{tjMCUWidth[subsampling], tjMCUHeight[subsampling], width, height, 1};
             break;
@@ -200,7 +207,8 @@ std::optional<LosslessCut> SnapToJpegGrid(const Rect& cut, const JpegGrid& grid)
         x.end = end;
     }
     if (alignBottom) {
-        const long long end = std::min(Up(y.end, grid.blockHeight), Down(storedH, grid.blockHeight));
+        const long long end =
+            std::min(Up(y.end, grid.blockHeight), Down(storedH, grid.blockHeight));
         lostY = std::max(0LL, y.end - end);
         y.end = end;
     }

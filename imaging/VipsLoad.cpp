@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#include "imaging/TiffRgba.h"
+
 namespace vellumo::vipsload {
 
 namespace {
@@ -71,7 +73,15 @@ vips::VImage Open(FileKind kind, const std::string& path, const OpenOptions& opt
         try {
             return OpenWithSecondDecoder(path, options);
         } catch (const vips::VError&) {
-            // Neither can: the first decoder's reason is the one that tells.
+            // libvips' bridge refuses some colour spaces ImageMagick itself
+            // reads (YCbCr): libtiff's own reader takes those TIFF files.
+            if (kind == FileKind::Tiff) {
+                try {
+                    return tiffrgba::Read(path, options.page);
+                } catch (const vips::VError&) {
+                }
+            }
+            // None can: the first decoder's reason is the one that tells.
             throw first;
         }
     }

@@ -21,7 +21,9 @@ struct OpenOptions {
 
 // Header now, pixels when asked for. Only for the kinds Vellumo reads. When
 // the kind's own decoder refuses the file, ImageMagick's is tried (JPEG,
-// JPEG 2000, PNG, GIF, TIFF); when both refuse, the first's error is thrown.
+// JPEG 2000, PNG, GIF, TIFF), and for a TIFF then libtiff's RGBA reader
+// (which decodes the page at once); when all refuse, the first's error is
+// thrown.
 vips::VImage Open(FileKind kind, const std::string& path, const OpenOptions& options = {});
 
 // The number of pages (TIFF) or frames (GIF) of an opened file, at least 1.

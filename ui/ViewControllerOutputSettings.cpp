@@ -85,8 +85,8 @@ void ViewController::OnQualityChanged() {
     const double value = sliderQuality->doubleValue();
     const OutputFormatInfo* format = OutputFormatAt(comboFormat->currentIndex());
     const bool inPlace = checkReplaceOriginals->isChecked();
-    const bool lossless = format != nullptr && LosslessAtFullQuality(format->codec) &&
-                          !inPlace && value >= 100.0;
+    const bool lossless =
+        format != nullptr && LosslessAtFullQuality(format->codec) && !inPlace && value >= 100.0;
     const bool jpegUnused = checkCropJPEGFilesWithoutReencoding->isChecked() &&
                             (inPlace || (format != nullptr && format->codec == OutputCodec::Jpeg));
     QString suffix;

@@ -334,9 +334,9 @@ PreviewResult PreviewFrom(const Message& message) {
         const int pages = json.value("pages", 1);
         std::optional<JpegGrid> grid;
         if (const auto found = json.find("jpegGrid"); found != json.end()) {
-            grid = JpegGrid{found->at(0).get<int>(), found->at(1).get<int>(),
-                            found->at(2).get<int>(), found->at(3).get<int>(),
-                            found->at(4).get<int>()};
+            grid =
+                JpegGrid{found->at(0).get<int>(), found->at(1).get<int>(), found->at(2).get<int>(),
+                         found->at(3).get<int>(), found->at(4).get<int>()};
         }
         return PreviewResult::Success(
             Preview{full, ImageAccess::Make(pixels, width, height), pages, grid});

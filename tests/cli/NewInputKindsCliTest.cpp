@@ -183,5 +183,21 @@ TEST_F(CliTest, ValidFilesTheFirstDecoderRefusesAreReadByImageMagicks) {
     EXPECT_EQ(run.objects[0]["reason"].get<std::string>().rfind("cannot decode", 0), 0u);
 }
 
+TEST_F(CliTest, AYCbCrSubsampledTiffIsReadAsLibtiffsOwnToolReadsIt) {
+    VELLUMO_REQUIRE_TESTDATA();
+    // YCbCr 4:2:0 with LZW: libvips' TIFF decoder refuses it, and so does its
+    // bridge to ImageMagick (whose own reading of it is striped); libtiff's
+    // RGBA reader takes it. Compared with tiff2rgba, libtiff's command line.
+    const std::string source = test::TestDataPath("tiff/ycbcr-cat.tif");  // 250 x 325
+    const CliRun run = Cli(Files({source}) + " --pixels 10,20,100,50 --format PNG --json " +
+                           "--name '[FileName]' --output " + ShellQuote(Out()));
+    ASSERT_EQ(run.exitCode, 0) << run.out;
+    const std::string rgba = dir.File("rgba.tif");
+    ASSERT_EQ(test::RunCommand("tiff2rgba " + ShellQuote(source) + " " + ShellQuote(rgba)).exitCode,
+              0);
+    EXPECT_TRUE(test::MagickPixels(Out() + "/ycbcr-cat.png", "", "rgb", 8) ==
+                test::MagickPixels(rgba, "-crop 100x50+10+255 +repage", "rgb", 8));
+}
+
 }  // namespace
 }  // namespace vellumo
