@@ -145,6 +145,57 @@ TEST_F(CliTest, DamagedAndDisguisedNewKindsFailAloneWithAReason) {
     EXPECT_EQ(run.objects[6]["status"], "written");
 }
 
+TEST_F(CliTest, FilesWithFlippedBytesAndDisguisedDocumentsNeverTakeTheBatchDown) {
+    const std::string plain = dir.File("photo.v");
+    test::PhotoLikeImage(320, 240).write_to_file(plain.c_str());
+    std::vector<std::string> list;
+    int good = 0;
+    for (const auto& [name, save] : {std::pair{"a.heic", "heifsave --compression hevc"},
+                                     {"a.avif", "heifsave --compression av1"},
+                                     {"a.webp", "webpsave"},
+                                     {"a.jxl", "jxlsave"}}) {
+        const std::string clean = dir.File(std::string("clean-") + name);
+        ASSERT_EQ(
+            test::RunCommand(std::string("vips ") + save + " " + ShellQuote(plain) + " " + ShellQuote(clean))
+                .exitCode,
+            0);
+        // Every 97th byte after the first 64 inverted: headers mostly
+        // intact, coded data damaged throughout.
+        std::string bytes = test::ReadFileBytes(clean);
+        for (std::size_t i = 64; i < bytes.size(); i += 97) {
+            bytes[i] = static_cast<char>(~bytes[i]);
+        }
+        const std::string flipped = dir.File(std::string("flipped-") + name);
+        std::ofstream(flipped, std::ios::binary) << bytes;
+        list.push_back(flipped);
+        list.push_back(clean);
+        ++good;
+    }
+    const std::string pdf = dir.File("document.avif");
+    std::ofstream(pdf) << "%PDF-1.4\n1 0 obj << /Type /Catalog >> endobj\ntrailer << >>\n%%EOF\n";
+    list.push_back(pdf);
+    const CliRun run = Cli(Files(list) + " --format PNG --json --output " + ShellQuote(Out()));
+    EXPECT_TRUE(run.exitCode == 0 || run.exitCode == 1) << run.exitCode << run.err;
+    ASSERT_EQ(run.objects.size(), list.size());
+    for (std::size_t i = 0; i < list.size(); ++i) {
+        const nlohmann::json& image = run.objects[i];
+        if (image["status"] == "failed") {
+            EXPECT_FALSE(image["reason"].get<std::string>().empty()) << list[i];
+        } else {
+            EXPECT_EQ(image["status"], "written") << list[i];
+        }
+    }
+    // The clean files are all written, at their size.
+    for (std::size_t i = 1; i < list.size() - 1; i += 2) {
+        EXPECT_EQ(run.objects[i]["status"], "written") << list[i];
+        EXPECT_EQ(test::MagickIdentifySize(run.objects[i]["output"].get<std::string>()).width, 320)
+            << list[i];
+    }
+    EXPECT_EQ(good, 4);
+    EXPECT_EQ(run.objects.back()["status"], "failed");
+    EXPECT_EQ(run.objects.back()["reason"].get<std::string>().rfind("cannot decode", 0), 0u);
+}
+
 TEST_F(CliTest, ValidFilesTheFirstDecoderRefusesAreReadByImageMagicks) {
     VELLUMO_REQUIRE_TESTDATA();
     // 12 bits per sample (grey) and 14 (planar RGB): libtiff through libvips
