@@ -24,12 +24,14 @@ constexpr char kSelectFolderPrompt[] = "Select Folder";
 
 void ViewController::OnFormatSelected() {
     // The values are kept, so an earlier quality comes back with a JPEG
-    // format.
+    // format. A JPEG cropped without re-encoding changes the output size.
     SettleOutputControls();
+    UpdateImageSize();
 }
 
 void ViewController::OnReplaceOriginalsSelected() {
     SettleOutputControls();
+    UpdateImageSize();
 }
 
 void ViewController::OnCropJPEGFilesWithoutReencodingSelected() {

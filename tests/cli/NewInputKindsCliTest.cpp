@@ -155,10 +155,10 @@ TEST_F(CliTest, FilesWithFlippedBytesAndDisguisedDocumentsNeverTakeTheBatchDown)
                                      {"a.webp", "webpsave"},
                                      {"a.jxl", "jxlsave"}}) {
         const std::string clean = dir.File(std::string("clean-") + name);
-        ASSERT_EQ(
-            test::RunCommand(std::string("vips ") + save + " " + ShellQuote(plain) + " " + ShellQuote(clean))
-                .exitCode,
-            0);
+        ASSERT_EQ(test::RunCommand(std::string("vips ") + save + " " + ShellQuote(plain) + " " +
+                                   ShellQuote(clean))
+                      .exitCode,
+                  0);
         // Every 97th byte after the first 64 inverted: headers mostly
         // intact, coded data damaged throughout.
         std::string bytes = test::ReadFileBytes(clean);

@@ -29,6 +29,7 @@ CropSettings Unusual() {
     s.nameTemplate = "photo [FileIndex] – \"é\"";
     s.outputFolder = "/tmp/out folder";
     s.keepMetadata = true;
+    s.losslessJpeg = true;
     s.customRatio = {1.91, 1};
     s.matchOrientation = false;
     s.anchor = CropAnchor::BottomRight;
@@ -52,6 +53,7 @@ void ExpectSame(const CropSettings& a, const CropSettings& b) {
     EXPECT_EQ(a.nameTemplate, b.nameTemplate);
     EXPECT_EQ(a.outputFolder, b.outputFolder);
     EXPECT_EQ(a.keepMetadata, b.keepMetadata);
+    EXPECT_EQ(a.losslessJpeg, b.losslessJpeg);
     EXPECT_EQ(a.customRatio, b.customRatio);
     EXPECT_EQ(a.matchOrientation, b.matchOrientation);
     EXPECT_EQ(a.anchor, b.anchor);

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -16,6 +17,7 @@
 #include "tests/gui/support/LoadedWindow.h"
 #include "tests/gui/support/PictureFiles.h"
 #include "tests/gui/support/WindowDriving.h"
+#include "ui/LatchingRadioButton.h"
 #include "ui/OpenPanel.h"
 #include "ui/QualitySlider.h"
 
@@ -278,6 +280,47 @@ class OutputSettingsTest : public QObject {
         QVERIFY(f.loaded.controller().CropSettingsFromControls().keepMetadata);
         QVERIFY(vellumo::test::CropAndWait(f.loaded));
         QCOMPARE(QDir(f.dir.filePath("out")).entryList(QDir::Files), QStringList{"photo (1).jpg"});
+    }
+
+    void theLosslessJpegCropShowsAndWritesTheRectangleOnTheBlockGrid() {
+        QTemporaryDir dir;
+        LoadedWindow loaded;
+        loaded.Show();
+        // 1000 x 700, written by Qt with 4:2:0 chroma: 16-pixel blocks.
+        loaded.AddImages(
+            {vellumo::test::Write(vellumo::test::Quarters(1000, 700), dir.filePath("photo.jpg"))});
+        QDir(dir.path()).mkdir("out");
+        loaded.Control<QLineEdit>("textFieldOutputFolder").setText(dir.filePath("out"));
+        Choose(loaded.Control<QComboBox>("comboAutoCropFormat"), "16:9");
+        Click(loaded.Control<vellumo::LatchingRadioButton>("radioAutoCrop"));
+        vellumo::test::ClickRow(loaded, 0);
+        QVERIFY(vellumo::test::WaitForPreview(loaded));
+        // The centred 16:9 part: 1000 x 562 from row 69.
+        QCOMPARE(LabelText(loaded, "labelOutputDimensionsHeight"), QStringLiteral("Height: 562"));
+
+        auto& lossless = loaded.Control<QCheckBox>("checkCropJPEGFilesWithoutReencoding");
+        QVERIFY(lossless.isEnabled());
+        Click(lossless);
+        // Row 69 moves up to row 64, a block boundary; the bottom stays.
+        QCOMPARE(LabelText(loaded, "labelOutputDimensionsWidth"), QStringLiteral("Width: 1000"));
+        QCOMPARE(LabelText(loaded, "labelOutputDimensionsHeight"), QStringLiteral("Height: 567"));
+        QCOMPARE(LabelText(loaded, "labelPreviewNote"),
+                 QStringLiteral("Lossless: widened to the file's 16 \u00d7 16 blocks"));
+        QCOMPARE(LabelText(loaded, "labelQuality"), QStringLiteral("80 (not used: lossless)"));
+
+        // Not for PNG output; the setting comes back with JPEG.
+        auto& formats = loaded.Control<QComboBox>("comboFormat");
+        Choose(formats, "PNG");
+        QVERIFY(!lossless.isEnabled());
+        QCOMPARE(LabelText(loaded, "labelOutputDimensionsHeight"), QStringLiteral("Height: 562"));
+        QCOMPARE(LabelText(loaded, "labelQuality"), QStringLiteral("80"));
+        Choose(formats, "JPG");
+        QVERIFY(lossless.isEnabled() && lossless.isChecked());
+        QCOMPARE(LabelText(loaded, "labelOutputDimensionsHeight"), QStringLiteral("Height: 567"));
+
+        QVERIFY(vellumo::test::CropAndWait(loaded));
+        const QImage written(dir.filePath("out/photo_cropped (1).jpg"));
+        QCOMPARE(written.size(), QSize(1000, 567));
     }
 };
 
