@@ -2,7 +2,9 @@
 
 #include <tiffio.h>
 
+#include <cstdarg>
 #include <cstdint>
+#include <cstdio>
 #include <memory>
 
 namespace vellumo::tiffrgba {
@@ -14,13 +16,37 @@ namespace {
 constexpr std::uint64_t kMostPixels = 1ull << 28;
 
 using Tiff = std::unique_ptr<TIFF, decltype(&TIFFClose)>;
+using Options = std::unique_ptr<TIFFOpenOptions, decltype(&TIFFOpenOptionsFree)>;
+
+// libtiff's messages about this file, handled here: the process-wide
+// handlers may belong to another library (ImageMagick's TIFF coder installs
+// handlers that expect its own state and abort without it).
+int KeepError(TIFF* /*tiff*/, void* first, const char* /*module*/, const char* format,
+              va_list arguments) {
+    auto* reason = static_cast<std::string*>(first);
+    if (reason->empty()) {
+        char text[512];
+        std::vsnprintf(text, sizeof text, format, arguments);
+        *reason = text;
+    }
+    return 1;
+}
+
+int IgnoreWarning(TIFF* /*tiff*/, void* /*data*/, const char* /*module*/, const char* /*format*/,
+                  va_list /*arguments*/) {
+    return 1;
+}
 
 }  // namespace
 
 vips::VImage Read(const std::string& path, int page) {
-    const Tiff tiff(TIFFOpen(path.c_str(), "r"), &TIFFClose);
+    std::string error;
+    const Options options(TIFFOpenOptionsAlloc(), &TIFFOpenOptionsFree);
+    TIFFOpenOptionsSetErrorHandlerExtR(options.get(), &KeepError, &error);
+    TIFFOpenOptionsSetWarningHandlerExtR(options.get(), &IgnoreWarning, nullptr);
+    const Tiff tiff(TIFFOpenExt(path.c_str(), "r", options.get()), &TIFFClose);
     if (!tiff) {
-        throw vips::VError("libtiff cannot open the file");
+        throw vips::VError("libtiff cannot open the file: " + error);
     }
     if (page > 0 && TIFFSetDirectory(tiff.get(), static_cast<tdir_t>(page)) == 0) {
         throw vips::VError("the TIFF file has no page " + std::to_string(page + 1));
@@ -46,7 +72,7 @@ vips::VImage Read(const std::string& path, int page) {
     if (TIFFReadRGBAImageOriented(tiff.get(), width, height,
                                   static_cast<std::uint32_t*>(raster.get()), ORIENTATION_TOPLEFT,
                                   /*stop on error=*/1) == 0) {
-        throw vips::VError("libtiff cannot decode the TIFF page");
+        throw vips::VError("libtiff cannot decode the TIFF page: " + error);
     }
     std::uint16_t extraSamples = 0;
     std::uint16_t* kinds = nullptr;

@@ -1,5 +1,6 @@
 #include "imaging/VipsLoad.h"
 
+#include <atomic>
 #include <string_view>
 
 #include "imaging/TiffRgba.h"
@@ -7,6 +8,10 @@
 namespace vellumo::vipsload {
 
 namespace {
+
+std::atomic<bool> onlySecondDecoder{false};
+
+}  // namespace
 
 // ImageMagick reads many valid files the first decoders refuse (12- and
 // 14-bit, YCbCr-subsampled and old-style-JPEG TIFFs, JPEG 2000 with
@@ -16,6 +21,12 @@ bool HasSecondDecoder(FileKind kind) {
     return kind == FileKind::Jpeg || kind == FileKind::Jpeg2000 || kind == FileKind::Png ||
            kind == FileKind::Gif || kind == FileKind::Tiff;
 }
+
+void UseOnlySecondDecoder(bool only) {
+    onlySecondDecoder.store(only);
+}
+
+namespace {
 
 vips::VImage OpenWithSecondDecoder(const std::string& path, const OpenOptions& options) {
     return vips::VImage::magickload(path.c_str(),
@@ -63,7 +74,28 @@ vips::VImage OpenWithFirstDecoder(FileKind kind, const std::string& path,
 
 }  // namespace
 
+namespace {
+
+vips::VImage OpenWithOtherDecoders(FileKind kind, const std::string& path,
+                                   const OpenOptions& options) {
+    try {
+        return OpenWithSecondDecoder(path, options);
+    } catch (const vips::VError&) {
+        // libvips' bridge refuses some colour spaces ImageMagick itself
+        // reads (YCbCr): libtiff's own reader takes those TIFF files.
+        if (kind != FileKind::Tiff) {
+            throw;
+        }
+        return tiffrgba::Read(path, options.page);
+    }
+}
+
+}  // namespace
+
 vips::VImage Open(FileKind kind, const std::string& path, const OpenOptions& options) {
+    if (onlySecondDecoder.load() && HasSecondDecoder(kind)) {
+        return OpenWithOtherDecoders(kind, path, options);
+    }
     try {
         return OpenWithFirstDecoder(kind, path, options);
     } catch (const vips::VError& first) {
@@ -71,16 +103,8 @@ vips::VImage Open(FileKind kind, const std::string& path, const OpenOptions& opt
             throw;
         }
         try {
-            return OpenWithSecondDecoder(path, options);
+            return OpenWithOtherDecoders(kind, path, options);
         } catch (const vips::VError&) {
-            // libvips' bridge refuses some colour spaces ImageMagick itself
-            // reads (YCbCr): libtiff's own reader takes those TIFF files.
-            if (kind == FileKind::Tiff) {
-                try {
-                    return tiffrgba::Read(path, options.page);
-                } catch (const vips::VError&) {
-                }
-            }
             // None can: the first decoder's reason is the one that tells.
             throw first;
         }

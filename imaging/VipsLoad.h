@@ -26,6 +26,15 @@ struct OpenOptions {
 // thrown.
 vips::VImage Open(FileKind kind, const std::string& path, const OpenOptions& options = {});
 
+// The kinds whose files another decoder may read when their own refuses
+// them or crashes on them.
+bool HasSecondDecoder(FileKind kind);
+
+// From now on, in this process, files of those kinds go straight to the
+// other decoders. A worker process sets it for a file on which the first
+// decoder crashed the worker before; the others it clears it for.
+void UseOnlySecondDecoder(bool only);
+
 // The number of pages (TIFF) or frames (GIF) of an opened file, at least 1.
 int PageCount(const vips::VImage& image);
 

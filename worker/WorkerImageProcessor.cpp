@@ -1,8 +1,11 @@
 #include "worker/WorkerImageProcessor.h"
 
 #include <filesystem>
+#include <optional>
 
 #include "imaging/AtomicFile.h"
+#include "imaging/FileKind.h"
+#include "imaging/VipsLoad.h"
 
 namespace vellumo {
 
@@ -12,10 +15,35 @@ void WorkerImageProcessor::CancelAll() {
     workers_.TerminateLent();
 }
 
+namespace {
+
+// The folder a worker wrote the output's temporary file in.
+std::string OutputFolder(const ImageTask& task) {
+    const std::filesystem::path folder = std::filesystem::path(task.output).parent_path();
+    return folder.empty() ? std::string(".") : folder.string();
+}
+
+// A decoder that crashed on a file of a kind others read too gets one more
+// try, in a fresh worker, with those others only.
+bool WorthASecondDecoder(const WorkerProcess::Reply& reply, const std::string& path) {
+    if (!reply.crashed) {
+        return false;
+    }
+    const std::optional<FileKind> kind = SniffFile(path).kind;
+    return kind && vipsload::HasSecondDecoder(*kind);
+}
+
+}  // namespace
+
 ImageOutcome WorkerImageProcessor::Process(const ImageTask& task) {
     const WorkerPool::Loan worker = workers_.Borrow();
-    const WorkerProcess::Reply reply =
-        worker->Exchange(workerprotocol::ImageRequest(task, workers_.limits().maxPixels));
+    const workerprotocol::Message request =
+        workerprotocol::ImageRequest(task, workers_.limits().maxPixels);
+    WorkerProcess::Reply reply = worker->Exchange(request);
+    if (WorthASecondDecoder(reply, task.source)) {
+        atomicfile::RemoveLeftovers(OutputFolder(task), reply.deadWorker);
+        reply = worker->Exchange(workerprotocol::WithOnlySecondDecoder(request));
+    }
     if (worker->Pid() != 0) {
         lastPid_.store(worker->Pid());
     }
@@ -25,8 +53,7 @@ ImageOutcome WorkerImageProcessor::Process(const ImageTask& task) {
         }
     }
     if (reply.deadWorker != 0) {
-        std::filesystem::path folder = std::filesystem::path(task.output).parent_path();
-        atomicfile::RemoveLeftovers(folder.empty() ? "." : folder.string(), reply.deadWorker);
+        atomicfile::RemoveLeftovers(OutputFolder(task), reply.deadWorker);
     }
     ImageOutcome failed;
     failed.reason =
@@ -39,8 +66,12 @@ WorkerPreviewDecoder::WorkerPreviewDecoder(WorkerLimits limits) : workers_(limit
 
 PreviewResult WorkerPreviewDecoder::Decode(const std::string& path, int maxSide) {
     const WorkerPool::Loan worker = workers_.Borrow();
-    const WorkerProcess::Reply reply = worker->Exchange(
-        workerprotocol::PreviewRequest(path, maxSide, workers_.limits().maxPixels));
+    const workerprotocol::Message request =
+        workerprotocol::PreviewRequest(path, maxSide, workers_.limits().maxPixels);
+    WorkerProcess::Reply reply = worker->Exchange(request);
+    if (WorthASecondDecoder(reply, path)) {
+        reply = worker->Exchange(workerprotocol::WithOnlySecondDecoder(request));
+    }
     if (reply.message) {
         return workerprotocol::PreviewFrom(*reply.message);
     }

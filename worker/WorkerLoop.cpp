@@ -11,6 +11,7 @@
 #include "batch/ImageProcessor.h"
 #include "batch/PreviewDecoder.h"
 #include "imaging/ImageTools.h"
+#include "imaging/VipsLoad.h"
 #include "worker/WorkerProtocol.h"
 
 namespace vellumo {
@@ -89,6 +90,8 @@ int RunWorker(int socket) {
             // heap on some file could crash this process on the way out.
             std::_Exit(0);
         }
+        // A file whose first decoder crashed a worker comes back marked.
+        vipsload::UseOnlySecondDecoder(workerprotocol::OnlySecondDecoder(request));
         std::uint64_t maxPixels = 0;
         workerprotocol::Message reply;
         if (const auto task = workerprotocol::TaskFrom(request, maxPixels)) {

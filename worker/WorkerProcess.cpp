@@ -144,6 +144,12 @@ int WorkerProcess::Stop() {
     return status;
 }
 
+namespace {
+
+constexpr char kDecoderCrashed[] = "the image decoder crashed on this file";
+
+}  // namespace
+
 std::string WorkerProcess::DeathReason(int status, bool timedOut,
                                        std::uint64_t decodingBytes) const {
     if (timedOut) {
@@ -162,7 +168,7 @@ std::string WorkerProcess::DeathReason(int status, bool timedOut,
         if (WTERMSIG(status) == SIGKILL) {
             return "the image worker was stopped from outside while working on this file";
         }
-        return "the image decoder crashed on this file";
+        return kDecoderCrashed;
     }
     if (outOfMemory) {
         return "this image would need " + Gigabytes(decodingBytes) + " of memory";
@@ -206,6 +212,7 @@ WorkerProcess::Reply WorkerProcess::Exchange(const workerprotocol::Message& requ
         const bool timedOut = status == workerprotocol::ReceiveStatus::TimedOut;
         reply.deadWorker = pid_;
         reply.failure = DeathReason(Stop(), timedOut, decodingBytes);
+        reply.crashed = reply.failure == kDecoderCrashed;
         return reply;
     }
 }

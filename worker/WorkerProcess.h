@@ -27,6 +27,9 @@ class WorkerProcess {
         std::optional<workerprotocol::Message> message;  // the final reply
         std::string failure;  // why there is none: the worker died or hung
         long deadWorker = 0;  // the process id of a worker that died doing it
+        // It died of a signal of its own (a decoder's crash), not of the
+        // memory it needed, the time limit, or someone killing it.
+        bool crashed = false;
     };
 
     // Sends `request` and waits for its final reply, at most the time limit.

@@ -198,6 +198,19 @@ std::optional<ImageTask> TaskFrom(const Message& message, std::uint64_t& maxPixe
     }
 }
 
+Message WithOnlySecondDecoder(Message request) {
+    Json json = Parse(request);
+    json["onlySecondDecoder"] = true;
+    request.json = json.dump();
+    return request;
+}
+
+bool OnlySecondDecoder(const Message& request) {
+    const Json json = Parse(request);
+    const auto found = json.find("onlySecondDecoder");
+    return found != json.end() && found->is_boolean() && found->get<bool>();
+}
+
 Message PreviewRequest(const std::string& path, int maxSide, std::uint64_t maxPixels) {
     return {
         Json{{"type", "preview"}, {"path", path}, {"maxSide", maxSide}, {"maxPixels", maxPixels}}

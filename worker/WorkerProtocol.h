@@ -46,6 +46,11 @@ Message PreviewRequest(const std::string& path, int maxSide, std::uint64_t maxPi
 bool PreviewRequestFrom(const Message& message, std::string& path, int& maxSide,
                         std::uint64_t& maxPixels);
 
+// A request (for an image or a preview) marked to be decoded by the other
+// decoders only, because the first one crashed a worker on the same file.
+Message WithOnlySecondDecoder(Message request);
+bool OnlySecondDecoder(const Message& request);
+
 Message DecodingNote(std::uint64_t bytes);
 std::uint64_t DecodingBytes(const Message& message);
 

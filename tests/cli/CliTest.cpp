@@ -293,7 +293,7 @@ TEST_F(CliTest, ABadProfileIsAUsageError) {
                   ": version 99 is not one this Vellumo reads (it reads versions 1 and 2)\n");
 }
 
-TEST_F(CliTest, AFileThatCrashesTheDecoderFailsAloneInABatchOfTen) {
+TEST_F(CliTest, AFileThatCrashesItsDecoderIsReadByTheSecondInABatchOfTen) {
     VELLUMO_REQUIRE_TESTDATA();
     std::vector<std::string> paths;
     for (int i = 0; i < 10; ++i) {
@@ -305,11 +305,14 @@ TEST_F(CliTest, AFileThatCrashesTheDecoderFailsAloneInABatchOfTen) {
         test::CoordinateImage(120, 90).pngsave(paths.back().c_str());
     }
     const CliRun run = Cli("--auto 1:1 --json --output " + ShellQuote(Out()) + Files(paths));
-    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.exitCode, 0);
     ASSERT_EQ(run.objects.size(), 10u);
-    EXPECT_EQ(run.objects[4]["status"], "failed");
-    EXPECT_EQ(run.objects[4]["reason"], "cannot decode: the image decoder crashed on this file");
-    EXPECT_EQ(std::distance(fs::directory_iterator(Out()), fs::directory_iterator{}), 9);
+    for (const auto& image : run.objects) {
+        EXPECT_EQ(image["status"], "written") << image.dump();
+    }
+    // 908 x 1368, as ImageMagick reads it: the square of its width.
+    EXPECT_EQ(run.objects[4]["size"], nlohmann::json::parse("[908, 908]"));
+    EXPECT_EQ(std::distance(fs::directory_iterator(Out()), fs::directory_iterator{}), 10);
     EXPECT_EQ(run.err, "");  // the crash's own noise stays in the worker
 }
 
