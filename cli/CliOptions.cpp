@@ -9,6 +9,7 @@
 
 #include "batch/CropPlan.h"
 #include "batch/Profile.h"
+#include "cli/InputList.h"
 #include "imaging/Formats.h"
 
 namespace vellumo::cli {
@@ -102,7 +103,8 @@ ParseOutcome UsageError(const std::string& message) {
 
 }  // namespace
 
-ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardInputIsTerminal) {
+ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardInputIsTerminal,
+                              const EnvironmentLookup& environment) {
     CLI::App app{"Crops image files in one go: the same engine as the Vellumo window.",
                  "vellumo-cli"};
     CliOptions options;
@@ -209,6 +211,32 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
         ->capture_default_str();
     auto* filesOption = app.add_option("FILE", options.files, "Image files to crop");
     filesOption->excludes(planOption);
+    std::string inputs;
+    bool nulSeparated = false;
+    auto* inputsOption =
+        app.add_option("--inputs", inputs,
+                       "Read the image files from this file, one per line (- for standard input)");
+    inputsOption->excludes(planOption);
+    app.add_flag("--null", nulSeparated,
+                 "The --inputs file separates paths with NUL bytes (find -print0)")
+        ->needs(inputsOption);
+    std::string shard;
+    long shardCount = 0;
+    auto* shardOption = app.add_option(
+        "--shard", shard,
+        "Do only this run's share of the batch: I/N takes the images whose position in the "
+        "sorted list is I modulo N; auto takes I (and N) from JOB_COMPLETION_INDEX or "
+        "SLURM_ARRAY_TASK_ID (and SLURM_ARRAY_TASK_COUNT)");
+    shardOption->excludes(planOption);
+    auto* shardCountOption =
+        app.add_option("--shard-count", shardCount, "N for --shard auto (Kubernetes Indexed Jobs)")
+            ->check(CLI::PositiveNumber);
+    auto* manifestOption = app.add_option(
+        "--manifest", options.manifest,
+        "Append one JSON line per finished image to this file (durable after each image)");
+    app.add_flag("--resume", options.resume,
+                 "Skip the images the --manifest records as done whose outputs are unchanged")
+        ->needs(manifestOption);
     // The version is the project's (CMake's PROJECT_VERSION), so the
     // program, the window and the package always agree.
     app.set_version_flag("--version", "vellumo-cli " VELLUMO_VERSION, "Print the version and exit");
@@ -229,6 +257,32 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
 
     options.limits.timeout =
         std::chrono::milliseconds(static_cast<long long>(timeoutSeconds * 1000.0));
+    if (inputsOption->count() > 0) {
+        const Loaded<std::vector<std::string>> listed = ReadInputList(inputs, nulSeparated);
+        if (!listed) {
+            return UsageError("--inputs: " + inputs + ": " + listed.reason());
+        }
+        options.files.insert(options.files.end(), listed->begin(), listed->end());
+        if (inputs == "-") {
+            standardInputIsTerminal = false;  // the list took it: nobody to ask
+        }
+    }
+    if (shardOption->count() > 0 || shardCountOption->count() > 0) {
+        std::string reason;
+        if (shard.empty() || shard == "auto") {
+            options.shard = ShardFromEnvironment(
+                shardCountOption->count() > 0 ? std::optional<long>(shardCount) : std::nullopt,
+                environment, reason);
+        } else if (shardCountOption->count() > 0) {
+            return UsageError("--shard-count: only with --shard auto");
+        } else {
+            options.shard = ParseShard(shard, reason);
+        }
+        if (!options.shard) {
+            return UsageError("--shard: " + reason);
+        }
+        options.files = SortedUnique(std::move(options.files));
+    }
     CropSettings& s = options.settings;
     if (planOption->count() > 0) {
         const Loaded<CropPlan> loaded = ReadCropPlan(planFile, s);
@@ -239,7 +293,7 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
         options.files = PlannedPaths(*loaded);
         options.adjustments = PlannedAdjustments(*loaded);
     } else if (options.files.empty()) {
-        return UsageError("FILE is required (or --plan)");
+        return UsageError("FILE is required (or --inputs, or --plan)");
     }
     if (profileOption->count() > 0) {
         const Loaded<CropSettings> loaded = ReadProfile(profile, s);

@@ -9,6 +9,7 @@
 #include "batch/CropAdjustments.h"
 #include "batch/CropSettings.h"
 #include "batch/OutputPlan.h"
+#include "batch/Shard.h"
 #include "worker/WorkerLimits.h"
 
 namespace vellumo::cli {
@@ -26,6 +27,11 @@ struct CliOptions {
     bool quiet = false;
     WorkerLimits limits;
     int jobs = 1;  // images in flight at once
+    // This run's share of the batch; then `files` is sorted, each path
+    // once (SortedUnique), so that every shard sees the same list.
+    std::optional<Shard> shard;
+    std::string manifest;  // where each finished image is recorded
+    bool resume = false;   // skip the images the manifest records as done
 };
 
 struct ParseOutcome {
@@ -36,6 +42,8 @@ struct ParseOutcome {
 
 // `standardInputIsTerminal` settles the default of --overwrite: ask on a
 // terminal, none otherwise (no file is replaced without consent).
-ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardInputIsTerminal);
+// `environment` gives the scheduler's variables for --shard auto.
+ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardInputIsTerminal,
+                              const EnvironmentLookup& environment);
 
 }  // namespace vellumo::cli

@@ -2,23 +2,32 @@
 //
 // Exit status: 0 when every image succeeded, 1 when some failed, 2 when
 // nothing was attempted (a usage error, an output folder that is a file or
-// cannot be made), 130 when the job was stopped by SIGINT or SIGTERM.
+// cannot be made, a manifest that cannot be used), 130 when the job was
+// stopped by SIGINT or SIGTERM. `vellumo-cli verify` checks the manifests of
+// a batch (cli/VerifyCommand.h).
 
 #include <pthread.h>
 #include <signal.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <iostream>
+#include <optional>
 #include <stop_token>
+#include <string_view>
 #include <thread>
+#include <vector>
 
+#include "batch/BatchPart.h"
 #include "batch/CropJob.h"
 #include "batch/OutputFolder.h"
 #include "batch/OutputPlan.h"
 #include "batch/OverwritePrompts.h"
 #include "cli/CliOptions.h"
+#include "cli/Manifesting.h"
 #include "cli/Reporter.h"
 #include "cli/TerminalPrompt.h"
+#include "cli/VerifyCommand.h"
 #include "worker/WorkerImageProcessor.h"
 
 namespace {
@@ -45,11 +54,41 @@ void WatchForStopSignals(const std::stop_source& stop) {
     }).detach();
 }
 
+std::optional<std::string> Environment(const char* name) {
+    const char* value = std::getenv(name);
+    return value == nullptr ? std::nullopt : std::optional<std::string>(value);
+}
+
+// The entries of the manifest a run appends to, when they may be appended
+// to: every entry written with these settings. Prints why not and gives
+// nothing otherwise.
+std::optional<std::vector<vellumo::ManifestEntry>> UsableManifest(
+    const vellumo::cli::CliOptions& options) {
+    using namespace vellumo;
+    const Loaded<std::vector<ManifestEntry>> read = ReadManifest(options.manifest);
+    if (!read) {
+        std::cerr << "vellumo-cli: --manifest: " << options.manifest << ": " << read.reason()
+                  << std::endl;
+        return std::nullopt;
+    }
+    if (const std::string foreign = ForeignSettings(*read, SettingsFingerprint(options.settings));
+        !foreign.empty()) {
+        std::cerr << "vellumo-cli: --manifest: " << options.manifest << ": " << foreign
+                  << "; give the same settings, or another manifest" << std::endl;
+        return std::nullopt;
+    }
+    return *read;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     using namespace vellumo;
-    const cli::ParseOutcome parsed = cli::ParseCommandLine(argc, argv, isatty(STDIN_FILENO) == 1);
+    if (argc > 1 && std::string_view(argv[1]) == "verify") {
+        return cli::RunVerify(argc - 1, argv + 1);
+    }
+    const cli::ParseOutcome parsed =
+        cli::ParseCommandLine(argc, argv, isatty(STDIN_FILENO) == 1, &Environment);
     if (!parsed.options) {
         (parsed.exitCode == 0 ? std::cout : std::cerr) << parsed.message << std::endl;
         return parsed.exitCode;
@@ -57,6 +96,20 @@ int main(int argc, char** argv) {
     const cli::CliOptions& options = *parsed.options;
     std::stop_source stop;
     WatchForStopSignals(stop);
+
+    // A manifest is checked before anything is written: another batch's, or
+    // a damaged one, is refused.
+    std::vector<ManifestEntry> recorded;
+    const bool recording = !options.manifest.empty() && !options.dryRun;
+    if (recording) {
+        std::optional<std::vector<ManifestEntry>> usable = UsableManifest(options);
+        if (!usable) {
+            return 2;
+        }
+        if (options.resume) {
+            recorded = std::move(*usable);
+        }
+    }
 
     // The output folder is made, with its parents, as the job starts.
     const std::string& folder = options.settings.outputFolder;
@@ -76,25 +129,56 @@ int main(int argc, char** argv) {
         }
     }
 
-    const OutputPlan plan = PlanOutputs(options.settings, options.files, options.onClash);
-    const std::vector<OverwriteDecision> decisions =
-        PromptOverwrites(plan, cli::MakeOverwriteAsker(options.overwrite));
+    std::optional<cli::Manifesting> manifesting;
+    if (recording) {
+        std::string reason;
+        manifesting = cli::Manifesting::Open(options.manifest, options.settings, reason);
+        if (!manifesting) {
+            std::cerr << "vellumo-cli: --manifest: " << options.manifest << ": " << reason
+                      << std::endl;
+            return 2;
+        }
+    }
 
-    cli::Reporter reporter(options, static_cast<long>(options.files.size()),
+    // This run's share of the batch, its outputs planned with the whole list.
+    const BatchPart part =
+        SelectBatchPart(options.settings, options.files, options.onClash, options.shard, recorded);
+    if (part.alreadyDone > 0 && !options.quiet) {
+        std::cerr << "vellumo-cli: " << part.alreadyDone << " of " << part.shardSize
+                  << " images already done (recorded in " << options.manifest << ")" << std::endl;
+    }
+    const std::vector<OverwriteDecision> decisions =
+        PromptOverwrites(part.plan, cli::MakeOverwriteAsker(options.overwrite));
+
+    cli::Reporter reporter(options, static_cast<long>(part.list.size()),
                            isatty(STDERR_FILENO) == 1);
     // Decoding and encoding happen in a worker process: a file that crashes
     // a decoder fails alone and the batch goes on.
     WorkerImageProcessor processor(options.limits);
     JobCallbacks callbacks;
-    callbacks.progress = [&](long, const ImageReport& report) { reporter.Image(report); };
+    std::string manifestFailure;
+    callbacks.progress = [&](long, const ImageReport& report) {
+        reporter.Image(report);
+        std::string reason;
+        if (manifesting && manifestFailure.empty() && !manifesting->Record(report, reason)) {
+            // What is not recorded would be done again: stop here.
+            manifestFailure = reason;
+            stop.request_stop();
+        }
+    };
     JobOptions jobOptions;
     jobOptions.dryRun = options.dryRun;
     jobOptions.adjustments = &options.adjustments;
     jobOptions.jobs = options.jobs;
     jobOptions.stop = stop.get_token();
-    const JobReport report = RunCropJob(options.settings, options.files, plan, decisions, processor,
-                                        callbacks, jobOptions);
+    const JobReport report = RunCropJob(options.settings, part.list, part.plan, decisions,
+                                        processor, callbacks, jobOptions);
     reporter.Finish(report);
+    if (!manifestFailure.empty()) {
+        std::cerr << "vellumo-cli: --manifest: " << options.manifest
+                  << ": cannot record an image: " << manifestFailure << std::endl;
+        return 1;
+    }
     if (report.stopped) {
         return 130;
     }

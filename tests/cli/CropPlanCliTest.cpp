@@ -87,7 +87,7 @@ TEST_F(CropPlanCliTest, BadPlansAreRefusedWithOneLineAndNothingWritten) {
     EXPECT_EQ(both.exitCode, 2);
     const CliRun neither = Cli("--output x");
     EXPECT_EQ(neither.exitCode, 2);
-    EXPECT_EQ(neither.err, "vellumo-cli: FILE is required (or --plan)\n");
+    EXPECT_EQ(neither.err, "vellumo-cli: FILE is required (or --inputs, or --plan)\n");
 }
 
 TEST_F(CropPlanCliTest, AnImageOfThePlanThatIsGoneFailsAloneWithItsReason) {

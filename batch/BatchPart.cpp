@@ -1,0 +1,59 @@
+#include "batch/BatchPart.h"
+
+#include <unordered_map>
+
+#include "imaging/FileDigest.h"
+
+namespace vellumo {
+
+namespace {
+
+bool StillThere(const ManifestEntry& entry) {
+    if (!entry.bytes) {
+        return false;
+    }
+    const std::optional<FileDigest> now = DigestOfFile(entry.output);
+    return now && now->bytes == *entry.bytes && now->sha256 == entry.sha256;
+}
+
+}  // namespace
+
+BatchPart SelectBatchPart(const CropSettings& settings, const std::vector<std::string>& all,
+                          ClashPolicy policy, const std::optional<Shard>& shard,
+                          const std::vector<ManifestEntry>& done) {
+    const OutputPlan whole = PlanOutputs(settings, all, policy);
+    // The latest entry of each source.
+    std::unordered_map<std::string, const ManifestEntry*> latest;
+    for (const ManifestEntry& entry : done) {
+        latest[entry.source] = &entry;
+    }
+    const long total = static_cast<long>(all.size());
+    const std::vector<long> positions = ShardPositions(total, shard.value_or(Shard{}));
+    BatchPart part;
+    part.shardSize = static_cast<long>(positions.size());
+    for (const long i : positions) {
+        const auto found = latest.find(all[i]);
+        if (found != latest.end() && found->second->Done() &&
+            found->second->output == AbsoluteOutputPath(whole.images[i].path) &&
+            StillThere(*found->second)) {
+            ++part.alreadyDone;
+            continue;
+        }
+        part.list.push_back(all[i]);
+        part.plan.images.push_back(whole.images[i]);
+    }
+    return part;
+}
+
+std::string ForeignSettings(const std::vector<ManifestEntry>& entries,
+                            const std::string& fingerprint) {
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        if (entries[i].settings != fingerprint) {
+            return "entry " + std::to_string(i + 1) +
+                   " was written with other settings (name, format, folder or crop rule)";
+        }
+    }
+    return {};
+}
+
+}  // namespace vellumo

@@ -1,0 +1,133 @@
+#include "cli/VerifyCommand.h"
+
+#include <CLI/CLI.hpp>
+#include <filesystem>
+#include <iostream>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "batch/Manifest.h"
+#include "batch/Shard.h"
+#include "cli/InputList.h"
+
+namespace vellumo::cli {
+
+namespace {
+
+// What the manifests say of one input.
+struct Record {
+    int done = 0;                         // entries with an output there
+    const ManifestEntry* last = nullptr;  // the latest entry
+    const ManifestEntry* lastDone = nullptr;
+};
+
+int Usage(const std::string& message) {
+    std::cerr << "vellumo-cli verify: " << message << std::endl;
+    return 2;
+}
+
+// The output as recorded: the same length (its bytes are not read again).
+bool OutputAsRecorded(const ManifestEntry& entry) {
+    std::error_code error;
+    const auto size = std::filesystem::file_size(entry.output, error);
+    return !error && entry.bytes && size == *entry.bytes;
+}
+
+}  // namespace
+
+int RunVerify(int argc, char** argv) {
+    CLI::App app{
+        "Checks that every input of a batch was done exactly once, from the manifests "
+        "of all its runs.",
+        "vellumo-cli verify"};
+    std::vector<std::string> manifests;
+    std::string inputs;
+    bool nulSeparated = false;
+    app.add_option("--manifest", manifests, "The manifests of the batch's runs")
+        ->required()
+        ->expected(1, -1);
+    app.add_option("--inputs", inputs,
+                   "The batch's image list, one path per line (- for standard input)")
+        ->required();
+    app.add_flag("--null", nulSeparated, "The --inputs file separates paths with NUL bytes");
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::CallForHelp&) {
+        std::cout << app.help() << std::endl;
+        return 0;
+    } catch (const CLI::ParseError& error) {
+        return Usage(error.what());
+    }
+
+    const Loaded<std::vector<std::string>> listed = ReadInputList(inputs, nulSeparated);
+    if (!listed) {
+        return Usage("--inputs: " + inputs + ": " + listed.reason());
+    }
+    const std::vector<std::string> batch = SortedUnique(*listed);
+    std::vector<std::vector<ManifestEntry>> read;
+    for (const std::string& manifest : manifests) {
+        if (!std::filesystem::exists(manifest)) {
+            return Usage("--manifest: " + manifest + ": No such file or directory");
+        }
+        Loaded<std::vector<ManifestEntry>> entries = ReadManifest(manifest);
+        if (!entries) {
+            return Usage("--manifest: " + manifest + ": " + entries.reason());
+        }
+        read.push_back(*entries);
+    }
+
+    std::map<std::string, Record> records;
+    for (const std::string& source : batch) {
+        records.emplace(source, Record{});
+    }
+    long foreign = 0;
+    for (const auto& entries : read) {
+        for (const ManifestEntry& entry : entries) {
+            const auto found = records.find(entry.source);
+            if (found == records.end()) {
+                if (foreign++ == 0 || foreign <= 20) {
+                    std::cout << "not in the inputs  " << entry.source << "\n";
+                }
+                continue;
+            }
+            Record& record = found->second;
+            record.last = &entry;
+            if (entry.Done()) {
+                ++record.done;
+                record.lastDone = &entry;
+            }
+        }
+    }
+
+    long once = 0, missing = 0, failed = 0, twice = 0, changed = 0;
+    for (const std::string& source : batch) {
+        const Record& record = records[source];
+        if (record.done == 0 && record.last == nullptr) {
+            ++missing;
+            std::cout << "missing            " << source << "\n";
+        } else if (record.done == 0) {
+            ++failed;
+            std::cout << "failed             " << source << ": " << record.last->reason << "\n";
+        } else if (record.done > 1) {
+            ++twice;
+            std::cout << "done " << record.done << " times       " << source << "\n";
+        } else if (!OutputAsRecorded(*record.lastDone)) {
+            ++changed;
+            std::cout << "output changed     " << source << ": " << record.lastDone->output << "\n";
+        } else {
+            ++once;
+        }
+    }
+    std::cout << batch.size() << " inputs: " << once << " done once, " << missing << " missing, "
+              << failed << " failed, " << twice << " done more than once, " << changed
+              << " with a changed output";
+    if (foreign > 0) {
+        std::cout << "; " << foreign << " entries for files not in the inputs";
+    }
+    std::cout << std::endl;
+    const bool complete = once == static_cast<long>(batch.size()) && foreign == 0;
+    return complete ? 0 : 1;
+}
+
+}  // namespace vellumo::cli
