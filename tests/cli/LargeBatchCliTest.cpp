@@ -256,5 +256,63 @@ TEST_F(LargeBatchCli, TheGnuParallelRecipeDoesABatchOfTwoHundredInThreeShards) {
     EXPECT_EQ(Names(Out()).size(), 200u);
 }
 
+// The Slurm array script of docs/scale-out, run as three of its tasks would
+// run it (the variables Slurm sets, the batch folder elsewhere).
+TEST_F(LargeBatchCli, TheSlurmArrayScriptRunAsItsTasksDoesTheBatch) {
+    const std::string list = MakeBatch(20, 32);
+    const std::string path =
+        "PATH=" + ShellQuote(fs::path(VELLUMO_CLI).parent_path().string()) + ":\"$PATH\"";
+    for (int task = 0; task < 3; ++task) {
+        const std::string id = std::to_string(task);
+        ASSERT_EQ(test::RunCommand(
+                      path + " BATCH=" + ShellQuote(dir.File("")) + " SLURM_ARRAY_TASK_ID=" + id +
+                      " SLURM_ARRAY_TASK_COUNT=3 SLURM_CPUS_PER_TASK=1 bash " +
+                      ShellQuote(VELLUMO_SOURCE_DIR "/docs/scale-out/slurm-array.sh") + " 2>&1")
+                      .exitCode,
+                  0)
+            << task;
+    }
+    const CliRun verified =
+        Cli("verify --manifest " + ShellQuote(dir.File("manifests/0.jsonl")) + " " +
+            ShellQuote(dir.File("manifests/1.jsonl")) + " " +
+            ShellQuote(dir.File("manifests/2.jsonl")) + " --inputs " + ShellQuote(list));
+    EXPECT_EQ(verified.exitCode, 0) << verified.out;
+    EXPECT_EQ(Names(dir.File("out")).size(), 20u);
+}
+
+// The command of the Kubernetes Indexed Job in docs/scale-out, run as its 32
+// pods would run it (JOB_COMPLETION_INDEX 0 to 31, the volume elsewhere).
+TEST_F(LargeBatchCli, TheKubernetesJobsCommandRunAsItsPodsDoesTheBatch) {
+    const std::string list = MakeBatch(40, 32);
+    const std::string yaml =
+        test::ReadFileBytes(VELLUMO_SOURCE_DIR "/docs/scale-out/vellumo-indexed-job.yaml");
+    const std::size_t args = yaml.find("args:\n");
+    ASSERT_NE(args, std::string::npos);
+    const std::size_t start = yaml.find("- ", args) + 2;
+    std::string command = yaml.substr(start, yaml.find('\n', start) - start);
+    // The volume's mount point is this test's folder; the program is the
+    // build's.
+    const std::string volume = fs::path(dir.File("x")).parent_path().string();
+    for (std::size_t at = command.find("/batch"); at != std::string::npos;
+         at = command.find("/batch", at + volume.size())) {
+        command.replace(at, 6, volume);
+    }
+    command.replace(command.find("exec vellumo-cli"), 16, "exec " + ShellQuote(VELLUMO_CLI));
+    for (int pod = 0; pod < 32; ++pod) {
+        ASSERT_EQ(test::RunCommand("JOB_COMPLETION_INDEX=" + std::to_string(pod) + " sh -c " +
+                                   ShellQuote(command) + " 2>&1")
+                      .exitCode,
+                  0)
+            << pod << ": " << command;
+    }
+    std::string manifests;
+    for (int pod = 0; pod < 32; ++pod) {
+        manifests += " " + ShellQuote(dir.File("manifests/" + std::to_string(pod) + ".jsonl"));
+    }
+    const CliRun verified = Cli("verify --manifest" + manifests + " --inputs " + ShellQuote(list));
+    EXPECT_EQ(verified.exitCode, 0) << verified.out;
+    EXPECT_EQ(Names(dir.File("out")).size(), 40u);
+}
+
 }  // namespace
 }  // namespace vellumo
