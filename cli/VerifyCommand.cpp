@@ -10,6 +10,7 @@
 #include "batch/Manifest.h"
 #include "batch/Shard.h"
 #include "cli/InputList.h"
+#include "imaging/FileDigest.h"
 
 namespace vellumo::cli {
 
@@ -27,11 +28,19 @@ int Usage(const std::string& message) {
     return 2;
 }
 
-// The output as recorded: the same length (its bytes are not read again).
-bool OutputAsRecorded(const ManifestEntry& entry) {
+// The output as recorded: the same length, and with `hash` the same
+// SHA-256 (which reads every output again).
+bool OutputAsRecorded(const ManifestEntry& entry, bool hash) {
+    if (!entry.bytes) {
+        return false;
+    }
+    if (hash) {
+        const std::optional<FileDigest> digest = DigestOfFile(entry.output);
+        return digest && digest->bytes == *entry.bytes && digest->sha256 == entry.sha256;
+    }
     std::error_code error;
     const auto size = std::filesystem::file_size(entry.output, error);
-    return !error && entry.bytes && size == *entry.bytes;
+    return !error && size == *entry.bytes;
 }
 
 }  // namespace
@@ -51,6 +60,10 @@ int RunVerify(int argc, char** argv) {
                    "The batch's image list, one path per line (- for standard input)")
         ->required();
     app.add_flag("--null", nulSeparated, "The --inputs file separates paths with NUL bytes");
+    bool hash = false;
+    app.add_flag("--hash", hash,
+                 "Read every output again and compare its SHA-256 with the manifest's (without: "
+                 "its length)");
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
@@ -112,7 +125,7 @@ int RunVerify(int argc, char** argv) {
         } else if (record.done > 1) {
             ++twice;
             std::cout << "done " << record.done << " times       " << source << "\n";
-        } else if (!OutputAsRecorded(*record.lastDone)) {
+        } else if (!OutputAsRecorded(*record.lastDone, hash)) {
             ++changed;
             std::cout << "output changed     " << source << ": " << record.lastDone->output << "\n";
         } else {

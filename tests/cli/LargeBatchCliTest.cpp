@@ -78,6 +78,19 @@ TEST_F(LargeBatchCli, ShardsTakeEveryInputOnceAndNameOutputsAsOneRunWould) {
     EXPECT_EQ(verified.out,
               "31 inputs: 31 done once, 0 missing, 0 failed, 0 done more than once, 0 with a "
               "changed output\n");
+    // An output changed since, at the same length: found when hashing.
+    const std::string changed = Out() + "/sharded/" + *Names(Out() + "/sharded").begin();
+    std::string bytes = test::ReadFileBytes(changed);
+    bytes[bytes.size() / 2] = static_cast<char>(~bytes[bytes.size() / 2]);
+    std::ofstream(changed, std::ios::binary) << bytes;
+    const std::string all = " --manifest " + ShellQuote(dir.File("m0.jsonl")) + " " +
+                            ShellQuote(dir.File("m1.jsonl")) + " " +
+                            ShellQuote(dir.File("m2.jsonl")) + " --inputs " + ShellQuote(list);
+    EXPECT_EQ(Cli("verify" + all).exitCode, 0);
+    const CliRun hashed = Cli("verify --hash" + all);
+    EXPECT_EQ(hashed.exitCode, 1);
+    EXPECT_NE(hashed.out.find("output changed     "), std::string::npos) << hashed.out;
+    EXPECT_NE(hashed.out.find(", 1 with a changed output\n"), std::string::npos) << hashed.out;
 }
 
 TEST_F(LargeBatchCli, SlurmAndKubernetesVariablesPickTheSameShardAsIOverN) {
