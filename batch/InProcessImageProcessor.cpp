@@ -13,6 +13,7 @@
 #include "imaging/FileKind.h"
 #include "imaging/ImageTools.h"
 #include "imaging/LosslessJpeg.h"
+#include "imaging/OutputCodec.h"
 
 namespace vellumo {
 
@@ -95,8 +96,12 @@ LosslessDecision Describe(const ImageTask& task, const Image& image, const Image
 }
 
 // The crop cut out of the decoded image, brought to its output size and
-// encoded at the output path.
-SaveResult Encode(const ImageTask& task, const Image& image, const ResolvedCrop& crop) {
+// encoded at the output path. Formats whose metadata only their encoder
+// writes get it now, whenever the metadata option is on (it cannot be added
+// afterwards, when the job knows whether the images before this one fared
+// well); `metadataSource` is where the source's metadata is read.
+SaveResult Encode(const ImageTask& task, const Image& image, const ResolvedCrop& crop,
+                  const std::string& metadataSource) {
     // An image the rule leaves whole is written whole, with the warning
     // saying why; then the output is brought to its size.
     const Rect whole{0.0, 0.0, image.Width(), image.Height()};
@@ -108,6 +113,10 @@ SaveResult Encode(const ImageTask& task, const Image& image, const ResolvedCrop&
     }
     // The slider's 0 to 100, divided in single precision.
     const double quality = static_cast<double>(task.settings.quality / 100.0f);
+    if (task.settings.keepMetadata) {
+        return ImageTools::TrySaveImageWithMetadata(
+            cropped, task.output, task.settings.outputFormat, quality, metadataSource);
+    }
     return ImageTools::TrySaveImage(cropped, task.output, task.settings.outputFormat, quality);
 }
 
@@ -171,9 +180,14 @@ class KeptSource {
 };
 
 // The source's metadata and date into the output, and what came of it as
-// notes of the image.
-void CarryMetadata(const std::string& source, const std::string& output, ImageOutcome& outcome) {
-    const MetadataResult carried = ImageTools::ChangeImageExifWithOriginalImagePath(source, output);
+// notes of the image. A format whose encoder wrote the metadata gets the
+// date only.
+void CarryMetadata(const ImageTask& task, const std::string& source, ImageOutcome& outcome) {
+    const std::optional<OutputCodec> codec = OutputCodecForFormat(task.settings.outputFormat);
+    const MetadataResult carried =
+        codec && EmbedsMetadataWhenEncoding(*codec)
+            ? ImageTools::ChangeImageCreationDateWithOriginalImagePath(source, task.output)
+            : ImageTools::ChangeImageExifWithOriginalImagePath(source, task.output);
     if (carried.status == MetadataResult::Status::DateNotSet) {
         outcome.notes.push_back({NoteKind::DateNotSet, carried.reason});
     } else if (carried.status == MetadataResult::Status::NotCarried) {
@@ -195,7 +209,7 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task,
     if (task.metadataOnly) {
         ImageOutcome outcome;
         outcome.status = ImageStatus::Written;
-        CarryMetadata(task.source, task.output, outcome);
+        CarryMetadata(task, task.source, outcome);
         return outcome;
     }
     ImageOutcome outcome;
@@ -226,7 +240,7 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task,
         const SaveResult result =
             lossless.cut
                 ? CropJpegLosslessly(task.source, task.output, *lossless.cut, *header->jpegGrid)
-                : Encode(task, image, crop);
+                : Encode(task, image, crop, kept.Source(task));
         if (!result.saved) {
             outcome.reason = SaveFailure(task.source, result.reason);
             return outcome;
@@ -235,7 +249,7 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task,
         outcome.status = ImageStatus::Written;
     }
     if (task.carryMetadata && (saved || outcome.status == ImageStatus::Skipped)) {
-        CarryMetadata(kept.Source(task), task.output, outcome);
+        CarryMetadata(task, kept.Source(task), outcome);
     }
     if (saved) {
         kept.KeepPermissions(task.output);

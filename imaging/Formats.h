@@ -39,11 +39,11 @@ inline constexpr std::array<OutputFormatInfo, 14> kOutputFormats = {{
     {"GIF", OutputCodec::Gif, false, false, true, "8 (palette)"},
     {"BMP", OutputCodec::Bmp, false, false, true, "8"},
     // The formats of phones and the web, after the first ten. Exif and XMP
-    // are written into WebP files; into HEIC, AVIF and JPEG XL only the
-    // colour profile, so far.
+    // are written into WebP files afterwards, into AVIF and HEIC files by
+    // their encoder; into JPEG XL only the colour profile, so far.
     {"WEBP", OutputCodec::WebP, true, true, true, "8"},
-    {"AVIF", OutputCodec::Avif, true, false, true, "8, 12"},
-    {"HEIC", OutputCodec::Heic, true, false, true, "8"},
+    {"AVIF", OutputCodec::Avif, true, true, true, "8, 12"},
+    {"HEIC", OutputCodec::Heic, true, true, true, "8"},
     {"JXL", OutputCodec::JpegXl, true, false, true, "8, 16"},
 }};
 

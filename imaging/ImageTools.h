@@ -154,6 +154,15 @@ class ImageTools {
     // pixels.
     static SaveResult TrySaveImage(const Image& image, const std::string& path, long format,
                                    double quality);
+    // TrySaveImage, with the Exif and XMP of the file at `metadataSource`
+    // written by the encoder itself for the formats whose metadata only it
+    // can write (AVIF, HEIC; see EmbedsMetadataWhenEncoding), changed as
+    // ChangeImageExifWithOriginalImagePath changes them. Other formats are
+    // saved as TrySaveImage saves them; a source whose metadata cannot be
+    // read gives a file without.
+    static SaveResult TrySaveImageWithMetadata(const Image& image, const std::string& path,
+                                               long format, double quality,
+                                               const std::string& metadataSource);
     // TrySaveImage without the reason.
     static bool SaveImage(const Image& image, const std::string& path, long format, double quality);
 
@@ -174,6 +183,11 @@ class ImageTools {
     // could not be set. Prints nothing: the caller tells the person.
     static MetadataResult ChangeImageExifWithOriginalImagePath(const std::string& originalImagePath,
                                                                const std::string& croppedImagePath);
+    // Gives the saved file the source's creation date only, as
+    // ChangeImageExifWithOriginalImagePath does after the metadata: for the
+    // formats that got their metadata from the encoder.
+    static MetadataResult ChangeImageCreationDateWithOriginalImagePath(
+        const std::string& originalImagePath, const std::string& croppedImagePath);
 
     // The file's birth time where the file system records one, else its
     // modification time; the current time when the file's attributes cannot

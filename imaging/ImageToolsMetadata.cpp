@@ -12,6 +12,15 @@ MetadataResult ImageTools::ChangeImageExifWithOriginalImagePath(
                                 [&] { return ImageCreationDateWithPath(originalImagePath); });
 }
 
+MetadataResult ImageTools::ChangeImageCreationDateWithOriginalImagePath(
+    const std::string& originalImagePath, const std::string& croppedImagePath) {
+    if (!filedates::SetCreationDate(croppedImagePath,
+                                    ImageCreationDateWithPath(originalImagePath))) {
+        return MetadataResult::DateNotSet("the creation date cannot be set");
+    }
+    return MetadataResult::Carried();
+}
+
 std::chrono::system_clock::time_point ImageTools::ImageCreationDateWithPath(
     const std::string& path) {
     return filedates::CreationDate(path).value_or(std::chrono::system_clock::now());

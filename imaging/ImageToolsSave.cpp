@@ -7,6 +7,7 @@
 #include "imaging/Fatal.h"
 #include "imaging/ImageAccess.h"
 #include "imaging/ImageTools.h"
+#include "imaging/MetadataCarry.h"
 #include "imaging/OutputCodec.h"
 #include "imaging/VipsEncode.h"
 #include "imaging/VipsRuntime.h"
@@ -20,8 +21,24 @@ constexpr double kBeyondPixelLibrary = 2147483648.0;
 
 }  // namespace
 
-SaveResult ImageTools::TrySaveImage(const Image& image, const std::string& path, long format,
-                                    double quality) {
+namespace {
+
+// The metadata an encoder writes itself, put on the pixels it encodes; the
+// orientation is the upright pixels'.
+void PutEncoderMetadata(vips::VImage& rendered, const metadatacarry::EncoderMetadata& metadata) {
+    if (!metadata.exif.empty()) {
+        vips_image_set_blob_copy(rendered.get_image(), VIPS_META_EXIF_NAME, metadata.exif.data(),
+                                 metadata.exif.size());
+    }
+    if (!metadata.xmp.empty()) {
+        vips_image_set_blob_copy(rendered.get_image(), VIPS_META_XMP_NAME, metadata.xmp.data(),
+                                 metadata.xmp.size());
+    }
+    rendered.set(VIPS_META_ORIENTATION, 1);
+}
+
+SaveResult Save(const Image& image, const std::string& path, long format, double quality,
+                const std::string* metadataSource) {
     const double width = image.Width();
     const double height = image.Height();
     if (!std::isfinite(width) || !std::isfinite(height)) {
@@ -50,6 +67,12 @@ SaveResult ImageTools::TrySaveImage(const Image& image, const std::string& path,
         vipsruntime::FailureScope scope;
         try {
             rendered = encoderender::ForCodec(*pixels, *codec);
+            if (metadataSource != nullptr && EmbedsMetadataWhenEncoding(*codec)) {
+                if (const auto metadata = metadatacarry::ForEncoder(
+                        *metadataSource, rendered.width(), rendered.height())) {
+                    PutEncoderMetadata(rendered, *metadata);
+                }
+            }
         } catch (const vips::VError& error) {
             return SaveResult::Failed(scope.Reason(error));
         }
@@ -57,6 +80,19 @@ SaveResult ImageTools::TrySaveImage(const Image& image, const std::string& path,
     return atomicfile::Replace(path, [&](const std::string& tempPath) {
         return vipsencode::WriteFile(rendered, *codec, quality, tempPath);
     });
+}
+
+}  // namespace
+
+SaveResult ImageTools::TrySaveImage(const Image& image, const std::string& path, long format,
+                                    double quality) {
+    return Save(image, path, format, quality, nullptr);
+}
+
+SaveResult ImageTools::TrySaveImageWithMetadata(const Image& image, const std::string& path,
+                                                long format, double quality,
+                                                const std::string& metadataSource) {
+    return Save(image, path, format, quality, &metadataSource);
 }
 
 bool ImageTools::SaveImage(const Image& image, const std::string& path, long format,

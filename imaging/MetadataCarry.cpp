@@ -152,6 +152,33 @@ Exiv2::XmpData CarriedXmp(const Exiv2::XmpData& source, long width, long height)
 
 }  // namespace
 
+std::optional<EncoderMetadata> ForEncoder(const std::string& originalImagePath, long width,
+                                          long height) {
+    exivruntime::EnsureStarted();
+    try {
+        const std::unique_ptr<Exiv2::Image> original =
+            exivruntime::Open(Exiv2::ImageFactory::open(originalImagePath));
+        original->readMetadata();
+        EncoderMetadata metadata;
+        const Exiv2::ExifData exif = CarriedExif(original->exifData(), width, height);
+        if (!exif.empty()) {
+            Exiv2::Blob blob;
+            Exiv2::ExifParser::encode(blob, Exiv2::littleEndian, exif);
+            static constexpr unsigned char kHeader[] = {'E', 'x', 'i', 'f', 0, 0};
+            metadata.exif.assign(std::begin(kHeader), std::end(kHeader));
+            metadata.exif.insert(metadata.exif.end(), blob.begin(), blob.end());
+        }
+        const Exiv2::XmpData xmp = CarriedXmp(original->xmpData(), width, height);
+        if (!xmp.empty() && Exiv2::XmpParser::encode(metadata.xmp, xmp) != 0) {
+            metadata.xmp.clear();
+        }
+        return metadata;
+    } catch (const std::exception&) {
+        // As in Carry: any damage means the metadata cannot be used.
+        return std::nullopt;
+    }
+}
+
 MetadataResult Carry(const std::string& originalImagePath, const std::string& croppedImagePath,
                      const DateOfSource& dateOfSource) {
     exivruntime::EnsureStarted();

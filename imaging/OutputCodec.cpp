@@ -33,4 +33,8 @@ bool LosslessAtFullQuality(OutputCodec codec) {
     return codec == OutputCodec::WebP || codec == OutputCodec::JpegXl;
 }
 
+bool EmbedsMetadataWhenEncoding(OutputCodec codec) {
+    return codec == OutputCodec::Avif || codec == OutputCodec::Heic;
+}
+
 }  // namespace vellumo

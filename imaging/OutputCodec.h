@@ -28,4 +28,8 @@ bool Jpeg2000Lossless(double quality);
 // rule (Jpeg2000Lossless), which its label has never shown.
 bool LosslessAtFullQuality(OutputCodec codec);
 
+// Formats whose Exif and XMP only their encoder can write (Exiv2 cannot edit
+// them afterwards): AVIF and HEIC. They get them as they are encoded.
+bool EmbedsMetadataWhenEncoding(OutputCodec codec);
+
 }  // namespace vellumo

@@ -136,5 +136,52 @@ TEST_F(CliTest, SixteenBitSourcesKeepSixteenBitsWhereTheFormatHasThem) {
     }
 }
 
+// AVIF and HEIC get the source's Exif and XMP from their encoder when the
+// option is on (orientation 1, the crop's size), read back by exiftool; none
+// without it; the colour profile either way.
+TEST_F(CliTest, AvifAndHeicCarryExifAndXmpOnlyWhenAsked) {
+    VELLUMO_REQUIRE_TESTDATA();
+    const std::string camera = test::TestDataPath("jpeg/Canon_40D.jpg");  // Exif
+    const std::string xmp = test::TestDataPath("jpeg/BlueSquare.jpg");    // Exif and XMP
+    const std::string sideways = test::TestDataPath("orientation/ianare_landscape_6.jpg");
+    for (const char* format : {"avif", "heic"}) {
+        const std::string options = Files({camera, xmp, sideways}) + " --auto 16:9 --format " +
+                                    format + " --name '[FileName]'";
+        const std::string kept = dir.File(std::string("kept-") + format);
+        const std::string plain = dir.File(std::string("plain-") + format);
+        ASSERT_EQ(Cli(options + " --keep-metadata --output " + ShellQuote(kept)).exitCode, 0);
+        ASSERT_EQ(Cli(options + " --output " + ShellQuote(plain)).exitCode, 0);
+        const std::string ext = std::string(".") + format;
+        EXPECT_EQ(test::ExifToolValue(kept + "/Canon_40D" + ext, "Model"), "Canon EOS 40D");
+        EXPECT_EQ(test::ExifToolValue(kept + "/BlueSquare" + ext, "XMP-xmp:CreatorTool"),
+                  "Adobe Photoshop CS2 Macintosh");
+        // Turned upright: orientation 1, the crop's own size.
+        const std::string upright = kept + "/ianare_landscape_6" + ext;  // 600 x 450 upright
+        EXPECT_EQ(test::ExifToolValue(upright, "EXIF:Orientation", true), "1");
+        EXPECT_EQ(test::ExifToolValue(upright, "EXIF:ExifImageWidth"), "600");
+        EXPECT_EQ(test::ExifToolValue(upright, "EXIF:ExifImageHeight"), "337");
+        // Without: nothing of the source's (the encoder's own minimal Exif
+        // block, orientation and resolution, stays).
+        for (const char* name : {"Canon_40D", "BlueSquare", "ianare_landscape_6"}) {
+            const std::string without = plain + "/" + name + ext;
+            EXPECT_TRUE(test::ExifToolTags(without,
+                                           "-XMP:all -GPS:all -Make -Model "
+                                           "-ImageDescription -DateTimeOriginal")
+                            .empty())
+                << without;
+        }
+        EXPECT_EQ(test::ExifToolValue(plain + "/Canon_40D" + ext, "ProfileDescription"),
+                  "sRGB IEC61966-2.1");
+        // Read back by libheif's own tool at the crop's size.
+        const std::string png = dir.File("decoded.png");
+        ASSERT_EQ(test::RunCommand("heif-convert " + ShellQuote(upright) + " " + ShellQuote(png) +
+                                   " >/dev/null 2>&1")
+                      .exitCode,
+                  0);
+        EXPECT_EQ(test::MagickIdentifySize(png).width, 600);
+        EXPECT_EQ(test::MagickIdentifySize(png).height, 337);
+    }
+}
+
 }  // namespace
 }  // namespace vellumo

@@ -81,14 +81,16 @@ class OutputSettingsTest : public QObject {
             QVERIFY2(slider.isEnabled(), title);
             QCOMPARE(LabelText(loaded, "labelQuality"), QStringLiteral("100"));
         }
-        // Without Exif in AVIF, the metadata option says why it is off.
-        Choose(formats, "AVIF");
+        // Without Exif in JPEG XL, the metadata option says why it is off.
+        Choose(formats, "JXL");
         auto& keep = loaded.Control<QCheckBox>("checkKeepEXIFInformationAndCreationDate");
         QVERIFY(!keep.isEnabled());
         QCOMPARE(keep.toolTip(),
-                 QStringLiteral("Vellumo writes only the colour profile into AVIF files"));
-        Choose(formats, "WEBP");
-        QVERIFY(keep.isEnabled());
+                 QStringLiteral("Vellumo writes only the colour profile into JXL files"));
+        for (const char* title : {"WEBP", "AVIF", "HEIC"}) {
+            Choose(formats, title);
+            QVERIFY2(keep.isEnabled(), title);
+        }
     }
 
     void pngDisablesTheSliderAndJpxBringsItBackWithItsValue() {
