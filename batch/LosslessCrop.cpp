@@ -1,9 +1,9 @@
 #include "batch/LosslessCrop.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "imaging/Formats.h"
+#include "imaging/ImageTools.h"
 
 namespace vellumo {
 
@@ -13,20 +13,12 @@ std::string Count(int n, const char* one, const char* many) {
     return std::to_string(n) + " " + (n == 1 ? one : many);
 }
 
-// The whole pixels the job's crop takes for `cut` (see
-// ImageTools::CropImage): the origin rounded, the size truncated, kept on
-// the image.
+// The whole pixels the job's crop takes for `cut` on the upright image.
 Rect WholePixelCut(const Rect& cut, const JpegGrid& grid) {
     const bool swap = grid.orientation >= 5;
-    const double width = swap ? grid.storedHeight : grid.storedWidth;
-    const double height = swap ? grid.storedWidth : grid.storedHeight;
-    const double columns = std::min(std::trunc(cut.width), width);
-    const double rows = std::min(std::trunc(cut.height), height);
-    const double left =
-        std::min(static_cast<double>(std::llround(std::max(cut.x, 0.0))), width - columns);
-    const double bottom =
-        std::min(static_cast<double>(std::llround(std::max(cut.y, 0.0))), height - rows);
-    return {left, bottom, columns, rows};
+    return ImageTools::CropPixelArea(swap ? grid.storedHeight : grid.storedWidth,
+                                     swap ? grid.storedWidth : grid.storedHeight, cut.x, cut.y,
+                                     std::trunc(cut.width), std::trunc(cut.height));
 }
 
 std::string SnapNote(const Rect& chosen, const LosslessCut& cut, const JpegGrid& grid) {

@@ -53,6 +53,15 @@ class ImageTools {
     static Size CalculateCroppedImageSize(const Image& image, double originX, double originY,
                                           double width, double height);
 
+    // The whole pixels CropImage takes, on an image of `imageColumns` x
+    // `imageRows` pixels, for a cut of `columns` x `rows` whole pixels (the
+    // clipped size, truncated) at (originX, originY): the origin rounded to
+    // the nearest pixel (a negative one to 0), the size at most the image's,
+    // and the cut moved back onto the image where it would overhang.
+    // Lower-left origin, like every rectangle here.
+    static Rect CropPixelArea(double imageColumns, double imageRows, double originX, double originY,
+                              double columns, double rows);
+
     // Where a rectangle of `rect` size (in pixels of an image of `full` size)
     // draws the eye most, by libvips' smartcrop measure `anchor` (Attention
     // or Entropy), judged on `picture`: the same image reduced (see

@@ -2,6 +2,9 @@
 // them, term by term and in the same order of evaluation, so that results
 // agree to the last bit (the core is built without FMA contraction).
 
+#include <algorithm>
+#include <cmath>
+
 #include "imaging/ImageTools.h"
 
 namespace vellumo {
@@ -78,6 +81,17 @@ Rect ImageTools::CalculateAutoCropRectangleWithImage(const Image& image, long fo
                 return FullWidth(W, H * 0.5 + W * 16.0 / -18.0, W * 16.0 / 9.0);
             }
     }
+}
+
+Rect ImageTools::CropPixelArea(double imageColumns, double imageRows, double originX,
+                               double originY, double columns, double rows) {
+    const double cutColumns = std::min(columns, imageColumns);
+    const double cutRows = std::min(rows, imageRows);
+    const auto roundedOrigin = [](double origin) {
+        return origin >= 0 ? static_cast<double>(std::llround(origin)) : 0.0;
+    };
+    return {std::min(roundedOrigin(originX), imageColumns - cutColumns),
+            std::min(roundedOrigin(originY), imageRows - cutRows), cutColumns, cutRows};
 }
 
 Size ImageTools::CalculateCroppedImageSize(const Image& image, double originX, double originY,

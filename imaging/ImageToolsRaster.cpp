@@ -66,15 +66,12 @@ Image ImageTools::CropImage(const Image& image, double originX, double originY, 
     }
     // No resampling: start at the origin rounded to the nearest pixel, take
     // the clipped size truncated, and keep the cut on the pixel grid.
-    const int cutColumns = std::min(*columns, pixels->width());
-    const int cutRows = std::min(*rows, pixels->height());
-    const auto roundedOrigin = [](double origin) {
-        return origin >= 0 ? static_cast<long long>(std::llround(origin)) : 0LL;
-    };
-    const int left =
-        static_cast<int>(std::min<long long>(roundedOrigin(originX), pixels->width() - cutColumns));
-    const int bottom =
-        static_cast<int>(std::min<long long>(roundedOrigin(originY), pixels->height() - cutRows));
+    const Rect area =
+        CropPixelArea(pixels->width(), pixels->height(), originX, originY, *columns, *rows);
+    const int left = static_cast<int>(area.x);
+    const int bottom = static_cast<int>(area.y);
+    const int cutColumns = static_cast<int>(area.width);
+    const int cutRows = static_cast<int>(area.height);
     vips::VImage cut =
         pixels->extract_area(left, TopRow(pixels->height(), bottom, cutRows), cutColumns, cutRows);
     return ImageAccess::Make(std::move(cut), cropped.width, cropped.height);
