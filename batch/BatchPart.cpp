@@ -2,21 +2,7 @@
 
 #include <unordered_map>
 
-#include "imaging/FileDigest.h"
-
 namespace vellumo {
-
-namespace {
-
-bool StillThere(const ManifestEntry& entry) {
-    if (!entry.bytes) {
-        return false;
-    }
-    const std::optional<FileDigest> now = DigestOfFile(entry.output);
-    return now && now->bytes == *entry.bytes && now->sha256 == entry.sha256;
-}
-
-}  // namespace
 
 BatchPart SelectBatchPart(const CropSettings& settings, const std::vector<std::string>& all,
                           ClashPolicy policy, const std::optional<Shard>& shard,
@@ -35,7 +21,7 @@ BatchPart SelectBatchPart(const CropSettings& settings, const std::vector<std::s
         const auto found = latest.find(all[i]);
         if (found != latest.end() && found->second->Done() &&
             found->second->output == AbsoluteOutputPath(whole.images[i].path) &&
-            StillThere(*found->second)) {
+            OutputAsRecorded(*found->second)) {
             ++part.alreadyDone;
             continue;
         }

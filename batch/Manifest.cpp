@@ -6,13 +6,12 @@
 
 #include <cerrno>
 #include <chrono>
-#include <cstring>
 #include <ctime>
 #include <filesystem>
-#include <fstream>
 #include <nlohmann/json.hpp>
 
 #include "batch/Profile.h"
+#include "imaging/FileBytes.h"
 #include "imaging/FileDigest.h"
 #include "imaging/FileErrors.h"
 
@@ -49,18 +48,14 @@ std::optional<ManifestEntry> EntryOf(const std::string& line) {
     }
 }
 
-// Where the manifest's last complete line ends: a kill while a line was
-// being written leaves bytes after it.
-off_t EndOfLastLine(int fd) {
-    struct stat status {};
-    if (fstat(fd, &status) != 0 || status.st_size == 0) {
-        return 0;
-    }
-    off_t end = status.st_size;
+// Where the last complete line ends in a manifest of `size` bytes: a kill
+// while a line was being written leaves bytes after it.
+off_t EndOfLastLine(int fd, off_t size) {
+    off_t end = size;
     char byte = 0;
     while (end > 0) {
         if (pread(fd, &byte, 1, end - 1) != 1) {
-            return status.st_size;
+            return size;
         }
         if (byte == '\n') {
             break;
@@ -71,6 +66,14 @@ off_t EndOfLastLine(int fd) {
 }
 
 }  // namespace
+
+bool OutputAsRecorded(const ManifestEntry& entry) {
+    if (!entry.bytes) {
+        return false;
+    }
+    const std::optional<FileDigest> now = DigestOfFile(entry.output);
+    return now && now->bytes == *entry.bytes && now->sha256 == entry.sha256;
+}
 
 std::string SettingsFingerprint(const CropSettings& settings) {
     return Sha256OfText(ProfileText(settings));
@@ -101,12 +104,12 @@ Loaded<std::vector<ManifestEntry>> ReadManifest(const std::string& path) {
     if (!std::filesystem::exists(path, error)) {
         return Loaded<std::vector<ManifestEntry>>::Success(std::move(entries));
     }
-    std::ifstream file(path, std::ios::binary);
-    if (!file) {
-        return Loaded<std::vector<ManifestEntry>>::Failure(ReasonFromErrno(errno));
+    std::string reason;
+    const auto bytes = ReadFileBytes(path, reason);
+    if (!bytes) {
+        return Loaded<std::vector<ManifestEntry>>::Failure(reason);
     }
-    const std::string text((std::istreambuf_iterator<char>(file)),
-                           std::istreambuf_iterator<char>());
+    const std::string text(bytes->begin(), bytes->end());
     std::size_t start = 0;
     long number = 0;
     while (start < text.size()) {
@@ -136,9 +139,9 @@ std::optional<ManifestWriter> ManifestWriter::Open(const std::string& path, std:
         reason = ReasonFromErrno(errno);
         return std::nullopt;
     }
-    const off_t end = EndOfLastLine(fd);
     struct stat status {};
-    if (fstat(fd, &status) == 0 && end < status.st_size && ftruncate(fd, end) != 0) {
+    const off_t size = fstat(fd, &status) == 0 ? status.st_size : 0;
+    if (const off_t end = EndOfLastLine(fd, size); end < size && ftruncate(fd, end) != 0) {
         reason = ReasonFromErrno(errno);
         ::close(fd);
         return std::nullopt;

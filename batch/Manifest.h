@@ -42,6 +42,10 @@ struct ManifestEntry {
     bool Done() const { return status == "written" || status == "skipped"; }
 };
 
+// The entry's output is still the file it records: the same length and
+// SHA-256 (read again). False for an entry without an output.
+bool OutputAsRecorded(const ManifestEntry& entry);
+
 // The fingerprint of the settings that decide what is written.
 std::string SettingsFingerprint(const CropSettings& settings);
 
