@@ -23,53 +23,29 @@ namespace vellumo {
 namespace {
 
 // How an orientation turns the stored picture upright: first transposed
-// (when `swap`), then mirrored left to right and/or top to bottom.
+// (when `swap`), then mirrored left to right and/or top to bottom; and
+// libjpeg-turbo's lossless transform that does the same.
 struct Turn {
     bool swap = false;
     bool flipX = false;
     bool flipY = false;
+    int transform = TJXOP_NONE;
 };
 
 Turn TurnOf(int orientation) {
-    switch (orientation) {
-        case 2:
-            return {false, true, false};
-        case 3:
-            return {false, true, true};
-        case 4:
-            return {false, false, true};
-        case 5:
-            return {true, false, false};
-        case 6:
-            return {true, true, false};
-        case 7:
-            return {true, true, true};
-        case 8:
-            return {true, false, true};
-        default:
-            return {};
-    }
-}
-
-int TransformOf(int orientation) {
-    switch (orientation) {
-        case 2:
-            return TJXOP_HFLIP;
-        case 3:
-            return TJXOP_ROT180;
-        case 4:
-            return TJXOP_VFLIP;
-        case 5:
-            return TJXOP_TRANSPOSE;
-        case 6:
-            return TJXOP_ROT90;
-        case 7:
-            return TJXOP_TRANSVERSE;
-        case 8:
-            return TJXOP_ROT270;
-        default:
-            return TJXOP_NONE;
-    }
+    // Indexed by the Exif orientation, 1 to 8.
+    static constexpr Turn kTurns[] = {
+        {},
+        {},
+        {false, true, false, TJXOP_HFLIP},
+        {false, true, true, TJXOP_ROT180},
+        {false, false, true, TJXOP_VFLIP},
+        {true, false, false, TJXOP_TRANSPOSE},
+        {true, true, false, TJXOP_ROT90},
+        {true, true, true, TJXOP_TRANSVERSE},
+        {true, false, true, TJXOP_ROT270},
+    };
+    return orientation >= 1 && orientation <= 8 ? kTurns[orientation] : Turn{};
 }
 
 // Half-open pixel spans, top-left origin.
@@ -262,9 +238,9 @@ SaveResult CropJpegLosslessly(const std::string& source, const std::string& outp
     }
     Coded turned;
     const Coded* result = &cropped;
-    if (TransformOf(grid.orientation) != TJXOP_NONE) {
+    if (const int transform = TurnOf(grid.orientation).transform; transform != TJXOP_NONE) {
         tjtransform turn{};
-        turn.op = TransformOf(grid.orientation);
+        turn.op = transform;
         turn.options = TJXOPT_PERFECT | TJXOPT_COPYNONE;
         if (std::string error = Transform(handle.get(), cropped.bytes, cropped.size, turn, turned);
             !error.empty()) {

@@ -72,10 +72,6 @@ vips::VImage OpenWithFirstDecoder(FileKind kind, const std::string& path,
     return {};
 }
 
-}  // namespace
-
-namespace {
-
 vips::VImage OpenWithOtherDecoders(FileKind kind, const std::string& path,
                                    const OpenOptions& options) {
     try {
