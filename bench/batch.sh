@@ -34,15 +34,7 @@ crop_height=$((width * 9 / 16))
 crop_top=$(((height - crop_height) / 2))
 crop_geometry=${width}x${crop_height}+0+$crop_top
 
-measure() {  # name, command...
-    local name=$1; shift
-    local out=$work/time-$name
-    "$build/bench/vellumo_tree_memory" "$out" "$@" >/dev/null 2>"$work/err-$name" || {
-        echo "$name failed:" >&2; cat "$work/err-$name" >&2; exit 1; }
-    read -r seconds kilobytes <"$out"
-    printf '%-14s %8.2f s %8.0f MB\n' "$name" "$seconds" "$((kilobytes / 1024))"
-    eval "time_$name=$seconds; mem_$name=$kilobytes"
-}
+source bench/measure.sh
 
 echo "Batch: $count photo-like $width x $height JPEGs, centre 16:9, JPEG q80 ($(nproc) cores)"
 echo "(memory: peak PSS of the whole process tree)"

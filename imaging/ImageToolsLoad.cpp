@@ -6,6 +6,7 @@
 #include "imaging/ImageAccess.h"
 #include "imaging/ImageTools.h"
 #include "imaging/LosslessJpeg.h"
+#include "imaging/TiffStrips.h"
 #include "imaging/VipsLoad.h"
 #include "imaging/VipsRuntime.h"
 
@@ -72,6 +73,11 @@ LoadResult Load(const std::string& path, Pass pass) {
         }
         if (!streams) {
             pixels = pixels.copy_memory();
+        } else if (*sniffed.kind == FileKind::Tiff) {
+            // Strips read where the crop needs them, not every row above it.
+            if (std::optional<vips::VImage> strips = tiffstrips::Open(path, pixels)) {
+                pixels = std::move(*strips);
+            }
         }
         if (!upright) {
             pixels = pixels.autorot();

@@ -1,11 +1,9 @@
 #include "imaging/TiffRgba.h"
 
-#include <tiffio.h>
-
-#include <cstdarg>
 #include <cstdint>
-#include <cstdio>
 #include <memory>
+
+#include "imaging/TiffHandle.h"
 
 namespace vellumo::tiffrgba {
 
@@ -15,36 +13,11 @@ namespace {
 // bytes a pixel (1 GB here), where the other decoders stream.
 constexpr std::uint64_t kMostPixels = 1ull << 28;
 
-using Tiff = std::unique_ptr<TIFF, decltype(&TIFFClose)>;
-using Options = std::unique_ptr<TIFFOpenOptions, decltype(&TIFFOpenOptionsFree)>;
-
-// libtiff's messages about this file, handled here: the process-wide
-// handlers may belong to another library (ImageMagick's TIFF coder installs
-// handlers that expect its own state and abort without it).
-int KeepError(TIFF* /*tiff*/, void* first, const char* /*module*/, const char* format,
-              va_list arguments) {
-    auto* reason = static_cast<std::string*>(first);
-    if (reason->empty()) {
-        char text[512];
-        std::vsnprintf(text, sizeof text, format, arguments);
-        *reason = text;
-    }
-    return 1;
-}
-
-int IgnoreWarning(TIFF* /*tiff*/, void* /*data*/, const char* /*module*/, const char* /*format*/,
-                  va_list /*arguments*/) {
-    return 1;
-}
-
 }  // namespace
 
 vips::VImage Read(const std::string& path, int page) {
     std::string error;
-    const Options options(TIFFOpenOptionsAlloc(), &TIFFOpenOptionsFree);
-    TIFFOpenOptionsSetErrorHandlerExtR(options.get(), &KeepError, &error);
-    TIFFOpenOptionsSetWarningHandlerExtR(options.get(), &IgnoreWarning, nullptr);
-    const Tiff tiff(TIFFOpenExt(path.c_str(), "r", options.get()), &TIFFClose);
+    const tiffhandle::Tiff tiff = tiffhandle::Open(path, &error);
     if (!tiff) {
         throw vips::VError("libtiff cannot open the file: " + error);
     }
