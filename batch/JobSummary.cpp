@@ -1,5 +1,7 @@
 #include "batch/JobSummary.h"
 
+#include <algorithm>
+
 namespace vellumo {
 
 namespace {
@@ -46,7 +48,11 @@ std::string JobSummaryText(const JobReport& report) {
             ++warned;
         }
     }
-    std::string text = Count(static_cast<long>(report.images.size()), "image", "images") + ": ";
+    // A stopped job reports only the images it finished; the others of its
+    // list are counted as not cropped.
+    const auto finished = static_cast<long>(report.images.size());
+    const long listed = report.stopped ? std::max(report.total, finished) : finished;
+    std::string text = Count(listed, "image", "images") + ": ";
     text += planned > 0 && written == 0 ? std::to_string(planned) + " would be written"
                                         : std::to_string(written) + " written";
     if (kept > 0) {
@@ -55,6 +61,9 @@ std::string JobSummaryText(const JobReport& report) {
     }
     if (failed > 0) {
         text += ", " + std::to_string(failed) + " failed";
+    }
+    if (listed > finished) {
+        text += ", " + std::to_string(listed - finished) + " not cropped";
     }
     if (warned > 0) {
         text +=

@@ -16,7 +16,8 @@ std::string JobResultSentence(const JobReport& report);
 // The counts of a finished job, for the line after that sentence:
 // "120 images: 117 written, 2 kept as they were, 1 failed; 3 with a
 // warning". Counts of zero are left out, but for "written"; a dry run says
-// "would be written".
+// "would be written"; a stopped job counts its whole list and ends with the
+// images it did not crop ("120 images: 37 written, 83 not cropped").
 std::string JobSummaryText(const JobReport& report);
 
 // The lines an image's notes give on standard output, in order: "Remove

@@ -23,6 +23,17 @@ JobReport Report(std::initializer_list<std::pair<ImageStatus, const char*>> imag
     return report;
 }
 
+TEST(JobSummary, AStoppedJobCountsTheImagesItDidNotCrop) {
+    using S = ImageStatus;
+    JobReport report = Report({{S::Written, ""}, {S::Failed, ""}});
+    report.stopped = true;
+    report.total = 13;
+    EXPECT_EQ(JobSummaryText(report), "13 images: 1 written, 1 failed, 11 not cropped");
+    EXPECT_EQ(JobResultSentence(report), "Cropping was stopped: 1 of 13 images were written.");
+    report.images.clear();
+    EXPECT_EQ(JobSummaryText(report), "13 images: 0 written, 13 not cropped");
+}
+
 TEST(JobSummary, CountsWrittenKeptFailedAndWarned) {
     using S = ImageStatus;
     const JobReport report = Report({{S::Written, ""},

@@ -258,6 +258,8 @@ class CropJobTest : public QObject {
         QCOMPARE(w.processor->started(), 1);  // no new image began
         QCOMPARE(w.loaded.boxes.back().text,
                  QStringLiteral("Cropping was stopped: 0 of 4 images were written."));
+        QCOMPARE(w.loaded.boxes.back().informativeText,
+                 QStringLiteral("4 images: 0 written, 4 not cropped"));
         QCOMPARE(w.loaded.boxes.back().style, MessageBoxStyle::Warning);
         QVERIFY(!stop.isEnabled());
         QVERIFY(w.loaded.Control<QPushButton>("buttonCropImages").isEnabled());
