@@ -1,6 +1,7 @@
 // vellumo-cli with several images in flight (--jobs): the same files, the
 // same JSON and the same metadata as one image at a time; distinct outputs
-// for a clash; a stop by SIGINT that leaves no partial file and no worker.
+// for a clash; a stop by SIGINT that leaves no partial file and no worker,
+// and a second SIGINT that quits at once, leaving none either.
 
 #include <signal.h>
 #include <sys/wait.h>
@@ -8,6 +9,7 @@
 
 #include <chrono>
 #include <regex>
+#include <sstream>
 #include <thread>
 
 #include "tests/cli/CliFixture.h"
@@ -154,72 +156,120 @@ TEST_F(ParallelCliTest, BadJobCountsAreRefusedWithOneLine) {
     }
 }
 
-// The worker processes whose parent is `pid`.
-int ChildrenOf(pid_t pid) {
-    const test::CommandResult children =
-        test::RunCommand("pgrep -P " + std::to_string(pid) + " | wc -l");
-    return std::stoi(children.out);
+// The processes whose parent is `pid` (its workers).
+std::vector<int> ChildPids(pid_t pid) {
+    std::istringstream lines(test::RunCommand("pgrep -P " + std::to_string(pid)).out);
+    std::vector<int> pids;
+    for (int child = 0; lines >> child;) {
+        pids.push_back(child);
+    }
+    return pids;
 }
 
-TEST_F(ParallelCliTest, SigintStopsWith130TheSummaryNoPartialFileAndNoWorkerLeft) {
-    std::vector<std::string> sources;
-    for (int i = 0; i < 8; ++i) {
-        sources.push_back(dir.File("big" + std::to_string(i) + ".png"));
-        test::PhotoLikeImage(4000, 3000).pngsave(sources.back().c_str());
-    }
-    const std::string errFile = dir.File("err.txt");
-    fs::create_directories(Out());
-    const pid_t pid = fork();
-    ASSERT_GE(pid, 0);
-    if (pid == 0) {
-        std::vector<std::string> args = {VELLUMO_CLI, "--jobs",   "2",  "--format",
-                                         "png",       "--output", Out()};
-        args.insert(args.end(), sources.begin(), sources.end());
-        std::vector<char*> argv;
-        for (std::string& arg : args) {
-            argv.push_back(arg.data());
+// Eight large PNGs being written as PNG by two workers, stopped by signals.
+class StopSignalTest : public ParallelCliTest {
+  protected:
+    // Starts vellumo-cli on the eight images and returns once one of them is
+    // being written (its temporary file is there).
+    pid_t StartAndWaitUntilWriting() {
+        std::vector<std::string> sources;
+        for (int i = 0; i < 8; ++i) {
+            sources.push_back(dir.File("big" + std::to_string(i) + ".png"));
+            test::PhotoLikeImage(4000, 3000).pngsave(sources.back().c_str());
         }
-        argv.push_back(nullptr);
-        if (freopen(errFile.c_str(), "w", stderr) == nullptr ||
-            freopen("/dev/null", "w", stdout) == nullptr) {
-            _exit(126);
+        fs::create_directories(Out());
+        const pid_t pid = fork();
+        if (pid == 0) {
+            std::vector<std::string> args = {VELLUMO_CLI, "--jobs",   "2",  "--format",
+                                             "png",       "--output", Out()};
+            args.insert(args.end(), sources.begin(), sources.end());
+            std::vector<char*> argv;
+            for (std::string& arg : args) {
+                argv.push_back(arg.data());
+            }
+            argv.push_back(nullptr);
+            if (freopen(ErrFile().c_str(), "w", stderr) == nullptr ||
+                freopen("/dev/null", "w", stdout) == nullptr) {
+                _exit(126);
+            }
+            execv(VELLUMO_CLI, argv.data());
+            _exit(127);
         }
-        execv(VELLUMO_CLI, argv.data());
-        _exit(127);
+        bool writing = false;
+        for (int tries = 0; tries < 6000 && !writing && pid > 0; ++tries) {
+            writing = !TemporaryFiles().empty();
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+        EXPECT_TRUE(writing);
+        return pid;
     }
-    // Wait until an image is being written (its temporary file is there).
-    bool writing = false;
-    for (int tries = 0; tries < 6000 && !writing; ++tries) {
+    std::string ErrFile() { return dir.File("err.txt"); }
+    std::vector<std::string> TemporaryFiles() {
+        std::vector<std::string> names;
         for (const auto& entry : fs::directory_iterator(Out())) {
-            writing = writing || entry.path().filename().string().rfind(".vellumo-", 0) == 0;
+            const std::string name = entry.path().filename().string();
+            if (name.rfind(".vellumo-", 0) == 0) {
+                names.push_back(name);
+            }
         }
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        return names;
     }
-    ASSERT_TRUE(writing);
-    const int workers = ChildrenOf(pid);
-    EXPECT_EQ(workers, 2);
+    static int ExitStatus(pid_t pid) {
+        int status = 0;
+        EXPECT_EQ(waitpid(pid, &status, 0), pid);
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+    // Every file in the output folder is a whole image; returns how many.
+    std::size_t WholeOutputs() {
+        std::size_t written = 0;
+        for (const auto& entry : fs::directory_iterator(Out())) {
+            EXPECT_EQ(test::MagickPixels(entry.path().string(), "", "rgb", 8).size(),
+                      std::size_t{4000} * 3000 * 3)
+                << entry.path();
+            ++written;
+        }
+        return written;
+    }
+    static std::string WorkersOf(pid_t pid) {
+        return test::RunCommand("pgrep -f " + test::ShellQuote("vellumo-worker --socket-fd") +
+                                " -P " + std::to_string(pid) + " | wc -l")
+            .out;
+    }
+};
+
+TEST_F(StopSignalTest, SigintStopsWith130TheSummaryNoPartialFileAndNoWorkerLeft) {
+    const pid_t pid = StartAndWaitUntilWriting();
+    ASSERT_GT(pid, 0);
+    EXPECT_EQ(ChildPids(pid).size(), 2u);
     kill(pid, SIGINT);
-    int status = 0;
-    ASSERT_EQ(waitpid(pid, &status, 0), pid);
-    ASSERT_TRUE(WIFEXITED(status));
-    EXPECT_EQ(WEXITSTATUS(status), 130);
-    const std::string err = test::ReadFile(errFile);
+    EXPECT_EQ(ExitStatus(pid), 130);
+    const std::string err = test::ReadFile(ErrFile());
     const std::regex summary("Cropping was stopped: (\\d) of 8 images were written\\.");
     std::smatch said;
     ASSERT_TRUE(std::regex_search(err, said, summary)) << err;
-    std::size_t written = 0;
-    for (const auto& entry : fs::directory_iterator(Out())) {
-        const std::string name = entry.path().filename().string();
-        EXPECT_NE(name.rfind(".vellumo-", 0), 0u) << "a temporary file is left: " << name;
-        EXPECT_EQ(test::MagickPixels(entry.path().string(), "", "rgb", 8).size(),
-                  std::size_t{4000} * 3000 * 3);
-        ++written;
+    EXPECT_EQ(TemporaryFiles(), std::vector<std::string>());
+    EXPECT_EQ(WholeOutputs(), static_cast<std::size_t>(std::stoi(said[1])));
+    EXPECT_EQ(WorkersOf(pid), "0\n");
+}
+
+// The second signal ends the program at once; its workers, which notice the
+// engine's end, remove their temporary files as they go.
+TEST_F(StopSignalTest, ASecondSigintQuitsAtOnceLeavingNoPartialFile) {
+    const pid_t pid = StartAndWaitUntilWriting();
+    ASSERT_GT(pid, 0);
+    const std::vector<int> workers = ChildPids(pid);
+    ASSERT_EQ(workers.size(), 2u);
+    kill(pid, SIGINT);
+    kill(pid, SIGINT);
+    EXPECT_EQ(ExitStatus(pid), 130);
+    for (int worker : workers) {
+        for (int tries = 0; tries < 1000 && kill(worker, 0) == 0; ++tries) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+        EXPECT_NE(kill(worker, 0), 0) << "worker " << worker << " is still running";
     }
-    EXPECT_EQ(written, static_cast<std::size_t>(std::stoi(said[1])));
-    EXPECT_EQ(test::RunCommand("pgrep -f " + test::ShellQuote("vellumo-worker --socket-fd") +
-                               " -P " + std::to_string(pid) + " | wc -l")
-                  .out,
-              "0\n");
+    EXPECT_EQ(TemporaryFiles(), std::vector<std::string>());
+    WholeOutputs();
 }
 
 }  // namespace
