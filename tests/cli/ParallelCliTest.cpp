@@ -26,7 +26,7 @@ class ParallelCliTest : public CliTest {
     // The JSON lines without what differs from run to run (the folder).
     static std::vector<std::string> Lines(const CliRun& run, const std::string& folder) {
         std::vector<std::string> lines;
-        for (nlohmann::json object : run.objects) {
+        for (const nlohmann::json& object : run.objects) {
             std::string text = object.dump();
             for (std::size_t at; (at = text.find(folder)) != std::string::npos;) {
                 text.replace(at, folder.size(), "OUT");
@@ -184,6 +184,7 @@ class StopSignalTest : public ParallelCliTest {
                                              "png",       "--output", Out()};
             args.insert(args.end(), sources.begin(), sources.end());
             std::vector<char*> argv;
+            argv.reserve(args.size() + 1);
             for (std::string& arg : args) {
                 argv.push_back(arg.data());
             }
