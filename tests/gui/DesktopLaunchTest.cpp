@@ -1,6 +1,6 @@
 // Starting the program with files and folders, a second start handing its
-// files to the window already open, the menu's shortcuts, and a dark
-// palette.
+// files to the window already open, the menu's shortcuts, the window's
+// size and splitter kept between runs, and a dark palette.
 
 #include <QAbstractItemView>
 #include <QAction>
@@ -10,6 +10,8 @@
 #include <QMenuBar>
 #include <QProcess>
 #include <QPushButton>
+#include <QSplitter>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 #include <vector>
@@ -165,6 +167,34 @@ class DesktopLaunchTest : public QObject {
         const std::size_t before = loaded.boxes.size();
         QTest::keyClick(&loaded.window(), Qt::Key_Return, Qt::ControlModifier);
         QCOMPARE(loaded.boxes.size(), before + 1);
+    }
+
+    void theWindowsSizeAndSplitterAreKeptBetweenRuns() {
+        // The settings go to a folder of QtTest's, not the user's.
+        QStandardPaths::setTestModeEnabled(true);
+        const QSize size(790, 560);  // the offscreen screen is 800 x 600
+        QList<int> split;
+        {
+            LoadedWindow first;
+            first.window().RestoreState();
+            first.Show();
+            first.window().resize(size);
+            auto& splitter = first.Control<QSplitter>("splitterMain");
+            QTRY_COMPARE(splitter.width(), size.width() - 2 * splitter.x());
+            // Moved from where it starts, as far as the panes' smallest
+            // widths let it.
+            const QList<int> initial = splitter.sizes();
+            splitter.setSizes({initial[0] + 60, initial[1] - 60});
+            split = splitter.sizes();
+            QVERIFY2(split.first() > initial.first() + 20, qPrintable(QString::number(split[0])));
+            first.window().RememberState();
+        }
+        LoadedWindow second;
+        second.window().RestoreState();
+        second.Show();
+        QCOMPARE(second.window().size(), size);
+        QCOMPARE(second.Control<QSplitter>("splitterMain").sizes(), split);
+        QStandardPaths::setTestModeEnabled(false);
     }
 
     void aDarkPaletteKeepsTheListAndPreviewLegible() {
