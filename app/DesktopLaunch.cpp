@@ -8,8 +8,8 @@
 #include "app/LaunchArguments.h"
 #include "app/SingleInstance.h"
 #include "ui/MainWindow.h"
-#include "ui/MessageBox.h"
 #include "ui/ViewController.h"
+#include "ui/dialogs/MessageBox.h"
 
 namespace vellumo {
 

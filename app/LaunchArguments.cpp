@@ -6,7 +6,7 @@
 #include <QDirIterator>
 #include <QFileInfo>
 
-#include "ui/ImagePaths.h"
+#include "ui/list/ImagePaths.h"
 
 namespace vellumo {
 

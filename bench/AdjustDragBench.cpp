@@ -24,9 +24,9 @@
 #include <vector>
 
 #include "bench/BenchInputs.h"
-#include "ui/CropPreviewView.h"
 #include "ui/MainWindow.h"
 #include "ui/ViewController.h"
+#include "ui/preview/CropPreviewView.h"
 
 namespace {
 

@@ -22,9 +22,9 @@
 
 #include "bench/BenchInputs.h"
 #include "bench/BenchWindow.h"
-#include "ui/CropPreviewView.h"
 #include "ui/MainWindow.h"
 #include "ui/ViewController.h"
+#include "ui/preview/CropPreviewView.h"
 
 namespace {
 

@@ -30,9 +30,9 @@
 #include <cstdlib>
 #include <vector>
 
-#include "ui/ContactSheetView.h"
 #include "ui/MainWindow.h"
 #include "ui/ViewController.h"
+#include "ui/sheet/ContactSheetView.h"
 #include "ui/thumbnails/ThumbnailLoader.h"
 
 namespace {

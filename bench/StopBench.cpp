@@ -24,8 +24,8 @@
 #include "bench/BenchInputs.h"
 #include "bench/BenchWindow.h"
 #include "ui/MainWindow.h"
-#include "ui/MessageBox.h"
 #include "ui/ViewController.h"
+#include "ui/dialogs/MessageBox.h"
 
 namespace {
 

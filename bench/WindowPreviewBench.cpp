@@ -23,10 +23,10 @@
 
 #include "bench/BenchInputs.h"
 #include "bench/BenchWindow.h"
-#include "ui/CropPreviewView.h"
 #include "ui/MainWindow.h"
-#include "ui/PreviewPrefetch.h"
 #include "ui/ViewController.h"
+#include "ui/preview/CropPreviewView.h"
+#include "ui/preview/PreviewPrefetch.h"
 
 namespace {
 

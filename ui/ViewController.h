@@ -29,12 +29,12 @@
 #include "batch/OutputPlan.h"
 #include "batch/PreviewDecoder.h"
 #include "imaging/Image.h"
-#include "ui/CellCrop.h"
-#include "ui/CropFrame.h"
-#include "ui/ImageTableView.h"
 #include "ui/MainWindow.h"
 #include "ui/Outlet.h"
 #include "ui/WindowServices.h"
+#include "ui/list/ImageTableView.h"
+#include "ui/preview/CropFrame.h"
+#include "ui/sheet/CellCrop.h"
 
 class QAction;
 class QCheckBox;

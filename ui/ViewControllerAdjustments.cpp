@@ -8,11 +8,11 @@
 #include <QUndoStack>
 
 #include "batch/CropPlan.h"
-#include "ui/CropAdjustmentStore.h"
-#include "ui/CropPreviewView.h"
-#include "ui/ImageListModel.h"
-#include "ui/ImagePaths.h"
 #include "ui/ViewController.h"
+#include "ui/list/ImageListModel.h"
+#include "ui/list/ImagePaths.h"
+#include "ui/preview/CropAdjustmentStore.h"
+#include "ui/preview/CropPreviewView.h"
 
 namespace vellumo {
 

@@ -19,11 +19,11 @@
 #include <cmath>
 
 #include "batch/CropRectangle.h"
-#include "ui/ContactSheetCellDelegate.h"
-#include "ui/ContactSheetView.h"
-#include "ui/ImageListModel.h"
 #include "ui/ViewController.h"
-#include "ui/ViewModeIcons.h"
+#include "ui/list/ImageListModel.h"
+#include "ui/sheet/ContactSheetCellDelegate.h"
+#include "ui/sheet/ContactSheetView.h"
+#include "ui/sheet/ViewModeIcons.h"
 #include "ui/thumbnails/ThumbnailLoader.h"
 #include "worker/WorkerImageProcessor.h"
 

@@ -17,14 +17,14 @@
 #include "batch/OutputFolder.h"
 #include "batch/OverwritePrompts.h"
 #include "batch/Preconditions.h"
-#include "ui/CropAdjustmentStore.h"
-#include "ui/CropQuestions.h"
-#include "ui/CropResult.h"
-#include "ui/ImagePaths.h"
 #include "ui/JobStatusText.h"
-#include "ui/OverwriteBox.h"
 #include "ui/ProgressFraction.h"
 #include "ui/ViewController.h"
+#include "ui/dialogs/CropQuestions.h"
+#include "ui/dialogs/CropResult.h"
+#include "ui/dialogs/OverwriteBox.h"
+#include "ui/list/ImagePaths.h"
+#include "ui/preview/CropAdjustmentStore.h"
 
 namespace vellumo {
 

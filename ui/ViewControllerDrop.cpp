@@ -7,8 +7,8 @@
 #include <algorithm>
 
 #include "imaging/Fatal.h"
-#include "ui/ImagePaths.h"
 #include "ui/ViewController.h"
+#include "ui/list/ImagePaths.h"
 
 namespace vellumo {
 

@@ -2,10 +2,10 @@
 
 #include <QLabel>
 
-#include "ui/CropAdjustmentStore.h"
-#include "ui/CropPreviewView.h"
-#include "ui/ImagePaths.h"
 #include "ui/ViewController.h"
+#include "ui/list/ImagePaths.h"
+#include "ui/preview/CropAdjustmentStore.h"
+#include "ui/preview/CropPreviewView.h"
 
 namespace vellumo {
 

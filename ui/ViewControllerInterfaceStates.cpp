@@ -10,17 +10,17 @@
 #include <QTabWidget>
 
 #include "batch/CropSettings.h"
-#include "ui/AutoCropRuleBox.h"
-#include "ui/CropAdjustmentStore.h"
-#include "ui/CropPreviewView.h"
-#include "ui/LatchingRadioButton.h"
 #include "ui/ProgressFraction.h"
-#include "ui/QualitySlider.h"
-#include "ui/ResizeRuleBox.h"
-#include "ui/SettingsBinding.h"
-#include "ui/Stepper.h"
-#include "ui/TextFieldNumber.h"
 #include "ui/ViewController.h"
+#include "ui/controls/AutoCropRuleBox.h"
+#include "ui/controls/LatchingRadioButton.h"
+#include "ui/controls/QualitySlider.h"
+#include "ui/controls/ResizeRuleBox.h"
+#include "ui/controls/SettingsBinding.h"
+#include "ui/controls/Stepper.h"
+#include "ui/controls/TextFieldNumber.h"
+#include "ui/preview/CropAdjustmentStore.h"
+#include "ui/preview/CropPreviewView.h"
 
 namespace vellumo {
 

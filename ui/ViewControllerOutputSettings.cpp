@@ -10,9 +10,9 @@
 #include "batch/CropSettings.h"
 #include "imaging/Formats.h"
 #include "imaging/OutputCodec.h"
-#include "ui/QualitySlider.h"
-#include "ui/QualityText.h"
 #include "ui/ViewController.h"
+#include "ui/controls/QualitySlider.h"
+#include "ui/controls/QualityText.h"
 
 namespace vellumo {
 

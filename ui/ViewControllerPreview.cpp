@@ -16,14 +16,14 @@
 #include "batch/CropRectangle.h"
 #include "batch/LosslessCrop.h"
 #include "batch/OutputPlan.h"
-#include "ui/CropAdjustmentStore.h"
-#include "ui/CropPreviewView.h"
-#include "ui/DimensionText.h"
-#include "ui/ImageListModel.h"
-#include "ui/LatchingRadioButton.h"
-#include "ui/PreviewPicture.h"
-#include "ui/PreviewPrefetch.h"
 #include "ui/ViewController.h"
+#include "ui/controls/LatchingRadioButton.h"
+#include "ui/list/ImageListModel.h"
+#include "ui/preview/CropAdjustmentStore.h"
+#include "ui/preview/CropPreviewView.h"
+#include "ui/preview/DimensionText.h"
+#include "ui/preview/PreviewPicture.h"
+#include "ui/preview/PreviewPrefetch.h"
 
 namespace vellumo {
 

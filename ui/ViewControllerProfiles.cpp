@@ -9,13 +9,13 @@
 #include <QLineEdit>
 
 #include "batch/Profile.h"
-#include "ui/LatchingRadioButton.h"
-#include "ui/QualitySlider.h"
-#include "ui/QualityText.h"
-#include "ui/SettingsBinding.h"
-#include "ui/Stepper.h"
-#include "ui/TextFieldNumber.h"
 #include "ui/ViewController.h"
+#include "ui/controls/LatchingRadioButton.h"
+#include "ui/controls/QualitySlider.h"
+#include "ui/controls/QualityText.h"
+#include "ui/controls/SettingsBinding.h"
+#include "ui/controls/Stepper.h"
+#include "ui/controls/TextFieldNumber.h"
 
 namespace vellumo {
 

@@ -3,8 +3,8 @@
 #include <QCoreApplication>
 #include <QUrl>
 
-#include "ui/CropAdjustmentStore.h"
 #include "ui/ViewController.h"
+#include "ui/preview/CropAdjustmentStore.h"
 
 namespace vellumo {
 

@@ -7,9 +7,9 @@
 #include <QUrl>
 #include <functional>
 
-#include "ui/MessageBox.h"
-#include "ui/OpenPanel.h"
-#include "ui/SavePanel.h"
+#include "ui/dialogs/MessageBox.h"
+#include "ui/dialogs/OpenPanel.h"
+#include "ui/dialogs/SavePanel.h"
 
 class QWidget;
 

@@ -18,10 +18,10 @@
 #include "tests/gui/support/WindowDriving.h"
 #include "tests/support/Commands.h"
 #include "tests/support/TestImages.h"
-#include "ui/CropAdjustmentStore.h"
-#include "ui/CropPreviewView.h"
-#include "ui/ImageListModel.h"
-#include "ui/LatchingRadioButton.h"
+#include "ui/controls/LatchingRadioButton.h"
+#include "ui/list/ImageListModel.h"
+#include "ui/preview/CropAdjustmentStore.h"
+#include "ui/preview/CropPreviewView.h"
 
 using vellumo::CropPreviewView;
 using vellumo::LatchingRadioButton;

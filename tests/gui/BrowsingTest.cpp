@@ -13,8 +13,8 @@
 #include "tests/gui/support/PictureFiles.h"
 #include "tests/gui/support/WindowDriving.h"
 #include "tests/gui/support/Workers.h"
-#include "ui/CropPreviewView.h"
-#include "ui/PreviewPrefetch.h"
+#include "ui/preview/CropPreviewView.h"
+#include "ui/preview/PreviewPrefetch.h"
 
 using vellumo::PreviewPrefetch;
 using vellumo::test::LoadedWindow;

@@ -14,14 +14,14 @@
 #include <limits>
 
 #include "tests/gui/support/LoadedWindow.h"
-#include "ui/CropPreviewView.h"
-#include "ui/DimensionText.h"
-#include "ui/ImagePaths.h"
-#include "ui/LatchingRadioButton.h"
-#include "ui/OpenPanel.h"
 #include "ui/ProgressFraction.h"
-#include "ui/QualitySlider.h"
-#include "ui/Stepper.h"
+#include "ui/controls/LatchingRadioButton.h"
+#include "ui/controls/QualitySlider.h"
+#include "ui/controls/Stepper.h"
+#include "ui/dialogs/OpenPanel.h"
+#include "ui/list/ImagePaths.h"
+#include "ui/preview/CropPreviewView.h"
+#include "ui/preview/DimensionText.h"
 
 using vellumo::CropPreviewView;
 using vellumo::LatchingRadioButton;

@@ -26,10 +26,10 @@
 #include "tests/support/Commands.h"
 #include "tests/support/ReadBack.h"
 #include "tests/support/TestImages.h"
-#include "ui/CropQuestions.h"
-#include "ui/LatchingRadioButton.h"
-#include "ui/OverwriteBox.h"
 #include "ui/ProgressFraction.h"
+#include "ui/controls/LatchingRadioButton.h"
+#include "ui/dialogs/CropQuestions.h"
+#include "ui/dialogs/OverwriteBox.h"
 
 using vellumo::ImageOutcome;
 using vellumo::ImageStatus;

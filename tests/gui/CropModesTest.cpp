@@ -14,8 +14,8 @@
 #include "tests/gui/support/PictureFiles.h"
 #include "tests/gui/support/WindowDriving.h"
 #include "tests/gui/support/Workers.h"
-#include "ui/LatchingRadioButton.h"
-#include "ui/Stepper.h"
+#include "ui/controls/LatchingRadioButton.h"
+#include "ui/controls/Stepper.h"
 
 using vellumo::LatchingRadioButton;
 using vellumo::Stepper;

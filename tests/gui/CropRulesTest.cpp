@@ -18,7 +18,7 @@
 #include "tests/gui/support/PictureFiles.h"
 #include "tests/gui/support/WindowDriving.h"
 #include "tests/gui/support/Workers.h"
-#include "ui/LatchingRadioButton.h"
+#include "ui/controls/LatchingRadioButton.h"
 
 using vellumo::CropAnchor;
 using vellumo::LatchingRadioButton;

@@ -29,10 +29,10 @@
 #include "tests/gui/support/WindowDriving.h"
 #include "tests/gui/support/Workers.h"
 #include "tests/support/TestImages.h"
-#include "ui/CropQuestions.h"
-#include "ui/CropResult.h"
-#include "ui/LatchingRadioButton.h"
-#include "ui/OverwriteBox.h"
+#include "ui/controls/LatchingRadioButton.h"
+#include "ui/dialogs/CropQuestions.h"
+#include "ui/dialogs/CropResult.h"
+#include "ui/dialogs/OverwriteBox.h"
 
 using vellumo::MessageBoxRequest;
 using vellumo::MessageBoxStyle;

@@ -10,6 +10,7 @@
 #include <QMenuBar>
 #include <QProcess>
 #include <QPushButton>
+#include <QSettings>
 #include <QSplitter>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -21,7 +22,7 @@
 #include "tests/gui/support/LoadedWindow.h"
 #include "tests/gui/support/PictureFiles.h"
 #include "tests/gui/support/WindowDriving.h"
-#include "ui/CropPreviewView.h"
+#include "ui/preview/CropPreviewView.h"
 
 using vellumo::test::LoadedWindow;
 
@@ -172,11 +173,12 @@ class DesktopLaunchTest : public QObject {
     void theWindowsSizeAndSplitterAreKeptBetweenRuns() {
         // The settings go to a folder of QtTest's, not the user's.
         QStandardPaths::setTestModeEnabled(true);
+        QSettings().remove(QStringLiteral("window"));  // what an earlier run kept
         const QSize size(790, 560);  // the offscreen screen is 800 x 600
         QList<int> split;
         {
             LoadedWindow first;
-            first.window().RestoreState();
+            first.window().RestoreState();  // nothing kept: the first start
             first.Show();
             first.window().resize(size);
             auto& splitter = first.Control<QSplitter>("splitterMain");

@@ -10,8 +10,8 @@
 #include "tests/gui/support/DragAndDrop.h"
 #include "tests/gui/support/LoadedWindow.h"
 #include "tests/gui/support/SizedImage.h"
-#include "ui/CropPreviewView.h"
-#include "ui/ImageTableView.h"
+#include "ui/list/ImageTableView.h"
+#include "ui/preview/CropPreviewView.h"
 
 using vellumo::CropPreviewView;
 using vellumo::ImageTableView;

@@ -19,7 +19,7 @@
 
 #include "tests/gui/support/DragAndDrop.h"
 #include "tests/gui/support/LoadedWindow.h"
-#include "ui/ImageTableView.h"
+#include "ui/list/ImageTableView.h"
 
 using vellumo::ImageTableView;
 using vellumo::test::DragAnswer;

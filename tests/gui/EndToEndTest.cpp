@@ -21,9 +21,9 @@
 #include "tests/gui/support/RealImages.h"
 #include "tests/gui/support/WindowDriving.h"
 #include "tests/support/Commands.h"
-#include "ui/LatchingRadioButton.h"
-#include "ui/MessageBox.h"
-#include "ui/OverwriteBox.h"
+#include "ui/controls/LatchingRadioButton.h"
+#include "ui/dialogs/MessageBox.h"
+#include "ui/dialogs/OverwriteBox.h"
 
 using vellumo::test::LoadedWindow;
 

@@ -10,10 +10,10 @@
 #include <QLabel>
 #include <cstdio>
 
-#include "ui/DimensionText.h"
 #include "ui/MainWindow.h"
-#include "ui/QualityText.h"
 #include "ui/ViewController.h"
+#include "ui/controls/QualityText.h"
+#include "ui/preview/DimensionText.h"
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);

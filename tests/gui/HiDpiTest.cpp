@@ -9,7 +9,7 @@
 #include "tests/gui/support/PictureFiles.h"
 #include "tests/gui/support/WindowDriving.h"
 #include "tests/gui/support/Workers.h"
-#include "ui/CropPreviewView.h"
+#include "ui/preview/CropPreviewView.h"
 
 using vellumo::CropPreviewView;
 

@@ -15,7 +15,7 @@
 #include "tests/gui/support/PictureFiles.h"
 #include "tests/gui/support/RealImages.h"
 #include "tests/gui/support/WindowDriving.h"
-#include "ui/CropQuestions.h"
+#include "ui/dialogs/CropQuestions.h"
 
 using vellumo::test::LoadedWindow;
 

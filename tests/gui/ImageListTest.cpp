@@ -15,10 +15,10 @@
 
 #include "tests/gui/support/LoadedWindow.h"
 #include "tests/gui/support/SizedImage.h"
-#include "ui/CropPreviewView.h"
-#include "ui/FileKindIcons.h"
-#include "ui/ImageTableView.h"
-#include "ui/MessageBox.h"
+#include "ui/dialogs/MessageBox.h"
+#include "ui/list/FileKindIcons.h"
+#include "ui/list/ImageTableView.h"
+#include "ui/preview/CropPreviewView.h"
 
 using vellumo::CropPreviewView;
 using vellumo::ImageTableView;

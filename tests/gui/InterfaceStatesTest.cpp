@@ -14,12 +14,12 @@
 
 #include "tests/gui/support/LoadedWindow.h"
 #include "tests/gui/support/SizedImage.h"
-#include "ui/CropPreviewView.h"
-#include "ui/ImageTableView.h"
-#include "ui/LatchingRadioButton.h"
 #include "ui/ProgressFraction.h"
-#include "ui/QualitySlider.h"
-#include "ui/Stepper.h"
+#include "ui/controls/LatchingRadioButton.h"
+#include "ui/controls/QualitySlider.h"
+#include "ui/controls/Stepper.h"
+#include "ui/list/ImageTableView.h"
+#include "ui/preview/CropPreviewView.h"
 
 using vellumo::CropPreviewView;
 using vellumo::ImageTableView;

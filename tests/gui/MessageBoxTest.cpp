@@ -11,8 +11,8 @@
 #include <functional>
 
 #include "tests/gui/support/LoadedWindow.h"
-#include "ui/MessageBox.h"
-#include "ui/OverwriteBox.h"
+#include "ui/dialogs/MessageBox.h"
+#include "ui/dialogs/OverwriteBox.h"
 
 using vellumo::BuildMessageBox;
 using vellumo::MessageBoxRequest;

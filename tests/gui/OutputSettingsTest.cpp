@@ -17,9 +17,9 @@
 #include "tests/gui/support/LoadedWindow.h"
 #include "tests/gui/support/PictureFiles.h"
 #include "tests/gui/support/WindowDriving.h"
-#include "ui/LatchingRadioButton.h"
-#include "ui/OpenPanel.h"
-#include "ui/QualitySlider.h"
+#include "ui/controls/LatchingRadioButton.h"
+#include "ui/controls/QualitySlider.h"
+#include "ui/dialogs/OpenPanel.h"
 
 using vellumo::OpenPanelRequest;
 using vellumo::QualitySlider;

@@ -19,9 +19,9 @@
 #include "tests/gui/support/WindowDriving.h"
 #include "tests/gui/support/Workers.h"
 #include "tests/support/Commands.h"
-#include "ui/CropPreviewView.h"
-#include "ui/ImageTableView.h"
-#include "ui/LatchingRadioButton.h"
+#include "ui/controls/LatchingRadioButton.h"
+#include "ui/list/ImageTableView.h"
+#include "ui/preview/CropPreviewView.h"
 
 using vellumo::CropPreviewView;
 using vellumo::ImageTableView;

@@ -10,8 +10,8 @@
 #include "tests/gui/support/LoadedWindow.h"
 #include "tests/gui/support/PictureFiles.h"
 #include "tests/gui/support/WindowDriving.h"
-#include "ui/ImageListModel.h"
-#include "ui/ImageTableView.h"
+#include "ui/list/ImageListModel.h"
+#include "ui/list/ImageTableView.h"
 
 using vellumo::test::LabelText;
 using vellumo::test::LoadedWindow;

@@ -21,11 +21,11 @@
 #include "tests/gui/support/PictureFiles.h"
 #include "tests/gui/support/WindowDriving.h"
 #include "tests/support/Commands.h"
-#include "ui/LastFolders.h"
-#include "ui/LatchingRadioButton.h"
-#include "ui/OpenPanel.h"
-#include "ui/QualitySlider.h"
-#include "ui/Stepper.h"
+#include "ui/controls/LatchingRadioButton.h"
+#include "ui/controls/QualitySlider.h"
+#include "ui/controls/Stepper.h"
+#include "ui/dialogs/LastFolders.h"
+#include "ui/dialogs/OpenPanel.h"
 
 using vellumo::test::Click;
 using vellumo::test::LoadedWindow;

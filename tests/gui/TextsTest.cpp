@@ -9,8 +9,8 @@
 #include <limits>
 
 #include "ui/JobStatusText.h"
-#include "ui/QualityText.h"
-#include "ui/TextFieldNumber.h"
+#include "ui/controls/QualityText.h"
+#include "ui/controls/TextFieldNumber.h"
 
 using namespace std::chrono_literals;
 using vellumo::JobStatusText;

@@ -29,9 +29,9 @@
 #include <vector>
 
 #include "app/ApplicationMain.h"
-#include "ui/CropAdjustmentStore.h"
 #include "ui/MainWindow.h"
 #include "ui/ViewController.h"
+#include "ui/preview/CropAdjustmentStore.h"
 
 namespace {
 

@@ -15,7 +15,7 @@
 #include <QTest>
 
 #include "tests/gui/support/LoadedWindow.h"
-#include "ui/ImageTableView.h"
+#include "ui/list/ImageTableView.h"
 
 using vellumo::test::LoadedWindow;
 

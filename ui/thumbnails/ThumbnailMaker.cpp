@@ -4,7 +4,7 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include "ui/PreviewPicture.h"
+#include "ui/preview/PreviewPicture.h"
 #include "ui/thumbnails/SharedThumbnails.h"
 
 namespace vellumo {

@@ -10,8 +10,8 @@
 #include <QStyleOptionButton>
 #include <QTest>
 
-#include "ui/CropPreviewView.h"
-#include "ui/ImageTableView.h"
+#include "ui/list/ImageTableView.h"
+#include "ui/preview/CropPreviewView.h"
 
 namespace vellumo::test {
 

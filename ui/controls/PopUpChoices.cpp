@@ -1,0 +1,29 @@
+#include "ui/controls/PopUpChoices.h"
+
+#include <string_view>
+
+#include "batch/CropSettings.h"
+#include "imaging/Formats.h"
+
+namespace vellumo {
+
+QStringList AutoCropFormatTitles() {
+    QStringList list;
+    for (const AutoCropRatio& entry : kAutoCropRatios) {
+        list << QString::fromLatin1(entry.title.data(), static_cast<qsizetype>(entry.title.size()));
+    }
+    list << QString::fromUtf8(kCustomRatioTitle.data(),
+                              static_cast<qsizetype>(kCustomRatioTitle.size()));
+    return list;
+}
+
+QStringList OutputFormatTitles() {
+    QStringList list;
+    for (const OutputFormatInfo& format : kOutputFormats) {
+        list << QString::fromLatin1(format.title.data(),
+                                    static_cast<qsizetype>(format.title.size()));
+    }
+    return list;
+}
+
+}  // namespace vellumo

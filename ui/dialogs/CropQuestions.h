@@ -1,0 +1,39 @@
+#pragma once
+
+// The questions the crop command asks before a job starts, besides the
+// overwrite questions. In each, the first button goes on and the last,
+// "Cancel", ends the command with nothing written.
+
+#include <QString>
+#include <string>
+#include <vector>
+
+#include "batch/OutputPlan.h"
+#include "ui/dialogs/MessageBox.h"
+
+namespace vellumo {
+
+inline constexpr char kCreateFolder[] = "Create";
+inline constexpr char kReplaceOriginals[] = "Replace the Originals";
+inline constexpr char kWriteUncroppedCopies[] = "Write Copies";
+inline constexpr char kNumberTheClashingFiles[] = "Number the Clashing Files";
+inline constexpr char kCancel[] = "Cancel";
+inline constexpr char kUncroppedQuestion[] =
+    "The crop rectangle leaves every image uncropped. Write uncropped copies?";
+
+// "The folder /x does not exist. Create it?": "Create", "Cancel".
+MessageBoxRequest CreateFolderRequest(const std::string& folder);
+
+// Before the originals are replaced: "Replace the Originals", "Cancel".
+MessageBoxRequest ReplaceOriginalsRequest(std::size_t imageCount);
+
+// When the rule crops none of the images: "Write Copies", "Cancel".
+MessageBoxRequest UncroppedCopiesRequest();
+
+// One warning for all images that would share an output path, naming them
+// (the first clashes in the text, every one in the details):
+// "Number the Clashing Files", "Cancel".
+MessageBoxRequest ClashWarningRequest(const std::vector<OutputClash>& clashes,
+                                      const std::vector<std::string>& list);
+
+}  // namespace vellumo

@@ -1,0 +1,67 @@
+#include "ui/dialogs/CropResult.h"
+
+#include <QFile>
+#include <QStringList>
+
+#include "batch/JobSummary.h"
+
+namespace vellumo {
+
+namespace {
+
+QString PathText(const std::string& path) {
+    return QFile::decodeName(QByteArray::fromStdString(path));
+}
+
+}  // namespace
+
+MessageBoxRequest CropResultRequest(const JobReport& report) {
+    MessageBoxRequest request;
+    if (report.stopped) {
+        request.text = QString::fromStdString(JobResultSentence(report));
+        request.style = MessageBoxStyle::Warning;
+    } else if (report.allSucceeded) {
+        request.text = QString::fromLatin1(kImagesCroppedSuccessfully);
+        request.style = MessageBoxStyle::Informational;
+    } else {
+        request.text = QString::fromLatin1(kSomeImagesNotCropped);
+        request.style = MessageBoxStyle::Warning;
+    }
+    request.informativeText = QString::fromStdString(JobSummaryText(report));
+    request.buttons = {QString::fromLatin1(kShowInFolder), QStringLiteral("OK")};
+    request.defaultButton = 1;
+
+    QStringList lines;
+    for (const ImageReport& image : report.images) {
+        switch (image.outcome.status) {
+            case ImageStatus::Failed:
+                lines << QStringLiteral("Not cropped: %1 (%2)")
+                             .arg(PathText(image.source),
+                                  QString::fromStdString(image.outcome.reason));
+                break;
+            case ImageStatus::Skipped:
+                lines << QStringLiteral("Skipped: %1 (%2 already exists and was kept)")
+                             .arg(PathText(image.source), PathText(image.output));
+                break;
+            case ImageStatus::Written:
+            case ImageStatus::Planned:
+                for (const ImageNote& note : image.outcome.notes) {
+                    if (note.kind == NoteKind::MetadataNotCarried) {
+                        lines << QStringLiteral("Metadata not kept: %1 (%2)")
+                                     .arg(PathText(image.source),
+                                          QString::fromStdString(note.detail));
+                    }
+                }
+                if (!image.outcome.warning.empty()) {
+                    lines << QStringLiteral("Warning: %1 (%2)")
+                                 .arg(PathText(image.source),
+                                      QString::fromStdString(image.outcome.warning));
+                }
+                break;
+        }
+    }
+    request.details = lines.join(QLatin1Char('\n'));
+    return request;
+}
+
+}  // namespace vellumo

@@ -1,0 +1,31 @@
+#include "ui/dialogs/SavePanel.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+
+#include "ui/dialogs/LastFolders.h"
+
+namespace vellumo {
+
+SavePanelResult RunSavePanel(const SavePanelRequest& request, QWidget* parent) {
+    QFileDialog dialog(parent, request.title);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    if (!request.fileType.isEmpty()) {
+        dialog.setNameFilter(QStringLiteral("Vellumo profiles (*.%1)").arg(request.fileType));
+        dialog.setDefaultSuffix(request.fileType);
+    }
+    const QString folder = LastFolder(request.memoryKey);
+    if (!folder.isEmpty()) {
+        dialog.setDirectory(folder);
+    }
+    dialog.selectFile(request.suggestedName);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+        return std::nullopt;
+    }
+    const QString chosen = dialog.selectedFiles().constFirst();
+    RememberLastFolder(request.memoryKey, QFileInfo(chosen).absolutePath());
+    return chosen;
+}
+
+}  // namespace vellumo

@@ -1,0 +1,22 @@
+#include "ui/preview/DimensionText.h"
+
+#include <cmath>
+#include <cstdint>
+#include <string>
+
+#include "imaging/Fatal.h"
+
+namespace vellumo {
+
+QString DimensionText(const char* caption, double value) {
+    const double whole = std::trunc(value);
+    // 2^63 is the first value beyond the signed 64-bit range; -2^63 is in it.
+    constexpr double kLimit = 9223372036854775808.0;
+    if (!std::isfinite(whole) || whole >= kLimit || whole < -kLimit) {
+        Fatal(std::string("a dimension cannot be shown as a whole number: ") +
+              std::to_string(value));
+    }
+    return QString::fromLatin1(caption) + QString::number(static_cast<std::int64_t>(whole));
+}
+
+}  // namespace vellumo
