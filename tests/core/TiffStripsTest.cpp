@@ -70,6 +70,7 @@ TEST(TiffStrips, EveryLayoutCropsToTheExactPixels) {
         "-compress rle -define tiff:rows-per-strip=333",
         "-compress lzw -alpha set -define tiff:alpha=unassociated -define tiff:rows-per-strip=5",
         "-compress zip -depth 16 -define tiff:rows-per-strip=9",
+        "-compress none -depth 16 -define tiff:endian=msb -define tiff:rows-per-strip=11",
         "-compress none -colorspace gray -type grayscale -define tiff:rows-per-strip=10",
     };
     for (std::size_t i = 0; i < layouts.size(); ++i) {
