@@ -174,7 +174,7 @@ class DesktopLaunchTest : public QObject {
         // The settings go to a folder of QtTest's, not the user's.
         QStandardPaths::setTestModeEnabled(true);
         QSettings().remove(QStringLiteral("window"));  // what an earlier run kept
-        const QSize size(790, 560);  // the offscreen screen is 800 x 600
+        const QSize size(790, 560);                    // the offscreen screen is 800 x 600
         QList<int> split;
         {
             LoadedWindow first;
