@@ -21,8 +21,9 @@ void ClickRow(LoadedWindow& loaded, int row);
 void DeselectRow(LoadedWindow& loaded, int row);
 
 // Waits (up to `timeoutMs`) until the preview shows what was asked for last;
-// false when it did not come.
-bool WaitForPreview(LoadedWindow& loaded, int timeoutMs = 20000);
+// false when it did not come. The bound is generous: nothing is timed here,
+// and a decode can take 20 s when other builds and tests share the cores.
+bool WaitForPreview(LoadedWindow& loaded, int timeoutMs = 60000);
 
 // The picture the preview shows now (at its decoded size, before the view
 // scales it to the screen).
