@@ -1,9 +1,8 @@
 // A TIFF read for one crop is read by strips where the crop needs them: the
-// pixels are those libvips' TIFF decoder gives, a damaged strip fails the
-// image, and a crop at the bottom of a huge page holds little memory.
+// pixels are those libvips' TIFF decoder gives, and a damaged strip fails the
+// image. (What a crop of a huge page holds: StreamingTest.)
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 #include <filesystem>
 #include <fstream>
@@ -16,12 +15,6 @@
 
 namespace vellumo {
 namespace {
-
-double PeakResidentMegabytes() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss / 1024.0;
-}
 
 // The crop job opens each image once (OpenImage); LoadImage reads every
 // pixel through libvips' own decoder first.
@@ -125,33 +118,6 @@ TEST(TiffStrips, ADamagedStripFailsTheImageWithAReason) {
         EXPECT_NE(std::string(error.what()).find("cannot be decoded: "), std::string::npos)
             << error.what();
     }
-}
-
-TEST(TiffStrips, ACropAtTheBottomOfAHugePageHoldsOnlyTheStripsItCovers) {
-    test::TempDir dir;
-    const std::string path = dir.File("huge.tif");
-    {
-        // 20000 x 20000 RGB: 1.2 GB decoded, a few MB on disk.
-        const vips::VImage xy = vips::VImage::xyz(20000, 20000);
-        ((xy[0] & 255).bandjoin(xy[1] & 255).bandjoin((xy[0] ^ xy[1]) & 255))
-            .cast(VIPS_FORMAT_UCHAR)
-            .copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB))
-            .tiffsave(path.c_str(), vips::VImage::option()->set(
-                                        "compression", VIPS_FOREIGN_TIFF_COMPRESSION_DEFLATE));
-    }
-    const double before = PeakResidentMegabytes();
-
-    const LoadResult once = ImageTools::OpenImage(path);
-    ASSERT_TRUE(once) << once.reason();
-    // The lowest 1,000 rows: libvips' own decoder passes the 19,000 above.
-    const vips::VImage cut = test::PixelsOf(ImageTools::CropImage(*once, 0, 0, 20000, 1000));
-    ASSERT_EQ(cut.height(), 1000);
-    const std::vector<double> corner = cut.getpoint(5, 0);
-    EXPECT_EQ(corner[0], 5);
-    EXPECT_EQ(corner[1], 19000 & 255);
-
-    const double grown = PeakResidentMegabytes() - before;
-    EXPECT_LT(grown, 200.0) << "peak memory grew by " << grown << " MB";
 }
 
 }  // namespace
