@@ -21,7 +21,7 @@ double PeakResidentMegabytes() {
 // pixel at column x, row y (from the top) is (x & 255, y & 255,
 // (x ^ y) & 255), strip by strip, never held. `kind` is "png" or "tif".
 std::string WriteHugePattern(const test::TempDir& dir, const std::string& kind) {
-    const std::string path = dir.File("huge." + kind);
+    std::string path = dir.File("huge." + kind);
     const vips::VImage xy = vips::VImage::xyz(20000, 20000);
     const vips::VImage pattern =
         ((xy[0] & 255).bandjoin(xy[1] & 255).bandjoin((xy[0] ^ xy[1]) & 255))
