@@ -12,6 +12,7 @@ cli=${VELLUMO_CLI:-$build/cli/vellumo-cli}
 data=$build/bench-data/formats
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
+source bench/measure.sh
 mkdir -p "$data"
 plain=$data/photo-4000x3000.jpg
 [ -f "$plain" ] || "$build/bench/vellumo_make_photo" 4000 3000 "$plain" 7
@@ -23,14 +24,8 @@ for kind in heic avif webp jxl; do
         webp) [ -f "$f" ] || vips webpsave "$plain" "$f" --Q 80 ;;
         jxl) [ -f "$f" ] || vips jxlsave "$plain" "$f" --Q 80 ;;
     esac
-    best=
-    for run in 1 2 3; do
-        "$build/bench/vellumo_tree_memory" "$work/m" "$cli" --auto 16:9 --format JPG --quality 80 \
-            --overwrite all --quiet --output "$work/out" "$f" >/dev/null
-        read -r seconds kilobytes <"$work/m"
-        if [ -z "$best" ] || awk -v a="$seconds" -v b="$best" 'BEGIN { exit !(a < b) }'; then
-            best=$seconds; memory=$kilobytes
-        fi
-    done
-    printf '%-5s 4000 x 3000 -> 16:9 JPEG  %6.2f s  %5d MB\n' "$kind" "$best" "$((memory / 1024))"
+    best_of 3 format "$cli" --auto 16:9 --format JPG --quality 80 --overwrite all --quiet \
+        --output "$work/out" "$f"
+    printf '%-5s 4000 x 3000 -> 16:9 JPEG  %6.2f s  %5d MB\n' "$kind" "$time_format" \
+        "$((mem_format / 1024))"
 done

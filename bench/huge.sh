@@ -2,7 +2,7 @@
 # One huge image: a 20000 x 20000 uncompressed TIFF (1.2 GB, photo-like,
 # 128-row strips) cropped to its centred 16:9 rectangle as JPEG quality 80,
 # by vellumo-cli and by the vips command line. Prints wall time and the peak
-# memory of each whole process tree (best of RUNS), and checks that both
+# memory of each whole process tree (the fastest of RUNS), and checks that both
 # wrote the same pixels.
 #
 #   bench/huge.sh [RUNS]      (run scripts/build first; needs 3 GB of disk)
@@ -28,23 +28,11 @@ fi
 
 # 20000 x 11250 from row 4375 (the rectangle is whole-pixel here).
 echo "A 20000 x 20000 uncompressed TIFF, centre 16:9 to JPEG q80 ($(nproc) cores), best of $runs"
-best() {  # name, command...
-    local name=$1 t=0 m=0; shift
-    for _ in $(seq 1 "$runs"); do
-        measure "$name" "$@" >/dev/null
-        eval "t=\$time_$name m=\$mem_$name"
-        if [ -z "${best_t:-}" ] || awk -v a="$t" -v b="$best_t" 'BEGIN { exit !(a < b) }'; then
-            best_t=$t
-        fi
-        [ -z "${best_m:-}" ] || [ "$m" -lt "$best_m" ] && best_m=$m
-    done
-    printf '%-14s %8.2f s %8.0f MB\n' "$name" "$best_t" "$((best_m / 1024))"
-    eval "time_$name=$best_t mem_$name=$best_m"
-    unset best_t best_m
-}
-best vellumo "$cli" --auto 16:9 --format JPG --quality 80 --name '[FileName]' \
+best_of "$runs" vellumo "$cli" --auto 16:9 --format JPG --quality 80 --name '[FileName]' \
     --overwrite all --quiet --output "$work" "$tiff"
-best vips vips crop "$tiff" "$work/vips.jpg[Q=80]" 0 4375 20000 11250
+best_of "$runs" vips vips crop "$tiff" "$work/vips.jpg[Q=80]" 0 4375 20000 11250
+report vellumo
+report vips
 
 djpeg -pnm "$work/huge-20000x20000.jpg" | cmp -s - <(djpeg -pnm "$work/vips.jpg") ||
     { echo "vellumo-cli and vips wrote different pixels" >&2; exit 1; }

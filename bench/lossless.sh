@@ -13,6 +13,7 @@ cli=${VELLUMO_CLI:-$build/cli/vellumo-cli}
 data=$build/bench-data/lossless
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
+source bench/measure.sh
 mkdir -p "$data"
 source=$data/photo-6000x4000.jpg
 if [ ! -f "$source" ]; then
@@ -20,27 +21,12 @@ if [ ! -f "$source" ]; then
     vips jpegsave "$work/plain.jpg" "$source" --Q 92 --subsample-mode on
 fi
 
-# Best wall time of five runs of the command, in seconds.
-best_of_five() {
-    local best=
-    for run in 1 2 3 4 5; do
-        local start end seconds
-        start=$(date +%s.%N)
-        "$@" >/dev/null
-        end=$(date +%s.%N)
-        seconds=$(awk -v a="$start" -v b="$end" 'BEGIN { printf "%.3f", b - a }')
-        if [ -z "$best" ] || awk -v a="$seconds" -v b="$best" 'BEGIN { exit !(a < b) }'; then
-            best=$seconds
-        fi
-    done
-    echo "$best"
-}
-
-crop() { "$cli" --auto 16:9 --format JPG --quality 92 --overwrite all --quiet --name '[FileName]' "$@" "$source"; }
-reencode=$(best_of_five crop --output "$work/reencoded")
-lossless=$(best_of_five crop --lossless --output "$work/lossless")
+crop=(--auto 16:9 --format JPG --quality 92 --overwrite all --quiet --name '[FileName]')
+best_of 5 reencode "$cli" "${crop[@]}" --output "$work/reencoded" "$source"
+best_of 5 lossless "$cli" "${crop[@]}" --lossless --output "$work/lossless" "$source"
 # The same rectangle as --lossless chose: 6000 x 3383 from row 304.
-floor=$(best_of_five jpegtran -crop 6000x3383+0+304 -copy none -outfile "$work/jpegtran.jpg" "$source")
+best_of 5 floor jpegtran -crop 6000x3383+0+304 -copy none -outfile "$work/jpegtran.jpg" "$source"
+reencode=$time_reencode lossless=$time_lossless floor=$time_floor
 
 size() { stat -c %s "$1"; }
 printf 'source            %5.1f MB\n' "$(awk -v b="$(size "$source")" 'BEGIN { print b / 1e6 }')"

@@ -16,6 +16,7 @@ count=${1:-1000}
 data=$PWD/$build/bench-data/shards-$count
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
+source bench/measure.sh
 if [ ! -f "$data/list.txt" ]; then
     mkdir -p "$data"
     "$build/bench/vellumo_make_photo" 640 480 "$data/photo.jpg" 3
@@ -24,27 +25,13 @@ if [ ! -f "$data/list.txt" ]; then
     ls "$data"/p*.jpg >"$data/list.txt"
 fi
 
-# Best wall time of three runs of the shell command, in seconds; the output
-# folder and manifests are removed before each.
-best_of_three() {
-    local best=
-    for run in 1 2 3; do
-        rm -rf "$work/out" "$work"/m*.jsonl
-        local start end seconds
-        start=$(date +%s.%N)
-        (cd "$work" && eval "$1") >/dev/null
-        end=$(date +%s.%N)
-        seconds=$(awk -v a="$start" -v b="$end" 'BEGIN { printf "%.2f", b - a }')
-        if [ -z "$best" ] || awk -v a="$seconds" -v b="$best" 'BEGIN { exit !(a < b) }'; then
-            best=$seconds
-        fi
-    done
-    echo "$best"
-}
-
+# Each run starts without the output folder and manifests.
+before_each_run() { rm -rf "$work/out" "$work"/m*.jsonl; }
 common="--inputs $data/list.txt --auto 1:1 --format JPG --quality 80 --quiet --output out"
-one=$(best_of_three "$cli $common --jobs 2 --manifest m.jsonl")
-sharded=$(best_of_three "seq 0 1 | parallel -j 2 $cli $common --shard {}/2 --jobs 1 --manifest m{}.jsonl")
+best_of 3 one bash -c "cd '$work' && $cli $common --jobs 2 --manifest m.jsonl"
+best_of 3 sharded bash -c \
+    "cd '$work' && seq 0 1 | parallel -j 2 $cli $common --shard {}/2 --jobs 1 --manifest m{}.jsonl"
+one=$time_one sharded=$time_sharded
 (cd "$work" && "$cli" verify --manifest m0.jsonl m1.jsonl --inputs "$data/list.txt")
 printf '%d images: one run --jobs 2 %6.2f s; two shards by parallel -j 2 %6.2f s (%+.1f %%)\n' \
     "$count" "$one" "$sharded" "$(awk -v a="$one" -v b="$sharded" 'BEGIN { print (b - a) / a * 100 }')"
