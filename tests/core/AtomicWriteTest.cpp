@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/fsuid.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -65,20 +66,32 @@ TEST(AtomicWrite, ReaderPollingDuringRepeatedOverwritesNeverSeesAPartialFile) {
             if (seen != firstBytes && seen != secondBytes) {
                 ++partial;
             }
-            ++reads;
+            reads.fetch_add(1);
+            reads.notify_all();
         }
     });
+    // Before each write the writer waits for the reader to finish a read
+    // begun after the previous write, so the reads interleave with every
+    // write however the threads are scheduled.
+    const auto waitForFreshRead = [&reads] {
+        const int seen = reads.load();
+        for (int now = seen; now < seen + 2; now = reads.load()) {
+            reads.wait(now);
+        }
+    };
     constexpr int kWrites = 30;
     int saved = 0;
     for (int i = 0; i < kWrites; ++i) {
+        waitForFreshRead();
         saved += ImageTools::SaveImage(i % 2 == 0 ? second : first, target, 5, 0.8) ? 1 : 0;
     }
+    waitForFreshRead();
     writing = false;
     reader.join();
 
     EXPECT_EQ(saved, kWrites);
     EXPECT_EQ(partial.load(), 0) << "of " << reads.load() << " reads";
-    EXPECT_GT(reads.load(), kWrites) << "the reader hardly polled";
+    EXPECT_GT(reads.load(), kWrites);
     EXPECT_EQ(ReadFile(target), firstBytes);
 }
 
@@ -115,19 +128,50 @@ TEST(AtomicWrite, MissingFolderIsAFailureWithAReason) {
     EXPECT_TRUE(FileNames(dir).empty());
 }
 
-TEST(AtomicWrite, FolderWithoutWritePermissionIsAFailureWithAReason) {
-    if (geteuid() == 0) {
-        GTEST_SKIP() << "the superuser may write into any folder";
+// While alive, this thread's file accesses are checked as an ordinary
+// user's (nobody) when the test runs as the superuser, who may write into
+// any folder: the file-system user id is the thread's own, and changing it
+// from 0 drops the thread's file capabilities until it is changed back.
+class AsOrdinaryUser {
+  public:
+    static constexpr uid_t kNobody = 65534;
+    AsOrdinaryUser() : changed_(geteuid() == 0) {
+        if (changed_) {
+            setfsgid(kNobody);
+            setfsuid(kNobody);
+        }
     }
+    ~AsOrdinaryUser() {
+        if (changed_) {
+            setfsuid(0);
+            setfsgid(0);
+        }
+    }
+    AsOrdinaryUser(const AsOrdinaryUser&) = delete;
+    AsOrdinaryUser& operator=(const AsOrdinaryUser&) = delete;
+    // Who the accesses are checked as: the folder under test must be theirs.
+    static uid_t User() { return geteuid() == 0 ? kNobody : geteuid(); }
+
+  private:
+    const bool changed_;
+};
+
+TEST(AtomicWrite, FolderWithoutWritePermissionIsAFailureWithAReason) {
     TempDir dir;
-    const std::filesystem::path locked = dir.path() / "locked";
-    std::filesystem::create_directory(locked);
+    namespace fs = std::filesystem;
+    fs::permissions(dir.path(), fs::perms::others_exec, fs::perm_options::add);
+    const fs::path locked = dir.path() / "locked";
+    fs::create_directory(locked);
     WriteText((locked / "a.png").string(), "old");
-    std::filesystem::permissions(
-        locked, std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
-    const SaveResult result = ImageTools::TrySaveImage(MakeImage(test::CoordinateImage(20, 20)),
-                                                       (locked / "a.png").string(), 5, 0.8);
-    std::filesystem::permissions(locked, std::filesystem::perms::owner_all);
+    ASSERT_EQ(chown(locked.c_str(), AsOrdinaryUser::User(), static_cast<gid_t>(-1)), 0);
+    fs::permissions(locked, fs::perms::owner_read | fs::perms::owner_exec);
+    SaveResult result;
+    {
+        const AsOrdinaryUser user;
+        result = ImageTools::TrySaveImage(MakeImage(test::CoordinateImage(20, 20)),
+                                          (locked / "a.png").string(), 5, 0.8);
+    }
+    fs::permissions(locked, fs::perms::owner_all);
     EXPECT_FALSE(result.saved);
     EXPECT_EQ(result.reason, "permission denied");
     EXPECT_EQ(ReadFile((locked / "a.png").string()), "old");

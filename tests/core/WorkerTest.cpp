@@ -303,38 +303,6 @@ TEST_F(WorkerTest, PreviewsComeFromTheWorkerAlsoWhenTheFirstDecoderCrashesIt) {
 namespace vellumo {
 namespace {
 
-// Threads that decode at once each get a worker of their own: every picture
-// belongs to its request, and no worker dies of it.
-TEST(WorkerPreviews, ThreadsDecodingAtOnceEachGetTheirOwnPicture) {
-    test::TempDir dir;
-    std::vector<std::string> files;
-    for (int i = 0; i < 4; ++i) {
-        files.push_back(dir.File("p" + std::to_string(i) + ".png"));
-        test::CoordinateImage(800 + 37 * i, 600 - 23 * i)
-            .pngsave(files.back().c_str(), vips::VImage::option()->set("compression", 1));
-    }
-    WorkerPreviewDecoder decoder;
-    std::atomic<int> wrong{0};
-    std::vector<std::thread> threads;
-    for (int t = 0; t < 3; ++t) {
-        threads.emplace_back([&, t] {
-            for (int k = 0; k < 20; ++k) {
-                const int i = (t + k) % 4;
-                const PreviewResult preview = decoder.Decode(files[i], 256);
-                if (!preview || preview->fullSize != Size{800.0 + 37 * i, 600.0 - 23 * i}) {
-                    ++wrong;
-                }
-            }
-        });
-    }
-    for (std::thread& thread : threads) {
-        thread.join();
-    }
-    EXPECT_EQ(wrong.load(), 0);
-    EXPECT_LE(decoder.WorkerCount(), 3u);
-    EXPECT_GE(decoder.WorkerCount(), 1u);
-}
-
 // A worker is not tied to the thread that started it: after that thread has
 // ended, the same worker process goes on serving.
 TEST(WorkerPreviews, AWorkerOutlivesTheThreadThatStartedIt) {
@@ -357,56 +325,6 @@ TEST(WorkerPreviews, AWorkerOutlivesTheThreadThatStartedIt) {
     const auto reply = worker->Exchange(workerprotocol::PreviewRequest(file, 64, 1'000'000));
     ASSERT_TRUE(reply.message.has_value()) << reply.failure;
     EXPECT_EQ(worker->Pid(), first);
-}
-
-// A worker ends when its engine ends, however it ends, also in the middle of
-// a file: here the engine is a process that asks for a file that never
-// comes (a named pipe no one writes) and then dies without a word.
-TEST(WorkerPreviews, AWorkerEndsWhenItsEngineDiesWhileItWorks) {
-    test::TempDir dir;
-    const std::string neverComes = dir.File("never.png");
-    ASSERT_EQ(mkfifo(neverComes.c_str(), 0600), 0);
-    int pipeFds[2];
-    ASSERT_EQ(pipe(pipeFds), 0);
-    const pid_t engine = fork();
-    ASSERT_GE(engine, 0);
-    if (engine == 0) {
-        close(pipeFds[0]);
-        auto* worker = new WorkerProcess();  // never destroyed: the engine dies
-        std::thread([worker, neverComes] {
-            worker->Exchange(workerprotocol::PreviewRequest(neverComes, 16, 1'000'000));
-        }).detach();
-        while (worker->Pid() == 0) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(5));
-        }
-        // Long enough for the request to be on its way to the worker.
-        std::this_thread::sleep_for(std::chrono::milliseconds(200));
-        const long pid = worker->Pid();
-        (void)!write(pipeFds[1], &pid, sizeof pid);
-        _exit(0);
-    }
-    close(pipeFds[1]);
-    long worker = 0;
-    ASSERT_EQ(read(pipeFds[0], &worker, sizeof worker), static_cast<ssize_t>(sizeof worker));
-    close(pipeFds[0]);
-    int status = 0;
-    ASSERT_EQ(waitpid(engine, &status, 0), engine);
-    ASSERT_GT(worker, 0);
-    // Its parent gone, the worker ends (and is left for the system to reap:
-    // an ended process still listed is a zombie, "Z").
-    const auto ended = [worker] {
-        std::ifstream stat("/proc/" + std::to_string(worker) + "/stat");
-        std::string pid, name, state;
-        return !(stat >> pid >> name >> state) || state == "Z";
-    };
-    bool gone = false;
-    for (int i = 0; i < 200 && !gone; ++i) {
-        gone = ended();
-        if (!gone) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(50));
-        }
-    }
-    EXPECT_TRUE(gone) << "worker " << worker << " outlived its engine";
 }
 
 }  // namespace
