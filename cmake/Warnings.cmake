@@ -1,7 +1,8 @@
 # vellumo_warnings(<target>...): the warnings every target of ours is built
-# with. With VELLUMO_WERROR (on by default, and always in CI) a warning fails
-# the build.
-option(VELLUMO_WERROR "Treat warnings as errors" ON)
+# with. With VELLUMO_WERROR a warning fails the build: off by default, so
+# that a newer compiler's new warning does not stop someone building
+# Vellumo; every gate of scripts/test turns it on.
+option(VELLUMO_WERROR "Treat warnings as errors" OFF)
 
 function(vellumo_warnings)
     foreach(target IN LISTS ARGN)
