@@ -77,7 +77,7 @@ TEST_F(CliTest, CropsEveryInputFormat) {
 TEST_F(CliTest, ACorruptFileInTheMiddleOfTenFailsWithAReason) {
     std::vector<std::string> paths;
     for (int i = 0; i < 10; ++i) {
-        const std::string path = dir.File("p" + std::to_string(i) + ".png");
+        const std::string path = dir.File(std::to_string(i).insert(0, 1, 'p') + ".png");
         if (i == 5) {
             test::PhotoLikeImage(200, 150).pngsave(dir.File("whole.png").c_str());
             const std::string bytes = test::ReadFile(dir.File("whole.png"));

@@ -320,7 +320,8 @@ TEST_F(LargeBatchCli, TheKubernetesJobsCommandRunAsItsPodsDoesTheBatch) {
     }
     std::string manifests;
     for (int pod = 0; pod < 32; ++pod) {
-        manifests += " " + ShellQuote(dir.File("manifests/" + std::to_string(pod) + ".jsonl"));
+        manifests += ' ';
+        manifests += ShellQuote(dir.File("manifests/" + std::to_string(pod) + ".jsonl"));
     }
     const CliRun verified = Cli("verify --manifest" + manifests + " --inputs " + ShellQuote(list));
     EXPECT_EQ(verified.exitCode, 0) << verified.out;

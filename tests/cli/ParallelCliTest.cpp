@@ -70,7 +70,8 @@ TEST_F(ParallelCliTest, TwoJobsWriteTheBytesAndJsonOfOneJobOnMixedRealFilesWithM
     };
     std::string files;
     for (const char* name : names) {
-        files += " " + test::ShellQuote(test::TestDataPath(name));
+        files += ' ';
+        files += test::ShellQuote(test::TestDataPath(name));
     }
     const std::string options = " --json --keep-metadata --auto 4:3 --quality 85 --output ";
     const CliRun one = Cli("--jobs 1" + options + test::ShellQuote(dir.File("one")) + files);
