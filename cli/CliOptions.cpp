@@ -2,102 +2,426 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <cctype>
-#include <cmath>
 #include <filesystem>
 #include <thread>
 
 #include "batch/CropPlan.h"
 #include "batch/Profile.h"
 #include "cli/InputList.h"
+#include "cli/OptionValues.h"
 #include "imaging/Formats.h"
 
 namespace vellumo::cli {
 
 namespace {
 
-// "X,Y,W,H" as four numbers.
-std::optional<std::array<float, 4>> ParseRectangle(const std::string& text) {
-    std::array<float, 4> values{};
-    std::size_t start = 0;
-    for (std::size_t i = 0; i < 4; ++i) {
-        const std::size_t comma = text.find(',', start);
-        if ((i < 3) == (comma == std::string::npos)) {
-            return std::nullopt;
-        }
-        const std::string part =
-            text.substr(start, comma == std::string::npos ? comma : comma - start);
-        try {
-            std::size_t used = 0;
-            values[i] = std::stof(part, &used);
-            if (used != part.size()) {
-                return std::nullopt;
-            }
-        } catch (const std::exception&) {
-            return std::nullopt;
-        }
-        start = comma + 1;
-    }
-    return values;
+// The options' texts as given, and the options themselves (to tell given
+// from left out), group by group. Each group is declared by one function
+// and applied to the settings by another, in the order the help lists them.
+
+struct SourceGroup {  // where the settings and the images come from
+    std::string profile, plan, inputs;
+    bool nulSeparated = false;
+    CLI::Option* profileOption = nullptr;
+    CLI::Option* planOption = nullptr;
+    CLI::Option* inputsOption = nullptr;
+};
+
+struct RuleGroup {  // how every image is cropped, and the size it is written at
+    std::string autoRatio, pixels, percents, orientation, anchor, resize, resizeMode;
+    bool enlarge = false;
+    CLI::Option* enlargeOption = nullptr;
+};
+
+struct OutputGroup {  // what is written, and where
+    std::string format = "JPG", nameTemplate{kDefaultNameTemplate}, folder, overwrite, onClash;
+    float quality = 80.0f;
+    bool lossless = false, keepMetadata = false, inPlace = false;
+    CLI::Option *formatOption = nullptr, *qualityOption = nullptr, *losslessOption = nullptr,
+                *nameOption = nullptr, *outputOption = nullptr, *keepOption = nullptr;
+};
+
+struct BatchGroup {  // this run's share of a large batch, and its record
+    std::string shard;
+    long shardCount = 0;
+    CLI::Option* shardOption = nullptr;
+    CLI::Option* shardCountOption = nullptr;
+};
+
+struct Groups {
+    SourceGroup source;
+    RuleGroup rule;
+    OutputGroup output;
+    BatchGroup batch;
+    double timeoutSeconds = 120;
+};
+
+// A usage error: one line naming the option.
+using Problem = std::optional<std::string>;
+
+void AddSettingsSources(CLI::App& app, SourceGroup& g) {
+    CLI::App* group = app.add_option_group("Settings from a file");
+    g.profileOption = group->add_option(
+        "--profile", g.profile,
+        "Settings from a profile saved by the window; options given here override it");
+    g.planOption = group->add_option(
+        "--plan", g.plan,
+        "A crop plan saved by the window: its images, their adjusted rectangles and its "
+        "settings; options given here override the settings");
+    g.planOption->excludes(g.profileOption);
 }
 
-// A positive finite decimal, the whole text.
-std::optional<double> PositiveNumber(const std::string& text) {
-    try {
-        std::size_t used = 0;
-        const double value = std::stod(text, &used);
-        if (used == text.size() && std::isfinite(value) && value > 0.0) {
-            return value;
-        }
-    } catch (const std::exception&) {
+void AddCropRule(CLI::App& app, RuleGroup& g) {
+    CLI::App* group = app.add_option_group("Crop rule");
+    auto* autoOption = group->add_option(
+        "--auto", g.autoRatio,
+        "Largest crop of a ratio W:H, any positive numbers (1:1, 4:3, 3:2, 16:9, 4:5, 1.91:1 ...)");
+    group
+        ->add_option("--orientation", g.orientation,
+                     "match (default): the ratio turned to each image's orientation; as-given: "
+                     "used as written on every image")
+        ->check(CLI::IsMember({"match", "as-given"}));
+    group->add_option("--anchor", g.anchor,
+                      "Where the --auto rectangle sits: centre (default), top, bottom, left, "
+                      "right, top-left, top-right, bottom-left, bottom-right, attention, entropy");
+    group->add_option("--resize", g.resize,
+                      "Output size after cropping: WxH (fit within), Wx (width), xH (height)");
+    group
+        ->add_option("--resize-mode", g.resizeMode,
+                     "fit (default): within WxH, keeping the ratio; exact: exactly WxH, the "
+                     "crop taking the ratio W:H")
+        ->check(CLI::IsMember({"fit", "exact"}));
+    g.enlargeOption =
+        group->add_flag("--enlarge", g.enlarge, "Let --resize make a smaller crop larger");
+    auto* pixelsOption = group->add_option(
+        "--pixels", g.pixels, "Rectangle in pixels, X,Y,W,H, origin at the lower-left corner");
+    auto* percentsOption =
+        group->add_option("--percents", g.percents, "Rectangle in percents of each image, X,Y,W,H");
+    autoOption->excludes(pixelsOption)->excludes(percentsOption);
+    pixelsOption->excludes(percentsOption);
+}
+
+void AddOutput(CLI::App& app, OutputGroup& g) {
+    CLI::App* group = app.add_option_group("Output");
+    g.formatOption = group
+                         ->add_option("--format", g.format,
+                                      "Output format: " + OutputFormatTitles(" ") + " (any case)")
+                         ->capture_default_str();
+    g.qualityOption =
+        group->add_option("--quality", g.quality, "Quality for JPEG and JPEG 2000, 0 to 100")
+            ->check(CLI::Validator(QualityProblem, "0-100"))
+            ->capture_default_str();
+    g.losslessOption = group->add_flag(
+        "--lossless", g.lossless,
+        "Crop JPEG files to JPEG without re-encoding: the rectangle moves out to the file's "
+        "block grid, and the quality is not used for them");
+    g.nameOption = group
+                       ->add_option("--name", g.nameTemplate,
+                                    "File name template with [FileName] and [FileIndex]")
+                       ->capture_default_str();
+    g.outputOption = group->add_option("--output", g.folder, "Output folder");
+    g.keepOption =
+        group->add_flag("--keep-metadata", g.keepMetadata,
+                        "Carry EXIF, IPTC, XMP and the creation date over to the outputs");
+    group
+        ->add_option("--overwrite", g.overwrite,
+                     "Existing outputs: ask, all or none (default: ask on a terminal, else none)")
+        ->check(CLI::IsMember({"ask", "all", "none"}));
+    group
+        ->add_option("--on-clash", g.onClash,
+                     "Images written to one path: fail (the later ones are not written, the "
+                     "default) or number (the later ones get \" (2)\", \" (3)\" ...)")
+        ->check(CLI::IsMember({"fail", "number"}));
+    group
+        ->add_flag("--in-place", g.inPlace,
+                   "Replace each original file by its own crop, in its own format (no --output, "
+                   "--name or --format)")
+        ->excludes(g.outputOption)
+        ->excludes(g.nameOption)
+        ->excludes(g.formatOption);
+}
+
+void AddJob(CLI::App& app, CliOptions& options, double& timeoutSeconds) {
+    CLI::App* group = app.add_option_group("Job");
+    group->add_flag("--dry-run", options.dryRun, "Decide and report, write nothing");
+    group->add_flag("--json", options.json, "One JSON object per image on standard output");
+    group->add_flag("--quiet", options.quiet, "Print only failures");
+    group
+        ->add_option("--max-pixels", options.limits.maxPixels,
+                     "Refuse images that declare more pixels than this")
+        ->check(CLI::PositiveNumber)
+        ->capture_default_str();
+    options.jobs = static_cast<int>(std::max(1u, std::thread::hardware_concurrency()));
+    group
+        ->add_option("--jobs", options.jobs,
+                     "Images worked on at once, each in a worker process of its own (default: "
+                     "the number of cores; 1: one after another)")
+        ->check(CLI::PositiveNumber)
+        ->capture_default_str();
+    group->add_option("--timeout", timeoutSeconds, "Give up on an image after this many seconds")
+        ->check(CLI::PositiveNumber)
+        ->capture_default_str();
+}
+
+void AddInputs(CLI::App& app, SourceGroup& g, CliOptions& options) {
+    app.add_option("FILE", options.files, "Image files to crop")->excludes(g.planOption);
+    CLI::App* group = app.add_option_group("Inputs");
+    g.inputsOption = group->add_option(
+        "--inputs", g.inputs,
+        "Read the image files from this file, one per line (- for standard input)");
+    g.inputsOption->excludes(g.planOption);
+    group
+        ->add_flag("--null", g.nulSeparated,
+                   "The --inputs file separates paths with NUL bytes (find -print0)")
+        ->needs(g.inputsOption);
+}
+
+void AddBatch(CLI::App& app, BatchGroup& g, CliOptions& options, CLI::Option* planOption) {
+    CLI::App* group = app.add_option_group("Large batches");
+    g.shardOption = group->add_option(
+        "--shard", g.shard,
+        "Do only this run's share of the batch: I/N takes the images whose position in the "
+        "sorted list is I modulo N; auto takes I (and N) from JOB_COMPLETION_INDEX or "
+        "SLURM_ARRAY_TASK_ID (and SLURM_ARRAY_TASK_COUNT)");
+    g.shardOption->excludes(planOption);
+    g.shardCountOption = group
+                             ->add_option("--shard-count", g.shardCount,
+                                          "N for --shard auto (Kubernetes Indexed Jobs)")
+                             ->check(CLI::PositiveNumber);
+    auto* manifestOption = group->add_option(
+        "--manifest", options.manifest,
+        "Append one JSON line per finished image to this file (durable after each image)");
+    group
+        ->add_flag("--resume", options.resume,
+                   "Skip the images the --manifest records as done whose outputs are unchanged")
+        ->needs(manifestOption);
+}
+
+// The paths of --inputs join the arguments'. A list read from standard
+// input leaves nobody there to answer questions.
+Problem ReadInputs(const SourceGroup& g, CliOptions& options, bool& standardInputIsTerminal) {
+    if (g.inputsOption->count() == 0) {
+        return std::nullopt;
+    }
+    const Loaded<std::vector<std::string>> listed = ReadInputList(g.inputs, g.nulSeparated);
+    if (!listed) {
+        return "--inputs: " + g.inputs + ": " + listed.reason();
+    }
+    options.files.insert(options.files.end(), listed->begin(), listed->end());
+    if (g.inputs == "-") {
+        standardInputIsTerminal = false;
     }
     return std::nullopt;
 }
 
-// "W:H" with two positive decimals.
-std::optional<AspectRatio> ParseRatio(const std::string& text) {
-    const std::size_t colon = text.find(':');
-    if (colon == std::string::npos) {
+// This run's share; the list then sorted, each path once, so that every
+// shard sees the same list.
+Problem SelectShard(const BatchGroup& g, CliOptions& options,
+                    const EnvironmentLookup& environment) {
+    if (g.shardOption->count() == 0 && g.shardCountOption->count() == 0) {
         return std::nullopt;
     }
-    const auto width = PositiveNumber(text.substr(0, colon));
-    const auto height = PositiveNumber(text.substr(colon + 1));
-    if (!width || !height) {
-        return std::nullopt;
+    std::string reason;
+    if (g.shard.empty() || g.shard == "auto") {
+        options.shard = ShardFromEnvironment(
+            g.shardCountOption->count() > 0 ? std::optional<long>(g.shardCount) : std::nullopt,
+            environment, reason);
+    } else if (g.shardCountOption->count() > 0) {
+        return "--shard-count: only with --shard auto";
+    } else {
+        options.shard = ParseShard(g.shard, reason);
     }
-    return AspectRatio{*width, *height};
+    if (!options.shard) {
+        return "--shard: " + reason;
+    }
+    options.files = SortedUnique(std::move(options.files));
+    return std::nullopt;
 }
 
-// A side of --resize: empty, or a whole number from 1 to the largest side.
-std::optional<int> ParseSide(const std::string& text) {
-    if (text.empty()) {
-        return 0;
+// A plan gives the images, their rectangles and settings; a profile the
+// settings. The options given then override them.
+Problem LoadSettingsFiles(const SourceGroup& g, CliOptions& options) {
+    CropSettings& s = options.settings;
+    if (g.planOption->count() > 0) {
+        const Loaded<CropPlan> loaded = ReadCropPlan(g.plan, s);
+        if (!loaded) {
+            return "--plan: " + g.plan + ": " + loaded.reason();
+        }
+        s = loaded->settings;
+        options.files = PlannedPaths(*loaded);
+        options.adjustments = PlannedAdjustments(*loaded);
+    } else if (options.files.empty()) {
+        return "FILE is required (or --inputs, or --plan)";
     }
-    if (!std::all_of(text.begin(), text.end(), [](unsigned char c) { return std::isdigit(c); }) ||
-        text.size() > 5) {
-        return std::nullopt;
+    if (g.profileOption->count() > 0) {
+        const Loaded<CropSettings> loaded = ReadProfile(g.profile, s);
+        if (!loaded) {
+            return "--profile: " + g.profile + ": " + loaded.reason();
+        }
+        s = *loaded;
     }
-    const int side = std::stoi(text);
-    if (side < 1 || side > kLargestResizeSide) {
-        return std::nullopt;
-    }
-    return side;
+    return std::nullopt;
 }
 
-// The anchors' names as a sentence: "centre, top, ... attention or entropy".
-std::string AnchorNameList() {
-    std::string list;
-    for (std::size_t i = 0; i < kCropAnchorNames.size(); ++i) {
-        list += i == 0 ? "" : i + 1 == kCropAnchorNames.size() ? " or " : ", ";
-        list += kCropAnchorNames[i];
+// --auto, --pixels or --percents. Without one (nor a profile) the window's
+// start state stays: custom pixels 0, 0, 0, 0, which keeps every image whole.
+Problem ApplyCropMode(const RuleGroup& g, CropSettings& s) {
+    if (!g.autoRatio.empty()) {
+        const auto found =
+            std::find_if(kAutoCropRatios.begin(), kAutoCropRatios.end(),
+                         [&](const AutoCropRatio& entry) { return entry.title == g.autoRatio; });
+        s.mode = CropMode::Auto;
+        if (found != kAutoCropRatios.end()) {
+            s.autoCropFormat = found - kAutoCropRatios.begin();
+        } else if (const auto ratio = ParseRatio(g.autoRatio)) {
+            s.autoCropFormat = kCustomRatioIndex;
+            s.customRatio = *ratio;
+        } else {
+            return "--auto: expected a ratio W:H of two positive numbers, got " + g.autoRatio;
+        }
+    } else if (!g.pixels.empty()) {
+        const auto rect = ParseRectangle(g.pixels);
+        if (!rect) {
+            return "--pixels: expected four numbers X,Y,W,H, got " + g.pixels;
+        }
+        s.mode = CropMode::Pixels;
+        std::tie(s.pixelsOriginX, s.pixelsOriginY, s.pixelsWidth, s.pixelsHeight) =
+            std::tuple((*rect)[0], (*rect)[1], (*rect)[2], (*rect)[3]);
+    } else if (!g.percents.empty()) {
+        const auto rect = ParseRectangle(g.percents);
+        if (!rect) {
+            return "--percents: expected four numbers X,Y,W,H, got " + g.percents;
+        }
+        s.mode = CropMode::Percents;
+        std::tie(s.percentsOriginX, s.percentsOriginY, s.percentsWidth, s.percentsHeight) =
+            std::tuple((*rect)[0], (*rect)[1], (*rect)[2], (*rect)[3]);
     }
-    return list;
+    return std::nullopt;
 }
 
-ParseOutcome UsageError(const std::string& message) {
+Problem ApplyPlacement(const RuleGroup& g, CropSettings& s) {
+    if (!g.orientation.empty()) {
+        s.matchOrientation = g.orientation == "match";
+    }
+    if (!g.anchor.empty()) {
+        const auto named = CropAnchorNamed(g.anchor);
+        if (!named) {
+            return "--anchor: unknown anchor " + g.anchor + " (use " + AnchorNameList() + ")";
+        }
+        s.anchor = *named;
+    }
+    return std::nullopt;
+}
+
+Problem ApplyResize(const RuleGroup& g, CropSettings& s) {
+    if (!g.resize.empty()) {
+        const std::size_t x = g.resize.find_first_of("xX");
+        const auto width = x == std::string::npos ? std::nullopt : ParseSide(g.resize.substr(0, x));
+        const auto height =
+            x == std::string::npos ? std::nullopt : ParseSide(g.resize.substr(x + 1));
+        if (!width || !height || (*width == 0 && *height == 0)) {
+            return "--resize: expected WxH, Wx or xH with sides from 1 to " +
+                   std::to_string(kLargestResizeSide) + ", got " + g.resize;
+        }
+        s.resize.width = *width;
+        s.resize.height = *height;
+        s.resize.mode = *height == 0  ? ResizeMode::Width
+                        : *width == 0 ? ResizeMode::Height
+                                      : ResizeMode::Fit;
+    }
+    if (g.resizeMode == "exact") {
+        if (s.resize.width == 0 || s.resize.height == 0) {
+            return "--resize-mode exact: needs --resize WxH with both sides";
+        }
+        s.resize.mode = ResizeMode::Exact;
+    }
+    if (g.enlargeOption->count() > 0) {
+        s.resize.enlarge = g.enlarge;
+    }
+    return std::nullopt;
+}
+
+Problem ApplyOutput(const OutputGroup& g, CropSettings& s) {
+    if (g.formatOption->count() > 0) {
+        s.outputFormat = OutputFormatNamed(g.format);
+        if (s.outputFormat < 0) {
+            return "--format: unknown format " + g.format + " (use " + OutputFormatTitles(" ") +
+                   ")";
+        }
+    }
+    if (g.qualityOption->count() > 0)
+        s.quality = g.quality;
+    if (g.losslessOption->count() > 0)
+        s.losslessJpeg = g.lossless;
+    if (g.nameOption->count() > 0)
+        s.nameTemplate = g.nameTemplate;
+    if (g.outputOption->count() > 0)
+        s.outputFolder = g.folder;
+    if (g.keepOption->count() > 0)
+        s.keepMetadata = g.keepMetadata;
+    s.replaceOriginals = g.inPlace;
+    if (s.outputFolder.empty() && !g.inPlace) {
+        return "--output is required";
+    }
+    return std::nullopt;
+}
+
+// --overwrite, by default: ask on a terminal, none otherwise (no file is
+// replaced without consent); --on-clash.
+void ApplyAnswers(const OutputGroup& g, bool standardInputIsTerminal, CliOptions& options) {
+    options.onClash = g.onClash == "number" ? ClashPolicy::Number : ClashPolicy::Refuse;
+    if (g.overwrite.empty()) {
+        options.overwrite = standardInputIsTerminal ? OverwriteMode::Ask : OverwriteMode::None;
+    } else {
+        options.overwrite = g.overwrite == "ask"   ? OverwriteMode::Ask
+                            : g.overwrite == "all" ? OverwriteMode::All
+                                                   : OverwriteMode::None;
+    }
+}
+
+Problem CheckFiles(const std::vector<std::string>& files) {
+    for (const std::string& file : files) {
+        std::error_code ignored;
+        if (std::filesystem::is_directory(file, ignored)) {
+            return file + " is a folder: give image files";
+        }
+        if (InputExtensionOfPath(file) == nullptr) {
+            return file + ": not an image file name (" + InputExtensionList(" ") + ")";
+        }
+    }
+    return std::nullopt;
+}
+
+// Everything after the words were parsed, in the order the problems are
+// reported: the first one found is the one line the person sees.
+Problem ApplyGroups(const Groups& g, bool standardInputIsTerminal,
+                    const EnvironmentLookup& environment, CliOptions& options) {
+    options.limits.timeout =
+        std::chrono::milliseconds(static_cast<long long>(g.timeoutSeconds * 1000.0));
+    Problem problem = ReadInputs(g.source, options, standardInputIsTerminal);
+    if (!problem)
+        problem = SelectShard(g.batch, options, environment);
+    if (!problem)
+        problem = LoadSettingsFiles(g.source, options);
+    if (!problem)
+        problem = ApplyCropMode(g.rule, options.settings);
+    if (!problem)
+        problem = ApplyPlacement(g.rule, options.settings);
+    if (!problem)
+        problem = ApplyResize(g.rule, options.settings);
+    if (!problem)
+        problem = ApplyOutput(g.output, options.settings);
+    if (problem) {
+        return problem;
+    }
+    ApplyAnswers(g.output, standardInputIsTerminal, options);
+    return CheckFiles(options.files);
+}
+
+ParseOutcome Outcome(int exitCode, std::string message) {
     ParseOutcome outcome;
-    outcome.exitCode = 2;
-    outcome.message = "vellumo-cli: " + message;
+    outcome.exitCode = exitCode;
+    outcome.message = std::move(message);
     return outcome;
 }
 
@@ -108,309 +432,29 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
     CLI::App app{"Crops image files in one go: the same engine as the Vellumo window.",
                  "vellumo-cli"};
     CliOptions options;
-    std::string autoRatio, pixels, percents, format = "JPG", overwrite, profile;
-    std::string nameTemplate{kDefaultNameTemplate}, outputFolder;
-    float quality = 80.0f;
-    bool keepMetadata = false;
-
-    auto* profileOption = app.add_option(
-        "--profile", profile,
-        "Settings from a profile saved by the window; options given here override it");
-    std::string planFile;
-    auto* planOption = app.add_option(
-        "--plan", planFile,
-        "A crop plan saved by the window: its images, their adjusted rectangles and its "
-        "settings; options given here override the settings");
-    planOption->excludes(profileOption);
-
-    auto* autoOption = app.add_option(
-        "--auto", autoRatio,
-        "Largest crop of a ratio W:H, any positive numbers (1:1, 4:3, 3:2, 16:9, 4:5, 1.91:1 ...)");
-    std::string orientation, anchor, resize, resizeMode;
-    app.add_option("--orientation", orientation,
-                   "match (default): the ratio turned to each image's orientation; as-given: "
-                   "used as written on every image")
-        ->check(CLI::IsMember({"match", "as-given"}));
-    app.add_option("--anchor", anchor,
-                   "Where the --auto rectangle sits: centre (default), top, bottom, left, right, "
-                   "top-left, top-right, bottom-left, bottom-right, attention, entropy");
-    app.add_option("--resize", resize,
-                   "Output size after cropping: WxH (fit within), Wx (width), xH (height)");
-    app.add_option("--resize-mode", resizeMode,
-                   "fit (default): within WxH, keeping the ratio; exact: exactly WxH, the "
-                   "crop taking the ratio W:H")
-        ->check(CLI::IsMember({"fit", "exact"}));
-    bool enlarge = false;
-    auto* enlargeOption =
-        app.add_flag("--enlarge", enlarge, "Let --resize make a smaller crop larger");
-    auto* pixelsOption = app.add_option(
-        "--pixels", pixels, "Rectangle in pixels, X,Y,W,H, origin at the lower-left corner");
-    auto* percentsOption =
-        app.add_option("--percents", percents, "Rectangle in percents of each image, X,Y,W,H");
-    autoOption->excludes(pixelsOption)->excludes(percentsOption);
-    pixelsOption->excludes(percentsOption);
-    auto* formatOption = app.add_option("--format", format,
-                                        "Output format: " + OutputFormatTitles(" ") + " (any case)")
-                             ->capture_default_str();
-    auto* qualityOption =
-        app.add_option("--quality", quality, "Quality for JPEG and JPEG 2000, 0 to 100")
-            ->check(CLI::Validator(
-                [](const std::string& text) -> std::string {
-                    try {
-                        const float value = std::stof(text);
-                        if (value >= 0.0f && value <= 100.0f)
-                            return {};
-                    } catch (const std::exception&) {
-                    }
-                    return "must be a number from 0 to 100, got " + text;
-                },
-                "0-100"))
-            ->capture_default_str();
-    bool lossless = false;
-    auto* losslessOption = app.add_flag(
-        "--lossless", lossless,
-        "Crop JPEG files to JPEG without re-encoding: the rectangle moves out to the file's "
-        "block grid, and the quality is not used for them");
-    auto* nameOption =
-        app.add_option("--name", nameTemplate, "File name template with [FileName] and [FileIndex]")
-            ->capture_default_str();
-    auto* outputOption = app.add_option("--output", outputFolder, "Output folder");
-    auto* keepOption =
-        app.add_flag("--keep-metadata", keepMetadata,
-                     "Carry EXIF, IPTC, XMP and the creation date over to the outputs");
-    app.add_option("--overwrite", overwrite,
-                   "Existing outputs: ask, all or none (default: ask on a terminal, else none)")
-        ->check(CLI::IsMember({"ask", "all", "none"}));
-    std::string onClash;
-    app.add_option("--on-clash", onClash,
-                   "Images written to one path: fail (the later ones are not written, the "
-                   "default) or number (the later ones get \" (2)\", \" (3)\" ...)")
-        ->check(CLI::IsMember({"fail", "number"}));
-    bool inPlace = false;
-    auto* inPlaceOption = app.add_flag(
-        "--in-place", inPlace,
-        "Replace each original file by its own crop, in its own format (no --output, --name "
-        "or --format)");
-    inPlaceOption->excludes(outputOption)->excludes(nameOption)->excludes(formatOption);
-    app.add_flag("--dry-run", options.dryRun, "Decide and report, write nothing");
-    app.add_flag("--json", options.json, "One JSON object per image on standard output");
-    app.add_flag("--quiet", options.quiet, "Print only failures");
-    double timeoutSeconds = 120;
-    app.add_option("--max-pixels", options.limits.maxPixels,
-                   "Refuse images that declare more pixels than this")
-        ->check(CLI::PositiveNumber)
-        ->capture_default_str();
-    options.jobs = static_cast<int>(std::max(1u, std::thread::hardware_concurrency()));
-    app.add_option("--jobs", options.jobs,
-                   "Images worked on at once, each in a worker process of its own (default: the "
-                   "number of cores; 1: one after another)")
-        ->check(CLI::PositiveNumber)
-        ->capture_default_str();
-    app.add_option("--timeout", timeoutSeconds, "Give up on an image after this many seconds")
-        ->check(CLI::PositiveNumber)
-        ->capture_default_str();
-    auto* filesOption = app.add_option("FILE", options.files, "Image files to crop");
-    filesOption->excludes(planOption);
-    std::string inputs;
-    bool nulSeparated = false;
-    auto* inputsOption =
-        app.add_option("--inputs", inputs,
-                       "Read the image files from this file, one per line (- for standard input)");
-    inputsOption->excludes(planOption);
-    app.add_flag("--null", nulSeparated,
-                 "The --inputs file separates paths with NUL bytes (find -print0)")
-        ->needs(inputsOption);
-    std::string shard;
-    long shardCount = 0;
-    auto* shardOption = app.add_option(
-        "--shard", shard,
-        "Do only this run's share of the batch: I/N takes the images whose position in the "
-        "sorted list is I modulo N; auto takes I (and N) from JOB_COMPLETION_INDEX or "
-        "SLURM_ARRAY_TASK_ID (and SLURM_ARRAY_TASK_COUNT)");
-    shardOption->excludes(planOption);
-    auto* shardCountOption =
-        app.add_option("--shard-count", shardCount, "N for --shard auto (Kubernetes Indexed Jobs)")
-            ->check(CLI::PositiveNumber);
-    auto* manifestOption = app.add_option(
-        "--manifest", options.manifest,
-        "Append one JSON line per finished image to this file (durable after each image)");
-    app.add_flag("--resume", options.resume,
-                 "Skip the images the --manifest records as done whose outputs are unchanged")
-        ->needs(manifestOption);
+    Groups groups;
+    AddSettingsSources(app, groups.source);
+    AddCropRule(app, groups.rule);
+    AddOutput(app, groups.output);
+    AddJob(app, options, groups.timeoutSeconds);
+    AddInputs(app, groups.source, options);
+    AddBatch(app, groups.batch, options, groups.source.planOption);
     // The version is the project's (CMake's PROJECT_VERSION), so the
     // program, the window and the package always agree.
     app.set_version_flag("--version", "vellumo-cli " VELLUMO_VERSION, "Print the version and exit");
-
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
-        ParseOutcome outcome;
-        outcome.message = app.help();
-        return outcome;
+        return Outcome(0, app.help());
     } catch (const CLI::CallForVersion& version) {
-        ParseOutcome outcome;
-        outcome.message = version.what();
-        return outcome;
+        return Outcome(0, version.what());
     } catch (const CLI::ParseError& error) {
-        return UsageError(error.what());
+        return Outcome(2, std::string("vellumo-cli: ") + error.what());
     }
-
-    options.limits.timeout =
-        std::chrono::milliseconds(static_cast<long long>(timeoutSeconds * 1000.0));
-    if (inputsOption->count() > 0) {
-        const Loaded<std::vector<std::string>> listed = ReadInputList(inputs, nulSeparated);
-        if (!listed) {
-            return UsageError("--inputs: " + inputs + ": " + listed.reason());
-        }
-        options.files.insert(options.files.end(), listed->begin(), listed->end());
-        if (inputs == "-") {
-            standardInputIsTerminal = false;  // the list took it: nobody to ask
-        }
+    if (const Problem problem =
+            ApplyGroups(groups, standardInputIsTerminal, environment, options)) {
+        return Outcome(2, "vellumo-cli: " + *problem);
     }
-    if (shardOption->count() > 0 || shardCountOption->count() > 0) {
-        std::string reason;
-        if (shard.empty() || shard == "auto") {
-            options.shard = ShardFromEnvironment(
-                shardCountOption->count() > 0 ? std::optional<long>(shardCount) : std::nullopt,
-                environment, reason);
-        } else if (shardCountOption->count() > 0) {
-            return UsageError("--shard-count: only with --shard auto");
-        } else {
-            options.shard = ParseShard(shard, reason);
-        }
-        if (!options.shard) {
-            return UsageError("--shard: " + reason);
-        }
-        options.files = SortedUnique(std::move(options.files));
-    }
-    CropSettings& s = options.settings;
-    if (planOption->count() > 0) {
-        const Loaded<CropPlan> loaded = ReadCropPlan(planFile, s);
-        if (!loaded) {
-            return UsageError("--plan: " + planFile + ": " + loaded.reason());
-        }
-        s = loaded->settings;
-        options.files = PlannedPaths(*loaded);
-        options.adjustments = PlannedAdjustments(*loaded);
-    } else if (options.files.empty()) {
-        return UsageError("FILE is required (or --inputs, or --plan)");
-    }
-    if (profileOption->count() > 0) {
-        const Loaded<CropSettings> loaded = ReadProfile(profile, s);
-        if (!loaded) {
-            return UsageError("--profile: " + profile + ": " + loaded.reason());
-        }
-        s = *loaded;
-    }
-    if (!autoRatio.empty()) {
-        const auto found =
-            std::find_if(kAutoCropRatios.begin(), kAutoCropRatios.end(),
-                         [&](const AutoCropRatio& entry) { return entry.title == autoRatio; });
-        s.mode = CropMode::Auto;
-        if (found != kAutoCropRatios.end()) {
-            s.autoCropFormat = found - kAutoCropRatios.begin();
-        } else if (const auto ratio = ParseRatio(autoRatio)) {
-            s.autoCropFormat = kCustomRatioIndex;
-            s.customRatio = *ratio;
-        } else {
-            return UsageError("--auto: expected a ratio W:H of two positive numbers, got " +
-                              autoRatio);
-        }
-    } else if (!pixels.empty()) {
-        const auto rect = ParseRectangle(pixels);
-        if (!rect) {
-            return UsageError("--pixels: expected four numbers X,Y,W,H, got " + pixels);
-        }
-        s.mode = CropMode::Pixels;
-        std::tie(s.pixelsOriginX, s.pixelsOriginY, s.pixelsWidth, s.pixelsHeight) =
-            std::tuple((*rect)[0], (*rect)[1], (*rect)[2], (*rect)[3]);
-    } else if (!percents.empty()) {
-        const auto rect = ParseRectangle(percents);
-        if (!rect) {
-            return UsageError("--percents: expected four numbers X,Y,W,H, got " + percents);
-        }
-        s.mode = CropMode::Percents;
-        std::tie(s.percentsOriginX, s.percentsOriginY, s.percentsWidth, s.percentsHeight) =
-            std::tuple((*rect)[0], (*rect)[1], (*rect)[2], (*rect)[3]);
-    }
-    // Without a crop option or a profile: the window's start state, custom
-    // pixels 0, 0, 0, 0, which keeps every image whole.
-    if (!orientation.empty()) {
-        s.matchOrientation = orientation == "match";
-    }
-    if (!anchor.empty()) {
-        const auto named = CropAnchorNamed(anchor);
-        if (!named) {
-            return UsageError("--anchor: unknown anchor " + anchor + " (use " + AnchorNameList() +
-                              ")");
-        }
-        s.anchor = *named;
-    }
-    if (!resize.empty()) {
-        const std::size_t x = resize.find_first_of("xX");
-        const auto width = x == std::string::npos ? std::nullopt : ParseSide(resize.substr(0, x));
-        const auto height = x == std::string::npos ? std::nullopt : ParseSide(resize.substr(x + 1));
-        if (!width || !height || (*width == 0 && *height == 0)) {
-            return UsageError("--resize: expected WxH, Wx or xH with sides from 1 to " +
-                              std::to_string(kLargestResizeSide) + ", got " + resize);
-        }
-        s.resize.width = *width;
-        s.resize.height = *height;
-        s.resize.mode = *height == 0  ? ResizeMode::Width
-                        : *width == 0 ? ResizeMode::Height
-                                      : ResizeMode::Fit;
-    }
-    if (resizeMode == "exact") {
-        if (s.resize.width == 0 || s.resize.height == 0) {
-            return UsageError("--resize-mode exact: needs --resize WxH with both sides");
-        }
-        s.resize.mode = ResizeMode::Exact;
-    }
-    if (enlargeOption->count() > 0) {
-        s.resize.enlarge = enlarge;
-    }
-
-    if (formatOption->count() > 0) {
-        s.outputFormat = OutputFormatNamed(format);
-        if (s.outputFormat < 0) {
-            return UsageError("--format: unknown format " + format + " (use " +
-                              OutputFormatTitles(" ") + ")");
-        }
-    }
-    if (qualityOption->count() > 0)
-        s.quality = quality;
-    if (losslessOption->count() > 0)
-        s.losslessJpeg = lossless;
-    if (nameOption->count() > 0)
-        s.nameTemplate = nameTemplate;
-    if (outputOption->count() > 0)
-        s.outputFolder = outputFolder;
-    if (keepOption->count() > 0)
-        s.keepMetadata = keepMetadata;
-    s.replaceOriginals = inPlace;
-    if (s.outputFolder.empty() && !inPlace) {
-        return UsageError("--output is required");
-    }
-    options.onClash = onClash == "number" ? ClashPolicy::Number : ClashPolicy::Refuse;
-
-    if (overwrite.empty()) {
-        options.overwrite = standardInputIsTerminal ? OverwriteMode::Ask : OverwriteMode::None;
-    } else {
-        options.overwrite = overwrite == "ask"   ? OverwriteMode::Ask
-                            : overwrite == "all" ? OverwriteMode::All
-                                                 : OverwriteMode::None;
-    }
-
-    for (const std::string& file : options.files) {
-        std::error_code ignored;
-        if (std::filesystem::is_directory(file, ignored)) {
-            return UsageError(file + " is a folder: give image files");
-        }
-        if (InputExtensionOfPath(file) == nullptr) {
-            return UsageError(file + ": not an image file name (" + InputExtensionList(" ") + ")");
-        }
-    }
-
     ParseOutcome outcome;
     outcome.options = std::move(options);
     return outcome;

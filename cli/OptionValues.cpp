@@ -1,0 +1,101 @@
+#include "cli/OptionValues.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cmath>
+#include <exception>
+
+#include "imaging/OutputResize.h"
+
+namespace vellumo::cli {
+
+namespace {
+
+// A positive finite decimal, the whole text.
+std::optional<double> PositiveNumber(const std::string& text) {
+    try {
+        std::size_t used = 0;
+        const double value = std::stod(text, &used);
+        if (used == text.size() && std::isfinite(value) && value > 0.0) {
+            return value;
+        }
+    } catch (const std::exception&) {
+    }
+    return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<std::array<float, 4>> ParseRectangle(const std::string& text) {
+    std::array<float, 4> values{};
+    std::size_t start = 0;
+    for (std::size_t i = 0; i < 4; ++i) {
+        const std::size_t comma = text.find(',', start);
+        if ((i < 3) == (comma == std::string::npos)) {
+            return std::nullopt;
+        }
+        const std::string part =
+            text.substr(start, comma == std::string::npos ? comma : comma - start);
+        try {
+            std::size_t used = 0;
+            values[i] = std::stof(part, &used);
+            if (used != part.size()) {
+                return std::nullopt;
+            }
+        } catch (const std::exception&) {
+            return std::nullopt;
+        }
+        start = comma + 1;
+    }
+    return values;
+}
+
+std::optional<AspectRatio> ParseRatio(const std::string& text) {
+    const std::size_t colon = text.find(':');
+    if (colon == std::string::npos) {
+        return std::nullopt;
+    }
+    const auto width = PositiveNumber(text.substr(0, colon));
+    const auto height = PositiveNumber(text.substr(colon + 1));
+    if (!width || !height) {
+        return std::nullopt;
+    }
+    return AspectRatio{*width, *height};
+}
+
+std::optional<int> ParseSide(const std::string& text) {
+    if (text.empty()) {
+        return 0;
+    }
+    if (!std::all_of(text.begin(), text.end(), [](unsigned char c) { return std::isdigit(c); }) ||
+        text.size() > 5) {
+        return std::nullopt;
+    }
+    const int side = std::stoi(text);
+    if (side < 1 || side > kLargestResizeSide) {
+        return std::nullopt;
+    }
+    return side;
+}
+
+std::string QualityProblem(const std::string& text) {
+    try {
+        const float value = std::stof(text);
+        if (value >= 0.0f && value <= 100.0f) {
+            return {};
+        }
+    } catch (const std::exception&) {
+    }
+    return "must be a number from 0 to 100, got " + text;
+}
+
+std::string AnchorNameList() {
+    std::string list;
+    for (std::size_t i = 0; i < kCropAnchorNames.size(); ++i) {
+        list += i == 0 ? "" : i + 1 == kCropAnchorNames.size() ? " or " : ", ";
+        list += kCropAnchorNames[i];
+    }
+    return list;
+}
+
+}  // namespace vellumo::cli

@@ -1,0 +1,30 @@
+#pragma once
+
+// The values of the command line's options that are more than a word or a
+// number, each read from its text whole or not at all.
+
+#include <array>
+#include <optional>
+#include <string>
+
+#include "imaging/CropPlacement.h"
+
+namespace vellumo::cli {
+
+// "X,Y,W,H" as four numbers.
+std::optional<std::array<float, 4>> ParseRectangle(const std::string& text);
+
+// "W:H" with two positive finite decimals.
+std::optional<AspectRatio> ParseRatio(const std::string& text);
+
+// A side of --resize: empty (0), or a whole number from 1 to the largest
+// side an output may have.
+std::optional<int> ParseSide(const std::string& text);
+
+// A quality from 0 to 100; an empty text when it is one, else the reason.
+std::string QualityProblem(const std::string& text);
+
+// The anchors' names as a sentence: "centre, top, ... attention or entropy".
+std::string AnchorNameList();
+
+}  // namespace vellumo::cli
