@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <iostream>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -38,58 +39,39 @@ bool OutputUnchanged(const ManifestEntry& entry, bool hash) {
     return entry.bytes && !error && size == *entry.bytes;
 }
 
-}  // namespace
-
-int RunVerify(int argc, char** argv) {
-    CLI::App app{
-        "Checks that every input of a batch was done exactly once, from the manifests "
-        "of all its runs.",
-        "vellumo-cli verify"};
+struct VerifyOptions {
     std::vector<std::string> manifests;
     std::string inputs;
     bool nulSeparated = false;
-    app.add_option("--manifest", manifests, "The manifests of the batch's runs")
-        ->required()
-        ->expected(1, -1);
-    app.add_option("--inputs", inputs,
-                   "The batch's image list, one path per line (- for standard input)")
-        ->required();
-    app.add_flag("--null", nulSeparated, "The --inputs file separates paths with NUL bytes");
     bool hash = false;
-    app.add_flag("--hash", hash,
-                 "Read every output again and compare its SHA-256 with the manifest's (without: "
-                 "its length)");
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::CallForHelp&) {
-        std::cout << app.help() << std::endl;
-        return 0;
-    } catch (const CLI::ParseError& error) {
-        return Usage(error.what());
-    }
+};
 
-    const Loaded<std::vector<std::string>> listed = ReadInputList(inputs, nulSeparated);
-    if (!listed) {
-        return Usage("--inputs: " + inputs + ": " + listed.reason());
-    }
-    const std::vector<std::string> batch = SortedUnique(*listed);
-    std::vector<std::vector<ManifestEntry>> read;
+// Every manifest's entries, or the usage error of the first one that
+// cannot be read.
+std::optional<std::string> ReadManifests(const std::vector<std::string>& manifests,
+                                         std::vector<std::vector<ManifestEntry>>& read) {
     for (const std::string& manifest : manifests) {
         if (!std::filesystem::exists(manifest)) {
-            return Usage("--manifest: " + manifest + ": No such file or directory");
+            return "--manifest: " + manifest + ": No such file or directory";
         }
         Loaded<std::vector<ManifestEntry>> entries = ReadManifest(manifest);
         if (!entries) {
-            return Usage("--manifest: " + manifest + ": " + entries.reason());
+            return "--manifest: " + manifest + ": " + entries.reason();
         }
         read.push_back(*entries);
     }
+    return std::nullopt;
+}
 
+// What the manifests say of each input of `batch`; entries of files not in
+// it are counted in `foreign` (the first 20 named as they are met).
+std::map<std::string, Record> Tally(const std::vector<std::string>& batch,
+                                    const std::vector<std::vector<ManifestEntry>>& read,
+                                    long& foreign) {
     std::map<std::string, Record> records;
     for (const std::string& source : batch) {
         records.emplace(source, Record{});
     }
-    long foreign = 0;
     for (const auto& entries : read) {
         for (const ManifestEntry& entry : entries) {
             const auto found = records.find(entry.source);
@@ -107,7 +89,13 @@ int RunVerify(int argc, char** argv) {
             }
         }
     }
+    return records;
+}
 
+// A line for every input not done exactly once, then the counts; 0 when
+// the batch is complete, else 1.
+int Report(const std::vector<std::string>& batch, std::map<std::string, Record>& records,
+           long foreign, bool hash) {
     long once = 0, missing = 0, failed = 0, twice = 0, changed = 0;
     for (const std::string& source : batch) {
         const Record& record = records[source];
@@ -136,6 +124,48 @@ int RunVerify(int argc, char** argv) {
     std::cout << std::endl;
     const bool complete = once == static_cast<long>(batch.size()) && foreign == 0;
     return complete ? 0 : 1;
+}
+
+}  // namespace
+
+int RunVerify(int argc, char** argv) {
+    CLI::App app{
+        "Checks that every input of a batch was done exactly once, from the manifests "
+        "of all its runs.",
+        "vellumo-cli verify"};
+    VerifyOptions options;
+    app.add_option("--manifest", options.manifests, "The manifests of the batch's runs")
+        ->required()
+        ->expected(1, -1);
+    app.add_option("--inputs", options.inputs,
+                   "The batch's image list, one path per line (- for standard input)")
+        ->required();
+    app.add_flag("--null", options.nulSeparated,
+                 "The --inputs file separates paths with NUL bytes");
+    app.add_flag("--hash", options.hash,
+                 "Read every output again and compare its SHA-256 with the manifest's (without: "
+                 "its length)");
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::CallForHelp&) {
+        std::cout << app.help() << std::endl;
+        return 0;
+    } catch (const CLI::ParseError& error) {
+        return Usage(error.what());
+    }
+    const Loaded<std::vector<std::string>> listed =
+        ReadInputList(options.inputs, options.nulSeparated);
+    if (!listed) {
+        return Usage("--inputs: " + options.inputs + ": " + listed.reason());
+    }
+    const std::vector<std::string> batch = SortedUnique(*listed);
+    std::vector<std::vector<ManifestEntry>> read;
+    if (const auto problem = ReadManifests(options.manifests, read)) {
+        return Usage(*problem);
+    }
+    long foreign = 0;
+    std::map<std::string, Record> records = Tally(batch, read, foreign);
+    return Report(batch, records, foreign, options.hash);
 }
 
 }  // namespace vellumo::cli
