@@ -16,6 +16,7 @@ BatchPart SelectBatchPart(const CropSettings& settings, const std::vector<std::s
     const long total = static_cast<long>(all.size());
     const std::vector<long> positions = ShardPositions(total, shard.value_or(Shard{}));
     BatchPart part;
+    std::unordered_map<long, long> partIndex;  // the batch's index -> the part's
     part.shardSize = static_cast<long>(positions.size());
     for (const long i : positions) {
         const auto found = latest.find(all[i]);
@@ -25,8 +26,21 @@ BatchPart SelectBatchPart(const CropSettings& settings, const std::vector<std::s
             ++part.alreadyDone;
             continue;
         }
+        partIndex[i] = static_cast<long>(part.list.size());
         part.list.push_back(all[i]);
         part.plan.images.push_back(whole.images[i]);
+    }
+    // The clashes among the images this part does, by their places in it.
+    for (const OutputClash& clash : whole.clashes) {
+        OutputClash here{clash.path, {}};
+        for (const long i : clash.images) {
+            if (const auto found = partIndex.find(i); found != partIndex.end()) {
+                here.images.push_back(found->second);
+            }
+        }
+        if (here.images.size() >= 2) {
+            part.plan.clashes.push_back(std::move(here));
+        }
     }
     return part;
 }

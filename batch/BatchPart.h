@@ -18,7 +18,7 @@ namespace vellumo {
 
 struct BatchPart {
     std::vector<std::string> list;  // the images to do now, in the batch's order
-    OutputPlan plan;                // their outputs
+    OutputPlan plan;                // their outputs, and the clashes among them
     long shardSize = 0;             // the images of this shard, done or not
     long alreadyDone = 0;           // of those, recorded as done and still there
 };

@@ -209,6 +209,27 @@ JobReport RunCropJob(const CropSettings& settings, const std::vector<std::string
     return report;
 }
 
+bool EveryImageLeftWhole(const CropSettings& settings,
+                         const std::vector<std::string>& listImagePaths, const OutputPlan& plan,
+                         ImageProcessor& processor, const CropAdjustments* adjustments) {
+    const std::vector<OverwriteDecision> decisions(listImagePaths.size());
+    JobOptions options;
+    options.dryRun = true;
+    options.adjustments = adjustments;
+    const JobInput in{settings, listImagePaths, plan, decisions, options};
+    bool anyRead = false;
+    for (long i = 0; i < static_cast<long>(listImagePaths.size()); ++i) {
+        const ImageOutcome outcome = processor.Process(TaskFor(in, i));
+        if (outcome.status != ImageStatus::Failed) {
+            if (!outcome.wholeImage) {
+                return false;
+            }
+            anyRead = true;
+        }
+    }
+    return anyRead;
+}
+
 JobReport RunCropJob(const CropSettings& settings, const std::vector<std::string>& listImagePaths,
                      const std::vector<OverwriteDecision>& decisions, ImageProcessor& processor,
                      const JobCallbacks& callbacks, const JobOptions& options) {

@@ -88,4 +88,13 @@ JobReport RunCropJob(const CropSettings& settings, const std::vector<std::string
                      const std::vector<OverwriteDecision>& decisions, ImageProcessor& processor,
                      const JobCallbacks& callbacks = {}, const JobOptions& options = {});
 
+// True when the rule (or an adjusted rectangle) crops none of the images
+// and at least one could be read: the job would write uncropped copies.
+// Each image is decided as the job decides it (its task, as a dry run:
+// its header read, nothing written), one after another until the first
+// that is cropped.
+bool EveryImageLeftWhole(const CropSettings& settings,
+                         const std::vector<std::string>& listImagePaths, const OutputPlan& plan,
+                         ImageProcessor& processor, const CropAdjustments* adjustments);
+
 }  // namespace vellumo

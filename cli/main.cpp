@@ -19,14 +19,9 @@
 #include <vector>
 
 #include "batch/BatchPart.h"
-#include "batch/CropJob.h"
-#include "batch/OutputFolder.h"
-#include "batch/OutputPlan.h"
-#include "batch/OverwritePrompts.h"
+#include "batch/CropCommand.h"
+#include "cli/CliCrop.h"
 #include "cli/CliOptions.h"
-#include "cli/Manifesting.h"
-#include "cli/Reporter.h"
-#include "cli/TerminalPrompt.h"
 #include "cli/VerifyCommand.h"
 #include "worker/WorkerImageProcessor.h"
 
@@ -96,12 +91,10 @@ int main(int argc, char** argv) {
     const cli::CliOptions& options = *parsed.options;
     std::stop_source stop;
     WatchForStopSignals(stop);
-
     // A manifest is checked before anything is written: another batch's, or
     // a damaged one, is refused.
     std::vector<ManifestEntry> recorded;
-    const bool recording = !options.manifest.empty() && !options.dryRun;
-    if (recording) {
+    if (!options.manifest.empty() && !options.dryRun) {
         std::optional<std::vector<ManifestEntry>> usable = UsableManifest(options);
         if (!usable) {
             return 2;
@@ -110,77 +103,20 @@ int main(int argc, char** argv) {
             recorded = std::move(*usable);
         }
     }
-
-    // The output folder is made, with its parents, as the job starts.
-    const std::string& folder = options.settings.outputFolder;
-    if (!options.settings.replaceOriginals) {
-        const FolderState state = OutputFolderState(folder);
-        if (state == FolderState::NotAFolder) {
-            std::cerr << "vellumo-cli: --output: " << NotAFolderNotice(folder) << std::endl;
-            return 2;
-        }
-        if (state == FolderState::Missing && !options.dryRun) {
-            const SaveResult made = CreateOutputFolder(folder);
-            if (!made.saved) {
-                std::cerr << "vellumo-cli: --output: the folder " << folder
-                          << " cannot be created: " << made.reason << std::endl;
-                return 2;
-            }
-        }
-    }
-
-    std::optional<cli::Manifesting> manifesting;
-    if (recording) {
-        std::string reason;
-        manifesting = cli::Manifesting::Open(options.manifest, options.settings, reason);
-        if (!manifesting) {
-            std::cerr << "vellumo-cli: --manifest: " << options.manifest << ": " << reason
-                      << std::endl;
-            return 2;
-        }
-    }
-
-    // This run's share of the batch, its outputs planned with the whole list.
-    const BatchPart part =
-        SelectBatchPart(options.settings, options.files, options.onClash, options.shard, recorded);
-    if (part.alreadyDone > 0 && !options.quiet) {
-        std::cerr << "vellumo-cli: " << part.alreadyDone << " of " << part.shardSize
-                  << " images already done (recorded in " << options.manifest << ")" << std::endl;
-    }
-    const std::vector<OverwriteDecision> decisions =
-        PromptOverwrites(part.plan, cli::MakeOverwriteAsker(options.overwrite));
-
-    cli::Reporter reporter(options, static_cast<long>(part.list.size()),
-                           isatty(STDERR_FILENO) == 1);
-    // Decoding and encoding happen in a worker process: a file that crashes
+    // Decoding and encoding happen in worker processes: a file that crashes
     // a decoder fails alone and the batch goes on.
     WorkerImageProcessor processor(options.limits);
-    JobCallbacks callbacks;
-    std::string manifestFailure;
-    callbacks.progress = [&](long, const ImageReport& report) {
-        reporter.Image(report);
-        std::string reason;
-        if (manifesting && manifestFailure.empty() && !manifesting->Record(report, reason)) {
-            // What is not recorded would be done again: stop here.
-            manifestFailure = reason;
-            stop.request_stop();
-        }
-    };
-    JobOptions jobOptions;
-    jobOptions.dryRun = options.dryRun;
-    jobOptions.adjustments = &options.adjustments;
-    jobOptions.jobs = options.jobs;
-    jobOptions.stop = stop.get_token();
-    const JobReport report = RunCropJob(options.settings, part.list, part.plan, decisions,
-                                        processor, callbacks, jobOptions);
-    reporter.Finish(report);
-    if (!manifestFailure.empty()) {
-        std::cerr << "vellumo-cli: --manifest: " << options.manifest
-                  << ": cannot record an image: " << manifestFailure << std::endl;
-        return 1;
+    const CropCommand command(cli::RequestOf(options, std::move(recorded)), processor);
+    cli::CliAnswers answers(options.overwrite);
+    cli::CliProgress progress(options, stop);
+    CropCommandResult result = command.Agree(answers);
+    if (result.ending == CropCommandResult::Ending::Agreed) {
+        result = command.Run(answers, progress, stop.get_token());
     }
-    if (report.stopped) {
-        return 130;
+    if (result.refusal) {
+        return cli::ReportRefusal(options, *result.refusal);
     }
-    return report.allSucceeded ? 0 : 1;
+    // The command line's answers never decline: a job that ran.
+    return result.ending == CropCommandResult::Ending::Finished ? progress.Finish(result.report)
+                                                                : 2;
 }

@@ -1,0 +1,117 @@
+#include "batch/CropCommand.h"
+
+#include <utility>
+
+#include "batch/OutputFolder.h"
+#include "batch/Preconditions.h"
+
+namespace vellumo {
+
+namespace {
+
+CropCommandResult Ended(CropCommandResult::Ending ending) {
+    CropCommandResult result;
+    result.ending = ending;
+    return result;
+}
+
+CropCommandResult Refused(CropRefusal::Kind kind, std::string folder, std::string detail = {}) {
+    CropCommandResult result = Ended(CropCommandResult::Ending::Refused);
+    result.refusal = CropRefusal{kind, std::move(folder), std::move(detail)};
+    return result;
+}
+
+}  // namespace
+
+CropCommand::CropCommand(CropRequest request, ImageProcessor& processor)
+    : request_(std::move(request)), processor_(processor) {}
+
+CropCommandResult CropCommand::Agree(CropQuestions& questions) const {
+    using Ending = CropCommandResult::Ending;
+    const CropSettings& settings = request_.settings;
+    if (const std::optional<std::string> refusal = CropJobRefusal(request_.images, settings)) {
+        return Refused(CropRefusal::Kind::Unready, settings.outputFolder, *refusal);
+    }
+    if (settings.replaceOriginals) {
+        return Ended(questions.ReplaceOriginals(request_.images.size()) ? Ending::Agreed
+                                                                        : Ending::Declined);
+    }
+    switch (OutputFolderState(settings.outputFolder)) {
+        case FolderState::Exists:
+            return Ended(Ending::Agreed);
+        case FolderState::NotAFolder:
+            return Refused(CropRefusal::Kind::NotAFolder, settings.outputFolder);
+        case FolderState::Missing:
+            // Made when the job starts, once nothing else can stop it.
+            return Ended(questions.CreateFolder(settings.outputFolder) ? Ending::Agreed
+                                                                       : Ending::Declined);
+    }
+    return Ended(Ending::Declined);
+}
+
+std::optional<BatchPart> CropCommand::Plan(CropQuestions& questions) const {
+    const CropSettings& settings = request_.settings;
+    const auto part = [&](ClashPolicy policy) {
+        return SelectBatchPart(settings, request_.images, policy, request_.shard,
+                               request_.recorded);
+    };
+    BatchPart planned = part(request_.clashes.value_or(ClashPolicy::Refuse));
+    // An auto crop always lies on the image.
+    if (settings.mode != CropMode::Auto &&
+        EveryImageLeftWhole(settings, planned.list, planned.plan, processor_,
+                            &request_.adjustments) &&
+        !questions.WriteUncroppedCopies()) {
+        return std::nullopt;
+    }
+    if (!request_.clashes && !planned.plan.clashes.empty()) {
+        if (!questions.NumberClashes(planned.plan.clashes, planned.list)) {
+            return std::nullopt;
+        }
+        planned = part(ClashPolicy::Number);
+    }
+    return planned;
+}
+
+CropCommandResult CropCommand::Run(CropQuestions& questions, CropObserver& observer,
+                                   std::stop_token stop) const {
+    using Ending = CropCommandResult::Ending;
+    const CropSettings& settings = request_.settings;
+    observer.Preparing();
+    const std::optional<BatchPart> part = Plan(questions);
+    if (!part) {
+        return Ended(Ending::Declined);
+    }
+    observer.Planned(*part);
+    const std::vector<OverwriteDecision> decisions = PromptOverwrites(
+        part->plan, [&](const std::string& question) { return questions.Overwrite(question); });
+    if (!settings.replaceOriginals && !request_.dryRun &&
+        OutputFolderState(settings.outputFolder) == FolderState::Missing) {
+        if (const SaveResult made = CreateOutputFolder(settings.outputFolder); !made.saved) {
+            return Refused(CropRefusal::Kind::FolderNotMade, settings.outputFolder, made.reason);
+        }
+    }
+    if (std::string reason; !observer.Starting(*part, reason)) {
+        return Refused(CropRefusal::Kind::NotStarted, settings.outputFolder, reason);
+    }
+    CropCommandResult result = Ended(Ending::Finished);
+    result.report = RunJob(*part, decisions, observer, std::move(stop));
+    return result;
+}
+
+JobReport CropCommand::RunJob(const BatchPart& part,
+                              const std::vector<OverwriteDecision>& decisions,
+                              CropObserver& observer, std::stop_token stop) const {
+    JobCallbacks callbacks;
+    callbacks.progress = [&observer](long, const ImageReport& report) {
+        observer.ImageDone(report);
+    };
+    JobOptions options;
+    options.dryRun = request_.dryRun;
+    options.adjustments = &request_.adjustments;
+    options.jobs = request_.jobs;
+    options.stop = std::move(stop);
+    return RunCropJob(request_.settings, part.list, part.plan, decisions, processor_, callbacks,
+                      options);
+}
+
+}  // namespace vellumo
