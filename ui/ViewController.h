@@ -22,6 +22,7 @@
 #include <string>
 #include <vector>
 
+#include "batch/CropCommand.h"
 #include "batch/CropJob.h"
 #include "batch/CropRectangle.h"
 #include "batch/CropSettings.h"
@@ -311,25 +312,16 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     void SaveProfileTo(const QString& path);
     void ProfileIsNow(const QString& path);
 
-    // What the crop command works out away from the GUI thread before it
-    // asks anything more.
-    struct PreparedJob {
-        OutputPlan refusingClashes;
-        OutputPlan numberingClashes;   // only when there are clashes
-        bool everyImageWhole = false;  // the rule crops none of the images
-    };
-    // The crop command's steps, in order.
-    bool AgreeOnOutputFolder(const std::string& folder);
-    bool AgreeToReplaceOriginals(std::size_t count);
-    void PrepareCropJob(const CropSettings& settings, const std::vector<std::string>& list);
-    void ContinueCropCommand(const CropSettings& settings, const std::vector<std::string>& list,
-                             const PreparedJob& prepared);
-    OverwriteAnswer AskOverwrite(const std::string& question);
-    void StartCropJob(const CropSettings& settings, const std::vector<std::string>& list,
-                      const OutputPlan& plan, const std::vector<OverwriteDecision>& decisions);
+    // The crop command's steps, in order (ViewControllerCropJob.cpp): run
+    // on the job's thread once agreed to, the job started, each image
+    // reported, the end.
+    void RunCropCommand(std::shared_ptr<const CropCommand> command);
+    void StartCropJob(long count, const QString& folder);
     void ReportCropProgress(long index);
+    void FinishCropCommand(const CropCommandResult& result);
     void FinishCropJob(const JobReport& report);
     void ShowCropResult(const JobReport& report);
+    void ShowCropRefusal(const CropRefusal& refusal);
     // Ends the command before the job started, the interface unlocked.
     void AbandonCropCommand();
 
@@ -424,8 +416,6 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     PreviewPrefetch* prefetch_ = nullptr;
     // Rectangles adjusted by hand, and their history.
     CropAdjustmentStore* cropAdjustments_ = nullptr;
-    // The adjustments a job started with.
-    CropAdjustments jobAdjustments_;
     // Where the current image comes from.
     QString currentPath_;
 

@@ -1,28 +1,24 @@
-// The crop command: its checks and questions, the job on a worker thread
-// with its progress, and the report.
+// The crop command's window side: the core's CropCommand, agreed to on the
+// GUI thread and run on the job's thread, its questions shown as boxes and
+// its progress on the bar and the status line; the report.
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QThread>
 #include <QUrl>
 #include <chrono>
-#include <iostream>
 #include <memory>
 
-#include "batch/JobSummary.h"
 #include "batch/OutputFolder.h"
-#include "batch/OverwritePrompts.h"
-#include "batch/Preconditions.h"
 #include "ui/JobStatusText.h"
 #include "ui/ProgressFraction.h"
 #include "ui/ViewController.h"
-#include "ui/dialogs/CropQuestions.h"
 #include "ui/dialogs/CropResult.h"
-#include "ui/dialogs/OverwriteBox.h"
+#include "ui/job/WindowCropObserver.h"
+#include "ui/job/WindowCropQuestions.h"
 #include "ui/list/ImagePaths.h"
 #include "ui/preview/CropAdjustmentStore.h"
 
@@ -39,164 +35,90 @@ QString PathText(const std::string& path) {
 void ViewController::OnCropImages() {
     // One snapshot for the checks, the questions and the job: the interface
     // is locked from the questions on, so the controls cannot change after.
-    const CropSettings settings = CropSettingsFromControls();
-    const std::vector<std::string> list = NativePaths(listImagePaths_);
-    if (const std::optional<std::string> refusal = CropJobRefusal(list, settings)) {
-        services_.showMessageBox(NoticeRequest(QString::fromStdString(*refusal)));
+    // Adjusted rectangles are part of it: undoing one while the job runs
+    // does not change what it writes.
+    CropRequest request;
+    request.settings = CropSettingsFromControls();
+    request.images = NativePaths(listImagePaths_);
+    request.adjustments = cropAdjustments_->ForJob(listImagePaths_);
+    // Every core at work, each image in a worker process of its own.
+    request.jobs = std::max(1, QThread::idealThreadCount());
+    auto command = std::make_shared<const CropCommand>(std::move(request), *imageProcessor_);
+    WindowCropQuestions questions(*this, services_);
+    const CropCommandResult agreed = command->Agree(questions);
+    if (agreed.ending != CropCommandResult::Ending::Agreed) {
+        if (agreed.refusal) {
+            ShowCropRefusal(*agreed.refusal);
+        }
         return;
     }
-    if (settings.replaceOriginals ? !AgreeToReplaceOriginals(list.size())
-                                  : !AgreeOnOutputFolder(settings.outputFolder)) {
-        return;
-    }
-    // Adjusted rectangles are part of the snapshot: undoing one while the
-    // job runs does not change what it writes.
-    jobAdjustments_ = cropAdjustments_->ForJob(listImagePaths_);
     cropping_ = true;
     DisableInterface();
-    PrepareCropJob(settings, list);
+    RunCropCommand(std::move(command));
 }
 
-bool ViewController::AgreeOnOutputFolder(const std::string& folder) {
-    switch (OutputFolderState(folder)) {
-        case FolderState::Exists:
-            return true;
-        case FolderState::NotAFolder:
-            services_.showMessageBox(NoticeRequest(PathText(NotAFolderNotice(folder))));
-            return false;
-        case FolderState::Missing:
-            // Made when the job starts, once nothing else can stop it.
-            return services_.showMessageBox(CreateFolderRequest(folder)) == kFirstButtonAnswer;
-    }
-    return false;
-}
-
-bool ViewController::AgreeToReplaceOriginals(std::size_t count) {
-    return services_.showMessageBox(ReplaceOriginalsRequest(count)) == kFirstButtonAnswer;
-}
-
-void ViewController::PrepareCropJob(const CropSettings& settings,
-                                    const std::vector<std::string>& list) {
-    // Away from this thread: the output paths of the whole list (thousands of
-    // lookups on disk), and, where whether a rectangle fits depends on each
-    // image's size, the images' headers, read by the image processor (in its
-    // worker process) until the first image the rule crops.
+void ViewController::RunCropCommand(std::shared_ptr<const CropCommand> command) {
+    // Away from this thread: the output paths of the whole list (thousands
+    // of lookups on disk), the images' headers where whether the rule crops
+    // depends on them (read by the image processor, in its worker process),
+    // and the job. Questions come back here as boxes; the job's thread
+    // waits for their answers.
     labelJobStatus->setText(QStringLiteral("Preparing…"));
-    jobWork_.start([this, settings, list, adjustments = jobAdjustments_,
-                    processor = imageProcessor_] {
-        auto prepared = std::make_shared<PreparedJob>();
-        prepared->refusingClashes = PlanOutputs(settings, list, ClashPolicy::Refuse);
-        if (!prepared->refusingClashes.clashes.empty()) {
-            prepared->numberingClashes = PlanOutputs(settings, list, ClashPolicy::Number);
-        }
-        // An auto crop always lies on the image.
-        if (settings.mode != CropMode::Auto) {
-            bool anyRead = false;
-            bool anyCropped = false;
-            for (std::size_t i = 0; i < list.size() && !anyCropped; ++i) {
-                ImageTask task;
-                task.index = static_cast<long>(i);
-                task.source = list[i];
-                task.settings = settings;
-                task.dryRun = true;
-                if (const auto found = adjustments.find(list[i]); found != adjustments.end()) {
-                    task.adjustedRect = found->second;
-                }
-                const ImageOutcome outcome = processor->Process(task);
-                if (outcome.status != ImageStatus::Failed) {
-                    anyRead = true;
-                    anyCropped = !outcome.wholeImage;
-                }
-            }
-            prepared->everyImageWhole = anyRead && !anyCropped;
-        }
+    jobStop_ = std::stop_source();
+    jobWork_.start([this, command, processor = imageProcessor_, stop = jobStop_.get_token()] {
+        WindowCropQuestions questions(*this, services_, [this] { labelJobStatus->clear(); });
+        WindowCropObserver observer(
+            *this, {[this](long count, const QString& folder) { StartCropJob(count, folder); },
+                    [this](long index) { ReportCropProgress(index); }});
+        CropCommandResult result = command->Run(questions, observer, stop);
         QMetaObject::invokeMethod(
-            this,
-            [this, settings, list, prepared] { ContinueCropCommand(settings, list, *prepared); },
+            this, [this, result = std::move(result)] { FinishCropCommand(result); },
             Qt::QueuedConnection);
     });
 }
 
-void ViewController::ContinueCropCommand(const CropSettings& settings,
-                                         const std::vector<std::string>& list,
-                                         const PreparedJob& prepared) {
-    labelJobStatus->clear();
-    if (prepared.everyImageWhole &&
-        services_.showMessageBox(UncroppedCopiesRequest()) != kFirstButtonAnswer) {
-        AbandonCropCommand();
+void ViewController::ShowCropRefusal(const CropRefusal& refusal) {
+    QString notice;
+    switch (refusal.kind) {
+        case CropRefusal::Kind::Unready:
+        case CropRefusal::Kind::NotStarted:
+            notice = QString::fromStdString(refusal.detail);
+            break;
+        case CropRefusal::Kind::NotAFolder:
+            notice = PathText(NotAFolderNotice(refusal.folder));
+            break;
+        case CropRefusal::Kind::FolderNotMade:
+            notice = QStringLiteral("The folder %1 could not be created: %2.")
+                         .arg(PathText(refusal.folder), QString::fromStdString(refusal.detail));
+            break;
+    }
+    services_.showMessageBox(NoticeRequest(notice));
+}
+
+void ViewController::StartCropJob(long count, const QString& folder) {
+    jobImageCount_ = count;
+    jobImagesHandled_ = 0;
+    buttonStopCropping->setEnabled(true);
+    jobFolder_ = folder;
+    jobClock_.start();
+    labelJobStatus->setText(JobStatusText(0, jobImageCount_, std::chrono::milliseconds(0)));
+}
+
+void ViewController::FinishCropCommand(const CropCommandResult& result) {
+    if (result.ending == CropCommandResult::Ending::Finished) {
+        FinishCropJob(result.report);
         return;
     }
-    const OutputPlan* plan = &prepared.refusingClashes;
-    if (!plan->clashes.empty()) {
-        if (services_.showMessageBox(ClashWarningRequest(plan->clashes, list)) !=
-            kFirstButtonAnswer) {
-            AbandonCropCommand();
-            return;
-        }
-        plan = &prepared.numberingClashes;
+    if (result.refusal) {
+        ShowCropRefusal(*result.refusal);
     }
-    const std::vector<OverwriteDecision> decisions = PromptOverwrites(
-        *plan, [this](const std::string& question) { return AskOverwrite(question); });
-    if (!settings.replaceOriginals &&
-        OutputFolderState(settings.outputFolder) == FolderState::Missing) {
-        const SaveResult made = CreateOutputFolder(settings.outputFolder);
-        if (!made.saved) {
-            services_.showMessageBox(NoticeRequest(
-                QStringLiteral("The folder %1 could not be created: %2.")
-                    .arg(PathText(settings.outputFolder), QString::fromStdString(made.reason))));
-            AbandonCropCommand();
-            return;
-        }
-    }
-    StartCropJob(settings, list, *plan, decisions);
+    AbandonCropCommand();
 }
 
 void ViewController::AbandonCropCommand() {
     labelJobStatus->clear();
     cropping_ = false;
     EnableInterface();
-}
-
-OverwriteAnswer ViewController::AskOverwrite(const std::string& question) {
-    return OverwriteAnswerOfBox(services_.showMessageBox(OverwriteBoxRequest(PathText(question))));
-}
-
-void ViewController::StartCropJob(const CropSettings& settings,
-                                  const std::vector<std::string>& list, const OutputPlan& plan,
-                                  const std::vector<OverwriteDecision>& decisions) {
-    cropping_ = true;
-    jobImageCount_ = static_cast<long>(list.size());
-    jobImagesHandled_ = 0;
-    jobStop_ = std::stop_source();
-    buttonStopCropping->setEnabled(true);
-    jobFolder_ = plan.images.empty() ? QString()
-                                     : QFileInfo(PathText(plan.images.front().path)).absolutePath();
-    jobClock_.start();
-    labelJobStatus->setText(JobStatusText(0, jobImageCount_, std::chrono::milliseconds(0)));
-    // The worker has its own copies of everything it reads and touches no
-    // control; what it reports comes back as queued calls, in order.
-    jobWork_.start([this, settings, list, plan, decisions, adjustments = jobAdjustments_,
-                    processor = imageProcessor_, stop = jobStop_.get_token()] {
-        JobCallbacks callbacks;
-        callbacks.progress = [this](long index, const ImageReport& image) {
-            // The lines the window has always written on standard output.
-            for (const std::string& line : ConsoleLines(image.outcome)) {
-                std::cout << line << std::endl;
-            }
-            QMetaObject::invokeMethod(
-                this, [this, index] { ReportCropProgress(index); }, Qt::QueuedConnection);
-        };
-        JobOptions options;
-        options.adjustments = &adjustments;
-        options.stop = stop;
-        // Every core at work, each image in a worker process of its own.
-        options.jobs = std::max(1, QThread::idealThreadCount());
-        JobReport report =
-            RunCropJob(settings, list, plan, decisions, *processor, callbacks, options);
-        QMetaObject::invokeMethod(
-            this, [this, report = std::move(report)] { FinishCropJob(report); },
-            Qt::QueuedConnection);
-    });
 }
 
 void ViewController::ReportCropProgress(long) {

@@ -1,0 +1,42 @@
+#include "ui/job/WindowCropObserver.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <iostream>
+
+#include "batch/JobSummary.h"
+
+namespace vellumo {
+
+WindowCropObserver::WindowCropObserver(QObject& context, Handlers handlers)
+    : context_(&context), handlers_(std::move(handlers)) {}
+
+bool WindowCropObserver::Starting(const BatchPart& part, std::string& /*reason*/) {
+    const long count = static_cast<long>(part.list.size());
+    const QString folder =
+        part.plan.images.empty()
+            ? QString()
+            : QFileInfo(QFile::decodeName(QByteArray::fromStdString(part.plan.images.front().path)))
+                  .absolutePath();
+    if (context_.isNull()) {
+        return true;
+    }
+    QMetaObject::invokeMethod(
+        context_.data(), [started = handlers_.started, count, folder] { started(count, folder); },
+        Qt::QueuedConnection);
+    return true;
+}
+
+void WindowCropObserver::ImageDone(const ImageReport& report) {
+    for (const std::string& line : ConsoleLines(report.outcome)) {
+        std::cout << line << std::endl;
+    }
+    if (context_.isNull()) {
+        return;
+    }
+    QMetaObject::invokeMethod(
+        context_.data(), [done = handlers_.imageDone, index = report.index] { done(index); },
+        Qt::QueuedConnection);
+}
+
+}  // namespace vellumo

@@ -1,0 +1,56 @@
+#include "ui/job/WindowCropQuestions.h"
+
+#include <QFile>
+#include <QThread>
+
+#include "ui/dialogs/CropQuestions.h"
+#include "ui/dialogs/OverwriteBox.h"
+
+namespace vellumo {
+
+WindowCropQuestions::WindowCropQuestions(QObject& context, WindowServices& services,
+                                         std::function<void()> beforeQuestion)
+    : context_(&context), services_(services), beforeQuestion_(std::move(beforeQuestion)) {}
+
+int WindowCropQuestions::Ask(const MessageBoxRequest& request) {
+    int answer = -1;  // no button: a window that is gone asks nobody
+    const auto ask = [&] {
+        if (beforeQuestion_) {
+            beforeQuestion_();
+        }
+        answer = services_.showMessageBox(request);
+    };
+    if (context_.isNull()) {
+        return answer;  // the window is gone: nobody to ask
+    }
+    if (QThread::currentThread() == context_->thread()) {
+        ask();
+    } else {
+        QMetaObject::invokeMethod(context_.data(), ask, Qt::BlockingQueuedConnection);
+    }
+    return answer;
+}
+
+bool WindowCropQuestions::ReplaceOriginals(std::size_t count) {
+    return Ask(ReplaceOriginalsRequest(count)) == kFirstButtonAnswer;
+}
+
+bool WindowCropQuestions::CreateFolder(const std::string& folder) {
+    return Ask(CreateFolderRequest(folder)) == kFirstButtonAnswer;
+}
+
+bool WindowCropQuestions::WriteUncroppedCopies() {
+    return Ask(UncroppedCopiesRequest()) == kFirstButtonAnswer;
+}
+
+bool WindowCropQuestions::NumberClashes(const std::vector<OutputClash>& clashes,
+                                        const std::vector<std::string>& list) {
+    return Ask(ClashWarningRequest(clashes, list)) == kFirstButtonAnswer;
+}
+
+OverwriteAnswer WindowCropQuestions::Overwrite(const std::string& question) {
+    const QString text = QFile::decodeName(QByteArray::fromStdString(question));
+    return OverwriteAnswerOfBox(Ask(OverwriteBoxRequest(text)));
+}
+
+}  // namespace vellumo
