@@ -15,20 +15,22 @@ static void LoadWindowResources() {
 
 namespace vellumo {
 
-MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent) {
+MainWindow::MainWindow(QWidget* parent)
+    : QMainWindow(parent), ui_(std::make_unique<Ui::MainWindow>()) {
     LoadWindowResources();
-    Ui::MainWindow controls;
-    controls.setupUi(this);
-    splitter_ = controls.splitterMain;
+    ui_->setupUi(this);
+    splitter_ = ui_->splitterMain;
     // The job's status line keeps its height when it is empty, so the window
     // does not move when a job starts or ends.
-    controls.labelJobStatus->setMinimumHeight(controls.labelJobStatus->fontMetrics().height());
+    ui_->labelJobStatus->setMinimumHeight(ui_->labelJobStatus->fontMetrics().height());
     // The description's size suits a 1280 x 800 screen; never open larger
     // than the screen at hand.
     if (const QScreen* screen = this->screen()) {
         resize(size().boundedTo(screen->availableGeometry().size()));
     }
 }
+
+MainWindow::~MainWindow() = default;
 
 void MainWindow::SetDelegate(WindowDelegate* delegate) {
     delegate_ = delegate;

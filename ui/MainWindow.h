@@ -1,8 +1,13 @@
 #pragma once
 
 #include <QMainWindow>
+#include <memory>
 
 class QSplitter;
+
+namespace Ui {
+class MainWindow;
+}
 
 namespace vellumo {
 
@@ -18,12 +23,17 @@ class WindowDelegate {
 
 // The application's one window, built from the interface description
 // resources/MainWindow.ui: every control, the menu bar and their shortcuts.
-// Its controller finds the controls by name.
+// It keeps the typed controls of that description for the classes that
+// work with them.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
   public:
     explicit MainWindow(QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    // Every control of the description, by its object name.
+    Ui::MainWindow& ui() { return *ui_; }
 
     void SetDelegate(WindowDelegate* delegate);
 
@@ -38,6 +48,7 @@ class MainWindow : public QMainWindow {
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    std::unique_ptr<Ui::MainWindow> ui_;
     WindowDelegate* delegate_ = nullptr;
     QSplitter* splitter_ = nullptr;
     bool splitInitially_ = false;

@@ -24,6 +24,7 @@
 #include "ui/preview/CropAdjustmentStore.h"
 #include "ui/preview/CropPreviewView.h"
 #include "ui/preview/PreviewPrefetch.h"
+#include "ui_MainWindow.h"
 #include "worker/WorkerImageProcessor.h"
 
 namespace vellumo {
@@ -58,46 +59,46 @@ ViewController::~ViewController() {
     if (auto* window = qobject_cast<MainWindow*>(view_.data())) {
         window->SetDelegate(nullptr);
     }
-    if (tableViewImage.isConnected()) {
-        tableViewImage->SetDropDelegate(nullptr);
+    if ((ui_ != nullptr)) {
+        ui_->tableViewImage->SetDropDelegate(nullptr);
     }
 }
 
-void ViewController::LoadView(QWidget& window) {
+void ViewController::LoadView(MainWindow& window) {
     view_ = &window;
-    ConnectOutlets(window);
+    ui_ = &window.ui();
     settingsBinding_ = std::make_unique<SettingsBinding>(SettingsBinding::Controls{
-        *radioAutoCrop,
-        *comboAutoCropFormat,
-        *autoCropRule,
-        *radioCustomCrop,
-        *radioCustomCropPixels,
-        *radioCustomCropPercents,
-        *textFieldCustomCropPixelsOriginX,
-        *textFieldCustomCropPixelsOriginY,
-        *textFieldCustomCropPixelsWidth,
-        *textFieldCustomCropPixelsHeight,
-        *textFieldCustomCropPercentsOriginX,
-        *textFieldCustomCropPercentsOriginY,
-        *textFieldCustomCropPercentsWidth,
-        *textFieldCustomCropPercentsHeight,
-        *stepperCustomCropPercentsOriginX,
-        *stepperCustomCropPercentsOriginY,
-        *stepperCustomCropPercentsWidth,
-        *stepperCustomCropPercentsHeight,
-        *resizeRule,
-        *comboFormat,
-        *sliderQuality,
-        *labelQuality,
-        *textFieldName,
-        *textFieldOutputFolder,
-        *checkKeepEXIFInformationAndCreationDate,
-        *checkReplaceOriginals,
-        *checkCropJPEGFilesWithoutReencoding,
+        *ui_->radioAutoCrop,
+        *ui_->comboAutoCropFormat,
+        *ui_->autoCropRule,
+        *ui_->radioCustomCrop,
+        *ui_->radioCustomCropPixels,
+        *ui_->radioCustomCropPercents,
+        *ui_->textFieldCustomCropPixelsOriginX,
+        *ui_->textFieldCustomCropPixelsOriginY,
+        *ui_->textFieldCustomCropPixelsWidth,
+        *ui_->textFieldCustomCropPixelsHeight,
+        *ui_->textFieldCustomCropPercentsOriginX,
+        *ui_->textFieldCustomCropPercentsOriginY,
+        *ui_->textFieldCustomCropPercentsWidth,
+        *ui_->textFieldCustomCropPercentsHeight,
+        *ui_->stepperCustomCropPercentsOriginX,
+        *ui_->stepperCustomCropPercentsOriginY,
+        *ui_->stepperCustomCropPercentsWidth,
+        *ui_->stepperCustomCropPercentsHeight,
+        *ui_->resizeRule,
+        *ui_->comboFormat,
+        *ui_->sliderQuality,
+        *ui_->labelQuality,
+        *ui_->textFieldName,
+        *ui_->textFieldOutputFolder,
+        *ui_->checkKeepEXIFInformationAndCreationDate,
+        *ui_->checkReplaceOriginals,
+        *ui_->checkCropJPEGFilesWithoutReencoding,
     });
     ConnectCommands();
     viewDidLoad();
-    ConnectContactSheet(window);
+    ConnectContactSheet();
 }
 
 void ViewController::viewDidLoad() {
@@ -108,22 +109,22 @@ void ViewController::viewDidLoad() {
     }
 
     // Files dragged from a file manager arrive as a list of file URLs.
-    tableViewImage->RegisterForDraggedTypes({QStringLiteral("text/uri-list")});
+    ui_->tableViewImage->RegisterForDraggedTypes({QStringLiteral("text/uri-list")});
 
-    tableViewImage->SetDropDelegate(this);
-    tableViewImage->SetImageListModel(imageListModel_);
+    ui_->tableViewImage->SetDropDelegate(this);
+    ui_->tableViewImage->SetImageListModel(imageListModel_);
 
-    comboAutoCropFormat->clear();
-    comboAutoCropFormat->addItems(AutoCropFormatTitles());
+    ui_->comboAutoCropFormat->clear();
+    ui_->comboAutoCropFormat->addItems(AutoCropFormatTitles());
 
-    comboFormat->clear();
-    comboFormat->addItems(OutputFormatTitles());
+    ui_->comboFormat->clear();
+    ui_->comboFormat->addItems(OutputFormatTitles());
 
     for (QLineEdit* field :
-         {textFieldCustomCropPixelsOriginX.get(), textFieldCustomCropPixelsOriginY.get(),
-          textFieldCustomCropPixelsWidth.get(), textFieldCustomCropPixelsHeight.get(),
-          textFieldCustomCropPercentsOriginX.get(), textFieldCustomCropPercentsOriginY.get(),
-          textFieldCustomCropPercentsWidth.get(), textFieldCustomCropPercentsHeight.get()}) {
+         {ui_->textFieldCustomCropPixelsOriginX, ui_->textFieldCustomCropPixelsOriginY,
+          ui_->textFieldCustomCropPixelsWidth, ui_->textFieldCustomCropPixelsHeight,
+          ui_->textFieldCustomCropPercentsOriginX, ui_->textFieldCustomCropPercentsOriginY,
+          ui_->textFieldCustomCropPercentsWidth, ui_->textFieldCustomCropPercentsHeight}) {
         AcceptNumbersOnly(*field);
     }
 
@@ -155,94 +156,30 @@ int ViewController::numberOfRowsInTableView() const {
     return static_cast<int>(listImagePaths_.size());
 }
 
-void ViewController::ConnectOutlets(QWidget& window) {
-    buttonAddImages.Connect(window);
-    buttonRemoveSelected.Connect(window);
-    buttonRemoveAll.Connect(window);
-    progressIndicator.Connect(window);
-    buttonCropImages.Connect(window);
-    buttonStopCropping.Connect(window);
-    tableViewImage.Connect(window);
-    labelOriginalDimensionsWidth.Connect(window);
-    labelOriginalDimensionsHeight.Connect(window);
-    labelOutputDimensionsWidth.Connect(window);
-    labelOutputDimensionsHeight.Connect(window);
-    radioAutoCrop.Connect(window);
-    comboAutoCropFormat.Connect(window);
-    autoCropRule.Connect(window);
-    resizeRule.Connect(window);
-    radioCustomCrop.Connect(window);
-    radioCustomCropPixels.Connect(window);
-    textFieldCustomCropPixelsOriginX.Connect(window);
-    textFieldCustomCropPixelsOriginY.Connect(window);
-    textFieldCustomCropPixelsWidth.Connect(window);
-    textFieldCustomCropPixelsHeight.Connect(window);
-    radioCustomCropPercents.Connect(window);
-    textFieldCustomCropPercentsOriginX.Connect(window);
-    stepperCustomCropPercentsOriginX.Connect(window);
-    textFieldCustomCropPercentsOriginY.Connect(window);
-    stepperCustomCropPercentsOriginY.Connect(window);
-    textFieldCustomCropPercentsWidth.Connect(window);
-    stepperCustomCropPercentsWidth.Connect(window);
-    textFieldCustomCropPercentsHeight.Connect(window);
-    stepperCustomCropPercentsHeight.Connect(window);
-    comboFormat.Connect(window);
-    sliderQuality.Connect(window);
-    labelQuality.Connect(window);
-    textFieldName.Connect(window);
-    textFieldOutputFolder.Connect(window);
-    buttonBrowse.Connect(window);
-    checkKeepEXIFInformationAndCreationDate.Connect(window);
-    tabView.Connect(window);
-    imageViewCropPreview.Connect(window);
-    labelJobStatus.Connect(window);
-    labelImageCount.Connect(window);
-    labelPreviewNote.Connect(window);
-    checkReplaceOriginals.Connect(window);
-    checkCropJPEGFilesWithoutReencoding.Connect(window);
-
-    actionNew.Connect(window);
-    actionLoadProfile.Connect(window);
-    actionSaveProfile.Connect(window);
-    actionSaveProfileAs.Connect(window);
-    actionQuit.Connect(window);
-    actionVideoTutorial.Connect(window);
-    actionOpenCropPlan.Connect(window);
-    actionSaveCropPlan.Connect(window);
-    actionAddImages.Connect(window);
-    actionRemoveSelected.Connect(window);
-    actionRemoveAll.Connect(window);
-    actionCropImages.Connect(window);
-    actionUndo.Connect(window);
-    actionRedo.Connect(window);
-    actionResetCrop.Connect(window);
-    actionResetAllCrops.Connect(window);
-}
-
 void ViewController::ConnectCommands() {
     ConnectAdjustments();
-    connect(actionNew.get(), &QAction::triggered, this, &ViewController::OnFileNew);
-    connect(actionLoadProfile.get(), &QAction::triggered, this, &ViewController::OnLoadProfile);
-    connect(actionSaveProfile.get(), &QAction::triggered, this, &ViewController::OnSaveProfile);
-    connect(actionSaveProfileAs.get(), &QAction::triggered, this, &ViewController::OnSaveProfileAs);
-    connect(actionQuit.get(), &QAction::triggered, this, &ViewController::OnAppQuit);
-    connect(actionVideoTutorial.get(), &QAction::triggered, this, &ViewController::OnVideoTutorial);
+    connect(ui_->actionNew, &QAction::triggered, this, &ViewController::OnFileNew);
+    connect(ui_->actionLoadProfile, &QAction::triggered, this, &ViewController::OnLoadProfile);
+    connect(ui_->actionSaveProfile, &QAction::triggered, this, &ViewController::OnSaveProfile);
+    connect(ui_->actionSaveProfileAs, &QAction::triggered, this, &ViewController::OnSaveProfileAs);
+    connect(ui_->actionQuit, &QAction::triggered, this, &ViewController::OnAppQuit);
+    connect(ui_->actionVideoTutorial, &QAction::triggered, this, &ViewController::OnVideoTutorial);
 
-    connect(buttonAddImages.get(), &QPushButton::clicked, this, &ViewController::OnAddImages);
+    connect(ui_->buttonAddImages, &QPushButton::clicked, this, &ViewController::OnAddImages);
     // The menu's image commands are the buttons' (their shortcuts shown in
     // the menu).
-    new ButtonAction(*actionAddImages, *buttonAddImages);
-    new ButtonAction(*actionRemoveSelected, *buttonRemoveSelected);
-    new ButtonAction(*actionRemoveAll, *buttonRemoveAll);
-    new ButtonAction(*actionCropImages, *buttonCropImages);
-    connect(buttonRemoveSelected.get(), &QPushButton::clicked, this,
+    new ButtonAction(*ui_->actionAddImages, *ui_->buttonAddImages);
+    new ButtonAction(*ui_->actionRemoveSelected, *ui_->buttonRemoveSelected);
+    new ButtonAction(*ui_->actionRemoveAll, *ui_->buttonRemoveAll);
+    new ButtonAction(*ui_->actionCropImages, *ui_->buttonCropImages);
+    connect(ui_->buttonRemoveSelected, &QPushButton::clicked, this,
             &ViewController::OnRemoveSelected);
-    connect(buttonRemoveAll.get(), &QPushButton::clicked, this, &ViewController::OnRemoveAll);
-    connect(tableViewImage.get(), &ImageTableView::selectionDidChange, this,
+    connect(ui_->buttonRemoveAll, &QPushButton::clicked, this, &ViewController::OnRemoveAll);
+    connect(ui_->tableViewImage, &ImageTableView::selectionDidChange, this,
             &ViewController::tableViewSelectionDidChange);
-    connect(tableViewImage.get(), &ImageTableView::selectionDidChange, this,
+    connect(ui_->tableViewImage, &ImageTableView::selectionDidChange, this,
             &ViewController::ShowImageCount);
-    connect(tableViewImage.get(), &ImageTableView::deletePressed, this,
+    connect(ui_->tableViewImage, &ImageTableView::deletePressed, this,
             &ViewController::OnRemoveSelected);
     // However the list changed (added, dropped, removed, reset), its count
     // follows.
@@ -250,63 +187,62 @@ void ViewController::ConnectCommands() {
             &ViewController::ShowImageCount);
     connect(imageListModel_, &QAbstractItemModel::rowsInserted, this,
             &ViewController::ShowImageCount);
-    connect(imageViewCropPreview.get(), &CropPreviewView::resized, &previewResizeSettle_,
+    connect(ui_->imageViewCropPreview, &CropPreviewView::resized, &previewResizeSettle_,
             qOverload<>(&QTimer::start));
 
     // Only what the user does reaches the handlers: clicks, choices from a
     // list, typing, steps. Values the program sets send nothing.
-    connect(radioAutoCrop.get(), &QAbstractButton::clicked, this,
+    connect(ui_->radioAutoCrop, &QAbstractButton::clicked, this,
             &ViewController::OnAutoCropSelected);
-    connect(comboAutoCropFormat.get(), &QComboBox::activated, this,
+    connect(ui_->comboAutoCropFormat, &QComboBox::activated, this,
             &ViewController::OnAutoCropFormatSelected);
-    connect(autoCropRule.get(), &AutoCropRuleBox::changed, this,
-            &ViewController::OnCropRuleChanged);
-    connect(resizeRule.get(), &ResizeRuleBox::changed, this, &ViewController::UpdateCropPreview);
-    connect(radioCustomCrop.get(), &QAbstractButton::clicked, this,
+    connect(ui_->autoCropRule, &AutoCropRuleBox::changed, this, &ViewController::OnCropRuleChanged);
+    connect(ui_->resizeRule, &ResizeRuleBox::changed, this, &ViewController::UpdateCropPreview);
+    connect(ui_->radioCustomCrop, &QAbstractButton::clicked, this,
             &ViewController::OnCustomCropSelected);
-    connect(radioCustomCropPixels.get(), &QAbstractButton::clicked, this,
+    connect(ui_->radioCustomCropPixels, &QAbstractButton::clicked, this,
             &ViewController::OnCustomCropPixelsSelected);
-    connect(textFieldCustomCropPixelsOriginX.get(), &QLineEdit::textEdited, this,
+    connect(ui_->textFieldCustomCropPixelsOriginX, &QLineEdit::textEdited, this,
             &ViewController::OnCustomCropPixelsOriginXChanged);
-    connect(textFieldCustomCropPixelsOriginY.get(), &QLineEdit::textEdited, this,
+    connect(ui_->textFieldCustomCropPixelsOriginY, &QLineEdit::textEdited, this,
             &ViewController::OnCustomCropPixelsOriginYChanged);
-    connect(textFieldCustomCropPixelsWidth.get(), &QLineEdit::textEdited, this,
+    connect(ui_->textFieldCustomCropPixelsWidth, &QLineEdit::textEdited, this,
             &ViewController::OnCustomCropPixelsWidthChanged);
-    connect(textFieldCustomCropPixelsHeight.get(), &QLineEdit::textEdited, this,
+    connect(ui_->textFieldCustomCropPixelsHeight, &QLineEdit::textEdited, this,
             &ViewController::OnCustomCropPixelsHeightChanged);
-    connect(radioCustomCropPercents.get(), &QAbstractButton::clicked, this,
+    connect(ui_->radioCustomCropPercents, &QAbstractButton::clicked, this,
             &ViewController::OnCustomCropPercentsSelected);
-    connect(textFieldCustomCropPercentsOriginX.get(), &QLineEdit::textEdited, this,
+    connect(ui_->textFieldCustomCropPercentsOriginX, &QLineEdit::textEdited, this,
             &ViewController::OnCustomCropPercentsOriginXChanged);
-    connect(textFieldCustomCropPercentsOriginY.get(), &QLineEdit::textEdited, this,
+    connect(ui_->textFieldCustomCropPercentsOriginY, &QLineEdit::textEdited, this,
             &ViewController::OnCustomCropPercentsOriginYChanged);
-    connect(textFieldCustomCropPercentsWidth.get(), &QLineEdit::textEdited, this,
+    connect(ui_->textFieldCustomCropPercentsWidth, &QLineEdit::textEdited, this,
             &ViewController::OnCustomCropPercentsWidthChanged);
-    connect(textFieldCustomCropPercentsHeight.get(), &QLineEdit::textEdited, this,
+    connect(ui_->textFieldCustomCropPercentsHeight, &QLineEdit::textEdited, this,
             &ViewController::OnCustomCropPercentsHeightChanged);
-    connect(stepperCustomCropPercentsOriginX.get(), &Stepper::valueStepped, this,
+    connect(ui_->stepperCustomCropPercentsOriginX, &Stepper::valueStepped, this,
             &ViewController::OnStepperCustomCropPercentsOriginXChanged);
-    connect(stepperCustomCropPercentsOriginY.get(), &Stepper::valueStepped, this,
+    connect(ui_->stepperCustomCropPercentsOriginY, &Stepper::valueStepped, this,
             &ViewController::OnStepperCustomCropPercentsOriginYChanged);
-    connect(stepperCustomCropPercentsWidth.get(), &Stepper::valueStepped, this,
+    connect(ui_->stepperCustomCropPercentsWidth, &Stepper::valueStepped, this,
             &ViewController::OnStepperCustomCropPercentsWidthChanged);
-    connect(stepperCustomCropPercentsHeight.get(), &Stepper::valueStepped, this,
+    connect(ui_->stepperCustomCropPercentsHeight, &Stepper::valueStepped, this,
             &ViewController::OnStepperCustomCropPercentsHeightChanged);
 
-    connect(comboFormat.get(), &QComboBox::activated, this, &ViewController::OnFormatSelected);
-    connect(sliderQuality.get(), &QualitySlider::doubleValueMoved, this,
+    connect(ui_->comboFormat, &QComboBox::activated, this, &ViewController::OnFormatSelected);
+    connect(ui_->sliderQuality, &QualitySlider::doubleValueMoved, this,
             &ViewController::OnQualityChanged);
-    connect(textFieldName.get(), &QLineEdit::textEdited, this, &ViewController::OnNameChanged);
-    connect(buttonBrowse.get(), &QPushButton::clicked, this, &ViewController::OnBrowse);
-    connect(checkKeepEXIFInformationAndCreationDate.get(), &QAbstractButton::clicked, this,
+    connect(ui_->textFieldName, &QLineEdit::textEdited, this, &ViewController::OnNameChanged);
+    connect(ui_->buttonBrowse, &QPushButton::clicked, this, &ViewController::OnBrowse);
+    connect(ui_->checkKeepEXIFInformationAndCreationDate, &QAbstractButton::clicked, this,
             &ViewController::OnKeepEXIFInformationAndCreationDateSelected);
-    connect(checkReplaceOriginals.get(), &QAbstractButton::clicked, this,
+    connect(ui_->checkReplaceOriginals, &QAbstractButton::clicked, this,
             &ViewController::OnReplaceOriginalsSelected);
-    connect(checkCropJPEGFilesWithoutReencoding.get(), &QAbstractButton::clicked, this,
+    connect(ui_->checkCropJPEGFilesWithoutReencoding, &QAbstractButton::clicked, this,
             &ViewController::OnCropJPEGFilesWithoutReencodingSelected);
 
-    connect(buttonCropImages.get(), &QPushButton::clicked, this, &ViewController::OnCropImages);
-    connect(buttonStopCropping.get(), &QPushButton::clicked, this, &ViewController::OnStopCropping);
+    connect(ui_->buttonCropImages, &QPushButton::clicked, this, &ViewController::OnCropImages);
+    connect(ui_->buttonStopCropping, &QPushButton::clicked, this, &ViewController::OnStopCropping);
     auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), view_->window());
     escape->setContext(Qt::WindowShortcut);
     connect(escape, &QShortcut::activated, this, &ViewController::OnStopCropping);
@@ -315,7 +251,7 @@ void ViewController::ConnectCommands() {
 void ViewController::EmptyPreview() {
     shownRefresh_ = ++refreshCount_;
     currentPath_.clear();
-    imageViewCropPreview->SetImage(QImage());
+    ui_->imageViewCropPreview->SetImage(QImage());
 }
 
 }  // namespace vellumo

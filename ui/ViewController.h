@@ -2,8 +2,8 @@
 
 // The main window's controller. It owns everything the user works with in
 // the window: the ordered list of image paths, the image shown in the
-// preview, and references to all controls (outlets, found by name when the
-// window is loaded). Every command of the window arrives here. All of it runs
+// preview, and the window's typed controls (Ui::MainWindow, from the
+// interface description). Every command of the window arrives here. All of it runs
 // on the GUI thread; decoding previews and the crop job run on worker
 // threads, which never touch a control: they get plain values taken on the
 // GUI thread and hand their results back to it as queued calls.
@@ -31,7 +31,6 @@
 #include "batch/PreviewDecoder.h"
 #include "imaging/Image.h"
 #include "ui/MainWindow.h"
-#include "ui/Outlet.h"
 #include "ui/WindowServices.h"
 #include "ui/list/ImageTableView.h"
 #include "ui/preview/CropFrame.h"
@@ -45,6 +44,10 @@ class QLineEdit;
 class QProgressBar;
 class QPushButton;
 class QTabWidget;
+
+namespace Ui {
+class MainWindow;
+}
 
 namespace vellumo {
 
@@ -71,16 +74,15 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     static constexpr int kPreviewResizeSettleMs = 200;
 
     // Starts with an empty list, an empty current image, the accepted
-    // extensions, no profile, and no outlet connected.
+    // extensions, no profile, and no window yet.
     explicit ViewController(QObject* parent = nullptr);
     ~ViewController() override;
 
     // ---- Loading the window -----------------------------------------------
 
-    // Connects every outlet to the control of that name in `window` (a
-    // missing control stops the program, naming it), connects the commands,
-    // then runs viewDidLoad.
-    void LoadView(QWidget& window);
+    // Works with the controls of `window` (its typed Ui::MainWindow),
+    // connects the commands, then runs viewDidLoad.
+    void LoadView(MainWindow& window);
     // Becomes the window's and the table's delegate, fills the two pop-up
     // lists and resets the interface.
     void viewDidLoad();
@@ -274,9 +276,8 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     // Saves a plan of the window's list, settings and adjustments; false
     // when the person cancels or the file cannot be written.
     bool SaveCropPlan();
-    void ConnectOutlets(QWidget& window);
     // The contact sheet, its commands and the thumbnails, after viewDidLoad.
-    void ConnectContactSheet(QWidget& window);
+    void ConnectContactSheet();
     void ConnectCommands();
     // The controls a crop job disables, in the order it disables them.
     std::vector<QWidget*> ControlsLockedWhileCropping() const;
@@ -331,76 +332,17 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     const QStringList acceptedExtensions_;
     QString currentProfilePath_;
 
-    // Outlets, in declaration order.
-    Outlet<QPushButton> buttonAddImages{"buttonAddImages"};
-    Outlet<QPushButton> buttonRemoveSelected{"buttonRemoveSelected"};
-    Outlet<QPushButton> buttonRemoveAll{"buttonRemoveAll"};
-    Outlet<QProgressBar> progressIndicator{"progressIndicator"};
-    Outlet<QPushButton> buttonCropImages{"buttonCropImages"};
-    Outlet<QPushButton> buttonStopCropping{"buttonStopCropping"};
-    Outlet<ImageTableView> tableViewImage{"tableViewImage"};
-    Outlet<QLabel> labelOriginalDimensionsWidth{"labelOriginalDimensionsWidth"};
-    Outlet<QLabel> labelOriginalDimensionsHeight{"labelOriginalDimensionsHeight"};
-    Outlet<QLabel> labelOutputDimensionsWidth{"labelOutputDimensionsWidth"};
-    Outlet<QLabel> labelOutputDimensionsHeight{"labelOutputDimensionsHeight"};
-    Outlet<LatchingRadioButton> radioAutoCrop{"radioAutoCrop"};
-    Outlet<QComboBox> comboAutoCropFormat{"comboAutoCropFormat"};
-    Outlet<AutoCropRuleBox> autoCropRule{"autoCropRule"};
-    Outlet<ResizeRuleBox> resizeRule{"resizeRule"};
-    Outlet<LatchingRadioButton> radioCustomCrop{"radioCustomCrop"};
-    Outlet<LatchingRadioButton> radioCustomCropPixels{"radioCustomCropPixels"};
-    Outlet<QLineEdit> textFieldCustomCropPixelsOriginX{"textFieldCustomCropPixelsOriginX"};
-    Outlet<QLineEdit> textFieldCustomCropPixelsOriginY{"textFieldCustomCropPixelsOriginY"};
-    Outlet<QLineEdit> textFieldCustomCropPixelsWidth{"textFieldCustomCropPixelsWidth"};
-    Outlet<QLineEdit> textFieldCustomCropPixelsHeight{"textFieldCustomCropPixelsHeight"};
-    Outlet<LatchingRadioButton> radioCustomCropPercents{"radioCustomCropPercents"};
-    Outlet<QLineEdit> textFieldCustomCropPercentsOriginX{"textFieldCustomCropPercentsOriginX"};
-    Outlet<Stepper> stepperCustomCropPercentsOriginX{"stepperCustomCropPercentsOriginX"};
-    Outlet<QLineEdit> textFieldCustomCropPercentsOriginY{"textFieldCustomCropPercentsOriginY"};
-    Outlet<Stepper> stepperCustomCropPercentsOriginY{"stepperCustomCropPercentsOriginY"};
-    Outlet<QLineEdit> textFieldCustomCropPercentsWidth{"textFieldCustomCropPercentsWidth"};
-    Outlet<Stepper> stepperCustomCropPercentsWidth{"stepperCustomCropPercentsWidth"};
-    Outlet<QLineEdit> textFieldCustomCropPercentsHeight{"textFieldCustomCropPercentsHeight"};
-    Outlet<Stepper> stepperCustomCropPercentsHeight{"stepperCustomCropPercentsHeight"};
-    Outlet<QComboBox> comboFormat{"comboFormat"};
-    Outlet<QualitySlider> sliderQuality{"sliderQuality"};
-    Outlet<QLabel> labelQuality{"labelQuality"};
-    Outlet<QLineEdit> textFieldName{"textFieldName"};
-    Outlet<QLineEdit> textFieldOutputFolder{"textFieldOutputFolder"};
-    Outlet<QPushButton> buttonBrowse{"buttonBrowse"};
-    Outlet<QCheckBox> checkKeepEXIFInformationAndCreationDate{
-        "checkKeepEXIFInformationAndCreationDate"};
-    Outlet<QTabWidget> tabView{"tabView"};
-    Outlet<CropPreviewView> imageViewCropPreview{"imageViewCropPreview"};
     // The line under the progress bar: which image the job is at, and how
     // long it will take.
-    Outlet<QLabel> labelJobStatus{"labelJobStatus"};
     // How many images the list holds, under it.
-    Outlet<QLabel> labelImageCount{"labelImageCount"};
     // Under the preview: why the selected image is written whole or clipped,
     // and whether only its first frame is.
-    Outlet<QLabel> labelPreviewNote{"labelPreviewNote"};
-    Outlet<QCheckBox> checkReplaceOriginals{"checkReplaceOriginals"};
-    Outlet<QCheckBox> checkCropJPEGFilesWithoutReencoding{"checkCropJPEGFilesWithoutReencoding"};
 
     // The menu commands.
-    Outlet<QAction> actionNew{"actionNew"};
-    Outlet<QAction> actionLoadProfile{"actionLoadProfile"};
-    Outlet<QAction> actionSaveProfile{"actionSaveProfile"};
-    Outlet<QAction> actionSaveProfileAs{"actionSaveProfileAs"};
-    Outlet<QAction> actionQuit{"actionQuit"};
-    Outlet<QAction> actionVideoTutorial{"actionVideoTutorial"};
-    Outlet<QAction> actionOpenCropPlan{"actionOpenCropPlan"};
-    Outlet<QAction> actionSaveCropPlan{"actionSaveCropPlan"};
-    Outlet<QAction> actionAddImages{"actionAddImages"};
-    Outlet<QAction> actionRemoveSelected{"actionRemoveSelected"};
-    Outlet<QAction> actionRemoveAll{"actionRemoveAll"};
-    Outlet<QAction> actionCropImages{"actionCropImages"};
-    Outlet<QAction> actionUndo{"actionUndo"};
-    Outlet<QAction> actionRedo{"actionRedo"};
-    Outlet<QAction> actionResetCrop{"actionResetCrop"};
-    Outlet<QAction> actionResetAllCrops{"actionResetAllCrops"};
 
+    // The window's controls, as the interface description declares them;
+    // owned by the window.
+    Ui::MainWindow* ui_ = nullptr;
     QPointer<QWidget> view_;
     // Between the setting controls and CropSettings, once they are connected.
     std::unique_ptr<SettingsBinding> settingsBinding_;

@@ -13,6 +13,7 @@
 #include "ui/list/ImagePaths.h"
 #include "ui/preview/CropAdjustmentStore.h"
 #include "ui/preview/CropPreviewView.h"
+#include "ui_MainWindow.h"
 
 namespace vellumo {
 
@@ -31,27 +32,27 @@ QString MenuText(const char* verb, const QString& step) {
 }  // namespace
 
 void ViewController::ConnectAdjustments() {
-    connect(imageViewCropPreview.get(), &CropPreviewView::cropAdjusted, this,
+    connect(ui_->imageViewCropPreview, &CropPreviewView::cropAdjusted, this,
             &ViewController::OnCropAdjusted);
     connect(cropAdjustments_, &CropAdjustmentStore::adjustmentsChanged, this,
             &ViewController::OnAdjustmentsChanged);
 
     QUndoStack& history = cropAdjustments_->undoStack();
-    connect(actionUndo.get(), &QAction::triggered, &history, &QUndoStack::undo);
-    connect(actionRedo.get(), &QAction::triggered, &history, &QUndoStack::redo);
-    actionUndo->setEnabled(history.canUndo());
-    actionRedo->setEnabled(history.canRedo());
-    connect(&history, &QUndoStack::canUndoChanged, actionUndo.get(), &QAction::setEnabled);
-    connect(&history, &QUndoStack::canRedoChanged, actionRedo.get(), &QAction::setEnabled);
-    connect(&history, &QUndoStack::undoTextChanged, actionUndo.get(),
-            [this](const QString& step) { actionUndo->setText(MenuText("&Undo", step)); });
-    connect(&history, &QUndoStack::redoTextChanged, actionRedo.get(),
-            [this](const QString& step) { actionRedo->setText(MenuText("&Redo", step)); });
+    connect(ui_->actionUndo, &QAction::triggered, &history, &QUndoStack::undo);
+    connect(ui_->actionRedo, &QAction::triggered, &history, &QUndoStack::redo);
+    ui_->actionUndo->setEnabled(history.canUndo());
+    ui_->actionRedo->setEnabled(history.canRedo());
+    connect(&history, &QUndoStack::canUndoChanged, ui_->actionUndo, &QAction::setEnabled);
+    connect(&history, &QUndoStack::canRedoChanged, ui_->actionRedo, &QAction::setEnabled);
+    connect(&history, &QUndoStack::undoTextChanged, ui_->actionUndo,
+            [this](const QString& step) { ui_->actionUndo->setText(MenuText("&Undo", step)); });
+    connect(&history, &QUndoStack::redoTextChanged, ui_->actionRedo,
+            [this](const QString& step) { ui_->actionRedo->setText(MenuText("&Redo", step)); });
 
-    connect(actionResetCrop.get(), &QAction::triggered, this, &ViewController::OnResetCrop);
-    connect(actionResetAllCrops.get(), &QAction::triggered, this, &ViewController::OnResetAllCrops);
-    connect(actionOpenCropPlan.get(), &QAction::triggered, this, &ViewController::OnOpenCropPlan);
-    connect(actionSaveCropPlan.get(), &QAction::triggered, this, &ViewController::OnSaveCropPlan);
+    connect(ui_->actionResetCrop, &QAction::triggered, this, &ViewController::OnResetCrop);
+    connect(ui_->actionResetAllCrops, &QAction::triggered, this, &ViewController::OnResetAllCrops);
+    connect(ui_->actionOpenCropPlan, &QAction::triggered, this, &ViewController::OnOpenCropPlan);
+    connect(ui_->actionSaveCropPlan, &QAction::triggered, this, &ViewController::OnSaveCropPlan);
 }
 
 ResolvedCrop ViewController::CropOfImage(const CropSettings& settings, const QString& path,
@@ -81,7 +82,7 @@ void ViewController::OnAdjustmentsChanged(const QStringList& paths) {
 
 void ViewController::OnResetCrop() {
     QStringList selected;
-    for (const int row : tableViewImage->SelectedRows()) {
+    for (const int row : ui_->tableViewImage->SelectedRows()) {
         if (row >= 0 && row < listImagePaths_.size()) {
             selected.push_back(listImagePaths_[row]);
         }
@@ -179,7 +180,7 @@ void ViewController::OnOpenCropPlan() {
     listImagePaths_ = paths;
     cropAdjustments_->ReplaceAll(rects);
     ApplySettingsToControls(plan->settings);
-    tableViewImage->ReloadData();
+    ui_->tableViewImage->ReloadData();
     ClearImageListSelection();
 
     // Images that have gone stay in the list, marked; the job fails them.

@@ -25,6 +25,7 @@
 #include "ui/sheet/ContactSheetView.h"
 #include "ui/sheet/ViewModeIcons.h"
 #include "ui/thumbnails/ThumbnailLoader.h"
+#include "ui_MainWindow.h"
 #include "worker/WorkerImageProcessor.h"
 
 namespace vellumo {
@@ -47,53 +48,42 @@ class ContactSheetParts : public QObject {
     }
     ~ContactSheetParts() override {
         // The window may outlive the controller.
-        if (contactSheetImages.isConnected()) {
-            contactSheetImages->SetDropDelegate(nullptr);
-            contactSheetImages->SetCellCropProvider({});
-            contactSheetImages->SetThumbnailLoader(nullptr);
+        if (!sheet.isNull()) {
+            sheet->SetDropDelegate(nullptr);
+            sheet->SetCellCropProvider({});
+            sheet->SetThumbnailLoader(nullptr);
         }
         if (!model.isNull()) {
             model->SetThumbnailIcons({});
         }
     }
 
-    Outlet<QStackedWidget> stackImageViews{"stackImageViews"};
-    Outlet<ContactSheetView> contactSheetImages{"contactSheetImages"};
-    Outlet<QAction> actionShowList{"actionShowList"};
-    Outlet<QAction> actionShowContactSheet{"actionShowContactSheet"};
-    Outlet<QToolButton> buttonShowList{"buttonShowList"};
-    Outlet<QToolButton> buttonShowContactSheet{"buttonShowContactSheet"};
-
     ThumbnailLoader loader;
     QPointer<ImageListModel> model;
+    QPointer<ContactSheetView> sheet;
     // Gathers the table's reasons to ask for thumbnails (scrolled, resized,
     // rows changed) into one wish per turn of the event loop.
     QTimer tableWishes;
 };
 
-void ViewController::ConnectContactSheet(QWidget& window) {
+void ViewController::ConnectContactSheet() {
     // Thumbnails have workers of their own, at the lowest priority: making
     // them ahead never slows the preview a person is waiting for. Replacing
     // the previews' decoder (tests do) leaves the thumbnails' as it is.
     contactSheet_ = new ContactSheetParts(
         *this, std::make_shared<WorkerPreviewDecoder>(WorkerLimits::Background()));
     ContactSheetParts& parts = *contactSheet_;
-    parts.stackImageViews.Connect(window);
-    parts.contactSheetImages.Connect(window);
-    parts.actionShowList.Connect(window);
-    parts.actionShowContactSheet.Connect(window);
-    parts.buttonShowList.Connect(window);
-    parts.buttonShowContactSheet.Connect(window);
     parts.model = imageListModel_;
+    parts.sheet = ui_->contactSheetImages;
 
-    ContactSheetView& sheet = *parts.contactSheetImages;
+    ContactSheetView& sheet = *ui_->contactSheetImages;
     ThumbnailLoader& loader = parts.loader;
     const qreal ratio = sheet.devicePixelRatioF();
     loader.SetBoxes(
         ThumbnailBoxes{static_cast<int>(std::ceil(ContactSheetCellDelegate::kPictureSide * ratio)),
                        static_cast<int>(std::ceil(kRowIconSide * ratio)), ratio});
 
-    sheet.PairWith(*tableViewImage);
+    sheet.PairWith(*ui_->tableViewImage);
     sheet.RegisterForDraggedTypes({QStringLiteral("text/uri-list")});
     sheet.SetDropDelegate(this);
     sheet.SetThumbnailLoader(&loader);
@@ -111,21 +101,21 @@ void ViewController::ConnectContactSheet(QWidget& window) {
     // Which view shows.
     auto* views = new QActionGroup(&parts);
     views->setExclusive(true);
-    views->addAction(parts.actionShowList.get());
-    views->addAction(parts.actionShowContactSheet.get());
-    parts.actionShowList->setChecked(true);
-    parts.actionShowList->setIcon(ListModeIcon(sheet.palette()));
-    parts.actionShowContactSheet->setIcon(ContactSheetModeIcon(sheet.palette()));
-    parts.buttonShowList->setDefaultAction(parts.actionShowList.get());
-    parts.buttonShowContactSheet->setDefaultAction(parts.actionShowContactSheet.get());
-    parts.stackImageViews->setCurrentWidget(tableViewImage.get());
-    connect(parts.actionShowContactSheet.get(), &QAction::toggled, this, [this](bool sheetShown) {
-        QWidget* shown = sheetShown ? static_cast<QWidget*>(contactSheet_->contactSheetImages.get())
-                                    : tableViewImage.get();
-        QWidget* hidden = sheetShown ? static_cast<QWidget*>(tableViewImage.get())
-                                     : contactSheet_->contactSheetImages.get();
+    views->addAction(ui_->actionShowList);
+    views->addAction(ui_->actionShowContactSheet);
+    ui_->actionShowList->setChecked(true);
+    ui_->actionShowList->setIcon(ListModeIcon(sheet.palette()));
+    ui_->actionShowContactSheet->setIcon(ContactSheetModeIcon(sheet.palette()));
+    ui_->buttonShowList->setDefaultAction(ui_->actionShowList);
+    ui_->buttonShowContactSheet->setDefaultAction(ui_->actionShowContactSheet);
+    ui_->stackImageViews->setCurrentWidget(ui_->tableViewImage);
+    connect(ui_->actionShowContactSheet, &QAction::toggled, this, [this](bool sheetShown) {
+        QWidget* shown =
+            sheetShown ? static_cast<QWidget*>(ui_->contactSheetImages) : ui_->tableViewImage;
+        QWidget* hidden =
+            sheetShown ? static_cast<QWidget*>(ui_->tableViewImage) : ui_->contactSheetImages;
         const bool hadFocus = hidden->hasFocus();
-        contactSheet_->stackImageViews->setCurrentWidget(shown);
+        ui_->stackImageViews->setCurrentWidget(shown);
         if (hadFocus) {
             shown->setFocus();
         }
@@ -143,8 +133,8 @@ void ViewController::ConnectContactSheet(QWidget& window) {
     // next screen, whenever what it shows may have changed.
     QTimer& wishes = parts.tableWishes;
     connect(&wishes, &QTimer::timeout, this, [this] {
-        ImageTableView& table = *tableViewImage;
-        if (contactSheet_->stackImageViews->currentWidget() != &table) {
+        ImageTableView& table = *ui_->tableViewImage;
+        if (ui_->stackImageViews->currentWidget() != &table) {
             return;
         }
         const int rows = imageListModel_->rowCount();
@@ -159,8 +149,8 @@ void ViewController::ConnectContactSheet(QWidget& window) {
         contactSheet_->loader.Want(paths);
     });
     const auto wish = [&wishes] { wishes.start(); };
-    connect(tableViewImage->verticalScrollBar(), &QScrollBar::valueChanged, &wishes, wish);
-    connect(tableViewImage->verticalScrollBar(), &QScrollBar::rangeChanged, &wishes, wish);
+    connect(ui_->tableViewImage->verticalScrollBar(), &QScrollBar::valueChanged, &wishes, wish);
+    connect(ui_->tableViewImage->verticalScrollBar(), &QScrollBar::rangeChanged, &wishes, wish);
     connect(imageListModel_, &QAbstractItemModel::modelReset, &wishes, wish);
     connect(imageListModel_, &QAbstractItemModel::rowsInserted, &wishes, wish);
 }
@@ -179,7 +169,7 @@ std::optional<CellCrop> ViewController::ContactSheetCellCrop(const QString& path
 
 void ViewController::RefreshContactSheet() {
     if (contactSheet_ != nullptr) {
-        contactSheet_->contactSheetImages->RefreshCells();
+        ui_->contactSheetImages->RefreshCells();
     }
 }
 

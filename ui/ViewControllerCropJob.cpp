@@ -21,6 +21,7 @@
 #include "ui/job/WindowCropQuestions.h"
 #include "ui/list/ImagePaths.h"
 #include "ui/preview/CropAdjustmentStore.h"
+#include "ui_MainWindow.h"
 
 namespace vellumo {
 
@@ -63,10 +64,10 @@ void ViewController::RunCropCommand(std::shared_ptr<const CropCommand> command) 
     // depends on them (read by the image processor, in its worker process),
     // and the job. Questions come back here as boxes; the job's thread
     // waits for their answers.
-    labelJobStatus->setText(QStringLiteral("Preparing…"));
+    ui_->labelJobStatus->setText(QStringLiteral("Preparing…"));
     jobStop_ = std::stop_source();
     jobWork_.start([this, command, processor = imageProcessor_, stop = jobStop_.get_token()] {
-        WindowCropQuestions questions(*this, services_, [this] { labelJobStatus->clear(); });
+        WindowCropQuestions questions(*this, services_, [this] { ui_->labelJobStatus->clear(); });
         WindowCropObserver observer(
             *this, {[this](long count, const QString& folder) { StartCropJob(count, folder); },
                     [this](long index) { ReportCropProgress(index); }});
@@ -98,10 +99,10 @@ void ViewController::ShowCropRefusal(const CropRefusal& refusal) {
 void ViewController::StartCropJob(long count, const QString& folder) {
     jobImageCount_ = count;
     jobImagesHandled_ = 0;
-    buttonStopCropping->setEnabled(true);
+    ui_->buttonStopCropping->setEnabled(true);
     jobFolder_ = folder;
     jobClock_.start();
-    labelJobStatus->setText(JobStatusText(0, jobImageCount_, std::chrono::milliseconds(0)));
+    ui_->labelJobStatus->setText(JobStatusText(0, jobImageCount_, std::chrono::milliseconds(0)));
 }
 
 void ViewController::FinishCropCommand(const CropCommandResult& result) {
@@ -116,7 +117,7 @@ void ViewController::FinishCropCommand(const CropCommandResult& result) {
 }
 
 void ViewController::AbandonCropCommand() {
-    labelJobStatus->clear();
+    ui_->labelJobStatus->clear();
     cropping_ = false;
     EnableInterface();
 }
@@ -127,28 +128,28 @@ void ViewController::ReportCropProgress(long) {
         return;  // the line says "Stopping…" until the report
     }
     const auto elapsed = std::chrono::milliseconds(jobClock_.elapsed());
-    labelJobStatus->setText(JobStatusText(jobImagesHandled_, jobImageCount_, elapsed));
+    ui_->labelJobStatus->setText(JobStatusText(jobImagesHandled_, jobImageCount_, elapsed));
     // The images finished over the images of the job: full when the last
     // is done.
-    SetProgressFraction(*progressIndicator, jobImageCount_ > 0
-                                                ? static_cast<double>(jobImagesHandled_) /
-                                                      static_cast<double>(jobImageCount_)
-                                                : 0.0);
+    SetProgressFraction(*ui_->progressIndicator, jobImageCount_ > 0
+                                                     ? static_cast<double>(jobImagesHandled_) /
+                                                           static_cast<double>(jobImageCount_)
+                                                     : 0.0);
 }
 
 void ViewController::OnStopCropping() {
-    if (!cropping_ || !buttonStopCropping->isEnabled()) {
+    if (!cropping_ || !ui_->buttonStopCropping->isEnabled()) {
         return;
     }
-    buttonStopCropping->setEnabled(false);
-    labelJobStatus->setText(QStringLiteral("Stopping…"));
+    ui_->buttonStopCropping->setEnabled(false);
+    ui_->labelJobStatus->setText(QStringLiteral("Stopping…"));
     jobStop_.request_stop();
 }
 
 void ViewController::FinishCropJob(const JobReport& report) {
-    buttonStopCropping->setEnabled(false);
-    labelJobStatus->clear();
-    SetProgressFraction(*progressIndicator, 0.0);
+    ui_->buttonStopCropping->setEnabled(false);
+    ui_->labelJobStatus->clear();
+    SetProgressFraction(*ui_->progressIndicator, 0.0);
     cropping_ = false;
     EnableInterface();
     ShowCropResult(report);

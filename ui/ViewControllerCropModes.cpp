@@ -13,6 +13,7 @@
 #include "ui/controls/SettingsBinding.h"
 #include "ui/controls/Stepper.h"
 #include "ui/controls/TextFieldNumber.h"
+#include "ui_MainWindow.h"
 
 namespace vellumo {
 
@@ -40,12 +41,13 @@ CropSettings ViewController::CropSettingsFromControls() const {
 // pair off. The two pairs are independent of each other.
 
 void ViewController::OnAutoCropSelected() {
-    radioCustomCrop->setChecked(false);
+    ui_->radioCustomCrop->setChecked(false);
     UpdateCropPreview();
 }
 
 void ViewController::OnAutoCropFormatSelected() {
-    autoCropRule->SetCustomRatioChosen(comboAutoCropFormat->currentIndex() == kCustomRatioIndex);
+    ui_->autoCropRule->SetCustomRatioChosen(ui_->comboAutoCropFormat->currentIndex() ==
+                                            kCustomRatioIndex);
     OnCropRuleChanged();
 }
 
@@ -61,12 +63,12 @@ void ViewController::OnCropRuleChanged() {
 }
 
 void ViewController::OnCustomCropSelected() {
-    radioAutoCrop->setChecked(false);
+    ui_->radioAutoCrop->setChecked(false);
     UpdateCropPreview();
 }
 
 void ViewController::OnCustomCropPixelsSelected() {
-    radioCustomCropPercents->setChecked(false);
+    ui_->radioCustomCropPercents->setChecked(false);
     UpdateCropPreview();
 }
 
@@ -87,7 +89,7 @@ void ViewController::OnCustomCropPixelsHeightChanged() {
 }
 
 void ViewController::OnCustomCropPercentsSelected() {
-    radioCustomCropPixels->setChecked(false);
+    ui_->radioCustomCropPixels->setChecked(false);
     UpdateCropPreview();
 }
 
@@ -95,42 +97,50 @@ void ViewController::OnCustomCropPercentsSelected() {
 // moves the stepper; either way the preview and the labels follow at once.
 
 void ViewController::OnStepperCustomCropPercentsOriginXChanged() {
-    CopyStepperIntoField(*stepperCustomCropPercentsOriginX, *textFieldCustomCropPercentsOriginX);
+    CopyStepperIntoField(*ui_->stepperCustomCropPercentsOriginX,
+                         *ui_->textFieldCustomCropPercentsOriginX);
     UpdateCropPreview();
 }
 
 void ViewController::OnStepperCustomCropPercentsOriginYChanged() {
-    CopyStepperIntoField(*stepperCustomCropPercentsOriginY, *textFieldCustomCropPercentsOriginY);
+    CopyStepperIntoField(*ui_->stepperCustomCropPercentsOriginY,
+                         *ui_->textFieldCustomCropPercentsOriginY);
     UpdateCropPreview();
 }
 
 void ViewController::OnStepperCustomCropPercentsWidthChanged() {
-    CopyStepperIntoField(*stepperCustomCropPercentsWidth, *textFieldCustomCropPercentsWidth);
+    CopyStepperIntoField(*ui_->stepperCustomCropPercentsWidth,
+                         *ui_->textFieldCustomCropPercentsWidth);
     UpdateCropPreview();
 }
 
 void ViewController::OnStepperCustomCropPercentsHeightChanged() {
-    CopyStepperIntoField(*stepperCustomCropPercentsHeight, *textFieldCustomCropPercentsHeight);
+    CopyStepperIntoField(*ui_->stepperCustomCropPercentsHeight,
+                         *ui_->textFieldCustomCropPercentsHeight);
     UpdateCropPreview();
 }
 
 void ViewController::OnCustomCropPercentsOriginXChanged() {
-    CopyFieldIntoStepper(*textFieldCustomCropPercentsOriginX, *stepperCustomCropPercentsOriginX);
+    CopyFieldIntoStepper(*ui_->textFieldCustomCropPercentsOriginX,
+                         *ui_->stepperCustomCropPercentsOriginX);
     UpdateCropPreview();
 }
 
 void ViewController::OnCustomCropPercentsOriginYChanged() {
-    CopyFieldIntoStepper(*textFieldCustomCropPercentsOriginY, *stepperCustomCropPercentsOriginY);
+    CopyFieldIntoStepper(*ui_->textFieldCustomCropPercentsOriginY,
+                         *ui_->stepperCustomCropPercentsOriginY);
     UpdateCropPreview();
 }
 
 void ViewController::OnCustomCropPercentsWidthChanged() {
-    CopyFieldIntoStepper(*textFieldCustomCropPercentsWidth, *stepperCustomCropPercentsWidth);
+    CopyFieldIntoStepper(*ui_->textFieldCustomCropPercentsWidth,
+                         *ui_->stepperCustomCropPercentsWidth);
     UpdateCropPreview();
 }
 
 void ViewController::OnCustomCropPercentsHeightChanged() {
-    CopyFieldIntoStepper(*textFieldCustomCropPercentsHeight, *stepperCustomCropPercentsHeight);
+    CopyFieldIntoStepper(*ui_->textFieldCustomCropPercentsHeight,
+                         *ui_->stepperCustomCropPercentsHeight);
     UpdateCropPreview();
 }
 

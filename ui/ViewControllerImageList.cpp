@@ -6,6 +6,7 @@
 #include "ui/list/ImagePaths.h"
 #include "ui/preview/CropAdjustmentStore.h"
 #include "ui/preview/CropPreviewView.h"
+#include "ui_MainWindow.h"
 
 namespace vellumo {
 
@@ -46,7 +47,7 @@ void ViewController::AppendImages(const QStringList& paths) {
     // is never added twice, not even within one choice. Files are not opened
     // here: an unreadable image is found when it is previewed or cropped.
     AppendNewPaths(listImagePaths_, paths);
-    tableViewImage->ReloadData();
+    ui_->tableViewImage->ReloadData();
     ClearImageListSelection();
 }
 
@@ -55,7 +56,7 @@ void ViewController::OnRemoveSelected() {
         return;
     }
     // Every selected row goes, from the last up so the row numbers hold.
-    const QList<int> rows = tableViewImage->SelectedRows();
+    const QList<int> rows = ui_->tableViewImage->SelectedRows();
     if (!rows.isEmpty()) {
         QStringList removed;
         for (qsizetype k = rows.size(); k-- > 0;) {
@@ -65,8 +66,8 @@ void ViewController::OnRemoveSelected() {
             }
         }
         cropAdjustments_->Forget(removed);
-        tableViewImage->clearSelection();
-        tableViewImage->ReloadData();
+        ui_->tableViewImage->clearSelection();
+        ui_->tableViewImage->ReloadData();
         ClearImageListSelection();
     }
     EmptyPreview();
@@ -88,7 +89,7 @@ void ViewController::OnRemoveAll() {
     }
     listImagePaths_.clear();
     cropAdjustments_->ReplaceAll({});
-    tableViewImage->ReloadData();
+    ui_->tableViewImage->ReloadData();
     ClearImageListSelection();
     EmptyPreview();
 }
@@ -98,22 +99,22 @@ void ViewController::ShowImageCount() {
     QString text = count == 0   ? QStringLiteral("No images")
                    : count == 1 ? QStringLiteral("1 image")
                                 : QStringLiteral("%1 images").arg(count);
-    const qsizetype selected = tableViewImage->SelectedRows().size();
+    const qsizetype selected = ui_->tableViewImage->SelectedRows().size();
     if (selected > 1) {
         text += QStringLiteral(", %1 selected").arg(selected);
     }
-    labelImageCount->setText(text);
+    ui_->labelImageCount->setText(text);
 }
 
 void ViewController::RefreshImageList() {
-    tableViewImage->ReloadData();
+    ui_->tableViewImage->ReloadData();
     ClearImageListSelection();
 }
 
 void ViewController::ClearImageListSelection() {
     // A preview still being decoded belongs to a selection that is over.
     ++selectionCount_;
-    imageViewCropPreview->SetBusy(false);
+    ui_->imageViewCropPreview->SetBusy(false);
     currentImage_ = Image();
     previewPicture_ = Image();
     placementPicture_.reset();

@@ -21,6 +21,7 @@
 #include "ui/controls/TextFieldNumber.h"
 #include "ui/preview/CropAdjustmentStore.h"
 #include "ui/preview/CropPreviewView.h"
+#include "ui_MainWindow.h"
 
 namespace vellumo {
 
@@ -35,66 +36,66 @@ void ViewController::ResetInterface() {
     listImagePaths_.clear();
     cropAdjustments_->ReplaceAll({});
 
-    tabView->setCurrentIndex(0);
+    ui_->tabView->setCurrentIndex(0);
 
     // Every setting's start value: custom crop in pixels, an empty
     // rectangle, a centred 60 % one once percents are chosen, "JPG" at
     // quality 80, the usual name template, no folder, no metadata, the
     // originals kept. The auto-crop ratio stays as it was.
-    const bool wasReplacingOriginals = checkReplaceOriginals->isChecked();
+    const bool wasReplacingOriginals = ui_->checkReplaceOriginals->isChecked();
     CropSettings start;
-    start.autoCropFormat = comboAutoCropFormat->currentIndex();
+    start.autoCropFormat = ui_->comboAutoCropFormat->currentIndex();
     settingsBinding_->Write(start);
 
-    SetProgressFraction(*progressIndicator, 0.0);
+    SetProgressFraction(*ui_->progressIndicator, 0.0);
 
     // "JPG" takes a quality (the slider is enabled even while a job runs)
     // and carries metadata; with the originals no longer replaced, the name,
     // folder and format are used again. Other enabled states stay as they
     // are.
-    sliderQuality->setEnabled(true);
-    if (wasReplacingOriginals || !checkKeepEXIFInformationAndCreationDate->isEnabled()) {
+    ui_->sliderQuality->setEnabled(true);
+    if (wasReplacingOriginals || !ui_->checkKeepEXIFInformationAndCreationDate->isEnabled()) {
         SettleOutputControls();
     }
 
-    tableViewImage->ReloadData();
+    ui_->tableViewImage->ReloadData();
     ClearImageListSelection();
     EmptyPreview();
 }
 
 std::vector<QWidget*> ViewController::ControlsLockedWhileCropping() const {
     return {
-        buttonAddImages.get(),
-        buttonRemoveSelected.get(),
-        buttonRemoveAll.get(),
-        radioAutoCrop.get(),
-        comboAutoCropFormat.get(),
-        autoCropRule.get(),
-        resizeRule.get(),
-        radioCustomCrop.get(),
-        radioCustomCropPixels.get(),
-        textFieldCustomCropPixelsOriginX.get(),
-        textFieldCustomCropPixelsOriginY.get(),
-        textFieldCustomCropPixelsWidth.get(),
-        textFieldCustomCropPixelsHeight.get(),
-        radioCustomCropPercents.get(),
-        textFieldCustomCropPercentsOriginX.get(),
-        stepperCustomCropPercentsOriginX.get(),
-        textFieldCustomCropPercentsOriginY.get(),
-        stepperCustomCropPercentsOriginY.get(),
-        textFieldCustomCropPercentsWidth.get(),
-        stepperCustomCropPercentsWidth.get(),
-        textFieldCustomCropPercentsHeight.get(),
-        stepperCustomCropPercentsHeight.get(),
-        comboFormat.get(),
-        sliderQuality.get(),
-        textFieldName.get(),
-        textFieldOutputFolder.get(),
-        checkKeepEXIFInformationAndCreationDate.get(),
-        checkCropJPEGFilesWithoutReencoding.get(),
-        buttonBrowse.get(),
-        buttonCropImages.get(),
-        checkReplaceOriginals.get(),
+        ui_->buttonAddImages,
+        ui_->buttonRemoveSelected,
+        ui_->buttonRemoveAll,
+        ui_->radioAutoCrop,
+        ui_->comboAutoCropFormat,
+        ui_->autoCropRule,
+        ui_->resizeRule,
+        ui_->radioCustomCrop,
+        ui_->radioCustomCropPixels,
+        ui_->textFieldCustomCropPixelsOriginX,
+        ui_->textFieldCustomCropPixelsOriginY,
+        ui_->textFieldCustomCropPixelsWidth,
+        ui_->textFieldCustomCropPixelsHeight,
+        ui_->radioCustomCropPercents,
+        ui_->textFieldCustomCropPercentsOriginX,
+        ui_->stepperCustomCropPercentsOriginX,
+        ui_->textFieldCustomCropPercentsOriginY,
+        ui_->stepperCustomCropPercentsOriginY,
+        ui_->textFieldCustomCropPercentsWidth,
+        ui_->stepperCustomCropPercentsWidth,
+        ui_->textFieldCustomCropPercentsHeight,
+        ui_->stepperCustomCropPercentsHeight,
+        ui_->comboFormat,
+        ui_->sliderQuality,
+        ui_->textFieldName,
+        ui_->textFieldOutputFolder,
+        ui_->checkKeepEXIFInformationAndCreationDate,
+        ui_->checkCropJPEGFilesWithoutReencoding,
+        ui_->buttonBrowse,
+        ui_->buttonCropImages,
+        ui_->checkReplaceOriginals,
     };
 }
 
@@ -108,9 +109,9 @@ void ViewController::DisableInterface() {
     }
     // A plan opened would replace the list; the rectangle on the preview is
     // shown, not adjusted (the job has its own copy of the adjustments).
-    actionOpenCropPlan->setEnabled(false);
-    imageViewCropPreview->SetFrameAdjustable(false);
-    buttonCropImages->setText(QString::fromLatin1(kCroppingTitle));
+    ui_->actionOpenCropPlan->setEnabled(false);
+    ui_->imageViewCropPreview->SetFrameAdjustable(false);
+    ui_->buttonCropImages->setText(QString::fromLatin1(kCroppingTitle));
 }
 
 void ViewController::EnableInterface() {
@@ -118,9 +119,9 @@ void ViewController::EnableInterface() {
     for (QWidget* control : ControlsLockedWhileCropping()) {
         control->setEnabled(true);
     }
-    actionOpenCropPlan->setEnabled(true);
-    imageViewCropPreview->SetFrameAdjustable(true);
-    buttonCropImages->setText(QString::fromLatin1(kCropImagesTitle));
+    ui_->actionOpenCropPlan->setEnabled(true);
+    ui_->imageViewCropPreview->SetFrameAdjustable(true);
+    ui_->buttonCropImages->setText(QString::fromLatin1(kCropImagesTitle));
     SettleOutputControls();
 }
 

@@ -13,6 +13,7 @@
 #include "ui/ViewController.h"
 #include "ui/controls/QualitySlider.h"
 #include "ui/controls/QualityText.h"
+#include "ui_MainWindow.h"
 
 namespace vellumo {
 
@@ -60,23 +61,23 @@ void ViewController::SettleOutputControls() {
     if (interfaceLocked_) {
         return;
     }
-    const bool inPlace = checkReplaceOriginals->isChecked();
-    const OutputFormatInfo* format = OutputFormatAt(comboFormat->currentIndex());
+    const bool inPlace = ui_->checkReplaceOriginals->isChecked();
+    const OutputFormatInfo* format = OutputFormatAt(ui_->comboFormat->currentIndex());
     // Replacing the originals writes each file in its own format, which may
     // take a quality or carry metadata.
-    sliderQuality->setEnabled(inPlace || (format != nullptr && format->takesQuality));
+    ui_->sliderQuality->setEnabled(inPlace || (format != nullptr && format->takesQuality));
     const bool carries = inPlace || (format != nullptr && format->carriesMetadata);
-    checkKeepEXIFInformationAndCreationDate->setEnabled(carries);
-    checkKeepEXIFInformationAndCreationDate->setToolTip(carries ? QString()
-                                                                : CannotCarryText(format));
+    ui_->checkKeepEXIFInformationAndCreationDate->setEnabled(carries);
+    ui_->checkKeepEXIFInformationAndCreationDate->setToolTip(carries ? QString()
+                                                                     : CannotCarryText(format));
     // Replaced originals keep their format, so a JPEG among them may be
     // cropped without re-encoding.
     const bool jpeg = format != nullptr && format->codec == OutputCodec::Jpeg;
-    checkCropJPEGFilesWithoutReencoding->setEnabled(inPlace || jpeg);
-    comboFormat->setEnabled(!inPlace);
-    textFieldName->setEnabled(!inPlace);
-    textFieldOutputFolder->setEnabled(!inPlace);
-    buttonBrowse->setEnabled(!inPlace);
+    ui_->checkCropJPEGFilesWithoutReencoding->setEnabled(inPlace || jpeg);
+    ui_->comboFormat->setEnabled(!inPlace);
+    ui_->textFieldName->setEnabled(!inPlace);
+    ui_->textFieldOutputFolder->setEnabled(!inPlace);
+    ui_->buttonBrowse->setEnabled(!inPlace);
     OnQualityChanged();
 }
 
@@ -84,12 +85,12 @@ void ViewController::OnQualityChanged() {
     // The label only: the job reads the slider itself. At the top, WebP and
     // JPEG XL are written without loss, and the label says so; JPEG files
     // cropped without re-encoding do not use the quality at all.
-    const double value = sliderQuality->doubleValue();
-    const OutputFormatInfo* format = OutputFormatAt(comboFormat->currentIndex());
-    const bool inPlace = checkReplaceOriginals->isChecked();
+    const double value = ui_->sliderQuality->doubleValue();
+    const OutputFormatInfo* format = OutputFormatAt(ui_->comboFormat->currentIndex());
+    const bool inPlace = ui_->checkReplaceOriginals->isChecked();
     const bool lossless =
         format != nullptr && LosslessAtFullQuality(format->codec) && !inPlace && value >= 100.0;
-    const bool jpegUnused = checkCropJPEGFilesWithoutReencoding->isChecked() &&
+    const bool jpegUnused = ui_->checkCropJPEGFilesWithoutReencoding->isChecked() &&
                             (inPlace || (format != nullptr && format->codec == OutputCodec::Jpeg));
     QString suffix;
     if (lossless) {
@@ -98,7 +99,7 @@ void ViewController::OnQualityChanged() {
         suffix = inPlace ? QStringLiteral(" (not for JPEG files: lossless)")
                          : QStringLiteral(" (not used: lossless)");
     }
-    labelQuality->setText(QualityText(static_cast<float>(value)) + suffix);
+    ui_->labelQuality->setText(QualityText(static_cast<float>(value)) + suffix);
 }
 
 void ViewController::OnNameChanged() {
@@ -118,7 +119,7 @@ void ViewController::OnBrowse() {
     if (!chosen || chosen->isEmpty()) {
         return;
     }
-    textFieldOutputFolder->setText(chosen->first());
+    ui_->textFieldOutputFolder->setText(chosen->first());
 }
 
 void ViewController::OnKeepEXIFInformationAndCreationDateSelected() {

@@ -24,6 +24,7 @@
 #include "ui/preview/DimensionText.h"
 #include "ui/preview/PreviewPicture.h"
 #include "ui/preview/PreviewPrefetch.h"
+#include "ui_MainWindow.h"
 
 namespace vellumo {
 
@@ -37,28 +38,28 @@ constexpr int kLargestPictureSide = 4096;
 }  // namespace
 
 void ViewController::tableViewSelectionDidChange() {
-    const int row = tableViewImage->SelectedRow();
+    const int row = ui_->tableViewImage->SelectedRow();
     if (row < 0 || row >= listImagePaths_.size()) {
         ClearImageListSelection();
         return;
     }
     const quint64 selection = ++selectionCount_;
     const QString path = listImagePaths_[row];
-    const int side = std::clamp(imageViewCropPreview->LongestPictureSide(), kSmallestPictureSide,
-                                kLargestPictureSide);
+    const int side = std::clamp(ui_->imageViewCropPreview->LongestPictureSide(),
+                                kSmallestPictureSide, kLargestPictureSide);
     // Pictures of earlier selections not yet begun are not needed any more.
     previewWork_.clear();
     const bool placement = UsesPlacementPicture(CropSettingsFromControls());
     // A picture made ahead (or recently) is shown at once.
     if (!placement) {
         if (const std::optional<PreviewPrefetch::Picture> kept = prefetch_->Find(path, side)) {
-            imageViewCropPreview->SetBusy(false);
+            ui_->imageViewCropPreview->SetBusy(false);
             ShowDecodedPreview(selection, path, kept->result, std::nullopt, kept->plain);
             PrefetchAround(path, side);
             return;
         }
     }
-    imageViewCropPreview->SetBusy(true);
+    ui_->imageViewCropPreview->SetBusy(true);
     previewWork_.start([this, decoder = previewDecoder_, selection, path, side, placement] {
         const std::string file = QFile::encodeName(path).toStdString();
         PreviewResult result = decoder->Decode(file, side);
@@ -106,7 +107,7 @@ void ViewController::ShowDecodedPreview(quint64 selection, const QString& path,
     if (selection != selectionCount_) {
         return;
     }
-    imageViewCropPreview->SetBusy(false);
+    ui_->imageViewCropPreview->SetBusy(false);
     if (!result) {
         // The program goes on; the row tells why there is nothing to see.
         imageListModel_->MarkUnreadable(path, QString::fromStdString(result.reason()));
@@ -116,7 +117,7 @@ void ViewController::ShowDecodedPreview(quint64 selection, const QString& path,
     imageListModel_->ClearUnreadable(path);
     currentPath_ = path;
     currentImage_ = Image::OfSize(result->fullSize.width, result->fullSize.height);
-    imageViewCropPreview->SetPlainPicture(plainPicture);
+    ui_->imageViewCropPreview->SetPlainPicture(plainPicture);
     previewPicture_ = result->picture;
     placementPicture_ = placementPicture;
     currentPages_ = result->pages;
@@ -165,21 +166,21 @@ void ViewController::ShowCropPreview(quint64 refresh, const QImage& picture,
         return;
     }
     shownRefresh_ = refresh;
-    imageViewCropPreview->SetCropFrame(frame);
-    imageViewCropPreview->SetImage(picture);
+    ui_->imageViewCropPreview->SetCropFrame(frame);
+    ui_->imageViewCropPreview->SetImage(picture);
 }
 
 bool ViewController::isPreviewPending() const {
-    return imageViewCropPreview->isBusy() || shownRefresh_ != refreshCount_;
+    return ui_->imageViewCropPreview->isBusy() || shownRefresh_ != refreshCount_;
 }
 
 void ViewController::DecodeAgainIfPictureTooSmall() {
     ++previewDeliveries_.sizeChecks;
-    if (currentImage_.IsEmpty() || imageViewCropPreview->isBusy()) {
+    if (currentImage_.IsEmpty() || ui_->imageViewCropPreview->isBusy()) {
         return;
     }
-    const int wanted = std::clamp(imageViewCropPreview->LongestPictureSide(), kSmallestPictureSide,
-                                  kLargestPictureSide);
+    const int wanted = std::clamp(ui_->imageViewCropPreview->LongestPictureSide(),
+                                  kSmallestPictureSide, kLargestPictureSide);
     const double have = std::max(previewPicture_.Width(), previewPicture_.Height());
     const double full = std::max(currentImage_.Width(), currentImage_.Height());
     // A picture as large as the file itself cannot get any sharper.
@@ -193,15 +194,15 @@ void ViewController::UpdateImageSize() {
     const double width = currentImage_.Width();
     const double height = currentImage_.Height();
     if (!(width > 0.0) || !(height > 0.0)) {
-        labelOriginalDimensionsWidth->setText(DimensionText(kWidthCaption, 0));
-        labelOriginalDimensionsHeight->setText(DimensionText(kHeightCaption, 0));
-        labelOutputDimensionsWidth->setText(DimensionText(kWidthCaption, 0));
-        labelOutputDimensionsHeight->setText(DimensionText(kHeightCaption, 0));
-        labelPreviewNote->clear();
+        ui_->labelOriginalDimensionsWidth->setText(DimensionText(kWidthCaption, 0));
+        ui_->labelOriginalDimensionsHeight->setText(DimensionText(kHeightCaption, 0));
+        ui_->labelOutputDimensionsWidth->setText(DimensionText(kWidthCaption, 0));
+        ui_->labelOutputDimensionsHeight->setText(DimensionText(kHeightCaption, 0));
+        ui_->labelPreviewNote->clear();
         return;
     }
-    labelOriginalDimensionsWidth->setText(DimensionText(kWidthCaption, width));
-    labelOriginalDimensionsHeight->setText(DimensionText(kHeightCaption, height));
+    ui_->labelOriginalDimensionsWidth->setText(DimensionText(kWidthCaption, width));
+    ui_->labelOriginalDimensionsHeight->setText(DimensionText(kHeightCaption, height));
 
     // The output labels are the size the job writes for this image, in every
     // mode; the note says when that is the whole image or a clipped part.
@@ -223,10 +224,11 @@ void ViewController::UpdateImageSize() {
                             ? OutputFormatOfPath(QFile::encodeName(currentPath_).toStdString())
                             : settings.outputFormat;
     DecideLosslessCrop(settings, format, currentJpegGrid_.has_value(), currentJpegGrid_, crop);
-    labelOutputDimensionsWidth->setText(DimensionText(kWidthCaption, crop.outputSize.width));
-    labelOutputDimensionsHeight->setText(DimensionText(kHeightCaption, crop.outputSize.height));
+    ui_->labelOutputDimensionsWidth->setText(DimensionText(kWidthCaption, crop.outputSize.width));
+    ui_->labelOutputDimensionsHeight->setText(
+        DimensionText(kHeightCaption, crop.outputSize.height));
     const std::string note = JoinNotes(CropExtentNote(crop), FirstPageNote(currentPages_));
-    labelPreviewNote->setText(QString::fromStdString(note));
+    ui_->labelPreviewNote->setText(QString::fromStdString(note));
 }
 
 }  // namespace vellumo
