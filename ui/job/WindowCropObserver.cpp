@@ -21,9 +21,11 @@ bool WindowCropObserver::Starting(const BatchPart& part, std::string& /*reason*/
     if (context_.isNull()) {
         return true;
     }
+    // The window shows the job as started (Stop enabled) before its first
+    // image begins: the job's thread waits for that.
     QMetaObject::invokeMethod(
         context_.data(), [started = handlers_.started, count, folder] { started(count, folder); },
-        Qt::QueuedConnection);
+        Qt::BlockingQueuedConnection);
     return true;
 }
 
