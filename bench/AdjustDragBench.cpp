@@ -91,8 +91,8 @@ int main(int argc, char** argv) {
     window.resize(size);
     window.show();
     QApplication::processEvents();
-    controller.services().runOpenPanel = [&](const vellumo::OpenPanelRequest&) {
-        return vellumo::OpenPanelResult(QStringList{jpeg});
+    controller.services().chooseFilesToOpen = [&](const vellumo::OpenFilesRequest&) {
+        return vellumo::OpenFilesResult(QStringList{jpeg});
     };
     controller.OnAddImages();
     window.findChild<QAbstractButton*>("radioAutoCrop")->click();

@@ -76,8 +76,8 @@ int main(int argc, char** argv) {
     vellumo::bench::ShownWindow shown;
     vellumo::MainWindow& window = shown.window;
     vellumo::ViewController& controller = shown.controller;
-    controller.services().runOpenPanel = [&](const vellumo::OpenPanelRequest&) {
-        return vellumo::OpenPanelResult(photos);
+    controller.services().chooseFilesToOpen = [&](const vellumo::OpenFilesRequest&) {
+        return vellumo::OpenFilesResult(photos);
     };
     controller.OnAddImages();
 

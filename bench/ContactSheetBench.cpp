@@ -189,8 +189,8 @@ int main(int argc, char** argv) {
     controller.LoadView(window);
     window.resize(1280, 800);
     window.show();
-    controller.services().runOpenPanel = [&](const vellumo::OpenPanelRequest&) {
-        return vellumo::OpenPanelResult(paths);
+    controller.services().chooseFilesToOpen = [&](const vellumo::OpenFilesRequest&) {
+        return vellumo::OpenFilesResult(paths);
     };
     controller.OnAddImages();
     window.findChild<QAction*>("actionShowContactSheet")->trigger();

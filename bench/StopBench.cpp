@@ -67,8 +67,8 @@ int main(int argc, char** argv) {
     controller.services().showMessageBox = [](const vellumo::MessageBoxRequest& request) {
         return vellumo::kFirstButtonAnswer + request.defaultButton;
     };
-    controller.services().runOpenPanel = [&](const vellumo::OpenPanelRequest&) {
-        return vellumo::OpenPanelResult(sources);
+    controller.services().chooseFilesToOpen = [&](const vellumo::OpenFilesRequest&) {
+        return vellumo::OpenFilesResult(sources);
     };
     controller.OnAddImages();
     auto* format = window.findChild<QComboBox*>("comboFormat");

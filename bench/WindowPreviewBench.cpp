@@ -91,8 +91,8 @@ int main(int argc, char** argv) {
     vellumo::MainWindow& window = shown.window;
     vellumo::ViewController& controller = shown.controller;
 
-    controller.services().runOpenPanel = [&](const vellumo::OpenPanelRequest&) {
-        return vellumo::OpenPanelResult(QStringList{jpeg, png});
+    controller.services().chooseFilesToOpen = [&](const vellumo::OpenFilesRequest&) {
+        return vellumo::OpenFilesResult(QStringList{jpeg, png});
     };
     controller.OnAddImages();
     auto* ratios = window.findChild<QComboBox*>("comboAutoCropFormat");

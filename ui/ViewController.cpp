@@ -60,7 +60,7 @@ ViewController::~ViewController() {
         window->SetDelegate(nullptr);
     }
     if ((ui_ != nullptr)) {
-        ui_->tableViewImage->SetDropDelegate(nullptr);
+        ui_->tableViewImage->SetDropHandler(nullptr);
     }
 }
 
@@ -97,11 +97,11 @@ void ViewController::LoadView(MainWindow& window) {
         *ui_->checkCropJPEGFilesWithoutReencoding,
     });
     ConnectCommands();
-    viewDidLoad();
+    SetUpControls();
     ConnectContactSheet();
 }
 
-void ViewController::viewDidLoad() {
+void ViewController::SetUpControls() {
     // The controller answers the window's close question. The view's own
     // window is the application's one window.
     if (auto* window = qobject_cast<MainWindow*>(view_.isNull() ? nullptr : view_->window())) {
@@ -109,9 +109,9 @@ void ViewController::viewDidLoad() {
     }
 
     // Files dragged from a file manager arrive as a list of file URLs.
-    ui_->tableViewImage->RegisterForDraggedTypes({QStringLiteral("text/uri-list")});
+    ui_->tableViewImage->AcceptDraggedTypes({QStringLiteral("text/uri-list")});
 
-    ui_->tableViewImage->SetDropDelegate(this);
+    ui_->tableViewImage->SetDropHandler(this);
     ui_->tableViewImage->SetImageListModel(imageListModel_);
 
     ui_->comboAutoCropFormat->clear();
@@ -152,7 +152,7 @@ void ViewController::SetImageProcessor(std::shared_ptr<ImageProcessor> processor
     imageProcessor_ = std::move(processor);
 }
 
-int ViewController::numberOfRowsInTableView() const {
+int ViewController::imageCount() const {
     return static_cast<int>(listImagePaths_.size());
 }
 
@@ -175,9 +175,9 @@ void ViewController::ConnectCommands() {
     connect(ui_->buttonRemoveSelected, &QPushButton::clicked, this,
             &ViewController::OnRemoveSelected);
     connect(ui_->buttonRemoveAll, &QPushButton::clicked, this, &ViewController::OnRemoveAll);
-    connect(ui_->tableViewImage, &ImageTableView::selectionDidChange, this,
-            &ViewController::tableViewSelectionDidChange);
-    connect(ui_->tableViewImage, &ImageTableView::selectionDidChange, this,
+    connect(ui_->tableViewImage, &ImageTableView::selectedRowsChanged, this,
+            &ViewController::ShowSelectedImage);
+    connect(ui_->tableViewImage, &ImageTableView::selectedRowsChanged, this,
             &ViewController::ShowImageCount);
     connect(ui_->tableViewImage, &ImageTableView::deletePressed, this,
             &ViewController::OnRemoveSelected);

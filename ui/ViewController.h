@@ -63,7 +63,7 @@ class AutoCropRuleBox;
 class ResizeRuleBox;
 class Stepper;
 
-class ViewController : public QObject, public WindowDelegate, public TableDropDelegate {
+class ViewController : public QObject, public WindowDelegate, public ListDropHandler {
     Q_OBJECT
 
   public:
@@ -81,11 +81,11 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     // ---- Loading the window -----------------------------------------------
 
     // Works with the controls of `window` (its typed Ui::MainWindow),
-    // connects the commands, then runs viewDidLoad.
+    // connects the commands, then runs SetUpControls.
     void LoadView(MainWindow& window);
     // Becomes the window's and the table's delegate, fills the two pop-up
     // lists and resets the interface.
-    void viewDidLoad();
+    void SetUpControls();
 
     // ---- State ------------------------------------------------------------
 
@@ -133,7 +133,7 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     // Empties the current image and the preview and refreshes the dimension
     // labels; the table's selected rows stay as they are.
     void ClearImageListSelection();
-    int numberOfRowsInTableView() const;
+    int imageCount() const;
 
     // ---- Preview and dimension labels (ViewControllerPreview.cpp) ---------
 
@@ -141,7 +141,7 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     // the GUI thread, the preview busy meanwhile), then the preview and the
     // labels are refreshed. No row, or one that cannot be decoded, clears
     // them as ClearImageListSelection does; an undecodable row is marked.
-    void tableViewSelectionDidChange();
+    void ShowSelectedImage();
     // Redraws the preview with the crop marked (away from the GUI thread) and
     // refreshes the labels. Nothing without a current image.
     void UpdateCropPreview();
@@ -185,11 +185,10 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     // ---- Window and table delegate ----------------------------------------
 
     bool windowShouldClose(QWidget& window) override;
-    TableDragOperation tableViewValidateDrop(ImageTableView& table, const TableDragInfo& info,
-                                             int proposedRow,
-                                             TableDropOperation operation) override;
-    bool tableViewAcceptDrop(ImageTableView& table, const TableDragInfo& info, int row,
-                             TableDropOperation operation) override;
+    bool canDropMimeData(ImageTableView& table, const DragInfo& info, int proposedRow,
+                         DropPosition operation) override;
+    bool dropMimeData(ImageTableView& table, const DragInfo& info, int row,
+                      DropPosition operation) override;
 
   public Q_SLOTS:
     // ---- Window commands (ViewControllerWindowCommands.cpp) ---------------
@@ -276,7 +275,7 @@ class ViewController : public QObject, public WindowDelegate, public TableDropDe
     // Saves a plan of the window's list, settings and adjustments; false
     // when the person cancels or the file cannot be written.
     bool SaveCropPlan();
-    // The contact sheet, its commands and the thumbnails, after viewDidLoad.
+    // The contact sheet, its commands and the thumbnails, after SetUpControls.
     void ConnectContactSheet();
     void ConnectCommands();
     // The controls a crop job disables, in the order it disables them.

@@ -113,12 +113,12 @@ void ViewController::OnSaveCropPlan() {
 }
 
 bool ViewController::SaveCropPlan() {
-    SavePanelRequest request;
+    SaveFileRequest request;
     request.title = QStringLiteral("Save Crop Plan");
     request.fileType = QString::fromLatin1(kPlanFileType);
     request.suggestedName = QStringLiteral("Untitled.vellumoplan");
     request.memoryKey = QString::fromLatin1(kPlansDialog);
-    const SavePanelResult chosen = services_.runSavePanel(request);
+    const SaveFileResult chosen = services_.chooseFileToSave(request);
     if (!chosen || chosen->isEmpty()) {
         return false;
     }
@@ -143,14 +143,14 @@ void ViewController::OnOpenCropPlan() {
     if (cropping_ || !AgreeToLeaveAdjustments()) {
         return;
     }
-    OpenPanelRequest request;
+    OpenFilesRequest request;
     request.allowsMultipleSelection = false;
     request.canChooseFiles = true;
     request.canChooseDirectories = false;
     request.allowedFileTypes = {QString::fromLatin1(kPlanFileType)};
     request.prompt = QStringLiteral("Open Crop Plan");
     request.memoryKey = QString::fromLatin1(kPlansDialog);
-    const OpenPanelResult chosen = services_.runOpenPanel(request);
+    const OpenFilesResult chosen = services_.chooseFilesToOpen(request);
     if (!chosen || chosen->isEmpty()) {
         return;
     }
@@ -180,7 +180,7 @@ void ViewController::OnOpenCropPlan() {
     listImagePaths_ = paths;
     cropAdjustments_->ReplaceAll(rects);
     ApplySettingsToControls(plan->settings);
-    ui_->tableViewImage->ReloadData();
+    ui_->tableViewImage->RefreshRows();
     ClearImageListSelection();
 
     // Images that have gone stay in the list, marked; the job fails them.

@@ -49,7 +49,7 @@ class ContactSheetParts : public QObject {
     ~ContactSheetParts() override {
         // The window may outlive the controller.
         if (!sheet.isNull()) {
-            sheet->SetDropDelegate(nullptr);
+            sheet->SetDropHandler(nullptr);
             sheet->SetCellCropProvider({});
             sheet->SetThumbnailLoader(nullptr);
         }
@@ -84,8 +84,8 @@ void ViewController::ConnectContactSheet() {
                        static_cast<int>(std::ceil(kRowIconSide * ratio)), ratio});
 
     sheet.PairWith(*ui_->tableViewImage);
-    sheet.RegisterForDraggedTypes({QStringLiteral("text/uri-list")});
-    sheet.SetDropDelegate(this);
+    sheet.AcceptDraggedTypes({QStringLiteral("text/uri-list")});
+    sheet.SetDropHandler(this);
     sheet.SetThumbnailLoader(&loader);
     sheet.SetCellCropProvider([this](const QString& path, Size fullSize) {
         return ContactSheetCellCrop(path, fullSize);

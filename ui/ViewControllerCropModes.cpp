@@ -56,7 +56,7 @@ void ViewController::OnAutoCropFormatSelected() {
 void ViewController::OnCropRuleChanged() {
     if (UsesPlacementPicture(CropSettingsFromControls()) && !placementPicture_ &&
         !currentImage_.IsEmpty()) {
-        tableViewSelectionDidChange();
+        ShowSelectedImage();
         return;
     }
     UpdateCropPreview();

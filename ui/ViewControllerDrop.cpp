@@ -29,24 +29,24 @@ bool IsTable(const QObject* source) {
 
 }  // namespace
 
-TableDragOperation ViewController::tableViewValidateDrop(ImageTableView&, const TableDragInfo& info,
-                                                         int, TableDropOperation operation) {
+bool ViewController::canDropMimeData(ImageTableView&, const DragInfo& info, int,
+                                     DropPosition operation) {
     const QList<QUrl> urls = info.mimeData->urls();
     const bool carriesImageFile = std::any_of(urls.begin(), urls.end(), IsImageFileUrl);
 
     // Files go between rows, never onto one.
-    if (operation == TableDropOperation::On) {
-        return TableDragOperation::None;
+    if (operation == DropPosition::OnItem) {
+        return false;
     }
     // Rows are not dragged within or between tables, ours included.
     if (IsTable(info.source)) {
-        return TableDragOperation::None;
+        return false;
     }
-    return carriesImageFile ? TableDragOperation::Move : TableDragOperation::None;
+    return carriesImageFile;
 }
 
-bool ViewController::tableViewAcceptDrop(ImageTableView& table, const TableDragInfo& info, int row,
-                                         TableDropOperation) {
+bool ViewController::dropMimeData(ImageTableView& table, const DragInfo& info, int row,
+                                  DropPosition) {
     // Every URL is looked at here, not only those that made the drag
     // acceptable; each must pass on its own.
     int insertionIndex = row;

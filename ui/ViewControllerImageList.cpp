@@ -1,4 +1,4 @@
-// The image list: adding through the open panel, removing, and the table.
+// The image list: adding through the file dialog, removing, and the table.
 
 #include <QLabel>
 
@@ -19,15 +19,15 @@ constexpr char kRemoveAllQuestion[] =
 }  // namespace
 
 void ViewController::OnAddImages() {
-    OpenPanelRequest request;
+    OpenFilesRequest request;
     request.allowsMultipleSelection = true;
     request.canChooseDirectories = false;
     request.canCreateDirectories = false;
     request.canChooseFiles = true;
-    request.allowedFileTypes = OpenPanelImageExtensions();
+    request.allowedFileTypes = OpenFilesImageExtensions();
     request.memoryKey = QStringLiteral("addImages");
 
-    const OpenPanelResult chosen = services_.runOpenPanel(request);
+    const OpenFilesResult chosen = services_.chooseFilesToOpen(request);
     if (!chosen) {
         return;
     }
@@ -36,7 +36,7 @@ void ViewController::OnAddImages() {
         return;
     }
     // Files chosen together come in the order a person reads their names,
-    // whatever order the panel returns them in.
+    // whatever order the dialog returns them in.
     QStringList paths = *chosen;
     SortInReadingOrder(paths);
     AppendImages(paths);
@@ -47,7 +47,7 @@ void ViewController::AppendImages(const QStringList& paths) {
     // is never added twice, not even within one choice. Files are not opened
     // here: an unreadable image is found when it is previewed or cropped.
     AppendNewPaths(listImagePaths_, paths);
-    ui_->tableViewImage->ReloadData();
+    ui_->tableViewImage->RefreshRows();
     ClearImageListSelection();
 }
 
@@ -67,7 +67,7 @@ void ViewController::OnRemoveSelected() {
         }
         cropAdjustments_->Forget(removed);
         ui_->tableViewImage->clearSelection();
-        ui_->tableViewImage->ReloadData();
+        ui_->tableViewImage->RefreshRows();
         ClearImageListSelection();
     }
     EmptyPreview();
@@ -89,7 +89,7 @@ void ViewController::OnRemoveAll() {
     }
     listImagePaths_.clear();
     cropAdjustments_->ReplaceAll({});
-    ui_->tableViewImage->ReloadData();
+    ui_->tableViewImage->RefreshRows();
     ClearImageListSelection();
     EmptyPreview();
 }
@@ -107,7 +107,7 @@ void ViewController::ShowImageCount() {
 }
 
 void ViewController::RefreshImageList() {
-    ui_->tableViewImage->ReloadData();
+    ui_->tableViewImage->RefreshRows();
     ClearImageListSelection();
 }
 

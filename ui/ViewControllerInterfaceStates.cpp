@@ -58,7 +58,7 @@ void ViewController::ResetInterface() {
         SettleOutputControls();
     }
 
-    ui_->tableViewImage->ReloadData();
+    ui_->tableViewImage->RefreshRows();
     ClearImageListSelection();
     EmptyPreview();
 }

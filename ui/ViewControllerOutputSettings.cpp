@@ -107,14 +107,14 @@ void ViewController::OnNameChanged() {
 }
 
 void ViewController::OnBrowse() {
-    OpenPanelRequest request;
+    OpenFilesRequest request;
     request.prompt = QString::fromLatin1(kSelectFolderPrompt);
     request.allowsMultipleSelection = false;
     request.canCreateDirectories = false;
     request.canChooseDirectories = true;
     request.canChooseFiles = false;
     request.memoryKey = QStringLiteral("outputFolder");
-    const OpenPanelResult chosen = services_.runOpenPanel(request);
+    const OpenFilesResult chosen = services_.chooseFilesToOpen(request);
     // A cancel, or no folder, keeps the text. The folder is not checked.
     if (!chosen || chosen->isEmpty()) {
         return;

@@ -37,7 +37,7 @@ constexpr int kLargestPictureSide = 4096;
 
 }  // namespace
 
-void ViewController::tableViewSelectionDidChange() {
+void ViewController::ShowSelectedImage() {
     const int row = ui_->tableViewImage->SelectedRow();
     if (row < 0 || row >= listImagePaths_.size()) {
         ClearImageListSelection();
@@ -187,7 +187,7 @@ void ViewController::DecodeAgainIfPictureTooSmall() {
     if (have >= wanted || have >= full) {
         return;
     }
-    tableViewSelectionDidChange();
+    ShowSelectedImage();
 }
 
 void ViewController::UpdateImageSize() {

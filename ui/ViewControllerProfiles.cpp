@@ -63,14 +63,14 @@ void ViewController::OnSaveProfile() {
 }
 
 void ViewController::OnSaveProfileAs() {
-    SavePanelRequest request;
+    SaveFileRequest request;
     request.title = QStringLiteral("Save Profile");
     request.fileType = QString::fromLatin1(kProfileFileType);
     request.suggestedName = currentProfilePath_.isEmpty()
                                 ? QStringLiteral("Untitled.vellumo")
                                 : QFileInfo(currentProfilePath_).fileName();
     request.memoryKey = QString::fromLatin1(kProfilesDialog);
-    const SavePanelResult chosen = services_.runSavePanel(request);
+    const SaveFileResult chosen = services_.chooseFileToSave(request);
     if (!chosen || chosen->isEmpty()) {
         return;
     }
@@ -82,14 +82,14 @@ void ViewController::OnSaveProfileAs() {
 }
 
 void ViewController::OnLoadProfile() {
-    OpenPanelRequest request;
+    OpenFilesRequest request;
     request.allowsMultipleSelection = false;
     request.canChooseFiles = true;
     request.canChooseDirectories = false;
     request.allowedFileTypes = {QString::fromLatin1(kProfileFileType)};
     request.prompt = QStringLiteral("Load Profile");
     request.memoryKey = QString::fromLatin1(kProfilesDialog);
-    const OpenPanelResult chosen = services_.runOpenPanel(request);
+    const OpenFilesResult chosen = services_.chooseFilesToOpen(request);
     if (!chosen || chosen->isEmpty()) {
         return;
     }

@@ -9,11 +9,11 @@ WindowServices WindowServices::Desktop(const std::function<QWidget*()>& parent) 
     services.showMessageBox = [parent](const MessageBoxRequest& request) {
         return RunMessageBox(request, parent());
     };
-    services.runOpenPanel = [parent](const OpenPanelRequest& request) {
-        return RunOpenPanel(request, parent());
+    services.chooseFilesToOpen = [parent](const OpenFilesRequest& request) {
+        return RunOpenFilesDialog(request, parent());
     };
-    services.runSavePanel = [parent](const SavePanelRequest& request) {
-        return RunSavePanel(request, parent());
+    services.chooseFileToSave = [parent](const SaveFileRequest& request) {
+        return RunSaveFileDialog(request, parent());
     };
     services.openUrl = [](const QUrl& address) { return QDesktopServices::openUrl(address); };
     return services;

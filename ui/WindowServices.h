@@ -1,15 +1,15 @@
 #pragma once
 
 // What the window's controller asks of the desktop: modal message boxes, the
-// open panel and the web browser. The real application uses the real ones;
+// file dialog and the web browser. The real application uses the real ones;
 // tests put answerers in their place so that no person is needed.
 
 #include <QUrl>
 #include <functional>
 
 #include "ui/dialogs/MessageBox.h"
-#include "ui/dialogs/OpenPanel.h"
-#include "ui/dialogs/SavePanel.h"
+#include "ui/dialogs/OpenFilesDialog.h"
+#include "ui/dialogs/SaveFileDialog.h"
 
 class QWidget;
 
@@ -18,10 +18,10 @@ namespace vellumo {
 struct WindowServices {
     // Shows a modal box; returns the pressed button's answer (1000, 1001, ...).
     std::function<int(const MessageBoxRequest&)> showMessageBox;
-    // Runs a modal open panel.
-    std::function<OpenPanelResult(const OpenPanelRequest&)> runOpenPanel;
-    // Runs a modal save panel.
-    std::function<SavePanelResult(const SavePanelRequest&)> runSavePanel;
+    // Runs a modal file dialog.
+    std::function<OpenFilesResult(const OpenFilesRequest&)> chooseFilesToOpen;
+    // Runs a modal save dialog.
+    std::function<SaveFileResult(const SaveFileRequest&)> chooseFileToSave;
     // Opens a web address in the default browser; false when that failed.
     std::function<bool(const QUrl&)> openUrl;
 

@@ -273,7 +273,7 @@ class AdjustCropTest : public QObject {
             f.Drag(f.Centre(), QPoint(-25, 0));
             adjusted = *f.Adjusted();
             plan = keep.filePath(QStringLiteral("batch.vellumoplan"));
-            f.loaded.savePanelAnswers.push_back(keep.filePath(QStringLiteral("batch")));
+            f.loaded.saveDialogAnswers.push_back(keep.filePath(QStringLiteral("batch")));
             f.Action("actionSaveCropPlan").trigger();
             QVERIFY(QFile::exists(plan));
             QVERIFY(!f.Store().HasUnsavedAdjustments());
@@ -306,7 +306,7 @@ class AdjustCropTest : public QObject {
         // Opened in a new window: list, settings and the adjustment are back.
         LoadedWindow second;
         second.Show();
-        second.panelAnswers.push_back(QStringList{plan});
+        second.openDialogAnswers.push_back(QStringList{plan});
         second.Control<QAction>("actionOpenCropPlan").trigger();
         QCOMPARE(second.controller().listImagePaths().size(), 2);
         QCOMPARE(second.controller().CropSettingsFromControls().mode, vellumo::CropMode::Auto);
@@ -335,7 +335,7 @@ class AdjustCropTest : public QObject {
             "rect": {"x": 0, "y": 0, "width": -3, "height": 5}}]})");
         file.close();
         f.loaded.boxAnswers.push_back(vellumo::kFirstButtonAnswer + 1);  // Don't Save
-        f.loaded.panelAnswers.push_back(QStringList{plan});
+        f.loaded.openDialogAnswers.push_back(QStringList{plan});
         const std::size_t before = f.loaded.boxes.size();
         f.Action("actionOpenCropPlan").trigger();
         QCOMPARE(f.loaded.boxes.size(), before + 2);
@@ -359,7 +359,7 @@ class AdjustCropTest : public QObject {
                     .saved);
         LoadedWindow loaded;
         loaded.Show();
-        loaded.panelAnswers.push_back(QStringList{plan});
+        loaded.openDialogAnswers.push_back(QStringList{plan});
         loaded.Control<QAction>("actionOpenCropPlan").trigger();
         QCOMPARE(loaded.controller().listImagePaths().size(), 2);
         QCOMPARE(loaded.boxes.back().text, QStringLiteral("1 image of the crop plan no longer "

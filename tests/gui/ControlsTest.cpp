@@ -18,7 +18,7 @@
 #include "ui/controls/LatchingRadioButton.h"
 #include "ui/controls/QualitySlider.h"
 #include "ui/controls/Stepper.h"
-#include "ui/dialogs/OpenPanel.h"
+#include "ui/dialogs/OpenFilesDialog.h"
 #include "ui/list/ImagePaths.h"
 #include "ui/preview/CropPreviewView.h"
 #include "ui/preview/DimensionText.h"

@@ -136,10 +136,11 @@ class DesktopLaunchTest : public QObject {
         QCOMPARE(shortcut("actionLoadProfile"), QStringLiteral("Ctrl+O"));
         QCOMPARE(shortcut("actionSaveProfile"), QStringLiteral("Ctrl+S"));
 
-        // Ctrl+I: the add-images panel.
+        // Ctrl+I: the add-images dialog.
         QTest::keyClick(&loaded.window(), Qt::Key_I, Qt::ControlModifier);
-        QCOMPARE(loaded.panels.size(), std::size_t{1});
-        QVERIFY(loaded.panels[0].canChooseFiles && loaded.panels[0].allowsMultipleSelection);
+        QCOMPARE(loaded.openDialogs.size(), std::size_t{1});
+        QVERIFY(loaded.openDialogs[0].canChooseFiles &&
+                loaded.openDialogs[0].allowsMultipleSelection);
 
         const QString a = Picture(dir.filePath(QStringLiteral("a.png")));
         const QString b = Picture(dir.filePath(QStringLiteral("b.png")));
@@ -157,9 +158,9 @@ class DesktopLaunchTest : public QObject {
         auto& add = loaded.Control<QPushButton>("buttonAddImages");
         add.setEnabled(false);
         QVERIFY(!loaded.Control<QAction>("actionAddImages").isEnabled());
-        const std::size_t panels = loaded.panels.size();
+        const std::size_t panels = loaded.openDialogs.size();
         QTest::keyClick(&loaded.window(), Qt::Key_I, Qt::ControlModifier);
-        QCOMPARE(loaded.panels.size(), panels);
+        QCOMPARE(loaded.openDialogs.size(), panels);
         add.setEnabled(true);
         QVERIFY(loaded.Control<QAction>("actionAddImages").isEnabled());
 

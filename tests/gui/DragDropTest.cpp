@@ -175,7 +175,7 @@ class DragDropTest : public QObject {
 
         const QPoint gap = GapAboveRow(Table(loaded), 2);
         QCOMPARE(Table(loaded).ProposedDropAt(gap),
-                 std::make_pair(2, vellumo::TableDropOperation::Above));
+                 std::make_pair(2, vellumo::DropPosition::AboveItem));
         QVERIFY(DragAndDrop(Table(loaded), gap, *FileUrlData(dragged)).accepted);
 
         const QStringList expected = {before[0],  before[1], dragged[0], dragged[1],
@@ -202,7 +202,7 @@ class DragDropTest : public QObject {
         const QRect last = Table(loaded).visualRect(Table(loaded).model()->index(2, 0));
         const QPoint lowerEdge(last.center().x(), last.bottom() - 1);
         QCOMPARE(Table(loaded).ProposedDropAt(lowerEdge),
-                 std::make_pair(3, vellumo::TableDropOperation::Above));
+                 std::make_pair(3, vellumo::DropPosition::AboveItem));
         QVERIFY(DragAndDrop(Table(loaded), lowerEdge, *FileUrlData({second})).accepted);
         QCOMPARE(List(loaded), before + QStringList({first, second}));
     }
@@ -251,7 +251,7 @@ class DragDropTest : public QObject {
         auto& table = Table(loaded);
         table.selectRow(1);
         int notices = 0;
-        connect(&table, &ImageTableView::selectionDidChange, [&] { ++notices; });
+        connect(&table, &ImageTableView::selectedRowsChanged, [&] { ++notices; });
         const vellumo::Image current = vellumo::test::SizedImage(640, 480);
         loaded.controller().setCurrentImage(current);
         auto& preview = loaded.Control<CropPreviewView>("imageViewCropPreview");

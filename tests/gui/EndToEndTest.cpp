@@ -146,7 +146,7 @@ class EndToEndTest : public QObject {
         // One file a time, in this order (files chosen together would come
         // in the order of their names).
         for (const QString& source : sources) {
-            loaded.panelAnswers.push_back(QStringList{source});
+            loaded.openDialogAnswers.push_back(QStringList{source});
             vellumo::test::Click(loaded.Control<QPushButton>("buttonAddImages"));
         }
         QCOMPARE(loaded.controller().listImagePaths(), sources);
@@ -160,7 +160,7 @@ class EndToEndTest : public QObject {
                  QStringLiteral("Height: 1800"));
 
         vellumo::test::Choose(loaded.Control<QComboBox>("comboFormat"), "PNG");
-        loaded.panelAnswers.push_back(QStringList{out});
+        loaded.openDialogAnswers.push_back(QStringList{out});
         vellumo::test::Click(loaded.Control<QPushButton>("buttonBrowse"));
 
         BoxAnswerer answerer({"Yes", "No", "OK"});

@@ -1,4 +1,4 @@
-// The image list: adding through the open panel, duplicates, removing, and
+// The image list: adding through the file dialog, duplicates, removing, and
 // the table's rows with their file-kind icons.
 
 #include <QAbstractItemDelegate>
@@ -97,8 +97,8 @@ class ImageListTest : public QObject {
     void addingAsksForSeveralImageFilesOfTheTenExtensions() {
         LoadedWindow loaded;
         loaded.AddImages({"/pics/a.jpg"});
-        QCOMPARE(loaded.panels.size(), 1u);
-        const vellumo::OpenPanelRequest& request = loaded.panels.front();
+        QCOMPARE(loaded.openDialogs.size(), 1u);
+        const vellumo::OpenFilesRequest& request = loaded.openDialogs.front();
         QVERIFY(request.allowsMultipleSelection);
         QVERIFY(request.canChooseFiles);
         QVERIFY(!request.canChooseDirectories);
@@ -116,7 +116,7 @@ class ImageListTest : public QObject {
         const QStringList expected = {"/pics/a.jpg", "/pics/b.png", "/more/c.gif", "/more/y.bmp",
                                       "/more/z.tif"};
         QCOMPARE(loaded.controller().listImagePaths(), expected);
-        QCOMPARE(loaded.controller().numberOfRowsInTableView(), 5);
+        QCOMPARE(loaded.controller().imageCount(), 5);
         QCOMPARE(TableRows(loaded), expected);
         QVERIFY(loaded.boxes.empty());
     }
@@ -189,7 +189,7 @@ class ImageListTest : public QObject {
         LoadedWindow loaded;
         loaded.AddImages({"/pics/a.jpg"});
         ShowSomethingInThePreview(loaded);
-        loaded.panelAnswers.push_back(std::nullopt);
+        loaded.openDialogAnswers.push_back(std::nullopt);
         loaded.controller().OnAddImages();
         QCOMPARE(loaded.controller().listImagePaths(), QStringList({"/pics/a.jpg"}));
         QVERIFY(loaded.boxes.empty());

@@ -186,7 +186,7 @@ class InterfaceStatesTest : public QObject {
         QCOMPARE(loaded.Control<QPushButton>("buttonCropImages").text(), "Crop Images");
         // Nothing was asked or opened on the way.
         QVERIFY(loaded.boxes.empty());
-        QVERIFY(loaded.panels.empty());
+        QVERIFY(loaded.openDialogs.empty());
     }
 
     void newRestoresEveryValueButKeepsTheRatioAndTheEnabledStates() {

@@ -49,8 +49,8 @@ void End(const char* mode, vellumo::MainWindow& window, vellumo::ViewController&
 // file is being written into `out`.
 void CropThenEnd(const char* mode, const QString& out, const QStringList& images,
                  vellumo::MainWindow& window, vellumo::ViewController& controller) {
-    controller.services().runOpenPanel = [images](const vellumo::OpenPanelRequest&) {
-        return vellumo::OpenPanelResult(images);
+    controller.services().chooseFilesToOpen = [images](const vellumo::OpenFilesRequest&) {
+        return vellumo::OpenFilesResult(images);
     };
     // Whole copies are written: the question about them is answered yes.
     controller.services().showMessageBox = [](const vellumo::MessageBoxRequest&) {

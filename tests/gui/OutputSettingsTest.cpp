@@ -19,9 +19,9 @@
 #include "tests/gui/support/WindowDriving.h"
 #include "ui/controls/LatchingRadioButton.h"
 #include "ui/controls/QualitySlider.h"
-#include "ui/dialogs/OpenPanel.h"
+#include "ui/dialogs/OpenFilesDialog.h"
 
-using vellumo::OpenPanelRequest;
+using vellumo::OpenFilesRequest;
 using vellumo::QualitySlider;
 using vellumo::test::Choose;
 using vellumo::test::Click;
@@ -193,21 +193,21 @@ class OutputSettingsTest : public QObject {
         folder.setText("/kept");
         Click(loaded.Control<QPushButton>("buttonBrowse"));  // cancelled
         QCOMPARE(folder.text(), QStringLiteral("/kept"));
-        QCOMPARE(loaded.panels.size(), std::size_t{1});
-        OpenPanelRequest expected;
+        QCOMPARE(loaded.openDialogs.size(), std::size_t{1});
+        OpenFilesRequest expected;
         expected.prompt = "Select Folder";
         expected.allowsMultipleSelection = false;
         expected.canCreateDirectories = false;
         expected.canChooseDirectories = true;
         expected.canChooseFiles = false;
         expected.memoryKey = "outputFolder";  // the folder it starts in next time
-        QCOMPARE(loaded.panels[0], expected);
+        QCOMPARE(loaded.openDialogs[0], expected);
 
-        loaded.panelAnswers.push_back(QStringList{});
+        loaded.openDialogAnswers.push_back(QStringList{});
         Click(loaded.Control<QPushButton>("buttonBrowse"));
         QCOMPARE(folder.text(), QStringLiteral("/kept"));
 
-        loaded.panelAnswers.push_back(QStringList{"/chosen/folder"});
+        loaded.openDialogAnswers.push_back(QStringList{"/chosen/folder"});
         Click(loaded.Control<QPushButton>("buttonBrowse"));
         QCOMPARE(folder.text(), QStringLiteral("/chosen/folder"));
     }
@@ -216,9 +216,10 @@ class OutputSettingsTest : public QObject {
         QTemporaryDir dir;
         LoadedWindow loaded;
         loaded.Show();
-        loaded.controller().services().runOpenPanel = [&loaded](const OpenPanelRequest& request) {
-            return vellumo::RunOpenPanel(request, &loaded.window());
-        };
+        loaded.controller().services().chooseFilesToOpen =
+            [&loaded](const OpenFilesRequest& request) {
+                return vellumo::RunOpenFilesDialog(request, &loaded.window());
+            };
         auto& folder = loaded.Control<QLineEdit>("textFieldOutputFolder");
         folder.setText("/kept");
 

@@ -25,7 +25,7 @@
 #include "ui/controls/QualitySlider.h"
 #include "ui/controls/Stepper.h"
 #include "ui/dialogs/LastFolders.h"
-#include "ui/dialogs/OpenPanel.h"
+#include "ui/dialogs/OpenFilesDialog.h"
 
 using vellumo::test::Click;
 using vellumo::test::LoadedWindow;
@@ -101,14 +101,14 @@ class ProfilesTest : public QObject {
         const vellumo::CropSettings settings = loaded.controller().CropSettingsFromControls();
 
         // Save As adds the extension.
-        loaded.savePanelAnswers.push_back(dir.filePath("mine"));
+        loaded.saveDialogAnswers.push_back(dir.filePath("mine"));
         loaded.controller().OnSaveProfileAs();
         QVERIFY(QFile::exists(dir.filePath("mine.vellumo")));
-        QCOMPARE(loaded.savePanels.at(0).fileType, QStringLiteral("vellumo"));
+        QCOMPARE(loaded.saveDialogs.at(0).fileType, QStringLiteral("vellumo"));
 
         loaded.controller().OnFileNew();
         QVERIFY(Controls(loaded) != changed);
-        loaded.panelAnswers.push_back(QStringList{dir.filePath("mine.vellumo")});
+        loaded.openDialogAnswers.push_back(QStringList{dir.filePath("mine.vellumo")});
         loaded.controller().OnLoadProfile();
         QCOMPARE(Controls(loaded), changed);
         const vellumo::CropSettings back = loaded.controller().CropSettingsFromControls();
@@ -141,7 +141,7 @@ class ProfilesTest : public QObject {
             QVERIFY(out.open(QIODevice::WriteOnly));
             out.write(file.text);
             out.close();
-            loaded.panelAnswers.push_back(QStringList{path});
+            loaded.openDialogAnswers.push_back(QStringList{path});
             loaded.controller().OnLoadProfile();
             QCOMPARE(Controls(loaded), before);
             QCOMPARE(loaded.boxes.back().text,
@@ -161,7 +161,7 @@ class ProfilesTest : public QObject {
         QVERIFY(out.open(QIODevice::WriteOnly));
         out.write(R"({"version": 1, "format": "PNG", "whatIsThis": true})");
         out.close();
-        loaded.panelAnswers.push_back(QStringList{dir.filePath("small.vellumo")});
+        loaded.openDialogAnswers.push_back(QStringList{dir.filePath("small.vellumo")});
         loaded.controller().OnLoadProfile();
         expected.replaceInStrings("comboFormat=TIF", "comboFormat=PNG");
         expected.replaceInStrings("enabled=1", "enabled=0");
@@ -175,16 +175,16 @@ class ProfilesTest : public QObject {
         QCOMPARE(loaded.window().windowTitle(), QStringLiteral("Vellumo"));
 
         // Save with no profile yet acts as Save As.
-        loaded.savePanelAnswers.push_back(dir.filePath("Portraits.vellumo"));
+        loaded.saveDialogAnswers.push_back(dir.filePath("Portraits.vellumo"));
         loaded.controller().OnSaveProfile();
-        QCOMPARE(loaded.savePanels.size(), std::size_t{1});
+        QCOMPARE(loaded.saveDialogs.size(), std::size_t{1});
         QCOMPARE(loaded.window().windowTitle(), QString::fromUtf8("Vellumo — Portraits"));
         QCOMPARE(loaded.controller().currentProfilePath(), dir.filePath("Portraits.vellumo"));
 
         // Save again writes there without asking.
         vellumo::test::Choose(loaded.Control<QComboBox>("comboFormat"), "GIF");
         loaded.controller().OnSaveProfile();
-        QCOMPARE(loaded.savePanels.size(), std::size_t{1});
+        QCOMPARE(loaded.saveDialogs.size(), std::size_t{1});
         QFile saved(dir.filePath("Portraits.vellumo"));
         QVERIFY(saved.open(QIODevice::ReadOnly));
         QVERIFY(saved.readAll().contains("\"format\": \"GIF\""));
@@ -193,7 +193,7 @@ class ProfilesTest : public QObject {
         QCOMPARE(loaded.window().windowTitle(), QStringLiteral("Vellumo"));
         QCOMPARE(loaded.controller().currentProfilePath(), QString());
 
-        loaded.panelAnswers.push_back(QStringList{dir.filePath("Portraits.vellumo")});
+        loaded.openDialogAnswers.push_back(QStringList{dir.filePath("Portraits.vellumo")});
         loaded.controller().OnLoadProfile();
         QCOMPARE(loaded.window().windowTitle(), QString::fromUtf8("Vellumo — Portraits"));
         QCOMPARE(loaded.Control<QComboBox>("comboFormat").currentText(), QStringLiteral("GIF"));
@@ -202,7 +202,7 @@ class ProfilesTest : public QObject {
     void aSaveThatFailsSaysWhyAndKeepsTheTitle() {
         LoadedWindow loaded;
         loaded.Show();
-        loaded.savePanelAnswers.push_back(QStringLiteral("/no/such/folder/p.vellumo"));
+        loaded.saveDialogAnswers.push_back(QStringLiteral("/no/such/folder/p.vellumo"));
         loaded.controller().OnSaveProfileAs();
         QCOMPARE(loaded.boxes.back().text,
                  QStringLiteral("The profile could not be saved to /no/such/folder/p.vellumo: "
@@ -227,11 +227,11 @@ class ProfilesTest : public QObject {
         loaded.Control<vellumo::QualitySlider>("sliderQuality").setDoubleValue(67);
         loaded.Control<QLineEdit>("textFieldName").setText("[FileName]-profiled");
         loaded.Control<QLineEdit>("textFieldOutputFolder").setText(dir.filePath("window"));
-        loaded.savePanelAnswers.push_back(dir.filePath("job.vellumo"));
+        loaded.saveDialogAnswers.push_back(dir.filePath("job.vellumo"));
         loaded.controller().OnSaveProfileAs();
 
         loaded.controller().OnFileNew();
-        loaded.panelAnswers.push_back(QStringList{dir.filePath("job.vellumo")});
+        loaded.openDialogAnswers.push_back(QStringList{dir.filePath("job.vellumo")});
         loaded.controller().OnLoadProfile();
         loaded.AddImages(sources);
         Click(loaded.Control<QPushButton>("buttonCropImages"));
@@ -264,7 +264,7 @@ class ProfilesTest : public QObject {
         vellumo::RememberLastFolder("addImages", QString());
         LoadedWindow loaded;
         loaded.Show();
-        vellumo::OpenPanelRequest request;
+        vellumo::OpenFilesRequest request;
         request.allowsMultipleSelection = true;
         request.allowedFileTypes = {"png"};
         request.memoryKey = "addImages";
@@ -278,7 +278,8 @@ class ProfilesTest : public QObject {
             dialog->selectFile(photo);
             QMetaObject::invokeMethod(dialog, "accept");
         });
-        const vellumo::OpenPanelResult chosen = vellumo::RunOpenPanel(request, &loaded.window());
+        const vellumo::OpenFilesResult chosen =
+            vellumo::RunOpenFilesDialog(request, &loaded.window());
         QVERIFY(chosen.has_value());
         QCOMPARE(*chosen, QStringList{photo});
         QCOMPARE(vellumo::LastFolder("addImages"), dir.filePath("photos"));
@@ -293,7 +294,7 @@ class ProfilesTest : public QObject {
             startedIn = dialog->directory().absolutePath();
             dialog->reject();
         });
-        QVERIFY(!vellumo::RunOpenPanel(request, &loaded.window()).has_value());
+        QVERIFY(!vellumo::RunOpenFilesDialog(request, &loaded.window()).has_value());
         QCOMPARE(startedIn, dir.filePath("photos"));
         // Another dialog has its own memory.
         QCOMPARE(vellumo::LastFolder("profiles"), QString());

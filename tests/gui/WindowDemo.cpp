@@ -97,15 +97,15 @@ int main(int argc, char** argv) {
                 window.resize(options.size);
             }
             vellumo::WindowServices& services = controller.services();
-            const auto realPanel = services.runOpenPanel;
+            const auto realPanel = services.chooseFilesToOpen;
             // One file a time, so the list keeps the order given.
             for (const QString& path : options.paths) {
-                services.runOpenPanel = [path](const vellumo::OpenPanelRequest&) {
-                    return vellumo::OpenPanelResult(QStringList{path});
+                services.chooseFilesToOpen = [path](const vellumo::OpenFilesRequest&) {
+                    return vellumo::OpenFilesResult(QStringList{path});
                 };
                 controller.OnAddImages();
             }
-            services.runOpenPanel = realPanel;
+            services.chooseFilesToOpen = realPanel;
 
             for (const auto& [row, rect] : options.adjustments) {
                 if (row >= 0 && row < controller.listImagePaths().size()) {

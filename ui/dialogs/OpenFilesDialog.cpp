@@ -1,4 +1,4 @@
-#include "ui/dialogs/OpenPanel.h"
+#include "ui/dialogs/OpenFilesDialog.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -23,7 +23,7 @@ QString CaseInsensitivePattern(const QString& extension) {
     return pattern;
 }
 
-QFileDialog::FileMode FileModeFor(const OpenPanelRequest& request) {
+QFileDialog::FileMode FileModeFor(const OpenFilesRequest& request) {
     if (!request.canChooseFiles && request.canChooseDirectories) {
         return QFileDialog::Directory;
     }
@@ -40,7 +40,7 @@ QString NameFilterForExtensions(const QStringList& extensions) {
     return QStringLiteral("Images (%1)").arg(patterns.join(QLatin1Char(' ')));
 }
 
-OpenPanelResult RunOpenPanel(const OpenPanelRequest& request, QWidget* parent) {
+OpenFilesResult RunOpenFilesDialog(const OpenFilesRequest& request, QWidget* parent) {
     QFileDialog dialog(parent);
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(FileModeFor(request));

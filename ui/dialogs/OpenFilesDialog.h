@@ -1,6 +1,6 @@
 #pragma once
 
-// The modal chooser of existing files or folders ("open panel").
+// The modal chooser of existing files or folders (a QFileDialog).
 
 #include <QString>
 #include <QStringList>
@@ -10,24 +10,24 @@ class QWidget;
 
 namespace vellumo {
 
-struct OpenPanelRequest {
+struct OpenFilesRequest {
     bool allowsMultipleSelection = false;
     bool canChooseFiles = true;
     bool canChooseDirectories = false;
     bool canCreateDirectories = false;
     QStringList allowedFileTypes;  // extensions without the dot; empty allows any
-    QString prompt;     // title of the panel and its confirm button; empty keeps the usual ones
+    QString prompt;     // title of the dialog and its confirm button; empty keeps the usual ones
     QString memoryKey;  // the dialog's name for the last folder it was used in
 
-    friend bool operator==(const OpenPanelRequest&, const OpenPanelRequest&) = default;
+    friend bool operator==(const OpenFilesRequest&, const OpenFilesRequest&) = default;
 };
 
-// The chosen paths, absolute, in the panel's order; nothing when the user
+// The chosen paths, absolute, in the dialog's order; nothing when the user
 // cancelled.
-using OpenPanelResult = std::optional<QStringList>;
+using OpenFilesResult = std::optional<QStringList>;
 
 // Runs a real file dialog configured by the request.
-OpenPanelResult RunOpenPanel(const OpenPanelRequest& request, QWidget* parent);
+OpenFilesResult RunOpenFilesDialog(const OpenFilesRequest& request, QWidget* parent);
 
 // The dialog's name filter for the allowed extensions, matching any mix of
 // upper and lower case ("photo.JPG" as well as "photo.jpg").

@@ -1,4 +1,4 @@
-#include "ui/dialogs/SavePanel.h"
+#include "ui/dialogs/SaveFileDialog.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -7,7 +7,7 @@
 
 namespace vellumo {
 
-SavePanelResult RunSavePanel(const SavePanelRequest& request, QWidget* parent) {
+SaveFileResult RunSaveFileDialog(const SaveFileRequest& request, QWidget* parent) {
     QFileDialog dialog(parent, request.title);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);

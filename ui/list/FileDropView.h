@@ -21,14 +21,12 @@ namespace vellumo {
 class ImageTableView;
 
 // Where a drop would go: onto a row, or into the gap above a row (the row
-// equal to the number of rows is the gap below the last one).
-enum class TableDropOperation { On, Above };
-
-// The answer to a proposed drop.
-enum class TableDragOperation { None, Move };
+// equal to the number of rows is the gap below the last one), as Qt's item
+// views name the places of their drop indicator.
+enum class DropPosition { OnItem, AboveItem };
 
 // What the list knows of a drag.
-struct TableDragInfo {
+struct DragInfo {
     const QMimeData* mimeData = nullptr;
     // The widget of this program the drag started from; null for drags from
     // other programs.
@@ -37,16 +35,16 @@ struct TableDragInfo {
 
 // Decides about drops onto the image list and carries them out. Both views
 // name the table, whose rows they show.
-class TableDropDelegate {
+class ListDropHandler {
   public:
-    virtual TableDragOperation tableViewValidateDrop(ImageTableView& table,
-                                                     const TableDragInfo& info, int proposedRow,
-                                                     TableDropOperation operation) = 0;
-    virtual bool tableViewAcceptDrop(ImageTableView& table, const TableDragInfo& info, int row,
-                                     TableDropOperation operation) = 0;
+    // Whether the drag's data could be dropped there (its files listed).
+    virtual bool canDropMimeData(ImageTableView& table, const DragInfo& info, int proposedRow,
+                                 DropPosition position) = 0;
+    virtual bool dropMimeData(ImageTableView& table, const DragInfo& info, int row,
+                              DropPosition position) = 0;
 
   protected:
-    ~TableDropDelegate() = default;
+    ~ListDropHandler() = default;
 };
 
 // Accepting a drag of files into the list means only noting their paths.
@@ -72,7 +70,7 @@ class FileDropView : public View {
     using View::View;
 
     // Drags carrying data of these MIME types are considered; others are not.
-    void RegisterForDraggedTypes(const QStringList& mimeTypes) {
+    void AcceptDraggedTypes(const QStringList& mimeTypes) {
         draggedTypes_ = mimeTypes;
         // Drops arrive at the viewport; the view itself stays out of it, or a
         // drag the viewport refused would be offered to the view a second
@@ -80,14 +78,14 @@ class FileDropView : public View {
         this->setAcceptDrops(false);
         this->viewport()->setAcceptDrops(!mimeTypes.isEmpty());
     }
-    void SetDropDelegate(TableDropDelegate* delegate) { dropDelegate_ = delegate; }
+    void SetDropHandler(ListDropHandler* delegate) { dropHandler_ = delegate; }
 
     // The gap where the drop line is shown, if one is.
     std::optional<int> DropIndicatorRow() const { return dropIndicatorRow_; }
 
   protected:
     // The drop a pointer at `position` (viewport coordinates) proposes.
-    virtual std::pair<int, TableDropOperation> ProposedDrop(const QPoint& position) const = 0;
+    virtual std::pair<int, DropPosition> ProposedDrop(const QPoint& position) const = 0;
     // The table the delegate is told of; null while there is none.
     virtual ImageTableView* DropTable() = 0;
 
@@ -100,12 +98,11 @@ class FileDropView : public View {
         // follow. The view follows every drag it could take in some gap, so a
         // pointer that enters over the middle of a row can still move on
         // between rows; each position is then judged as the pointer moves.
-        const TableDragInfo info{event->mimeData(), event->source()};
+        const DragInfo info{event->mimeData(), event->source()};
         const int gapAfterLastRow = this->model() != nullptr ? this->model()->rowCount() : 0;
         const bool takenInSomeGap =
-            dropDelegate_->tableViewValidateDrop(*DropTable(), info, gapAfterLastRow,
-                                                 TableDropOperation::Above) ==
-                TableDragOperation::Move &&
+            dropHandler_->canDropMimeData(*DropTable(), info, gapAfterLastRow,
+                                          DropPosition::AboveItem) &&
             ActionForTakingFiles(event->possibleActions()) != Qt::IgnoreAction;
         if (!takenInSomeGap) {
             event->ignore();
@@ -140,8 +137,8 @@ class FileDropView : public View {
         AnswerProposedDrop(*event);
         if (event->isAccepted()) {
             const auto [row, operation] = ProposedDrop(event->position().toPoint());
-            const TableDragInfo info{event->mimeData(), event->source()};
-            if (!dropDelegate_->tableViewAcceptDrop(*DropTable(), info, row, operation)) {
+            const DragInfo info{event->mimeData(), event->source()};
+            if (!dropHandler_->dropMimeData(*DropTable(), info, row, operation)) {
                 event->ignore();
             }
         }
@@ -150,7 +147,7 @@ class FileDropView : public View {
 
   private:
     bool CarriesRegisteredType(const QMimeData* data) {
-        if (data == nullptr || dropDelegate_ == nullptr || DropTable() == nullptr) {
+        if (data == nullptr || dropHandler_ == nullptr || DropTable() == nullptr) {
             return false;
         }
         return std::any_of(draggedTypes_.begin(), draggedTypes_.end(),
@@ -166,9 +163,8 @@ class FileDropView : public View {
             return;
         }
         const auto [row, operation] = ProposedDrop(event.position().toPoint());
-        const TableDragInfo info{event.mimeData(), event.source()};
-        const bool taken = dropDelegate_->tableViewValidateDrop(
-                               *DropTable(), info, row, operation) == TableDragOperation::Move;
+        const DragInfo info{event.mimeData(), event.source()};
+        const bool taken = dropHandler_->canDropMimeData(*DropTable(), info, row, operation);
         const Qt::DropAction action =
             taken ? ActionForTakingFiles(event.possibleActions()) : Qt::IgnoreAction;
         if (action == Qt::IgnoreAction) {
@@ -177,8 +173,8 @@ class FileDropView : public View {
             event.ignore();
             return;
         }
-        SetDropIndicatorRow(operation == TableDropOperation::Above ? std::optional<int>(row)
-                                                                   : std::nullopt);
+        SetDropIndicatorRow(operation == DropPosition::AboveItem ? std::optional<int>(row)
+                                                                 : std::nullopt);
         event.setDropAction(action);
         event.accept();
     }
@@ -197,7 +193,7 @@ class FileDropView : public View {
     }
 
     QStringList draggedTypes_;
-    TableDropDelegate* dropDelegate_ = nullptr;
+    ListDropHandler* dropHandler_ = nullptr;
     std::optional<int> dropIndicatorRow_;
 };
 

@@ -21,7 +21,7 @@ QStringList AcceptedImageExtensions() {
     return extensions;
 }
 
-QStringList OpenPanelImageExtensions() {
+QStringList OpenFilesImageExtensions() {
     // The output formats' extensions, in their list's order, then those
     // only read ("heif").
     QStringList extensions;

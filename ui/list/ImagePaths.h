@@ -17,10 +17,10 @@ namespace vellumo {
 // then "heic", "heif", "avif", "webp", "jxl".
 QStringList AcceptedImageExtensions();
 
-// The same in the order the add-images panel offers them: the output
+// The same in the order the add-images dialog offers them: the output
 // formats' extensions ("jpg", "jpeg", "jpe", "jp2", "jpx", "png", "tiff",
 // "tif", "gif", "bmp", "webp", "avif", "heic", "jxl"), then "heif".
-QStringList OpenPanelImageExtensions();
+QStringList OpenFilesImageExtensions();
 
 // The extension of `path` read as a file path (after the last dot of the last
 // component), in lower case; empty when there is none.

@@ -35,7 +35,7 @@ void ImageTableView::SetImageListModel(ImageListModel* model) {
     setModel(model);
 }
 
-void ImageTableView::ReloadData() {
+void ImageTableView::RefreshRows() {
     if (imageListModel_ == nullptr) {
         Fatal("the image table has no rows to reload");
     }
@@ -100,21 +100,22 @@ void ImageTableView::keyPressEvent(QKeyEvent* event) {
     QTableView::keyPressEvent(event);
 }
 
-std::pair<int, TableDropOperation> ImageTableView::ProposedDropAt(const QPoint& position) const {
+std::pair<int, DropPosition> ImageTableView::ProposedDropAt(
+    const QPoint& position) const {
     const int rows = model() != nullptr ? model()->rowCount() : 0;
     const QModelIndex index = indexAt(position);
     if (!index.isValid()) {
-        return {rows, TableDropOperation::Above};
+        return {rows, DropPosition::AboveItem};
     }
     const QRect cell = visualRect(index);
     const int quarter = std::max(1, cell.height() / 4);
     if (position.y() < cell.top() + quarter) {
-        return {index.row(), TableDropOperation::Above};
+        return {index.row(), DropPosition::AboveItem};
     }
     if (position.y() > cell.bottom() - quarter) {
-        return {index.row() + 1, TableDropOperation::Above};
+        return {index.row() + 1, DropPosition::AboveItem};
     }
-    return {index.row(), TableDropOperation::On};
+    return {index.row(), DropPosition::OnItem};
 }
 
 void ImageTableView::paintEvent(QPaintEvent* event) {
@@ -138,7 +139,7 @@ void ImageTableView::selectionChanged(const QItemSelection& selected,
                                       const QItemSelection& deselected) {
     QTableView::selectionChanged(selected, deselected);
     if (!selectionNoticesPaused_) {
-        Q_EMIT selectionDidChange();
+        Q_EMIT selectedRowsChanged();
     }
 }
 

@@ -23,7 +23,7 @@ class ImageTableView : public FileDropView<QTableView> {
     void SetImageListModel(ImageListModel* model);
 
     // Reads all rows again, keeping the selected row numbers that still exist.
-    void ReloadData();
+    void RefreshRows();
     // Shows one new row at `row`; selected rows after it move down with it.
     void InsertRow(int row);
 
@@ -37,15 +37,17 @@ class ImageTableView : public FileDropView<QTableView> {
     // the middle half of a row is onto it, the top and bottom quarters are the
     // gaps above and below it, and anywhere below the rows is the gap after
     // the last row.
-    std::pair<int, TableDropOperation> ProposedDropAt(const QPoint& position) const;
+    std::pair<int, DropPosition> ProposedDropAt(
+        const QPoint& position) const;
 
   Q_SIGNALS:
-    void selectionDidChange();
+    void selectedRowsChanged();
     // Delete (or Backspace) was pressed in the table.
     void deletePressed();
 
   protected:
-    std::pair<int, TableDropOperation> ProposedDrop(const QPoint& position) const override {
+    std::pair<int, DropPosition> ProposedDrop(
+        const QPoint& position) const override {
         return ProposedDropAt(position);
     }
     ImageTableView* DropTable() override { return this; }

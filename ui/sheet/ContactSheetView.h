@@ -52,8 +52,9 @@ class ContactSheetView : public FileDropView<QListView> {
 
   protected:
     // Files always go between cells.
-    std::pair<int, TableDropOperation> ProposedDrop(const QPoint& position) const override {
-        return {ProposedDropRow(position), TableDropOperation::Above};
+    std::pair<int, DropPosition> ProposedDrop(
+        const QPoint& position) const override {
+        return {ProposedDropRow(position), DropPosition::AboveItem};
     }
     ImageTableView* DropTable() override { return table_; }
     void paintEvent(QPaintEvent* event) override;

@@ -17,27 +17,27 @@ LoadedWindow::LoadedWindow()
         boxAnswers.pop_front();
         return answer;
     };
-    services.runOpenPanel = [this](const OpenPanelRequest& request) -> OpenPanelResult {
-        panels.push_back(request);
-        if (panelAnswers.empty()) {
+    services.chooseFilesToOpen = [this](const OpenFilesRequest& request) -> OpenFilesResult {
+        openDialogs.push_back(request);
+        if (openDialogAnswers.empty()) {
             return std::nullopt;
         }
         // Copied out as a plain list: GCC 12 sees the moved-from optional's
         // list as possibly uninitialized.
-        const bool chosen = panelAnswers.front().has_value();
-        const QStringList paths = chosen ? *panelAnswers.front() : QStringList();
-        panelAnswers.pop_front();
-        return chosen ? OpenPanelResult(paths) : std::nullopt;
+        const bool chosen = openDialogAnswers.front().has_value();
+        const QStringList paths = chosen ? *openDialogAnswers.front() : QStringList();
+        openDialogAnswers.pop_front();
+        return chosen ? OpenFilesResult(paths) : std::nullopt;
     };
-    services.runSavePanel = [this](const SavePanelRequest& request) -> SavePanelResult {
-        savePanels.push_back(request);
-        if (savePanelAnswers.empty()) {
+    services.chooseFileToSave = [this](const SaveFileRequest& request) -> SaveFileResult {
+        saveDialogs.push_back(request);
+        if (saveDialogAnswers.empty()) {
             return std::nullopt;
         }
-        const bool chosen = savePanelAnswers.front().has_value();
-        const QString path = chosen ? *savePanelAnswers.front() : QString();
-        savePanelAnswers.pop_front();
-        return chosen ? SavePanelResult(path) : std::nullopt;
+        const bool chosen = saveDialogAnswers.front().has_value();
+        const QString path = chosen ? *saveDialogAnswers.front() : QString();
+        saveDialogAnswers.pop_front();
+        return chosen ? SaveFileResult(path) : std::nullopt;
     };
     services.openUrl = [this](const QUrl& address) {
         openedUrls.push_back(address);
@@ -54,7 +54,7 @@ void LoadedWindow::Show() {
 }
 
 void LoadedWindow::AddImages(const QStringList& paths) {
-    panelAnswers.push_back(paths);
+    openDialogAnswers.push_back(paths);
     controller_->OnAddImages();
 }
 

@@ -18,8 +18,8 @@ namespace vellumo::test {
 // it, but with answerers in place of the desktop services:
 // - message boxes are recorded and answered from `boxAnswers` (the default
 //   button, as Return would, once the queue is empty);
-// - open panels are recorded and answered from `panelAnswers` (a cancel once
-//   the queue is empty), save panels likewise from `savePanelAnswers`;
+// - file dialogs are recorded and answered from `openDialogAnswers` (a cancel once
+//   the queue is empty), save dialogs likewise from `saveDialogAnswers`;
 // - web addresses are recorded and fail to open.
 class LoadedWindow {
   public:
@@ -48,10 +48,10 @@ class LoadedWindow {
 
     std::vector<MessageBoxRequest> boxes;
     std::deque<int> boxAnswers;
-    std::vector<OpenPanelRequest> panels;
-    std::deque<OpenPanelResult> panelAnswers;
-    std::vector<SavePanelRequest> savePanels;
-    std::deque<SavePanelResult> savePanelAnswers;
+    std::vector<OpenFilesRequest> openDialogs;
+    std::deque<OpenFilesResult> openDialogAnswers;
+    std::vector<SaveFileRequest> saveDialogs;
+    std::deque<SaveFileResult> saveDialogAnswers;
     std::vector<QUrl> openedUrls;
 
   private:
