@@ -75,21 +75,27 @@ std::string NumberedPath(const std::string& path, int number) {
     return path.substr(0, dot) + " (" + std::to_string(number) + ")" + path.substr(dot);
 }
 
-OutputPlan PlanOutputs(const CropSettings& settings, const std::vector<std::string>& listImagePaths,
-                       ClashPolicy policy) {
-    const long count = static_cast<long>(listImagePaths.size());
-    OutputPlan plan;
-    plan.images.resize(listImagePaths.size());
-    PathKeys keys;
-    std::vector<std::string> sourceKeys(listImagePaths.size());
-    std::vector<std::string> outputKeys(listImagePaths.size());
-    // The first image that reads each file.
-    std::map<std::string, long> firstReader;
-    for (long i = 0; i < count; ++i) {
-        sourceKeys[i] = keys.Of(listImagePaths[i]);
-        firstReader.emplace(sourceKeys[i], i);
-    }
+namespace {
 
+// The keys the plan compares paths by, for the images' sources and
+// outputs, and the first image that reads each file.
+struct PlannedKeys {
+    PathKeys keys;
+    std::vector<std::string> sources;
+    std::vector<std::string> outputs;
+    std::map<std::string, long> firstReader;
+};
+
+// Each image's path and format, and the refusals of outputs that are the
+// file of a listed image (allowed for its own file when the originals are
+// replaced, once per file).
+void PlacePaths(const CropSettings& settings, const std::vector<std::string>& listImagePaths,
+                OutputPlan& plan, PlannedKeys& k) {
+    const long count = static_cast<long>(listImagePaths.size());
+    for (long i = 0; i < count; ++i) {
+        k.sources[i] = k.keys.Of(listImagePaths[i]);
+        k.firstReader.emplace(k.sources[i], i);
+    }
     for (long i = 0; i < count; ++i) {
         PlannedOutput& image = plan.images[i];
         if (settings.replaceOriginals) {
@@ -103,12 +109,12 @@ OutputPlan PlanOutputs(const CropSettings& settings, const std::vector<std::stri
             image.path = GenerateOutputPathWithImageIndex(settings, listImagePaths, i);
             image.format = settings.outputFormat;
         }
-        outputKeys[i] = keys.Of(image.path);
-        const auto reader = firstReader.find(outputKeys[i]);
-        if (reader == firstReader.end()) {
+        k.outputs[i] = k.keys.Of(image.path);
+        const auto reader = k.firstReader.find(k.outputs[i]);
+        if (reader == k.firstReader.end()) {
             continue;
         }
-        if (settings.replaceOriginals && outputKeys[i] == sourceKeys[i]) {
+        if (settings.replaceOriginals && k.outputs[i] == k.sources[i]) {
             image.replacesSource = true;
             if (reader->second != i) {
                 image.refusal = kClashReason;  // the file is listed before: replaced there
@@ -117,21 +123,24 @@ OutputPlan PlanOutputs(const CropSettings& settings, const std::vector<std::stri
             image.refusal = kOriginalReason;
         }
     }
+}
 
-    // Images that would share a path, in list order.
+// Images that would share a path, in list order: noted as clashes, the
+// later ones refused or numbered.
+void SettleClashes(OutputPlan& plan, PlannedKeys& k, ClashPolicy policy) {
     std::map<std::string, std::vector<long>> sharing;
     std::vector<std::string> order;
-    for (long i = 0; i < count; ++i) {
+    for (long i = 0; i < static_cast<long>(plan.images.size()); ++i) {
         if (!plan.images[i].refusal.empty()) {
             continue;
         }
-        auto& images = sharing[outputKeys[i]];
+        auto& images = sharing[k.outputs[i]];
         if (images.empty()) {
-            order.push_back(outputKeys[i]);
+            order.push_back(k.outputs[i]);
         }
         images.push_back(i);
     }
-    std::set<std::string> taken(sourceKeys.begin(), sourceKeys.end());
+    std::set<std::string> taken(k.sources.begin(), k.sources.end());
     for (const auto& [key, images] : sharing) {
         taken.insert(key);
     }
@@ -143,15 +152,15 @@ OutputPlan PlanOutputs(const CropSettings& settings, const std::vector<std::stri
         plan.clashes.push_back({plan.images[images.front()].path, images});
         const std::string shared = plan.images[images.front()].path;
         int number = 2;
-        for (std::size_t k = 1; k < images.size(); ++k) {
-            PlannedOutput& later = plan.images[images[k]];
+        for (std::size_t i = 1; i < images.size(); ++i) {
+            PlannedOutput& later = plan.images[images[i]];
             if (policy == ClashPolicy::Refuse) {
                 later.refusal = kClashReason;
                 continue;
             }
             for (;; ++number) {
                 const std::string candidate = NumberedPath(shared, number);
-                if (taken.insert(keys.Of(candidate)).second) {
+                if (taken.insert(k.keys.Of(candidate)).second) {
                     later.path = candidate;
                     ++number;
                     break;
@@ -159,6 +168,19 @@ OutputPlan PlanOutputs(const CropSettings& settings, const std::vector<std::stri
             }
         }
     }
+}
+
+}  // namespace
+
+OutputPlan PlanOutputs(const CropSettings& settings, const std::vector<std::string>& listImagePaths,
+                       ClashPolicy policy) {
+    OutputPlan plan;
+    plan.images.resize(listImagePaths.size());
+    PlannedKeys keys;
+    keys.sources.resize(listImagePaths.size());
+    keys.outputs.resize(listImagePaths.size());
+    PlacePaths(settings, listImagePaths, plan, keys);
+    SettleClashes(plan, keys, policy);
     return plan;
 }
 

@@ -189,7 +189,15 @@ void ViewController::ConnectCommands() {
             &ViewController::ShowImageCount);
     connect(ui_->imageViewCropPreview, &CropPreviewView::resized, &previewResizeSettle_,
             qOverload<>(&QTimer::start));
+    ConnectSettingControls();
+    connect(ui_->buttonCropImages, &QPushButton::clicked, this, &ViewController::OnCropImages);
+    connect(ui_->buttonStopCropping, &QPushButton::clicked, this, &ViewController::OnStopCropping);
+    auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), view_->window());
+    escape->setContext(Qt::WindowShortcut);
+    connect(escape, &QShortcut::activated, this, &ViewController::OnStopCropping);
+}
 
+void ViewController::ConnectSettingControls() {
     // Only what the user does reaches the handlers: clicks, choices from a
     // list, typing, steps. Values the program sets send nothing.
     connect(ui_->radioAutoCrop, &QAbstractButton::clicked, this,
@@ -240,12 +248,6 @@ void ViewController::ConnectCommands() {
             &ViewController::OnReplaceOriginalsSelected);
     connect(ui_->checkCropJPEGFilesWithoutReencoding, &QAbstractButton::clicked, this,
             &ViewController::OnCropJPEGFilesWithoutReencodingSelected);
-
-    connect(ui_->buttonCropImages, &QPushButton::clicked, this, &ViewController::OnCropImages);
-    connect(ui_->buttonStopCropping, &QPushButton::clicked, this, &ViewController::OnStopCropping);
-    auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), view_->window());
-    escape->setContext(Qt::WindowShortcut);
-    connect(escape, &QShortcut::activated, this, &ViewController::OnStopCropping);
 }
 
 void ViewController::EmptyPreview() {

@@ -277,7 +277,12 @@ class ViewController : public QObject, public WindowDelegate, public ListDropHan
     bool SaveCropPlan();
     // The contact sheet, its commands and the thumbnails, after SetUpControls.
     void ConnectContactSheet();
+    // The list/contact sheet switch, and the table's wishes for thumbnails.
+    void ConnectViewChoice();
+    void ConnectTableThumbnails();
     void ConnectCommands();
+    // The crop and output controls to their handlers.
+    void ConnectSettingControls();
     // The controls a crop job disables, in the order it disables them.
     std::vector<QWidget*> ControlsLockedWhileCropping() const;
     // Enables the output controls that the format and the choice to replace

@@ -97,7 +97,13 @@ void ViewController::ConnectContactSheet() {
     connect(&loader, &ThumbnailLoader::thumbnailChanged, imageListModel_,
             &ImageListModel::ThumbnailChanged);
     connect(&sheet, &ContactSheetView::deletePressed, this, &ViewController::OnRemoveSelected);
+    ConnectViewChoice();
+    ConnectTableThumbnails();
+}
 
+void ViewController::ConnectViewChoice() {
+    ContactSheetParts& parts = *contactSheet_;
+    ContactSheetView& sheet = *ui_->contactSheetImages;
     // Which view shows.
     auto* views = new QActionGroup(&parts);
     views->setExclusive(true);
@@ -128,10 +134,12 @@ void ViewController::ConnectContactSheet() {
         }
         contactSheet_->tableWishes.start();
     });
+}
 
+void ViewController::ConnectTableThumbnails() {
     // The table asks for the thumbnails of its visible rows, then of the
     // next screen, whenever what it shows may have changed.
-    QTimer& wishes = parts.tableWishes;
+    QTimer& wishes = contactSheet_->tableWishes;
     connect(&wishes, &QTimer::timeout, this, [this] {
         ImageTableView& table = *ui_->tableViewImage;
         if (ui_->stackImageViews->currentWidget() != &table) {
