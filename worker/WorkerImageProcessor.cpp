@@ -37,19 +37,19 @@ bool WorthASecondDecoder(const WorkerProcess::Reply& reply, const std::string& p
 
 ImageOutcome WorkerImageProcessor::Process(const ImageTask& task) {
     const WorkerPool::Loan worker = workers_.Borrow();
-    const workerprotocol::Message request =
-        workerprotocol::ImageRequest(task, workers_.limits().maxPixels);
+    workerprotocol::ImageRequest request{task, workers_.limits().maxPixels};
     WorkerProcess::Reply reply = worker->Exchange(request);
     if (WorthASecondDecoder(reply, task.source)) {
         atomicfile::RemoveLeftovers(OutputFolder(task), reply.deadWorker);
-        reply = worker->Exchange(workerprotocol::WithOnlySecondDecoder(request));
+        request.onlySecondDecoder = true;
+        reply = worker->Exchange(request);
     }
     if (worker->Pid() != 0) {
         lastPid_.store(worker->Pid());
     }
     if (reply.message) {
-        if (auto outcome = workerprotocol::OutcomeFrom(*reply.message)) {
-            return *outcome;
+        if (auto* answer = std::get_if<workerprotocol::OutcomeReply>(&*reply.message)) {
+            return std::move(answer->outcome);
         }
     }
     if (reply.deadWorker != 0) {
@@ -66,14 +66,17 @@ WorkerPreviewDecoder::WorkerPreviewDecoder(WorkerLimits limits) : workers_(limit
 
 PreviewResult WorkerPreviewDecoder::Decode(const std::string& path, int maxSide) {
     const WorkerPool::Loan worker = workers_.Borrow();
-    const workerprotocol::Message request =
-        workerprotocol::PreviewRequest(path, maxSide, workers_.limits().maxPixels);
+    workerprotocol::PreviewRequest request{path, maxSide, workers_.limits().maxPixels};
     WorkerProcess::Reply reply = worker->Exchange(request);
     if (WorthASecondDecoder(reply, path)) {
-        reply = worker->Exchange(workerprotocol::WithOnlySecondDecoder(request));
+        request.onlySecondDecoder = true;
+        reply = worker->Exchange(request);
     }
     if (reply.message) {
-        return workerprotocol::PreviewFrom(*reply.message);
+        if (auto* answer = std::get_if<workerprotocol::PreviewReply>(&*reply.message)) {
+            return std::move(answer->preview);
+        }
+        return PreviewResult::Failure("the image worker answered something else");
     }
     return PreviewResult::Failure(reply.failure);
 }

@@ -47,8 +47,8 @@ Checked CheckPixels(int socket, const std::string& path, std::uint64_t maxPixels
             " pixels, more than the limit of " + Megapixels(maxPixels) + " megapixels";
         return checked;
     }
-    workerprotocol::Send(socket,
-                         workerprotocol::DecodingNote(static_cast<std::uint64_t>(pixels) * 4));
+    workerprotocol::Send(socket, workerprotocol::Encode(workerprotocol::DecodingNote{
+                                     static_cast<std::uint64_t>(pixels) * 4}));
     return checked;
 }
 
@@ -72,50 +72,56 @@ void WaitForRequest(int socket) {
     }
 }
 
+// The reply to one request, worked out here.
+workerprotocol::Reply Answer(int socket, const workerprotocol::Request& request,
+                             InProcessImageProcessor& processor,
+                             InProcessPreviewDecoder& previews) {
+    if (const auto* image = std::get_if<workerprotocol::ImageRequest>(&request)) {
+        ImageOutcome outcome;
+        const Checked checked = CheckPixels(socket, image->task.source, image->maxPixels);
+        if (checked.refusal) {
+            outcome.reason = "cannot decode: " + *checked.refusal;
+        } else {
+            outcome = processor.Process(image->task, checked.header);
+        }
+        return workerprotocol::OutcomeReply{std::move(outcome)};
+    }
+    const auto& preview = std::get<workerprotocol::PreviewRequest>(request);
+    if (auto refusal = CheckPixels(socket, preview.path, preview.maxPixels).refusal) {
+        return workerprotocol::PreviewReply{PreviewResult::Failure(*refusal)};
+    }
+    return workerprotocol::PreviewReply{previews.Decode(preview.path, preview.maxSide)};
+}
+
+bool OnlySecondDecoder(const workerprotocol::Request& request) {
+    return std::visit([](const auto& r) { return r.onlySecondDecoder; }, request);
+}
+
 }  // namespace
 
 int RunWorker(int socket) {
     KeepMemoryBetweenImages();
-    if (!workerprotocol::Send(socket, workerprotocol::Hello())) {
+    if (!workerprotocol::Send(socket, workerprotocol::Encode(workerprotocol::Hello{}))) {
         return 1;
     }
     InProcessImageProcessor processor;
     InProcessPreviewDecoder previews;
     for (;;) {
-        workerprotocol::Message request;
+        workerprotocol::Message frame;
         WaitForRequest(socket);
-        if (workerprotocol::Receive(socket, request, -1) !=
-            workerprotocol::ReceiveStatus::Received) {
+        if (workerprotocol::Receive(socket, frame, -1) != workerprotocol::ReceiveStatus::Received) {
             // The engine is gone. Leave at once: a decoder that corrupted the
             // heap on some file could crash this process on the way out.
             std::_Exit(0);
         }
-        // A file whose first decoder crashed a worker comes back marked.
-        vipsload::UseOnlySecondDecoder(workerprotocol::OnlySecondDecoder(request));
-        std::uint64_t maxPixels = 0;
-        workerprotocol::Message reply;
-        if (const auto task = workerprotocol::TaskFrom(request, maxPixels)) {
-            ImageOutcome outcome;
-            const Checked checked = CheckPixels(socket, task->source, maxPixels);
-            if (checked.refusal) {
-                outcome.reason = "cannot decode: " + *checked.refusal;
-            } else {
-                outcome = processor.Process(*task, checked.header);
-            }
-            reply = workerprotocol::OutcomeReply(outcome);
-        } else {
-            std::string path;
-            int maxSide = 0;
-            if (!workerprotocol::PreviewRequestFrom(request, path, maxSide, maxPixels)) {
-                return 2;  // not a request this worker knows
-            }
-            if (auto refusal = CheckPixels(socket, path, maxPixels).refusal) {
-                reply = workerprotocol::PreviewReply(PreviewResult::Failure(*refusal));
-            } else {
-                reply = workerprotocol::PreviewReply(previews.Decode(path, maxSide));
-            }
+        const std::optional<workerprotocol::Request> request = workerprotocol::DecodeRequest(frame);
+        if (!request) {
+            return 2;  // not a request this worker knows
         }
-        if (!workerprotocol::Send(socket, reply)) {
+        // A file whose first decoder crashed a worker comes back marked.
+        vipsload::UseOnlySecondDecoder(OnlySecondDecoder(*request));
+        const workerprotocol::Reply reply = Answer(socket, *request, processor, previews);
+        if (!workerprotocol::Send(socket, workerprotocol::Encode(reply))) {
             return 0;
         }
     }

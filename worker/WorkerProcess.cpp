@@ -116,10 +116,13 @@ bool WorkerProcess::Start(std::string& failure) {
     }
     pid_ = pid;
     socket_ = sockets[0];
-    workerprotocol::Message hello;
-    const auto status = workerprotocol::Receive(socket_, hello, 30000);
-    if (status != workerprotocol::ReceiveStatus::Received ||
-        workerprotocol::HelloVersion(hello) != workerprotocol::kVersion) {
+    workerprotocol::Message frame;
+    const auto status = workerprotocol::Receive(socket_, frame, 30000);
+    const auto hello = status == workerprotocol::ReceiveStatus::Received
+                           ? workerprotocol::DecodeReply(frame)
+                           : std::nullopt;
+    const auto* greeting = hello ? std::get_if<workerprotocol::Hello>(&*hello) : nullptr;
+    if (greeting == nullptr || greeting->version != workerprotocol::kVersion) {
         Stop();
         failure = "the image worker did not start properly (" + path + ")";
         return false;
@@ -176,11 +179,12 @@ std::string WorkerProcess::DeathReason(int status, bool timedOut,
     return "the image worker ended unexpectedly on this file";
 }
 
-WorkerProcess::Reply WorkerProcess::Exchange(const workerprotocol::Message& request) {
+WorkerProcess::Reply WorkerProcess::Exchange(const workerprotocol::Request& message) {
     Reply reply;
     if (pid_ == 0 && !Start(reply.failure)) {
         return reply;
     }
+    const workerprotocol::Message request = workerprotocol::Encode(message);
     if (!workerprotocol::Send(socket_, request)) {
         // Gone since the last request (killed from outside, say): once more
         // with a fresh one.
@@ -202,11 +206,16 @@ WorkerProcess::Reply WorkerProcess::Exchange(const workerprotocol::Message& requ
         const auto status = workerprotocol::Receive(
             socket_, message, static_cast<int>(std::max<long long>(0, left.count())));
         if (status == workerprotocol::ReceiveStatus::Received) {
-            if (workerprotocol::TypeOf(message) == "decoding") {
-                decodingBytes = workerprotocol::DecodingBytes(message);
+            std::optional<workerprotocol::Reply> parsed = workerprotocol::DecodeReply(message);
+            if (const auto* note =
+                    parsed ? std::get_if<workerprotocol::DecodingNote>(&*parsed) : nullptr) {
+                decodingBytes = note->bytes;
                 continue;
             }
-            reply.message = std::move(message);
+            if (!parsed) {
+                reply.failure = "the image worker answered nonsense";
+            }
+            reply.message = std::move(parsed);
             return reply;
         }
         const bool timedOut = status == workerprotocol::ReceiveStatus::TimedOut;

@@ -24,8 +24,8 @@ class WorkerProcess {
     WorkerProcess& operator=(const WorkerProcess&) = delete;
 
     struct Reply {
-        std::optional<workerprotocol::Message> message;  // the final reply
-        std::string failure;  // why there is none: the worker died or hung
+        std::optional<workerprotocol::Reply> message;  // the final reply, parsed
+        std::string failure;  // why there is none: the worker died, hung or sent nonsense
         long deadWorker = 0;  // the process id of a worker that died doing it
         // It died of a signal of its own (a decoder's crash), not of the
         // memory it needed, the time limit, or someone killing it.
@@ -35,7 +35,7 @@ class WorkerProcess {
     // Sends `request` and waits for its final reply, at most the time limit.
     // A worker that dies or runs out of time is gone afterwards; the next
     // request starts a fresh one.
-    Reply Exchange(const workerprotocol::Message& request);
+    Reply Exchange(const workerprotocol::Request& request);
 
     const WorkerLimits& limits() const { return limits_; }
 

@@ -78,10 +78,6 @@ std::uint32_t GetU32(const char* at) {
     return value;
 }
 
-Json Parse(const Message& message) {
-    return Json::parse(message.json, nullptr, false);
-}
-
 }  // namespace
 
 bool Send(int socket, const Message& message) {
@@ -117,24 +113,6 @@ ReceiveStatus Receive(int socket, Message& message, int timeoutMilliseconds) {
     return status;
 }
 
-std::string TypeOf(const Message& message) {
-    const Json json = Parse(message);
-    if (!json.is_object() || !json.contains("type") || !json["type"].is_string())
-        return {};
-    return json["type"].get<std::string>();
-}
-
-Message Hello() {
-    return {Json{{"type", "hello"}, {"version", kVersion}}.dump(), {}};
-}
-
-std::optional<int> HelloVersion(const Message& message) {
-    const Json json = Parse(message);
-    if (TypeOf(message) != "hello" || !json["version"].is_number_integer())
-        return std::nullopt;
-    return json["version"].get<int>();
-}
-
 namespace {
 
 // A rectangle as [x, y, width, height], exactly (JSON keeps every double).
@@ -142,16 +120,14 @@ Json RectJson(const Rect& r) {
     return {r.x, r.y, r.width, r.height};
 }
 
-Rect RectFromJson(const Json& r) {
+Rect RectOf(const Json& r) {
     return {r.at(0).get<double>(), r.at(1).get<double>(), r.at(2).get<double>(),
             r.at(3).get<double>()};
 }
 
-}  // namespace
-
-Message ImageRequest(const ImageTask& task, std::uint64_t maxPixels) {
+// A task travels with its settings as a profile's text.
+Json TaskJson(const ImageTask& task) {
     Json json = {
-        {"type", "image"},
         {"index", task.index},
         {"source", task.source},
         {"output", task.output},
@@ -161,93 +137,41 @@ Message ImageRequest(const ImageTask& task, std::uint64_t maxPixels) {
         {"dryRun", task.dryRun},
         {"metadataOnly", task.metadataOnly},
         {"replacesSource", task.replacesSource},
-        {"maxPixels", maxPixels},
     };
     if (task.adjustedRect) {
         json["adjustedRect"] = RectJson(*task.adjustedRect);
     }
-    return {json.dump(), {}};
+    return json;
 }
 
-std::optional<ImageTask> TaskFrom(const Message& message, std::uint64_t& maxPixels) {
-    const Json json = Parse(message);
-    if (TypeOf(message) != "image")
-        return std::nullopt;
-    try {
-        ImageTask task;
-        task.index = json.at("index").get<long>();
-        task.source = json.at("source").get<std::string>();
-        task.output = json.at("output").get<std::string>();
-        task.decision = DecisionFromName(json.at("decision").get<std::string>());
-        const Loaded<CropSettings> settings =
-            SettingsFromProfileText(json.at("settings").dump(), CropSettings{});
-        if (!settings)
-            return std::nullopt;
-        task.settings = *settings;
-        task.carryMetadata = json.at("carryMetadata").get<bool>();
-        task.dryRun = json.at("dryRun").get<bool>();
-        task.metadataOnly = json.value("metadataOnly", false);
-        task.replacesSource = json.at("replacesSource").get<bool>();
-        if (json.contains("adjustedRect")) {
-            task.adjustedRect = RectFromJson(json["adjustedRect"]);
-        }
-        maxPixels = json.at("maxPixels").get<std::uint64_t>();
-        return task;
-    } catch (const nlohmann::json::exception&) {
-        return std::nullopt;
+ImageTask TaskOf(const Json& json) {
+    ImageTask task;
+    task.index = json.at("index").get<long>();
+    task.source = json.at("source").get<std::string>();
+    task.output = json.at("output").get<std::string>();
+    task.decision = DecisionFromName(json.at("decision").get<std::string>());
+    const Loaded<CropSettings> settings =
+        SettingsFromProfileText(json.at("settings").dump(), CropSettings{});
+    if (!settings) {
+        throw std::invalid_argument("settings: " + settings.reason());
     }
-}
-
-Message WithOnlySecondDecoder(Message request) {
-    Json json = Parse(request);
-    json["onlySecondDecoder"] = true;
-    request.json = json.dump();
-    return request;
-}
-
-bool OnlySecondDecoder(const Message& request) {
-    const Json json = Parse(request);
-    const auto found = json.find("onlySecondDecoder");
-    return found != json.end() && found->is_boolean() && found->get<bool>();
-}
-
-Message PreviewRequest(const std::string& path, int maxSide, std::uint64_t maxPixels) {
-    return {
-        Json{{"type", "preview"}, {"path", path}, {"maxSide", maxSide}, {"maxPixels", maxPixels}}
-            .dump(),
-        {}};
-}
-
-bool PreviewRequestFrom(const Message& message, std::string& path, int& maxSide,
-                        std::uint64_t& maxPixels) {
-    const Json json = Parse(message);
-    if (TypeOf(message) != "preview")
-        return false;
-    try {
-        path = json.at("path").get<std::string>();
-        maxSide = json.at("maxSide").get<int>();
-        maxPixels = json.at("maxPixels").get<std::uint64_t>();
-        return true;
-    } catch (const nlohmann::json::exception&) {
-        return false;
+    task.settings = *settings;
+    task.carryMetadata = json.at("carryMetadata").get<bool>();
+    task.dryRun = json.at("dryRun").get<bool>();
+    task.metadataOnly = json.at("metadataOnly").get<bool>();
+    task.replacesSource = json.at("replacesSource").get<bool>();
+    if (json.contains("adjustedRect")) {
+        task.adjustedRect = RectOf(json.at("adjustedRect"));
     }
+    return task;
 }
 
-Message DecodingNote(std::uint64_t bytes) {
-    return {Json{{"type", "decoding"}, {"bytes", bytes}}.dump(), {}};
-}
-
-std::uint64_t DecodingBytes(const Message& message) {
-    const Json json = Parse(message);
-    if (TypeOf(message) != "decoding" || !json["bytes"].is_number_unsigned())
-        return 0;
-    return json["bytes"].get<std::uint64_t>();
-}
-
-Message OutcomeReply(const ImageOutcome& outcome) {
-    Json json = {{"type", "outcome"},          {"status", StatusName(outcome.status)},
-                 {"reason", outcome.reason},   {"notes", Json::array()},
-                 {"warning", outcome.warning}, {"wholeImage", outcome.wholeImage}};
+Json OutcomeJson(const ImageOutcome& outcome) {
+    Json json = {{"status", StatusName(outcome.status)},
+                 {"reason", outcome.reason},
+                 {"notes", Json::array()},
+                 {"warning", outcome.warning},
+                 {"wholeImage", outcome.wholeImage}};
     for (const ImageNote& note : outcome.notes) {
         json["notes"].push_back({{"kind", NoteKindName(note.kind)}, {"detail", note.detail}});
     }
@@ -257,52 +181,102 @@ Message OutcomeReply(const ImageOutcome& outcome) {
     if (outcome.outputSize) {
         json["size"] = {outcome.outputSize->width, outcome.outputSize->height};
     }
+    return json;
+}
+
+ImageOutcome OutcomeOf(const Json& json) {
+    ImageOutcome outcome;
+    outcome.status = StatusFromName(json.at("status").get<std::string>());
+    outcome.reason = json.at("reason").get<std::string>();
+    for (const Json& note : json.at("notes")) {
+        outcome.notes.push_back({NoteKindFromName(note.at("kind").get<std::string>()),
+                                 note.at("detail").get<std::string>()});
+    }
+    outcome.warning = json.at("warning").get<std::string>();
+    outcome.wholeImage = json.at("wholeImage").get<bool>();
+    if (json.contains("rect")) {
+        outcome.rect = RectOf(json.at("rect"));
+    }
+    if (json.contains("size")) {
+        outcome.outputSize =
+            Size{json["size"].at(0).get<double>(), json["size"].at(1).get<double>()};
+    }
+    return outcome;
+}
+
+}  // namespace
+
+// One serialisation per message. The "type" names it on the wire.
+
+void to_json(Json& json, const Hello& m) {
+    json = {{"type", Hello::kType}, {"version", m.version}};
+}
+void from_json(const Json& json, Hello& m) {
+    m.version = json.at("version").get<int>();
+}
+
+void to_json(Json& json, const ImageRequest& m) {
+    json = {{"type", ImageRequest::kType},
+            {"task", TaskJson(m.task)},
+            {"maxPixels", m.maxPixels},
+            {"onlySecondDecoder", m.onlySecondDecoder}};
+}
+void from_json(const Json& json, ImageRequest& m) {
+    m.task = TaskOf(json.at("task"));
+    m.maxPixels = json.at("maxPixels").get<std::uint64_t>();
+    m.onlySecondDecoder = json.at("onlySecondDecoder").get<bool>();
+}
+
+void to_json(Json& json, const PreviewRequest& m) {
+    json = {{"type", PreviewRequest::kType},
+            {"path", m.path},
+            {"maxSide", m.maxSide},
+            {"maxPixels", m.maxPixels},
+            {"onlySecondDecoder", m.onlySecondDecoder}};
+}
+void from_json(const Json& json, PreviewRequest& m) {
+    m.path = json.at("path").get<std::string>();
+    m.maxSide = json.at("maxSide").get<int>();
+    m.maxPixels = json.at("maxPixels").get<std::uint64_t>();
+    m.onlySecondDecoder = json.at("onlySecondDecoder").get<bool>();
+}
+
+void to_json(Json& json, const DecodingNote& m) {
+    json = {{"type", DecodingNote::kType}, {"bytes", m.bytes}};
+}
+void from_json(const Json& json, DecodingNote& m) {
+    m.bytes = json.at("bytes").get<std::uint64_t>();
+}
+
+void to_json(Json& json, const OutcomeReply& m) {
+    json = {{"type", OutcomeReply::kType}, {"outcome", OutcomeJson(m.outcome)}};
+}
+void from_json(const Json& json, OutcomeReply& m) {
+    m.outcome = OutcomeOf(json.at("outcome"));
+}
+
+namespace {
+
+Message Framed(const Json& json) {
     return {json.dump(), {}};
 }
 
-std::optional<ImageOutcome> OutcomeFrom(const Message& message) {
-    const Json json = Parse(message);
-    if (TypeOf(message) != "outcome")
-        return std::nullopt;
-    try {
-        ImageOutcome outcome;
-        outcome.status = StatusFromName(json.at("status").get<std::string>());
-        outcome.reason = json.at("reason").get<std::string>();
-        for (const Json& note : json.at("notes")) {
-            outcome.notes.push_back({NoteKindFromName(note.at("kind").get<std::string>()),
-                                     note.at("detail").get<std::string>()});
-        }
-        outcome.warning = json.at("warning").get<std::string>();
-        outcome.wholeImage = json.at("wholeImage").get<bool>();
-        if (json.contains("rect")) {
-            outcome.rect = RectFromJson(json["rect"]);
-        }
-        if (json.contains("size")) {
-            outcome.outputSize =
-                Size{json["size"].at(0).get<double>(), json["size"].at(1).get<double>()};
-        }
-        return outcome;
-    } catch (const nlohmann::json::exception&) {
-        return std::nullopt;
-    }
-}
-
-Message PreviewReply(const PreviewResult& preview) {
+// The picture as 8-bit sRGB, three samples a pixel, or four when it has
+// alpha, in the binary part; its size and the rest in the JSON.
+Message EncodePreview(const PreviewResult& preview) {
     if (!preview) {
-        return {Json{{"type", "preview"}, {"reason", preview.reason()}}.dump(), {}};
+        return Framed({{"type", PreviewReply::kType}, {"reason", preview.reason()}});
     }
-    // The picture travels as 8-bit sRGB, three samples a pixel, or four
-    // when it has alpha.
     const vips::VImage* pixels = ImageAccess::Pixels(preview->picture);
     if (pixels == nullptr) {
-        return {Json{{"type", "preview"}, {"reason", "the picture is empty"}}.dump(), {}};
+        return Framed({{"type", PreviewReply::kType}, {"reason", "the picture is empty"}});
     }
     vipsruntime::FailureScope scope;
     try {
         const vips::VImage rgb = pixelconvert::ToSrgb8(*pixels, pixels->has_alpha());
         std::size_t size = 0;
         void* data = rgb.write_to_memory(&size);
-        Json json{{"type", "preview"},
+        Json json{{"type", PreviewReply::kType},
                   {"fullSize", {preview->fullSize.width, preview->fullSize.height}},
                   {"pages", preview->pages},
                   {"width", rgb.width()},
@@ -316,45 +290,88 @@ Message PreviewReply(const PreviewResult& preview) {
         g_free(data);
         return message;
     } catch (const vips::VError& error) {
-        return {Json{{"type", "preview"}, {"reason", scope.Reason(error)}}.dump(), {}};
+        return Framed({{"type", PreviewReply::kType}, {"reason", scope.Reason(error)}});
     }
 }
 
-PreviewResult PreviewFrom(const Message& message) {
-    const Json json = Parse(message);
-    if (TypeOf(message) != "preview") {
-        return PreviewResult::Failure("the image worker answered something else");
-    }
+PreviewResult DecodePreview(const Json& json, const std::string& binary) {
     if (json.contains("reason")) {
-        return PreviewResult::Failure(json["reason"].get<std::string>());
+        return PreviewResult::Failure(json.at("reason").get<std::string>());
     }
-    try {
-        const int width = json.at("width").get<int>();
-        const int height = json.at("height").get<int>();
-        const int bands = json.at("bands").get<int>();
-        if (width <= 0 || height <= 0 || (bands != 3 && bands != 4) ||
-            message.binary.size() != static_cast<std::size_t>(width) * height * bands) {
-            return PreviewResult::Failure("the image worker sent a damaged picture");
-        }
-        vipsruntime::EnsureStarted();
-        vips::VImage pixels = vips::VImage::new_from_memory_steal(
-            g_memdup2(message.binary.data(), message.binary.size()), message.binary.size(), width,
-            height, bands, VIPS_FORMAT_UCHAR);
-        pixels =
-            pixels.copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
-        const Size full{json.at("fullSize").at(0).get<double>(),
-                        json.at("fullSize").at(1).get<double>()};
-        const int pages = json.value("pages", 1);
-        std::optional<JpegGrid> grid;
-        if (const auto found = json.find("jpegGrid"); found != json.end()) {
-            grid =
-                JpegGrid{found->at(0).get<int>(), found->at(1).get<int>(), found->at(2).get<int>(),
-                         found->at(3).get<int>(), found->at(4).get<int>()};
-        }
-        return PreviewResult::Success(
-            Preview{full, ImageAccess::Make(pixels, width, height), pages, grid});
-    } catch (const nlohmann::json::exception&) {
+    const int width = json.at("width").get<int>();
+    const int height = json.at("height").get<int>();
+    const int bands = json.at("bands").get<int>();
+    if (width <= 0 || height <= 0 || (bands != 3 && bands != 4) ||
+        binary.size() != static_cast<std::size_t>(width) * height * bands) {
         return PreviewResult::Failure("the image worker sent a damaged picture");
+    }
+    vipsruntime::EnsureStarted();
+    vips::VImage pixels =
+        vips::VImage::new_from_memory_steal(g_memdup2(binary.data(), binary.size()), binary.size(),
+                                            width, height, bands, VIPS_FORMAT_UCHAR);
+    pixels = pixels.copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
+    const Size full{json.at("fullSize").at(0).get<double>(),
+                    json.at("fullSize").at(1).get<double>()};
+    std::optional<JpegGrid> grid;
+    if (const auto found = json.find("jpegGrid"); found != json.end()) {
+        grid = JpegGrid{found->at(0).get<int>(), found->at(1).get<int>(), found->at(2).get<int>(),
+                        found->at(3).get<int>(), found->at(4).get<int>()};
+    }
+    return PreviewResult::Success(
+        Preview{full, ImageAccess::Make(pixels, width, height), json.at("pages").get<int>(), grid});
+}
+
+// The message of `type` in `json`, or nothing.
+template <class Variant, class First, class... Rest>
+std::optional<Variant> Parsed(const std::string& type, const Json& json) {
+    if (type == First::kType) {
+        return Variant(json.get<First>());
+    }
+    if constexpr (sizeof...(Rest) > 0) {
+        return Parsed<Variant, Rest...>(type, json);
+    } else {
+        return std::nullopt;
+    }
+}
+
+}  // namespace
+
+Message Encode(const Request& request) {
+    return std::visit([](const auto& m) { return Framed(Json(m)); }, request);
+}
+
+Message Encode(const Reply& reply) {
+    return std::visit(
+        [](const auto& m) -> Message {
+            if constexpr (std::is_same_v<std::decay_t<decltype(m)>, PreviewReply>) {
+                return EncodePreview(m.preview);
+            } else {
+                return Framed(Json(m));
+            }
+        },
+        reply);
+}
+
+std::optional<Request> DecodeRequest(const Message& message) {
+    try {
+        const Json json = Json::parse(message.json);
+        return Parsed<Request, ImageRequest, PreviewRequest>(json.at("type").get<std::string>(),
+                                                             json);
+    } catch (const std::exception&) {
+        return std::nullopt;
+    }
+}
+
+std::optional<Reply> DecodeReply(const Message& message) {
+    try {
+        const Json json = Json::parse(message.json);
+        const std::string type = json.at("type").get<std::string>();
+        if (type == PreviewReply::kType) {
+            return Reply(PreviewReply{DecodePreview(json, message.binary)});
+        }
+        return Parsed<Reply, Hello, DecodingNote, OutcomeReply>(type, json);
+    } catch (const std::exception&) {
+        return std::nullopt;
     }
 }
 

@@ -12,8 +12,10 @@
 // one reply, "outcome" or "preview" (whose picture travels as the binary
 // part).
 
+#include <cstdint>
 #include <optional>
 #include <string>
+#include <variant>
 
 #include "batch/ImageTask.h"
 #include "imaging/Preview.h"
@@ -33,31 +35,52 @@ bool Send(int socket, const Message& message);
 enum class ReceiveStatus { Received, TimedOut, Closed };
 ReceiveStatus Receive(int socket, Message& message, int timeoutMilliseconds);
 
-// The "type" of a message ("" when it has none).
-std::string TypeOf(const Message& message);
+// The messages, one struct each, each with one serialisation (to_json and
+// from_json in WorkerProtocol.cpp). A request marked onlySecondDecoder is
+// decoded by the other decoders only, because the first one crashed a
+// worker on the same file.
+struct Hello {
+    static constexpr char kType[] = "hello";
+    int version = kVersion;
+};
+struct ImageRequest {
+    static constexpr char kType[] = "image";
+    ImageTask task;
+    std::uint64_t maxPixels = 0;
+    bool onlySecondDecoder = false;
+};
+struct PreviewRequest {
+    static constexpr char kType[] = "preview";
+    std::string path;
+    int maxSide = 0;
+    std::uint64_t maxPixels = 0;
+    bool onlySecondDecoder = false;
+};
+// The bytes the image being decoded will take.
+struct DecodingNote {
+    static constexpr char kType[] = "decoding";
+    std::uint64_t bytes = 0;
+};
+struct OutcomeReply {
+    static constexpr char kType[] = "outcome";
+    ImageOutcome outcome;
+};
+// The picture travels as the frame's binary part.
+struct PreviewReply {
+    static constexpr char kType[] = "preview";
+    PreviewResult preview;
+};
 
-Message Hello();
-std::optional<int> HelloVersion(const Message& message);
+using Request = std::variant<ImageRequest, PreviewRequest>;                   // engine to worker
+using Reply = std::variant<Hello, DecodingNote, OutcomeReply, PreviewReply>;  // worker to engine
 
-Message ImageRequest(const ImageTask& task, std::uint64_t maxPixels);
-std::optional<ImageTask> TaskFrom(const Message& message, std::uint64_t& maxPixels);
+Message Encode(const Request& request);
+Message Encode(const Reply& reply);
 
-Message PreviewRequest(const std::string& path, int maxSide, std::uint64_t maxPixels);
-bool PreviewRequestFrom(const Message& message, std::string& path, int& maxSide,
-                        std::uint64_t& maxPixels);
-
-// A request (for an image or a preview) marked to be decoded by the other
-// decoders only, because the first one crashed a worker on the same file.
-Message WithOnlySecondDecoder(Message request);
-bool OnlySecondDecoder(const Message& request);
-
-Message DecodingNote(std::uint64_t bytes);
-std::uint64_t DecodingBytes(const Message& message);
-
-Message OutcomeReply(const ImageOutcome& outcome);
-std::optional<ImageOutcome> OutcomeFrom(const Message& message);
-
-Message PreviewReply(const PreviewResult& preview);
-PreviewResult PreviewFrom(const Message& message);
+// Each frame parsed once, in full: nothing when it holds no message of that
+// direction (not JSON, another type, a field missing or of another kind, a
+// damaged picture). Never throws.
+std::optional<Request> DecodeRequest(const Message& message);
+std::optional<Reply> DecodeReply(const Message& message);
 
 }  // namespace vellumo::workerprotocol

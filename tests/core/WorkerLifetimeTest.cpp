@@ -134,7 +134,7 @@ TEST(WorkerPreviews, AWorkerEndsWhenItsEngineDiesWhileItWorks) {
         close(pipeFds[0]);
         auto* worker = new WorkerProcess();  // never destroyed: the engine dies
         std::thread([worker, neverComes] {
-            worker->Exchange(workerprotocol::PreviewRequest(neverComes, 16, 1'000'000));
+            worker->Exchange(workerprotocol::PreviewRequest{neverComes, 16, 1'000'000});
         }).detach();
         const bool reading =
             WaitUntil([&] { return worker->Pid() != 0 && HoldsOpen(worker->Pid(), neverComes); });

@@ -81,7 +81,7 @@ TEST(WorkerPriority, BackgroundWorkersRunAtTheLowestPriorityAndOthersAtTheEngine
     WorkerProcess normal;
     test::TempDir dir;
     test::CoordinateImage(64, 48).pngsave(dir.File("a.png").c_str());
-    const auto request = workerprotocol::PreviewRequest(dir.File("a.png"), 32, 1'000'000);
+    const auto request = workerprotocol::PreviewRequest{dir.File("a.png"), 32, 1'000'000};
     ASSERT_TRUE(low.Exchange(request).message);
     ASSERT_TRUE(normal.Exchange(request).message);
     EXPECT_EQ(NiceOf(low.Pid()), 19);
@@ -313,7 +313,7 @@ TEST(WorkerPreviews, AWorkerOutlivesTheThreadThatStartedIt) {
     long first = 0;
     std::thread([&] {
         const WorkerPool::Loan worker = pool.Borrow();
-        const auto reply = worker->Exchange(workerprotocol::PreviewRequest(file, 64, 1'000'000));
+        const auto reply = worker->Exchange(workerprotocol::PreviewRequest{file, 64, 1'000'000});
         ASSERT_TRUE(reply.message.has_value()) << reply.failure;
         first = worker->Pid();
     }).join();
@@ -322,7 +322,7 @@ TEST(WorkerPreviews, AWorkerOutlivesTheThreadThatStartedIt) {
     const WorkerPool::Loan worker = pool.Borrow();
     EXPECT_EQ(worker->Pid(), first);
     EXPECT_EQ(kill(static_cast<pid_t>(first), 0), 0);
-    const auto reply = worker->Exchange(workerprotocol::PreviewRequest(file, 64, 1'000'000));
+    const auto reply = worker->Exchange(workerprotocol::PreviewRequest{file, 64, 1'000'000});
     ASSERT_TRUE(reply.message.has_value()) << reply.failure;
     EXPECT_EQ(worker->Pid(), first);
 }

@@ -1,0 +1,133 @@
+// The messages between the engine and its workers: each one's struct
+// survives its trip through a frame exactly, and a frame that holds no
+// message of its direction (damaged, cut, of another type) is refused,
+// never thrown at the reader.
+
+#include <gtest/gtest.h>
+
+#include "imaging/ImageAccess.h"
+#include "imaging/ImageTools.h"
+#include "tests/support/TestImages.h"
+#include "worker/WorkerProtocol.h"
+
+namespace vellumo::workerprotocol {
+namespace {
+
+ImageTask SomeTask() {
+    ImageTask task;
+    task.index = 7;
+    task.source = "/in/ä photo.jpg";
+    task.output = "/out/ä photo_cropped (8).png";
+    task.decision = OverwriteDecision::Skip;
+    task.settings.mode = CropMode::Percents;
+    task.settings.percentsOriginX = 12.5f;
+    task.settings.quality = 67;
+    task.settings.outputFormat = 5;
+    task.adjustedRect = Rect{1.5, 2.25, 300, 200.125};
+    task.carryMetadata = true;
+    task.replacesSource = true;
+    return task;
+}
+
+TEST(WorkerProtocol, ARequestReadsBackAsItWasSent) {
+    const ImageRequest image{SomeTask(), 123'456'789, true};
+    const std::optional<Request> read = DecodeRequest(Encode(Request(image)));
+    ASSERT_TRUE(read);
+    const auto* back = std::get_if<ImageRequest>(&*read);
+    ASSERT_NE(back, nullptr);
+    EXPECT_EQ(back->maxPixels, 123'456'789u);
+    EXPECT_TRUE(back->onlySecondDecoder);
+    EXPECT_EQ(back->task.index, 7);
+    EXPECT_EQ(back->task.source, image.task.source);
+    EXPECT_EQ(back->task.output, image.task.output);
+    EXPECT_EQ(back->task.decision, OverwriteDecision::Skip);
+    EXPECT_EQ(back->task.settings.mode, CropMode::Percents);
+    EXPECT_EQ(back->task.settings.percentsOriginX, 12.5f);
+    EXPECT_EQ(back->task.settings.quality, 67.0f);
+    EXPECT_EQ(back->task.adjustedRect, image.task.adjustedRect);
+    EXPECT_TRUE(back->task.carryMetadata);
+    EXPECT_FALSE(back->task.dryRun);
+    EXPECT_TRUE(back->task.replacesSource);
+
+    const std::optional<Request> preview =
+        DecodeRequest(Encode(Request(PreviewRequest{"/a b.png", 512, 99, false})));
+    ASSERT_TRUE(preview);
+    const auto* p = std::get_if<PreviewRequest>(&*preview);
+    ASSERT_NE(p, nullptr);
+    EXPECT_EQ(p->path, "/a b.png");
+    EXPECT_EQ(p->maxSide, 512);
+    EXPECT_EQ(p->maxPixels, 99u);
+    EXPECT_FALSE(p->onlySecondDecoder);
+}
+
+TEST(WorkerProtocol, RepliesReadBackAsTheyWereSent) {
+    ImageOutcome outcome;
+    outcome.status = ImageStatus::Written;
+    outcome.rect = Rect{10, 20, 30.5, 40};
+    outcome.outputSize = Size{30, 40};
+    outcome.warning = "Clipped to 30 × 40";
+    outcome.notes = {{NoteKind::DateNotSet, "permission denied"}};
+    const auto reply = DecodeReply(Encode(Reply(OutcomeReply{outcome})));
+    ASSERT_TRUE(reply);
+    const auto* back = std::get_if<OutcomeReply>(&*reply);
+    ASSERT_NE(back, nullptr);
+    EXPECT_EQ(back->outcome.status, ImageStatus::Written);
+    EXPECT_EQ(back->outcome.rect, outcome.rect);
+    EXPECT_EQ(back->outcome.outputSize, outcome.outputSize);
+    EXPECT_EQ(back->outcome.warning, outcome.warning);
+    EXPECT_EQ(back->outcome.notes, outcome.notes);
+
+    const auto note = DecodeReply(Encode(Reply(DecodingNote{1ull << 40})));
+    ASSERT_TRUE(note && std::holds_alternative<DecodingNote>(*note));
+    EXPECT_EQ(std::get<DecodingNote>(*note).bytes, 1ull << 40);
+    const auto hello = DecodeReply(Encode(Reply(Hello{})));
+    ASSERT_TRUE(hello && std::holds_alternative<Hello>(*hello));
+    EXPECT_EQ(std::get<Hello>(*hello).version, kVersion);
+}
+
+TEST(WorkerProtocol, APictureTravelsWithEveryPixel) {
+    const Image picture = test::MakeImage(test::CoordinateImage(40, 30));
+    const Preview sent{Size{4000, 3000}, picture, 3, JpegGrid{16, 16, 4000, 3000, 6}};
+    const auto reply = DecodeReply(Encode(Reply(PreviewReply{PreviewResult::Success(sent)})));
+    ASSERT_TRUE(reply);
+    const PreviewResult& back = std::get<PreviewReply>(*reply).preview;
+    ASSERT_TRUE(back) << back.reason();
+    EXPECT_EQ(back->fullSize, (Size{4000, 3000}));
+    EXPECT_EQ(back->pages, 3);
+    ASSERT_TRUE(back->jpegGrid);
+    EXPECT_EQ(back->jpegGrid->orientation, 6);
+    EXPECT_EQ(ImageTools::RenderRgba8(back->picture)->pixels,
+              ImageTools::RenderRgba8(picture)->pixels);
+
+    const auto failed =
+        DecodeReply(Encode(Reply(PreviewReply{PreviewResult::Failure("cannot decode: cut")})));
+    ASSERT_TRUE(failed);
+    EXPECT_EQ(std::get<PreviewReply>(*failed).preview.reason(), "cannot decode: cut");
+}
+
+TEST(WorkerProtocol, FramesHoldingNoMessageOfTheirDirectionAreRefused) {
+    const Message image = Encode(Request(ImageRequest{SomeTask(), 1, false}));
+    EXPECT_FALSE(DecodeReply(image));  // a request is no reply
+    EXPECT_FALSE(DecodeRequest(Encode(Reply(Hello{}))));
+    EXPECT_FALSE(DecodeRequest({"{\"type\": \"image\"", {}}));     // cut JSON
+    EXPECT_FALSE(DecodeRequest({"[1, 2, 3]", {}}));                // no object
+    EXPECT_FALSE(DecodeRequest({"{\"type\": \"unknown\"}", {}}));  // another type
+    EXPECT_FALSE(
+        DecodeRequest({"{\"type\": \"preview\", \"path\": 5, \"maxSide\": 1, "
+                       "\"maxPixels\": 1, \"onlySecondDecoder\": false}",
+                       {}}));  // a field of another kind
+    Message cut = image;
+    cut.json.erase(cut.json.find("\"maxPixels\""), 1);
+    EXPECT_FALSE(DecodeRequest(cut));
+    // A picture whose bytes do not match its size is a failure with a reason.
+    Message picture = Encode(Reply(PreviewReply{PreviewResult::Success(
+        Preview{Size{40, 30}, test::MakeImage(test::CoordinateImage(40, 30)), 1, {}})}));
+    picture.binary.pop_back();
+    const auto damaged = DecodeReply(picture);
+    ASSERT_TRUE(damaged);
+    EXPECT_EQ(std::get<PreviewReply>(*damaged).preview.reason(),
+              "the image worker sent a damaged picture");
+}
+
+}  // namespace
+}  // namespace vellumo::workerprotocol
