@@ -14,6 +14,9 @@
 
 #include "tests/gui/support/LoadedWindow.h"
 #include "tests/gui/support/SizedImage.h"
+#include "tests/gui/support/WindowDriving.h"
+#include "tests/gui/support/Workers.h"
+#include "tests/support/TestImages.h"
 #include "ui/ProgressFraction.h"
 #include "ui/controls/LatchingRadioButton.h"
 #include "ui/controls/QualitySlider.h"
@@ -362,14 +365,30 @@ class InterfaceStatesTest : public QObject {
         QVERIFY(loaded.Control<LatchingRadioButton>("radioCustomCropPercents").isEnabled());
     }
 
+    // Also while the window's own job runs (its image held mid-crop): the
+    // window closes at once, asking nothing.
     void theWindowMayAlwaysClose() {
+        QTemporaryDir dir;
         LoadedWindow loaded;
+        const auto processor = std::make_shared<vellumo::test::RecordingProcessor>();
+        loaded.controller().SetImageProcessor(processor);
         loaded.Show();
-        loaded.controller().DisableInterface();  // also while a job runs
+        const QString image = dir.filePath(QStringLiteral("a.png"));
+        vellumo::test::CoordinateImage(120, 80).pngsave(image.toUtf8().constData());
+        loaded.AddImages({image});
+        loaded.Control<QLineEdit>("textFieldOutputFolder").setText(dir.path());
+        loaded.Control<LatchingRadioButton>("radioAutoCrop").click();
+        processor->Hold();
+        vellumo::test::Click(loaded.Control<QPushButton>("buttonCropImages"));
+        QTRY_COMPARE(processor->started(), 1);
+        QVERIFY(loaded.controller().isCropping());
         QVERIFY(loaded.controller().windowShouldClose(loaded.window()));
         QVERIFY(loaded.window().close());
         QVERIFY(!loaded.window().isVisible());
         QVERIFY(loaded.boxes.empty());
+        // The job goes on without its window; let it end before the test does.
+        processor->Release();
+        QTRY_VERIFY(!loaded.controller().isCropping());
     }
 
     void theVideoTutorialOpensItsAddressAndWithoutABrowserGivesIt() {
