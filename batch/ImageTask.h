@@ -14,6 +14,32 @@
 
 namespace vellumo {
 
+// What a task does with its image. A job makes these four only: a dry run
+// carries nothing, and carrying metadata alone follows a crop written earlier.
+enum class TaskKind {
+    Crop,                  // decode, crop and write (or keep, when skipped)
+    CropCarryingMetadata,  // the same, then the source's metadata and creation
+                           // date into the output (or the kept file)
+    DryRun,                // decide and measure only: decode nothing, write nothing
+    // Only carry the source's metadata into the output written earlier in the
+    // job (or the kept file of a skipped image): a job with several images in
+    // flight decides it in list order, once the image is done.
+    CarryMetadataOnly,
+};
+
+// The task carries the source's metadata into its output.
+constexpr bool CarriesMetadata(TaskKind kind) {
+    return kind == TaskKind::CropCarryingMetadata || kind == TaskKind::CarryMetadataOnly;
+}
+
+// Where the output goes.
+enum class OutputTarget {
+    NewFile,  // a file of its own (which may replace an earlier output)
+    // The source file itself (the originals are replaced): whatever is
+    // carried over from the source is read before it goes.
+    Source,
+};
+
 struct ImageTask {
     long index = 0;      // position in the list
     std::string source;  // the image file
@@ -23,19 +49,10 @@ struct ImageTask {
     // The rectangle adjusted by hand for this image (its own pixels, origin
     // at the lower-left corner), in place of the rule's; none for the rule.
     std::optional<Rect> adjustedRect;
-    // Copy the source's metadata and creation date into the output after a
-    // successful save (or onto the kept file of a skipped image). False once
-    // an earlier image of the job has failed.
-    bool carryMetadata = false;
-    // Decide and measure only: decode nothing, write nothing.
-    bool dryRun = false;
-    // Only carry the source's metadata into the output written earlier in
-    // the job (or the kept file of a skipped image): a job with several
-    // images in flight decides it in list order, once the image is done.
-    bool metadataOnly = false;
-    // The output is the source file itself (the originals are replaced):
-    // whatever is carried over from the source is read before it goes.
-    bool replacesSource = false;
+    // A crop carries metadata only while every earlier image of the job has
+    // succeeded.
+    TaskKind kind = TaskKind::Crop;
+    OutputTarget target = OutputTarget::NewFile;
 };
 
 enum class ImageStatus {
@@ -87,6 +104,12 @@ const char* DecisionName(OverwriteDecision decision);
 OverwriteDecision DecisionFromName(const std::string& name);
 const char* StatusName(ImageStatus status);
 ImageStatus StatusFromName(const std::string& name);
+// "crop", "crop-carrying-metadata", "dry-run", "carry-metadata-only"; and
+// "new-file", "source". Nothing for an unknown name.
+const char* TaskKindName(TaskKind kind);
+std::optional<TaskKind> TaskKindFromName(const std::string& name);
+const char* OutputTargetName(OutputTarget target);
+std::optional<OutputTarget> OutputTargetFromName(const std::string& name);
 // "remove-failed", "date-not-set", "metadata-not-carried"; unknown names
 // give MetadataNotCarried.
 const char* NoteKindName(NoteKind kind);

@@ -105,11 +105,9 @@ SaveResult Encode(const ImageTask& task, const Image& image, const ResolvedCrop&
     // An image the rule leaves whole is written whole, with the warning
     // saying why; then the output is brought to its size.
     const Rect whole{0.0, 0.0, image.Width(), image.Height()};
-    Image cropped = crop.cut == whole ? image
-                                      : ImageTools::CropImage(image, crop.cut.x, crop.cut.y,
-                                                              crop.cut.width, crop.cut.height);
+    Image cropped = crop.cut == whole ? image : ImageTools::CropImage(image, crop.cut);
     if (crop.outputSize != crop.cutSize) {
-        cropped = ImageTools::ResizeImage(cropped, crop.outputSize.width, crop.outputSize.height);
+        cropped = ImageTools::ResizeImage(cropped, crop.outputSize);
     }
     // The slider's 0 to 100, divided in single precision.
     const double quality = static_cast<double>(task.settings.quality / 100.0f);
@@ -123,7 +121,7 @@ SaveResult Encode(const ImageTask& task, const Image& image, const ResolvedCrop&
 // The source's header: the one already read, or read now.
 std::optional<ImageHeader> HeaderOf(const ImageTask& task,
                                     const std::optional<ImageHeader>& known) {
-    return known ? known : ImageTools::ImageHeaderWithPath(task.source);
+    return known ? known : ImageTools::HeaderOfFile(task.source);
 }
 
 ImageOutcome Plan(const ImageTask& task, const std::optional<ImageHeader>& known) {
@@ -148,9 +146,9 @@ class KeptSource {
   public:
     explicit KeptSource(const ImageTask& task) {
         struct stat status {};
-        if (task.replacesSource && ::stat(task.source.c_str(), &status) == 0) {
+        if (task.target == OutputTarget::Source && ::stat(task.source.c_str(), &status) == 0) {
             mode_ = status.st_mode & 07777;
-            if (task.carryMetadata) {
+            if (CarriesMetadata(task.kind)) {
                 aside_ = atomicfile::KeepAside(task.source);
             }
         }
@@ -183,11 +181,10 @@ class KeptSource {
 // notes of the image. A format whose encoder wrote the metadata gets the
 // date only.
 void CarryMetadata(const ImageTask& task, const std::string& source, ImageOutcome& outcome) {
-    const std::optional<OutputCodec> codec = OutputCodecForFormat(task.settings.outputFormat);
     const MetadataResult carried =
-        codec && EmbedsMetadataWhenEncoding(*codec)
-            ? ImageTools::ChangeImageCreationDateWithOriginalImagePath(source, task.output)
-            : ImageTools::ChangeImageExifWithOriginalImagePath(source, task.output);
+        EmbedsMetadataWhenEncoding(InfoOf(task.settings.outputFormat).codec)
+            ? ImageTools::CarryCreationDate(source, task.output)
+            : ImageTools::CarryMetadata(source, task.output);
     if (carried.status == MetadataResult::Status::DateNotSet) {
         outcome.notes.push_back({NoteKind::DateNotSet, carried.reason});
     } else if (carried.status == MetadataResult::Status::NotCarried) {
@@ -203,10 +200,10 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task) {
 
 ImageOutcome InProcessImageProcessor::Process(const ImageTask& task,
                                               const std::optional<ImageHeader>& known) {
-    if (task.dryRun) {
+    if (task.kind == TaskKind::DryRun) {
         return Plan(task, known);
     }
-    if (task.metadataOnly) {
+    if (task.kind == TaskKind::CarryMetadataOnly) {
         ImageOutcome outcome;
         outcome.status = ImageStatus::Written;
         CarryMetadata(task, task.source, outcome);
@@ -248,7 +245,7 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task,
         saved = true;
         outcome.status = ImageStatus::Written;
     }
-    if (task.carryMetadata && (saved || outcome.status == ImageStatus::Skipped)) {
+    if (CarriesMetadata(task.kind) && (saved || outcome.status == ImageStatus::Skipped)) {
         CarryMetadata(task, kept.Source(task), outcome);
     }
     if (saved) {

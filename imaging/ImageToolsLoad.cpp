@@ -100,15 +100,15 @@ LoadResult ImageTools::OpenImage(const std::string& path) {
     return Load(path, Pass::Single);
 }
 
-std::optional<Size> ImageTools::ImagePixelSizeWithPath(const std::string& path) {
-    const std::optional<ImageHeader> header = ImageHeaderWithPath(path);
+std::optional<Size> ImageTools::PixelSizeOfFile(const std::string& path) {
+    const std::optional<ImageHeader> header = HeaderOfFile(path);
     if (!header) {
         return std::nullopt;
     }
     return header->pixelSize;
 }
 
-std::optional<ImageHeader> ImageTools::ImageHeaderWithPath(const std::string& path) {
+std::optional<ImageHeader> ImageTools::HeaderOfFile(const std::string& path) {
     vipsruntime::EnsureStarted();
     const SniffedFile sniffed = SniffFile(path);
     if (!sniffed.kind) {

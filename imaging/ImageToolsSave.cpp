@@ -37,7 +37,7 @@ void PutEncoderMetadata(vips::VImage& rendered, const metadatacarry::EncoderMeta
     rendered.set(VIPS_META_ORIENTATION, 1);
 }
 
-SaveResult Save(const Image& image, const std::string& path, long format, double quality,
+SaveResult Save(const Image& image, const std::string& path, OutputFormat format, double quality,
                 const std::string* metadataSource) {
     const double width = image.Width();
     const double height = image.Height();
@@ -47,10 +47,7 @@ SaveResult Save(const Image& image, const std::string& path, long format, double
     if (width < 1.0 || height < 1.0) {
         return SaveResult::Failed("the image is smaller than one pixel");
     }
-    const std::optional<OutputCodec> codec = OutputCodecForFormat(format);
-    if (!codec) {
-        return SaveResult::Failed("there is no output format " + std::to_string(format));
-    }
+    const OutputCodec codec = InfoOf(format).codec;
     const vips::VImage* pixels = ImageAccess::Pixels(image);
     if (pixels == nullptr) {
         // Only sizes beyond what the pixel library can hold come without
@@ -66,8 +63,8 @@ SaveResult Save(const Image& image, const std::string& path, long format, double
     {
         vipsruntime::FailureScope scope;
         try {
-            rendered = encoderender::ForCodec(*pixels, *codec);
-            if (metadataSource != nullptr && EmbedsMetadataWhenEncoding(*codec)) {
+            rendered = encoderender::ForCodec(*pixels, codec);
+            if (metadataSource != nullptr && EmbedsMetadataWhenEncoding(codec)) {
                 if (const auto metadata = metadatacarry::ForEncoder(
                         *metadataSource, rendered.width(), rendered.height())) {
                     PutEncoderMetadata(rendered, *metadata);
@@ -78,24 +75,24 @@ SaveResult Save(const Image& image, const std::string& path, long format, double
         }
     }
     return atomicfile::Replace(path, [&](const std::string& tempPath) {
-        return vipsencode::WriteFile(rendered, *codec, quality, tempPath);
+        return vipsencode::WriteFile(rendered, codec, quality, tempPath);
     });
 }
 
 }  // namespace
 
-SaveResult ImageTools::TrySaveImage(const Image& image, const std::string& path, long format,
-                                    double quality) {
+SaveResult ImageTools::TrySaveImage(const Image& image, const std::string& path,
+                                    OutputFormat format, double quality) {
     return Save(image, path, format, quality, nullptr);
 }
 
 SaveResult ImageTools::TrySaveImageWithMetadata(const Image& image, const std::string& path,
-                                                long format, double quality,
+                                                OutputFormat format, double quality,
                                                 const std::string& metadataSource) {
     return Save(image, path, format, quality, &metadataSource);
 }
 
-bool ImageTools::SaveImage(const Image& image, const std::string& path, long format,
+bool ImageTools::SaveImage(const Image& image, const std::string& path, OutputFormat format,
                            double quality) {
     return TrySaveImage(image, path, format, quality).saved;
 }

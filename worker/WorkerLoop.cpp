@@ -34,7 +34,7 @@ struct Checked {
 // Tells the engine how much memory the decoded image takes (about four bytes
 // a pixel), so that a worker that dies of it is reported as such.
 Checked CheckPixels(int socket, const std::string& path, std::uint64_t maxPixels) {
-    Checked checked{ImageTools::ImageHeaderWithPath(path), std::nullopt};
+    Checked checked{ImageTools::HeaderOfFile(path), std::nullopt};
     if (!checked.header) {
         return checked;  // the decoder itself will say why
     }

@@ -133,10 +133,8 @@ Json TaskJson(const ImageTask& task) {
         {"output", task.output},
         {"decision", DecisionName(task.decision)},
         {"settings", Json::parse(ProfileText(task.settings))},
-        {"carryMetadata", task.carryMetadata},
-        {"dryRun", task.dryRun},
-        {"metadataOnly", task.metadataOnly},
-        {"replacesSource", task.replacesSource},
+        {"kind", TaskKindName(task.kind)},
+        {"target", OutputTargetName(task.target)},
     };
     if (task.adjustedRect) {
         json["adjustedRect"] = RectJson(*task.adjustedRect);
@@ -156,10 +154,14 @@ ImageTask TaskOf(const Json& json) {
         throw std::invalid_argument("settings: " + settings.reason());
     }
     task.settings = *settings;
-    task.carryMetadata = json.at("carryMetadata").get<bool>();
-    task.dryRun = json.at("dryRun").get<bool>();
-    task.metadataOnly = json.at("metadataOnly").get<bool>();
-    task.replacesSource = json.at("replacesSource").get<bool>();
+    const std::optional<TaskKind> kind = TaskKindFromName(json.at("kind").get<std::string>());
+    const std::optional<OutputTarget> target =
+        OutputTargetFromName(json.at("target").get<std::string>());
+    if (!kind || !target) {
+        throw std::invalid_argument("unknown task kind or output target");
+    }
+    task.kind = *kind;
+    task.target = *target;
     if (json.contains("adjustedRect")) {
         task.adjustedRect = RectOf(json.at("adjustedRect"));
     }

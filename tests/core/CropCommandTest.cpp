@@ -84,7 +84,7 @@ class CropCommandTest : public ::testing::Test {
     CropCommandTest() {
         request.settings.outputFolder = dir.File("out");
         request.settings.nameTemplate = "[FileName]";
-        request.settings.outputFormat = 5;  // PNG
+        request.settings.outputFormat = OutputFormat::Png;  // PNG
         request.settings.mode = CropMode::Auto;
     }
     std::string Image(const std::string& name, int width = 300, int height = 200) {

@@ -85,9 +85,9 @@ TEST_F(CropJobTest, AFailedFirstSaveStopsMetadataButNotTheSaves) {
         RunCropJob(settings, List(3), {D::NoConflict, D::NoConflict, D::NoConflict}, processor);
     EXPECT_FALSE(report.allSucceeded);
     ASSERT_EQ(processor.tasks.size(), 3u);
-    EXPECT_TRUE(processor.tasks[0].carryMetadata);
-    EXPECT_FALSE(processor.tasks[1].carryMetadata);
-    EXPECT_FALSE(processor.tasks[2].carryMetadata);
+    EXPECT_EQ(processor.tasks[0].kind, TaskKind::CropCarryingMetadata);
+    EXPECT_EQ(processor.tasks[1].kind, TaskKind::Crop);
+    EXPECT_EQ(processor.tasks[2].kind, TaskKind::Crop);
     EXPECT_EQ(report.images[1].outcome.status, ImageStatus::Written);
     EXPECT_EQ(report.images[0].outcome.reason, "cannot write: permission denied");
 }
@@ -98,8 +98,8 @@ TEST_F(CropJobTest, AnImageThatCannotBeDecodedFailsAndTheJobGoesOn) {
         RunCropJob(settings, List(3), {D::NoConflict, D::NoConflict, D::NoConflict}, processor);
     EXPECT_FALSE(report.allSucceeded);
     EXPECT_EQ(processor.tasks.size(), 3u);
-    EXPECT_TRUE(processor.tasks[1].carryMetadata);
-    EXPECT_FALSE(processor.tasks[2].carryMetadata);
+    EXPECT_EQ(processor.tasks[1].kind, TaskKind::CropCarryingMetadata);
+    EXPECT_EQ(processor.tasks[2].kind, TaskKind::Crop);
 }
 
 TEST_F(CropJobTest, ASkippedImageStillGoesThroughTheMetadataStep) {
@@ -107,7 +107,7 @@ TEST_F(CropJobTest, ASkippedImageStillGoesThroughTheMetadataStep) {
     const JobReport report = RunCropJob(settings, List(2), {D::Skip, D::NoConflict}, processor);
     EXPECT_TRUE(report.allSucceeded);
     EXPECT_EQ(processor.tasks[0].decision, D::Skip);
-    EXPECT_TRUE(processor.tasks[0].carryMetadata);
+    EXPECT_EQ(processor.tasks[0].kind, TaskKind::CropCarryingMetadata);
 }
 
 TEST_F(CropJobTest, EveryImageAnsweredNoStillSucceeds) {
@@ -155,8 +155,8 @@ TEST_F(CropJobTest, WithoutTheOptionNoImageCarriesMetadata) {
     settings.keepMetadata = false;
     ScriptedProcessor processor({Written(), Skipped()});
     RunCropJob(settings, List(2), {D::NoConflict, D::Skip}, processor);
-    EXPECT_FALSE(processor.tasks[0].carryMetadata);
-    EXPECT_FALSE(processor.tasks[1].carryMetadata);
+    EXPECT_EQ(processor.tasks[0].kind, TaskKind::Crop);
+    EXPECT_EQ(processor.tasks[1].kind, TaskKind::Crop);
 }
 
 TEST_F(CropJobTest, EmptyListRunsNothing) {

@@ -29,7 +29,7 @@ class FirstFinishesLast final : public ImageProcessor {
     explicit FirstFinishesLast(bool together) : together_(together) {}
     ImageOutcome Process(const ImageTask& task) override {
         ImageOutcome outcome = inner_.Process(task);
-        if (task.metadataOnly || !together_) {
+        if (task.kind == TaskKind::CarryMetadataOnly || !together_) {
             return outcome;
         }
         std::unique_lock lock(mutex_);

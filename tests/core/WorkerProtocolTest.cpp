@@ -22,10 +22,10 @@ ImageTask SomeTask() {
     task.settings.mode = CropMode::Percents;
     task.settings.percentsOriginX = 12.5f;
     task.settings.quality = 67;
-    task.settings.outputFormat = 5;
+    task.settings.outputFormat = OutputFormat::Png;
     task.adjustedRect = Rect{1.5, 2.25, 300, 200.125};
-    task.carryMetadata = true;
-    task.replacesSource = true;
+    task.kind = TaskKind::CropCarryingMetadata;
+    task.target = OutputTarget::Source;
     return task;
 }
 
@@ -45,9 +45,8 @@ TEST(WorkerProtocol, ARequestReadsBackAsItWasSent) {
     EXPECT_EQ(back->task.settings.percentsOriginX, 12.5f);
     EXPECT_EQ(back->task.settings.quality, 67.0f);
     EXPECT_EQ(back->task.adjustedRect, image.task.adjustedRect);
-    EXPECT_TRUE(back->task.carryMetadata);
-    EXPECT_FALSE(back->task.dryRun);
-    EXPECT_TRUE(back->task.replacesSource);
+    EXPECT_EQ(back->task.kind, TaskKind::CropCarryingMetadata);
+    EXPECT_EQ(back->task.target, OutputTarget::Source);
 
     const std::optional<Request> preview =
         DecodeRequest(Encode(Request(PreviewRequest{"/a b.png", 512, 99, false})));

@@ -35,10 +35,10 @@ class WorkerTest : public ::testing::Test {
     WorkerTest() {
         settings.outputFolder = dir.File("out");
         fs::create_directory(settings.outputFolder);
-        settings.outputFormat = 5;  // PNG
+        settings.outputFormat = OutputFormat::Png;  // PNG
         settings.nameTemplate = "[FileName]";
         settings.mode = CropMode::Auto;
-        settings.autoCropFormat = 3;
+        settings.autoCropRatio = RatioChoice::Ratio16x9;
     }
     // A quickly made PNG: coordinates as colours.
     std::string Picture(const std::string& name, int w, int h) {

@@ -3,7 +3,7 @@
 namespace vellumo::test {
 
 ImageOutcome RecordingProcessor::Process(const ImageTask& task) {
-    if (task.dryRun) {
+    if (task.kind == TaskKind::DryRun) {
         {
             const std::lock_guard lock(mutex_);
             ++measured_;
