@@ -31,7 +31,7 @@ ImageTask TaskFor(const JobInput& in, long i) {
     task.settings = in.settings;
     task.settings.outputFormat = planned.format;
     task.kind = in.options.dryRun ? TaskKind::DryRun : TaskKind::Crop;
-    task.target = planned.replacesSource ? OutputTarget::Source : OutputTarget::NewFile;
+    task.target = planned.target;
     if (in.options.adjustments != nullptr) {
         if (const auto found = in.options.adjustments->find(task.source);
             found != in.options.adjustments->end()) {
@@ -45,7 +45,9 @@ ImageTask TaskFor(const JobInput& in, long i) {
 ImageOutcome ProcessImage(const JobInput& in, const ImageTask& task, ImageProcessor& processor) {
     if (const std::string& refusal = in.plan.images[task.index].refusal; !refusal.empty()) {
         ImageOutcome refused;
-        refused.reason = refusal;
+        // The plan's refusal is the whole line ("another image of this
+        // batch is written to this path").
+        refused.failure = Failure{FailureStage::Write, refusal};
         return refused;
     }
     return processor.Process(task);

@@ -10,6 +10,7 @@
 
 #include "batch/CropSettings.h"
 #include "batch/OverwritePrompts.h"
+#include "imaging/Failure.h"
 #include "imaging/Geometry.h"
 
 namespace vellumo {
@@ -31,14 +32,6 @@ enum class TaskKind {
 constexpr bool CarriesMetadata(TaskKind kind) {
     return kind == TaskKind::CropCarryingMetadata || kind == TaskKind::CarryMetadataOnly;
 }
-
-// Where the output goes.
-enum class OutputTarget {
-    NewFile,  // a file of its own (which may replace an earlier output)
-    // The source file itself (the originals are replaced): whatever is
-    // carried over from the source is read before it goes.
-    Source,
-};
 
 struct ImageTask {
     long index = 0;      // position in the list
@@ -79,9 +72,9 @@ struct ImageNote {
 
 struct ImageOutcome {
     ImageStatus status = ImageStatus::Failed;
-    // For a failure, one line a person understands: "cannot decode: not a
-    // JPEG file", "cannot write: permission denied".
-    std::string reason;
+    // For a failure, its stage and the line a person understands:
+    // "cannot decode: not a JPEG file", "cannot write: permission denied".
+    std::optional<Failure> failure;
     // The rectangle as resolved, and the output's size in pixels, when the
     // image could be read.
     std::optional<Rect> rect;
@@ -94,6 +87,9 @@ struct ImageOutcome {
     bool wholeImage = false;
     // What else happened on the way, for the person to be told.
     std::vector<ImageNote> notes;
+
+    // The failure's line; empty without one.
+    std::string Reason() const { return failure ? failure->reason : std::string(); }
 };
 
 // The names decisions and statuses go by in JSON (the command line's report,

@@ -19,24 +19,6 @@ namespace vellumo {
 
 namespace {
 
-// "cannot <verb>: reason", unless the reason already says what failed.
-std::string Failure(const std::string& verb, const std::string& reason) {
-    if (reason.rfind("cannot ", 0) == 0) {
-        return reason;
-    }
-    return "cannot " + verb + ": " + reason;
-}
-
-// The pixels are read while the save writes, so a save can fail on a
-// damaged source: tell that from a failed write.
-std::string SaveFailure(const std::string& source, const std::string& reason) {
-    const LoadResult check = ImageTools::LoadImage(source);
-    if (!check) {
-        return Failure("decode", check.reason());
-    }
-    return Failure("write", reason);
-}
-
 // Before an overwrite, what is in the way must go. A folder is removed now
 // (only an empty one can be); a file stays until the save replaces it in one
 // rename, so that a failed save leaves it as it was; it is only checked that
@@ -128,7 +110,8 @@ ImageOutcome Plan(const ImageTask& task, const std::optional<ImageHeader>& known
     ImageOutcome outcome;
     const std::optional<ImageHeader> header = HeaderOf(task, known);
     if (!header) {
-        outcome.reason = "cannot decode: the file is not an image Vellumo can read";
+        outcome.failure =
+            Failure::At(FailureStage::Decode, "the file is not an image Vellumo can read");
         return outcome;
     }
     ResolvedCrop crop;
@@ -212,12 +195,12 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task,
     ImageOutcome outcome;
     const LoadResult loaded = ImageTools::OpenImage(task.source);
     if (!loaded) {
-        outcome.reason = Failure("decode", loaded.reason());
+        outcome.failure = loaded.failure();
         return outcome;
     }
     const std::optional<ImageHeader> header = HeaderOf(task, known);
     if (!header) {
-        outcome.reason = "cannot decode: the image's size cannot be read";
+        outcome.failure = Failure::At(FailureStage::Decode, "the image's size cannot be read");
         return outcome;
     }
     const Image image = ImageTools::BringImageToActualSize(*loaded, header->pixelSize);
@@ -239,7 +222,9 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task,
                 ? CropJpegLosslessly(task.source, task.output, *lossless.cut, *header->jpegGrid)
                 : Encode(task, image, crop, kept.Source(task));
         if (!result.saved) {
-            outcome.reason = SaveFailure(task.source, result.reason);
+            // The pixels are decoded while they are written: a damaged
+            // source fails the save at the Decode stage.
+            outcome.failure = Failure::At(result.stage, result.reason);
             return outcome;
         }
         saved = true;

@@ -116,7 +116,7 @@ void PlacePaths(const CropSettings& settings, const std::vector<std::string>& li
             continue;
         }
         if (settings.replaceOriginals && k.outputs[i] == k.sources[i]) {
-            image.replacesSource = true;
+            image.target = OutputTarget::Source;
             if (reader->second != i) {
                 image.refusal = kClashReason;  // the file is listed before: replaced there
             }

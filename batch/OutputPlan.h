@@ -38,11 +38,19 @@ inline constexpr const char* kClashReason = "another image of this batch is writ
 inline constexpr const char* kOriginalReason =
     "the output would replace an original image of this batch";
 
+// Where an image's output goes.
+enum class OutputTarget {
+    NewFile,  // a file of its own (which may replace an earlier output)
+    // The source file itself (the originals are replaced): whatever is
+    // carried over from the source is read before it goes.
+    Source,
+};
+
 struct PlannedOutput {
     std::string path;
     OutputFormat format = OutputFormat::Jpg;  // what the file is written in, unless refused
-    std::string refusal;          // why nothing is written for this image; empty when it is
-    bool replacesSource = false;  // the output is the image's own file
+    std::string refusal;  // why nothing is written for this image; empty when it is
+    OutputTarget target = OutputTarget::NewFile;
 };
 
 // A set of images that would be written to one path.

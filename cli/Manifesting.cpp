@@ -20,7 +20,7 @@ bool Manifesting::Record(const ImageReport& image, std::string& reason) {
     // finds it.
     entry.output = AbsoluteOutputPath(image.output);
     entry.status = image.outcome.status;
-    entry.reason = image.outcome.reason;
+    entry.reason = image.outcome.Reason();
     if (image.outcome.status == ImageStatus::Written ||
         image.outcome.status == ImageStatus::Skipped) {
         if (const std::optional<FileDigest> digest = DigestOfFile(image.output)) {

@@ -9,6 +9,7 @@
 #include "imaging/ImageTools.h"
 #include "imaging/MetadataCarry.h"
 #include "imaging/OutputCodec.h"
+#include "imaging/SourceTap.h"
 #include "imaging/VipsEncode.h"
 #include "imaging/VipsRuntime.h"
 
@@ -42,10 +43,10 @@ SaveResult Save(const Image& image, const std::string& path, OutputFormat format
     const double width = image.Width();
     const double height = image.Height();
     if (!std::isfinite(width) || !std::isfinite(height)) {
-        return SaveResult::Failed("the image has no finite size");
+        return SaveResult::Failed("the image has no finite size", FailureStage::Encode);
     }
     if (width < 1.0 || height < 1.0) {
-        return SaveResult::Failed("the image is smaller than one pixel");
+        return SaveResult::Failed("the image is smaller than one pixel", FailureStage::Encode);
     }
     const OutputCodec codec = InfoOf(format).codec;
     const vips::VImage* pixels = ImageAccess::Pixels(image);
@@ -53,7 +54,7 @@ SaveResult Save(const Image& image, const std::string& path, OutputFormat format
         // Only sizes beyond what the pixel library can hold come without
         // pixels; any other image of a whole pixel or more has them.
         if (width >= kBeyondPixelLibrary || height >= kBeyondPixelLibrary) {
-            return SaveResult::Failed("the image is too large to write");
+            return SaveResult::Failed("the image is too large to write", FailureStage::Encode);
         }
         Fatal("an image of at least one whole pixel has no pixels");
     }
@@ -71,7 +72,10 @@ SaveResult Save(const Image& image, const std::string& path, OutputFormat format
                 }
             }
         } catch (const vips::VError& error) {
-            return SaveResult::Failed(scope.Reason(error));
+            // Preparing the encoder's pixels may read the source already.
+            return SaveResult::Failed(scope.Reason(error), sourcetap::DecoderFailed(*pixels)
+                                                               ? FailureStage::Decode
+                                                               : FailureStage::Encode);
         }
     }
     return atomicfile::Replace(path, [&](const std::string& tempPath) {

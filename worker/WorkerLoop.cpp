@@ -80,7 +80,7 @@ workerprotocol::Reply Answer(int socket, const workerprotocol::Request& request,
         ImageOutcome outcome;
         const Checked checked = CheckPixels(socket, image->task.source, image->maxPixels);
         if (checked.refusal) {
-            outcome.reason = "cannot decode: " + *checked.refusal;
+            outcome.failure = Failure::At(FailureStage::Decode, *checked.refusal);
         } else {
             outcome = processor.Process(image->task, checked.header);
         }

@@ -170,10 +170,14 @@ ImageTask TaskOf(const Json& json) {
 
 Json OutcomeJson(const ImageOutcome& outcome) {
     Json json = {{"status", StatusName(outcome.status)},
-                 {"reason", outcome.reason},
+                 {"failure", nullptr},
                  {"notes", Json::array()},
                  {"warning", outcome.warning},
                  {"wholeImage", outcome.wholeImage}};
+    if (outcome.failure) {
+        json["failure"] = {{"stage", StageName(outcome.failure->stage)},
+                           {"reason", outcome.failure->reason}};
+    }
     for (const ImageNote& note : outcome.notes) {
         json["notes"].push_back({{"kind", NoteKindName(note.kind)}, {"detail", note.detail}});
     }
@@ -189,7 +193,14 @@ Json OutcomeJson(const ImageOutcome& outcome) {
 ImageOutcome OutcomeOf(const Json& json) {
     ImageOutcome outcome;
     outcome.status = StatusFromName(json.at("status").get<std::string>());
-    outcome.reason = json.at("reason").get<std::string>();
+    if (const Json& failure = json.at("failure"); !failure.is_null()) {
+        const std::optional<FailureStage> stage =
+            StageFromName(failure.at("stage").get<std::string>());
+        if (!stage) {
+            throw std::invalid_argument("unknown failure stage");
+        }
+        outcome.failure = Failure{*stage, failure.at("reason").get<std::string>()};
+    }
     for (const Json& note : json.at("notes")) {
         outcome.notes.push_back({NoteKindFromName(note.at("kind").get<std::string>()),
                                  note.at("detail").get<std::string>()});

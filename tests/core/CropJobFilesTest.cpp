@@ -133,7 +133,7 @@ TEST_F(CropJobFilesTest, AFailedSaveStopsMetadataForTheRestButNotTheSaves) {
     EXPECT_EQ(report.images[0].outcome.notes[0].kind, NoteKind::RemoveFailed);
     EXPECT_FALSE(report.allSucceeded);
     EXPECT_EQ(report.images[0].outcome.status, ImageStatus::Failed);
-    EXPECT_FALSE(report.images[0].outcome.reason.empty());
+    EXPECT_FALSE(report.images[0].outcome.Reason().empty());
     EXPECT_TRUE(fs::exists(blocked + "/keep"));
 
     const std::string second = GenerateOutputPathWithImageIndex(settings, list, 1);
@@ -160,7 +160,7 @@ TEST_F(CropJobFilesTest, AnUndecodableImageFailsAndTheOthersAreWritten) {
     const JobReport report = Run(list, {D::NoConflict, D::NoConflict, D::NoConflict});
     EXPECT_FALSE(report.allSucceeded);
     EXPECT_EQ(report.images[1].outcome.status, ImageStatus::Failed);
-    EXPECT_EQ(report.images[1].outcome.reason,
+    EXPECT_EQ(report.images[1].outcome.Reason(),
               "cannot decode: not an image Vellumo reads (a text file)");
     EXPECT_FALSE(fs::exists(GenerateOutputPathWithImageIndex(settings, list, 1)));
     EXPECT_TRUE(fs::exists(GenerateOutputPathWithImageIndex(settings, list, 2)));
@@ -173,7 +173,7 @@ TEST_F(CropJobFilesTest, DamageFoundWhileWritingIsReportedAsADecodeFailure) {
     const std::vector<std::string> list = {dir.File("cut.jpg")};
     const JobReport report = Run(list, {D::NoConflict});
     EXPECT_FALSE(report.allSucceeded);
-    EXPECT_EQ(report.images[0].outcome.reason, "cannot decode: premature end of input file");
+    EXPECT_EQ(report.images[0].outcome.Reason(), "cannot decode: premature end of input file");
     EXPECT_TRUE(fs::is_empty(settings.outputFolder));  // not even a temporary file
 }
 
@@ -189,7 +189,7 @@ TEST_F(CropJobFilesTest, ASourceThatIsItsOwnOutputIsNeverWrittenEvenWhenTheAnswe
 
     const JobReport report = Run(list, {D::Overwrite});
     EXPECT_FALSE(report.allSucceeded);
-    EXPECT_EQ(report.images[0].outcome.reason, kOriginalReason);
+    EXPECT_EQ(report.images[0].outcome.Reason(), kOriginalReason);
     EXPECT_EQ(test::ReadFile(source), before);
 }
 

@@ -36,10 +36,10 @@ ImageOutcome Skipped() {
     o.status = ImageStatus::Skipped;
     return o;
 }
-ImageOutcome Failed(const std::string& reason) {
+ImageOutcome Failed(Failure failure) {
     ImageOutcome o;
     o.status = ImageStatus::Failed;
-    o.reason = reason;
+    o.failure = std::move(failure);
     return o;
 }
 
@@ -80,7 +80,8 @@ TEST_F(CropJobTest, ReportsProgressAfterEachImageWithTheIndexJustHandled) {
 }
 
 TEST_F(CropJobTest, AFailedFirstSaveStopsMetadataButNotTheSaves) {
-    ScriptedProcessor processor({Failed("cannot write: permission denied"), Written(), Written()});
+    ScriptedProcessor processor(
+        {Failed(Failure::At(FailureStage::Write, "permission denied")), Written(), Written()});
     const JobReport report =
         RunCropJob(settings, List(3), {D::NoConflict, D::NoConflict, D::NoConflict}, processor);
     EXPECT_FALSE(report.allSucceeded);
@@ -89,11 +90,12 @@ TEST_F(CropJobTest, AFailedFirstSaveStopsMetadataButNotTheSaves) {
     EXPECT_EQ(processor.tasks[1].kind, TaskKind::Crop);
     EXPECT_EQ(processor.tasks[2].kind, TaskKind::Crop);
     EXPECT_EQ(report.images[1].outcome.status, ImageStatus::Written);
-    EXPECT_EQ(report.images[0].outcome.reason, "cannot write: permission denied");
+    EXPECT_EQ(report.images[0].outcome.Reason(), "cannot write: permission denied");
 }
 
 TEST_F(CropJobTest, AnImageThatCannotBeDecodedFailsAndTheJobGoesOn) {
-    ScriptedProcessor processor({Written(), Failed("cannot decode: not a JPEG file"), Written()});
+    ScriptedProcessor processor(
+        {Written(), Failed(Failure::At(FailureStage::Decode, "not a JPEG file")), Written()});
     const JobReport report =
         RunCropJob(settings, List(3), {D::NoConflict, D::NoConflict, D::NoConflict}, processor);
     EXPECT_FALSE(report.allSucceeded);

@@ -144,10 +144,10 @@ TEST_F(OutputPlanTest, ReplacingOriginalsWritesEachFileInItsOwnFormatAndAFileLis
     const OutputPlan plan = PlanOutputs(settings, list, ClashPolicy::Number);
     EXPECT_EQ(plan.images[0].path, list[0]);
     EXPECT_EQ(plan.images[0].format, OutputFormat::Png);
-    EXPECT_TRUE(plan.images[0].replacesSource);
+    EXPECT_EQ(plan.images[0].target, OutputTarget::Source);
     EXPECT_TRUE(plan.images[0].refusal.empty());
     EXPECT_EQ(plan.images[1].format, OutputFormat::Tif);
-    EXPECT_TRUE(plan.images[1].replacesSource);
+    EXPECT_EQ(plan.images[1].target, OutputTarget::Source);
     // Even when numbering: the second entry would read the file after it
     // was replaced.
     EXPECT_EQ(plan.images[2].refusal, kClashReason);

@@ -90,7 +90,7 @@ TEST(ParallelJob, AFailedSaveOfTheImageThatFinishesLastStillEndsTheMetadataOfThe
     EXPECT_FALSE(two.allSucceeded);
     EXPECT_EQ(two.images[0].outcome.status, ImageStatus::Failed);
     EXPECT_EQ(two.images[1].outcome.status, ImageStatus::Written);
-    EXPECT_EQ(two.images[0].outcome.reason, one.images[0].outcome.reason);
+    EXPECT_EQ(two.images[0].outcome.Reason(), one.images[0].outcome.Reason());
     // No metadata for the second image: the first, before it in the list,
     // failed, however late.
     const std::string second = dir.File("two/Canon_40D.jpg");

@@ -29,6 +29,32 @@ ImageTask SomeTask() {
     return task;
 }
 
+TEST(WorkerProtocol, EveryTaskKindAndTargetReadsBackByItsName) {
+    for (const TaskKind kind : {TaskKind::Crop, TaskKind::CropCarryingMetadata, TaskKind::DryRun,
+                                TaskKind::CarryMetadataOnly}) {
+        EXPECT_EQ(TaskKindFromName(TaskKindName(kind)), kind) << TaskKindName(kind);
+        for (const OutputTarget target : {OutputTarget::NewFile, OutputTarget::Source}) {
+            ImageTask task = SomeTask();
+            task.kind = kind;
+            task.target = target;
+            const std::optional<Request> read =
+                DecodeRequest(Encode(Request(ImageRequest{task, 1, false})));
+            ASSERT_TRUE(read);
+            const auto* back = std::get_if<ImageRequest>(&*read);
+            ASSERT_NE(back, nullptr);
+            EXPECT_EQ(back->task.kind, kind);
+            EXPECT_EQ(back->task.target, target);
+        }
+    }
+    EXPECT_EQ(std::string(TaskKindName(TaskKind::CarryMetadataOnly)), "carry-metadata-only");
+    EXPECT_FALSE(TaskKindFromName("crop-everything").has_value());
+    EXPECT_FALSE(OutputTargetFromName("elsewhere").has_value());
+    EXPECT_TRUE(CarriesMetadata(TaskKind::CropCarryingMetadata));
+    EXPECT_TRUE(CarriesMetadata(TaskKind::CarryMetadataOnly));
+    EXPECT_FALSE(CarriesMetadata(TaskKind::Crop));
+    EXPECT_FALSE(CarriesMetadata(TaskKind::DryRun));
+}
+
 TEST(WorkerProtocol, ARequestReadsBackAsItWasSent) {
     const ImageRequest image{SomeTask(), 123'456'789, true};
     const std::optional<Request> read = DecodeRequest(Encode(Request(image)));

@@ -17,7 +17,7 @@ ImageOutcome RecordingProcessor::Process(const ImageTask& task) {
         if (cancelled_) {
             cancelled_ = false;
             ImageOutcome ended;
-            ended.reason = "cannot decode: the image worker was stopped";
+            ended.failure = Failure::At(FailureStage::Decode, "the image worker was stopped");
             return ended;
         }
     }
