@@ -40,6 +40,24 @@ TEST(NumberedPath, PutsTheNumberBeforeTheLastExtension) {
     EXPECT_EQ(NumberedPath("/out/.hidden", 2), "/out/.hidden (2)");
 }
 
+// The command line's --format and a profile's "format" name a format by its
+// title; the output's extension is the title in lower case.
+TEST(OutputFormat, EveryFormatIsNamedByItsTitleInAnyCaseAndBack) {
+    ASSERT_EQ(kOutputFormats.size(), 14u);
+    for (const OutputFormatInfo& row : kOutputFormats) {
+        const std::string title(row.title);
+        EXPECT_EQ(OutputFormatNamed(title), row.format) << title;
+        EXPECT_EQ(OutputFormatNamed(OutputFormatExtension(row.format)), row.format) << title;
+        EXPECT_EQ(InfoOf(row.format).title, row.title);
+    }
+    EXPECT_EQ(OutputFormatExtension(OutputFormat::WebP), "webp");
+    EXPECT_EQ(OutputFormatNamed("Jxl"), OutputFormat::Jxl);
+    EXPECT_FALSE(OutputFormatNamed("heif").has_value());  // read, never written
+    EXPECT_FALSE(OutputFormatNamed("").has_value());
+    EXPECT_EQ(OutputFormatTitles(" "),
+              "JPG JPEG JPE JP2 JPX PNG TIFF TIF GIF BMP WEBP AVIF HEIC JXL");
+}
+
 TEST(OutputFormatOfPath, NamesTheFormatOfTheExtensionInAnyCase) {
     EXPECT_EQ(OutputFormatOfPath("/a/b.JPEG"), OutputFormat::Jpeg);
     EXPECT_EQ(OutputFormatOfPath("/a/b.jpx"), OutputFormat::Jpx);
