@@ -33,8 +33,9 @@ CropCommandResult CropCommand::Agree(CropQuestions& questions) const {
         return Refused(CropRefusal::Kind::Unready, settings.outputFolder, *refusal);
     }
     if (settings.replaceOriginals) {
-        return Ended(questions.ReplaceOriginals(request_.images.size()) ? Ending::Agreed
-                                                                        : Ending::Declined);
+        return Ended(questions.ReplaceOriginals(request_.images.size()) == Answer::Yes
+                         ? Ending::Agreed
+                         : Ending::Declined);
     }
     switch (OutputFolderState(settings.outputFolder)) {
         case FolderState::Exists:
@@ -43,8 +44,9 @@ CropCommandResult CropCommand::Agree(CropQuestions& questions) const {
             return Refused(CropRefusal::Kind::NotAFolder, settings.outputFolder);
         case FolderState::Missing:
             // Made when the job starts, once nothing else can stop it.
-            return Ended(questions.CreateFolder(settings.outputFolder) ? Ending::Agreed
-                                                                       : Ending::Declined);
+            return Ended(questions.CreateFolder(settings.outputFolder) == Answer::Yes
+                             ? Ending::Agreed
+                             : Ending::Declined);
     }
     return Ended(Ending::Declined);
 }
@@ -60,11 +62,11 @@ std::optional<BatchPart> CropCommand::Plan(CropQuestions& questions) const {
     if (settings.mode != CropMode::Auto &&
         EveryImageLeftWhole(settings, planned.list, planned.plan, processor_,
                             &request_.adjustments) &&
-        !questions.WriteUncroppedCopies()) {
+        questions.WriteUncroppedCopies() == Answer::No) {
         return std::nullopt;
     }
     if (!request_.clashes && !planned.plan.clashes.empty()) {
-        if (!questions.NumberClashes(planned.plan.clashes, planned.list)) {
+        if (questions.NumberClashes(planned.plan.clashes, planned.list) == Answer::No) {
             return std::nullopt;
         }
         planned = part(ClashPolicy::Number);

@@ -46,19 +46,22 @@ struct CropRefusal {
     std::string detail;
 };
 
+// The answer to one of the command's yes-or-no questions.
+enum class Answer { Yes, No };
+
 // The questions the command asks the person, each with its own answer.
 class CropQuestions {
   public:
     virtual ~CropQuestions() = default;
     // `count` originals are about to be replaced by their crops: go on?
-    virtual bool ReplaceOriginals(std::size_t count) = 0;
+    virtual Answer ReplaceOriginals(std::size_t count) = 0;
     // The output folder does not exist: make it (when the job starts)?
-    virtual bool CreateFolder(const std::string& folder) = 0;
+    virtual Answer CreateFolder(const std::string& folder) = 0;
     // The rule crops none of the images: write uncropped copies?
-    virtual bool WriteUncroppedCopies() = 0;
+    virtual Answer WriteUncroppedCopies() = 0;
     // Images of `list` would share a path: number the later ones (" (2)")?
-    virtual bool NumberClashes(const std::vector<OutputClash>& clashes,
-                               const std::vector<std::string>& list) = 0;
+    virtual Answer NumberClashes(const std::vector<OutputClash>& clashes,
+                                 const std::vector<std::string>& list) = 0;
     // An output file exists (the question's text, see OverwriteQuestion).
     virtual OverwriteAnswer Overwrite(const std::string& question) = 0;
 };

@@ -30,8 +30,8 @@ ImageTask TaskFor(const JobInput& in, long i) {
     task.decision = in.decisions[i];
     task.settings = in.settings;
     task.settings.outputFormat = planned.format;
-    task.dryRun = in.options.dryRun;
-    task.replacesSource = planned.replacesSource;
+    task.kind = in.options.dryRun ? TaskKind::DryRun : TaskKind::Crop;
+    task.target = planned.target;
     if (in.options.adjustments != nullptr) {
         if (const auto found = in.options.adjustments->find(task.source);
             found != in.options.adjustments->end()) {
@@ -45,7 +45,9 @@ ImageTask TaskFor(const JobInput& in, long i) {
 ImageOutcome ProcessImage(const JobInput& in, const ImageTask& task, ImageProcessor& processor) {
     if (const std::string& refusal = in.plan.images[task.index].refusal; !refusal.empty()) {
         ImageOutcome refused;
-        refused.reason = refusal;
+        // The plan's refusal is the whole line ("another image of this
+        // batch is written to this path").
+        refused.failure = Failure{FailureStage::Write, refusal};
         return refused;
     }
     return processor.Process(task);
@@ -79,7 +81,9 @@ JobReport RunInOrder(const JobInput& in, ImageProcessor& processor, const JobCal
             break;
         }
         ImageTask task = TaskFor(in, i);
-        task.carryMetadata = CarriesMetadata(in, report);
+        if (CarriesMetadata(in, report)) {
+            task.kind = TaskKind::CropCarryingMetadata;
+        }
         ImageReport image{i, task.source, task.output, task.decision, {}};
         image.outcome = ProcessImage(in, task, processor);
         // Ended by the stop: not handled.
@@ -162,8 +166,7 @@ JobReport RunInParallel(const JobInput& in, ImageProcessor& processor,
                 report.allSucceeded = false;
             } else if (!stopped && CarriesMetadata(in, report) &&
                        (status == ImageStatus::Written || status == ImageStatus::Skipped)) {
-                task.carryMetadata = true;
-                task.metadataOnly = true;
+                task.kind = TaskKind::CarryMetadataOnly;
                 const ImageOutcome carried = processor.Process(task);
                 image.outcome.notes.insert(image.outcome.notes.end(), carried.notes.begin(),
                                            carried.notes.end());

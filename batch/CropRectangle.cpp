@@ -21,9 +21,9 @@ Rect AutoCropRectangle(const CropSettings& s, const Image& image, const Image* p
     const Size size{image.Width(), image.Height()};
     const bool exact = ExactResize(s.resize);
     Rect rect;
-    if (!exact && s.matchOrientation && s.autoCropFormat >= 0 &&
-        s.autoCropFormat < kClassicRatioCount) {
-        rect = ImageTools::CalculateAutoCropRectangleWithImage(image, s.autoCropFormat);
+    const std::optional<ClassicRatio> classic = ClassicRatioOf(s.autoCropRatio);
+    if (!exact && s.matchOrientation && classic) {
+        rect = ImageTools::AutoCropRectangle(image, *classic);
     } else {
         AspectRatio ratio = ChosenAutoCropRatio(s);
         if (!(ratio.width > 0.0) || !(ratio.height > 0.0)) {
@@ -57,13 +57,10 @@ AspectRatio ChosenAutoCropRatio(const CropSettings& s) {
     if (ExactResize(s.resize)) {
         return {static_cast<double>(s.resize.width), static_cast<double>(s.resize.height)};
     }
-    if (s.autoCropFormat == kCustomRatioIndex) {
-        return s.customRatio;
+    if (const AutoCropRatio* listed = ListedRatio(s.autoCropRatio)) {
+        return listed->ratio;
     }
-    if (s.autoCropFormat >= 0 && s.autoCropFormat < kCustomRatioIndex) {
-        return kAutoCropRatios.at(static_cast<std::size_t>(s.autoCropFormat)).ratio;
-    }
-    return {0.0, 0.0};
+    return s.customRatio;
 }
 
 bool UsesPlacementPicture(const CropSettings& settings) {
@@ -137,7 +134,7 @@ ResolvedCrop ResolveCrop(const CropSettings& settings, const Image& image, const
     // The cut itself is ImageTools::CropImage's: it gives back the image
     // for an empty rectangle or one beyond the image.
     const Image sized = Image::OfSize(W, H);
-    const Image cut = ImageTools::CropImage(sized, r.x, r.y, r.width, r.height);
+    const Image cut = ImageTools::CropImage(sized, r);
     if (cut.IsSameImage(sized)) {
         return keepWhole(r.width < 1.0 || r.height < 1.0 ? CropExtent::WholeEmpty
                                                          : CropExtent::WholeOutside);

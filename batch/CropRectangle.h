@@ -14,7 +14,7 @@ namespace vellumo {
 //   Auto: the largest rectangle of the chosen ratio (ChosenAutoCropRatio),
 //     turned to the image's orientation unless the settings say otherwise;
 //     with the orientation matched, the first four ratios are exactly
-//     ImageTools::CalculateAutoCropRectangleWithImage. Then moved to the
+//     ImageTools::AutoCropRectangle. Then moved to the
 //     anchor; a smart anchor judges `picture` (the image reduced to
 //     kPlacementPictureSide), and without one, or when that fails, the
 //     rectangle stays centred and `placementNote` says so;

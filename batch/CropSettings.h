@@ -5,10 +5,12 @@
 // from its options); the job reads only this snapshot, never a control.
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "imaging/CropPlacement.h"
+#include "imaging/Formats.h"
 #include "imaging/OutputResize.h"
 
 namespace vellumo {
@@ -37,35 +39,72 @@ constexpr CropMode CropModeOfRadios(bool autoCrop, bool customCrop, bool pixels,
     return percents ? CropMode::Percents : CropMode::None;
 }
 
-// The auto-crop ratios, by index (the AutoCropFormat). The first four keep
-// the exact arithmetic of ImageTools::CalculateAutoCropRectangleWithImage
-// when each image's orientation is matched; the others, and every ratio
-// used as given, take the largest rectangle of the ratio. After the list
-// comes "Custom…", whose sides the settings hold.
+// The aspect ratio the auto-crop is asked for: one of the listed ratios, in
+// the order the window's box and the command line list them, or Custom, whose
+// sides the settings hold (CropSettings::customRatio).
+enum class RatioChoice {
+    Ratio1x1,
+    Ratio4x3,
+    Ratio3x2,
+    Ratio16x9,
+    Ratio5x4,
+    Ratio7x5,
+    Ratio2x1,
+    Ratio1_91x1,
+    Ratio21x9,
+    Custom,
+};
+
+// The listed ratios, in the order of RatioChoice. The first four keep the
+// exact arithmetic of AutoCropRectangle (imaging/ImageTools.h) when each
+// image's orientation is matched; the others, and every ratio used as
+// given, take the largest rectangle of the ratio. After the list comes
+// "Custom…".
 struct AutoCropRatio {
+    RatioChoice choice;
     std::string_view title;
     AspectRatio ratio;
 };
 inline constexpr std::array<AutoCropRatio, 9> kAutoCropRatios = {{
-    {"1:1", {1, 1}},
-    {"4:3", {4, 3}},
-    {"3:2", {3, 2}},
-    {"16:9", {16, 9}},
-    {"5:4", {5, 4}},
-    {"7:5", {7, 5}},
-    {"2:1", {2, 1}},
-    {"1.91:1", {1.91, 1}},
-    {"21:9", {21, 9}},
+    {RatioChoice::Ratio1x1, "1:1", {1, 1}},
+    {RatioChoice::Ratio4x3, "4:3", {4, 3}},
+    {RatioChoice::Ratio3x2, "3:2", {3, 2}},
+    {RatioChoice::Ratio16x9, "16:9", {16, 9}},
+    {RatioChoice::Ratio5x4, "5:4", {5, 4}},
+    {RatioChoice::Ratio7x5, "7:5", {7, 5}},
+    {RatioChoice::Ratio2x1, "2:1", {2, 1}},
+    {RatioChoice::Ratio1_91x1, "1.91:1", {1.91, 1}},
+    {RatioChoice::Ratio21x9, "21:9", {21, 9}},
 }};
-inline constexpr long kClassicRatioCount = 4;  // the four with their own arithmetic
-inline constexpr long kCustomRatioIndex = static_cast<long>(kAutoCropRatios.size());
 inline constexpr std::string_view kCustomRatioTitle = "Custom…";
+
+// The listed entry of `choice`; nothing for Custom.
+constexpr const AutoCropRatio* ListedRatio(RatioChoice choice) {
+    for (const AutoCropRatio& entry : kAutoCropRatios) {
+        if (entry.choice == choice) {
+            return &entry;
+        }
+    }
+    return nullptr;
+}
+
+// The listed ratio titled `title` exactly ("16:9"); nothing for any other text.
+std::optional<RatioChoice> ListedRatioTitled(std::string_view title);
+
+// The four ratios 1:1, 4:3, 3:2 and 16:9, whose rectangles keep their own
+// arithmetic (ClassicRatio in imaging/ImageTools.h) when orientation is matched.
+std::optional<ClassicRatio> ClassicRatioOf(RatioChoice choice);
+
+// The choice at `position` of the list the window's box shows (the listed
+// ratios, then "Custom…"), and back; nothing for a position outside it.
+std::optional<RatioChoice> RatioChoiceAtPosition(long position);
+long PositionOfRatioChoice(RatioChoice choice);
 
 inline constexpr std::string_view kDefaultNameTemplate = "[FileName]_cropped ([FileIndex])";
 
 struct CropSettings {
     CropMode mode = CropMode::Pixels;
-    long autoCropFormat = 0;  // index into kAutoCropRatios, or kCustomRatioIndex
+    RatioChoice autoCropRatio = RatioChoice::Ratio1x1;
     AspectRatio customRatio{4, 5};
     // Turn the ratio so that its longer side follows each image's longer
     // side; off, every image gets the ratio as given.
@@ -84,7 +123,7 @@ struct CropSettings {
 
     ResizeRule resize;  // the size the crop is written at
 
-    long outputFormat = 0;  // index into kOutputFormats (imaging/Formats.h)
+    OutputFormat outputFormat = OutputFormat::Jpg;
     float quality = 80.0f;  // the slider, 0 to 100
     // JPEG sources written as JPEG are cropped without re-encoding, on their
     // block grid (batch/LosslessCrop.h); the quality is not used for them.

@@ -46,6 +46,42 @@ ImageStatus StatusFromName(const std::string& name) {
     return ImageStatus::Failed;
 }
 
+const char* TaskKindName(TaskKind kind) {
+    switch (kind) {
+        case TaskKind::Crop:
+            return "crop";
+        case TaskKind::CropCarryingMetadata:
+            return "crop-carrying-metadata";
+        case TaskKind::DryRun:
+            return "dry-run";
+        case TaskKind::CarryMetadataOnly:
+            break;
+    }
+    return "carry-metadata-only";
+}
+
+std::optional<TaskKind> TaskKindFromName(const std::string& name) {
+    for (const TaskKind kind : {TaskKind::Crop, TaskKind::CropCarryingMetadata, TaskKind::DryRun,
+                                TaskKind::CarryMetadataOnly}) {
+        if (name == TaskKindName(kind)) {
+            return kind;
+        }
+    }
+    return std::nullopt;
+}
+
+const char* OutputTargetName(OutputTarget target) {
+    return target == OutputTarget::Source ? "source" : "new-file";
+}
+
+std::optional<OutputTarget> OutputTargetFromName(const std::string& name) {
+    if (name == "new-file")
+        return OutputTarget::NewFile;
+    if (name == "source")
+        return OutputTarget::Source;
+    return std::nullopt;
+}
+
 const char* NoteKindName(NoteKind kind) {
     switch (kind) {
         case NoteKind::RemoveFailed:

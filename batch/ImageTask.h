@@ -10,9 +10,28 @@
 
 #include "batch/CropSettings.h"
 #include "batch/OverwritePrompts.h"
+#include "imaging/Failure.h"
 #include "imaging/Geometry.h"
 
 namespace vellumo {
+
+// What a task does with its image. A job makes these four only: a dry run
+// carries nothing, and carrying metadata alone follows a crop written earlier.
+enum class TaskKind {
+    Crop,                  // decode, crop and write (or keep, when skipped)
+    CropCarryingMetadata,  // the same, then the source's metadata and creation
+                           // date into the output (or the kept file)
+    DryRun,                // decide and measure only: decode nothing, write nothing
+    // Only carry the source's metadata into the output written earlier in the
+    // job (or the kept file of a skipped image): a job with several images in
+    // flight decides it in list order, once the image is done.
+    CarryMetadataOnly,
+};
+
+// The task carries the source's metadata into its output.
+constexpr bool CarriesMetadata(TaskKind kind) {
+    return kind == TaskKind::CropCarryingMetadata || kind == TaskKind::CarryMetadataOnly;
+}
 
 struct ImageTask {
     long index = 0;      // position in the list
@@ -23,19 +42,10 @@ struct ImageTask {
     // The rectangle adjusted by hand for this image (its own pixels, origin
     // at the lower-left corner), in place of the rule's; none for the rule.
     std::optional<Rect> adjustedRect;
-    // Copy the source's metadata and creation date into the output after a
-    // successful save (or onto the kept file of a skipped image). False once
-    // an earlier image of the job has failed.
-    bool carryMetadata = false;
-    // Decide and measure only: decode nothing, write nothing.
-    bool dryRun = false;
-    // Only carry the source's metadata into the output written earlier in
-    // the job (or the kept file of a skipped image): a job with several
-    // images in flight decides it in list order, once the image is done.
-    bool metadataOnly = false;
-    // The output is the source file itself (the originals are replaced):
-    // whatever is carried over from the source is read before it goes.
-    bool replacesSource = false;
+    // A crop carries metadata only while every earlier image of the job has
+    // succeeded.
+    TaskKind kind = TaskKind::Crop;
+    OutputTarget target = OutputTarget::NewFile;
 };
 
 enum class ImageStatus {
@@ -62,9 +72,9 @@ struct ImageNote {
 
 struct ImageOutcome {
     ImageStatus status = ImageStatus::Failed;
-    // For a failure, one line a person understands: "cannot decode: not a
-    // JPEG file", "cannot write: permission denied".
-    std::string reason;
+    // For a failure, its stage and the line a person understands:
+    // "cannot decode: not a JPEG file", "cannot write: permission denied".
+    std::optional<Failure> failure;
     // The rectangle as resolved, and the output's size in pixels, when the
     // image could be read.
     std::optional<Rect> rect;
@@ -77,6 +87,9 @@ struct ImageOutcome {
     bool wholeImage = false;
     // What else happened on the way, for the person to be told.
     std::vector<ImageNote> notes;
+
+    // The failure's line; empty without one.
+    std::string Reason() const { return failure ? failure->reason : std::string(); }
 };
 
 // The names decisions and statuses go by in JSON (the command line's report,
@@ -87,6 +100,12 @@ const char* DecisionName(OverwriteDecision decision);
 OverwriteDecision DecisionFromName(const std::string& name);
 const char* StatusName(ImageStatus status);
 ImageStatus StatusFromName(const std::string& name);
+// "crop", "crop-carrying-metadata", "dry-run", "carry-metadata-only"; and
+// "new-file", "source". Nothing for an unknown name.
+const char* TaskKindName(TaskKind kind);
+std::optional<TaskKind> TaskKindFromName(const std::string& name);
+const char* OutputTargetName(OutputTarget target);
+std::optional<OutputTarget> OutputTargetFromName(const std::string& name);
 // "remove-failed", "date-not-set", "metadata-not-carried"; unknown names
 // give MetadataNotCarried.
 const char* NoteKindName(NoteKind kind);

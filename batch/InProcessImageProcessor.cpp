@@ -19,24 +19,6 @@ namespace vellumo {
 
 namespace {
 
-// "cannot <verb>: reason", unless the reason already says what failed.
-std::string Failure(const std::string& verb, const std::string& reason) {
-    if (reason.rfind("cannot ", 0) == 0) {
-        return reason;
-    }
-    return "cannot " + verb + ": " + reason;
-}
-
-// The pixels are read while the save writes, so a save can fail on a
-// damaged source: tell that from a failed write.
-std::string SaveFailure(const std::string& source, const std::string& reason) {
-    const LoadResult check = ImageTools::LoadImage(source);
-    if (!check) {
-        return Failure("decode", check.reason());
-    }
-    return Failure("write", reason);
-}
-
 // Before an overwrite, what is in the way must go. A folder is removed now
 // (only an empty one can be); a file stays until the save replaces it in one
 // rename, so that a failed save leaves it as it was; it is only checked that
@@ -105,11 +87,9 @@ SaveResult Encode(const ImageTask& task, const Image& image, const ResolvedCrop&
     // An image the rule leaves whole is written whole, with the warning
     // saying why; then the output is brought to its size.
     const Rect whole{0.0, 0.0, image.Width(), image.Height()};
-    Image cropped = crop.cut == whole ? image
-                                      : ImageTools::CropImage(image, crop.cut.x, crop.cut.y,
-                                                              crop.cut.width, crop.cut.height);
+    Image cropped = crop.cut == whole ? image : ImageTools::CropImage(image, crop.cut);
     if (crop.outputSize != crop.cutSize) {
-        cropped = ImageTools::ResizeImage(cropped, crop.outputSize.width, crop.outputSize.height);
+        cropped = ImageTools::ResizeImage(cropped, crop.outputSize);
     }
     // The slider's 0 to 100, divided in single precision.
     const double quality = static_cast<double>(task.settings.quality / 100.0f);
@@ -123,14 +103,15 @@ SaveResult Encode(const ImageTask& task, const Image& image, const ResolvedCrop&
 // The source's header: the one already read, or read now.
 std::optional<ImageHeader> HeaderOf(const ImageTask& task,
                                     const std::optional<ImageHeader>& known) {
-    return known ? known : ImageTools::ImageHeaderWithPath(task.source);
+    return known ? known : ImageTools::HeaderOfFile(task.source);
 }
 
 ImageOutcome Plan(const ImageTask& task, const std::optional<ImageHeader>& known) {
     ImageOutcome outcome;
     const std::optional<ImageHeader> header = HeaderOf(task, known);
     if (!header) {
-        outcome.reason = "cannot decode: the file is not an image Vellumo can read";
+        outcome.failure =
+            Failure::At(FailureStage::Decode, "the file is not an image Vellumo can read");
         return outcome;
     }
     ResolvedCrop crop;
@@ -148,9 +129,9 @@ class KeptSource {
   public:
     explicit KeptSource(const ImageTask& task) {
         struct stat status {};
-        if (task.replacesSource && ::stat(task.source.c_str(), &status) == 0) {
+        if (task.target == OutputTarget::Source && ::stat(task.source.c_str(), &status) == 0) {
             mode_ = status.st_mode & 07777;
-            if (task.carryMetadata) {
+            if (CarriesMetadata(task.kind)) {
                 aside_ = atomicfile::KeepAside(task.source);
             }
         }
@@ -183,11 +164,10 @@ class KeptSource {
 // notes of the image. A format whose encoder wrote the metadata gets the
 // date only.
 void CarryMetadata(const ImageTask& task, const std::string& source, ImageOutcome& outcome) {
-    const std::optional<OutputCodec> codec = OutputCodecForFormat(task.settings.outputFormat);
     const MetadataResult carried =
-        codec && EmbedsMetadataWhenEncoding(*codec)
-            ? ImageTools::ChangeImageCreationDateWithOriginalImagePath(source, task.output)
-            : ImageTools::ChangeImageExifWithOriginalImagePath(source, task.output);
+        EmbedsMetadataWhenEncoding(InfoOf(task.settings.outputFormat).codec)
+            ? ImageTools::CarryCreationDate(source, task.output)
+            : ImageTools::CarryMetadata(source, task.output);
     if (carried.status == MetadataResult::Status::DateNotSet) {
         outcome.notes.push_back({NoteKind::DateNotSet, carried.reason});
     } else if (carried.status == MetadataResult::Status::NotCarried) {
@@ -203,10 +183,10 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task) {
 
 ImageOutcome InProcessImageProcessor::Process(const ImageTask& task,
                                               const std::optional<ImageHeader>& known) {
-    if (task.dryRun) {
+    if (task.kind == TaskKind::DryRun) {
         return Plan(task, known);
     }
-    if (task.metadataOnly) {
+    if (task.kind == TaskKind::CarryMetadataOnly) {
         ImageOutcome outcome;
         outcome.status = ImageStatus::Written;
         CarryMetadata(task, task.source, outcome);
@@ -215,12 +195,12 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task,
     ImageOutcome outcome;
     const LoadResult loaded = ImageTools::OpenImage(task.source);
     if (!loaded) {
-        outcome.reason = Failure("decode", loaded.reason());
+        outcome.failure = loaded.failure();
         return outcome;
     }
     const std::optional<ImageHeader> header = HeaderOf(task, known);
     if (!header) {
-        outcome.reason = "cannot decode: the image's size cannot be read";
+        outcome.failure = Failure::At(FailureStage::Decode, "the image's size cannot be read");
         return outcome;
     }
     const Image image = ImageTools::BringImageToActualSize(*loaded, header->pixelSize);
@@ -242,13 +222,15 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task,
                 ? CropJpegLosslessly(task.source, task.output, *lossless.cut, *header->jpegGrid)
                 : Encode(task, image, crop, kept.Source(task));
         if (!result.saved) {
-            outcome.reason = SaveFailure(task.source, result.reason);
+            // The pixels are decoded while they are written: a damaged
+            // source fails the save at the Decode stage.
+            outcome.failure = Failure::At(result.stage, result.reason);
             return outcome;
         }
         saved = true;
         outcome.status = ImageStatus::Written;
     }
-    if (task.carryMetadata && (saved || outcome.status == ImageStatus::Skipped)) {
+    if (CarriesMetadata(task.kind) && (saved || outcome.status == ImageStatus::Skipped)) {
         CarryMetadata(task, kept.Source(task), outcome);
     }
     if (saved) {

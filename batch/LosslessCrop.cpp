@@ -16,9 +16,9 @@ std::string Count(int n, const char* one, const char* many) {
 // The whole pixels the job's crop takes for `cut` on the upright image.
 Rect WholePixelCut(const Rect& cut, const JpegGrid& grid) {
     const bool swap = grid.orientation >= 5;
-    return ImageTools::CropPixelArea(swap ? grid.storedHeight : grid.storedWidth,
-                                     swap ? grid.storedWidth : grid.storedHeight, cut.x, cut.y,
-                                     std::trunc(cut.width), std::trunc(cut.height));
+    return ImageTools::CropPixelArea(
+        {swap ? grid.storedHeight : grid.storedWidth, swap ? grid.storedWidth : grid.storedHeight},
+        {cut.x, cut.y, std::trunc(cut.width), std::trunc(cut.height)});
 }
 
 std::string SnapNote(const Rect& chosen, const LosslessCut& cut, const JpegGrid& grid) {
@@ -40,12 +40,11 @@ std::string SnapNote(const Rect& chosen, const LosslessCut& cut, const JpegGrid&
 
 }  // namespace
 
-LosslessDecision DecideLosslessCrop(const CropSettings& settings, long outputFormat,
-                                    bool sourceIsJpeg, const std::optional<JpegGrid>& grid,
-                                    ResolvedCrop& crop) {
-    const OutputFormatInfo* format = OutputFormatAt(outputFormat);
-    if (!settings.losslessJpeg || !sourceIsJpeg || format == nullptr ||
-        format->codec != OutputCodec::Jpeg) {
+LosslessDecision DecideLosslessCrop(const CropSettings& settings,
+                                    std::optional<OutputFormat> outputFormat, bool sourceIsJpeg,
+                                    const std::optional<JpegGrid>& grid, ResolvedCrop& crop) {
+    if (!settings.losslessJpeg || !sourceIsJpeg || !outputFormat ||
+        InfoOf(*outputFormat).codec != OutputCodec::Jpeg) {
         return {};
     }
     LosslessDecision decision;

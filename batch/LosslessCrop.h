@@ -21,13 +21,12 @@ struct LosslessDecision {
 };
 
 // Decides for one image written in `outputFormat` (its own format when the
-// originals are replaced) whose file has `grid` (none: not a JPEG libjpeg
-// can transform). Images that are not JPEG to JPEG, or with the setting off,
-// get neither a cut nor a note. With a cut, `crop` is changed to what the
-// file will hold (its cut and both sizes) and the note is added to its
-// notes.
-LosslessDecision DecideLosslessCrop(const CropSettings& settings, long outputFormat,
-                                    bool sourceIsJpeg, const std::optional<JpegGrid>& grid,
-                                    ResolvedCrop& crop);
+// originals are replaced; nothing when its extension names none) whose file has `grid` (none: not a
+// JPEG libjpeg can transform). Images that are not JPEG to JPEG, or with the setting off, get
+// neither a cut nor a note. With a cut, `crop` is changed to what the file will hold (its cut and
+// both sizes) and the note is added to its notes.
+LosslessDecision DecideLosslessCrop(const CropSettings& settings,
+                                    std::optional<OutputFormat> outputFormat, bool sourceIsJpeg,
+                                    const std::optional<JpegGrid>& grid, ResolvedCrop& crop);
 
 }  // namespace vellumo

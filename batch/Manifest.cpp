@@ -30,7 +30,7 @@ std::optional<ManifestEntry> EntryOf(const std::string& line) {
         ManifestEntry entry;
         entry.source = json.at("source").get<std::string>();
         entry.output = json.at("output").get<std::string>();
-        entry.status = json.at("status").get<std::string>();
+        entry.status = StatusFromName(json.at("status").get<std::string>());
         if (const auto reason = json.find("reason"); reason != json.end() && reason->is_string()) {
             entry.reason = reason->get<std::string>();
         }
@@ -84,7 +84,7 @@ std::string ManifestLine(const ManifestEntry& entry) {
     nlohmann::ordered_json json{
         {"source", entry.source},
         {"output", entry.output},
-        {"status", entry.status},
+        {"status", StatusName(entry.status)},
         {"reason", entry.reason.empty() ? nlohmann::ordered_json(nullptr)
                                         : nlohmann::ordered_json(entry.reason)}};
     if (entry.bytes) {

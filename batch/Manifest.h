@@ -24,6 +24,7 @@
 #include <vector>
 
 #include "batch/CropSettings.h"
+#include "batch/ImageTask.h"
 #include "imaging/LoadResult.h"
 
 namespace vellumo {
@@ -31,7 +32,8 @@ namespace vellumo {
 struct ManifestEntry {
     std::string source;
     std::string output;
-    std::string status;  // "written", "skipped" or "failed" (see StatusName)
+    // Written, Skipped or Failed; in the JSON by its StatusName ("written").
+    ImageStatus status = ImageStatus::Failed;
     std::string reason;  // for a failure
     std::optional<std::uint64_t> bytes;
     std::string sha256;
@@ -39,7 +41,7 @@ struct ManifestEntry {
     std::string settings;  // SettingsFingerprint
 
     // Done: an output is there, written or kept.
-    bool Done() const { return status == "written" || status == "skipped"; }
+    bool Done() const { return status == ImageStatus::Written || status == ImageStatus::Skipped; }
 };
 
 // The entry's output is still the file it records: the same length and

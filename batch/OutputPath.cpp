@@ -48,10 +48,6 @@ std::string GenerateOutputPathWithImageIndex(const CropSettings& settings,
         Fatal("output path asked for index " + std::to_string(index) + " of a list of " +
               std::to_string(listImagePaths.size()));
     }
-    if (OutputFormatAt(settings.outputFormat) == nullptr) {
-        Fatal("output path asked for unknown output format " +
-              std::to_string(settings.outputFormat));
-    }
     std::string name = Template(settings.nameTemplate);
     name = ReplaceAll(std::move(name), kFileNameToken, BaseName(listImagePaths[index]));
     name = ReplaceAll(std::move(name), kFileIndexToken, std::to_string(index + 1));

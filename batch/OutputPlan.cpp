@@ -56,10 +56,10 @@ class PathKeys {
 
 }  // namespace
 
-long OutputFormatOfPath(const std::string& path) {
+std::optional<OutputFormat> OutputFormatOfPath(const std::string& path) {
     const std::string extension = fs::path(path).extension().string();
     if (extension.size() < 2) {
-        return -1;
+        return std::nullopt;
     }
     return OutputFormatNamed(std::string_view(extension).substr(1));
 }
@@ -100,11 +100,12 @@ void PlacePaths(const CropSettings& settings, const std::vector<std::string>& li
         PlannedOutput& image = plan.images[i];
         if (settings.replaceOriginals) {
             image.path = listImagePaths[i];
-            image.format = OutputFormatOfPath(image.path);
-            if (image.format < 0) {
+            const std::optional<OutputFormat> own = OutputFormatOfPath(image.path);
+            if (!own) {
                 image.refusal = "the file's extension names no format it could be written in";
                 continue;
             }
+            image.format = *own;
         } else {
             image.path = GenerateOutputPathWithImageIndex(settings, listImagePaths, i);
             image.format = settings.outputFormat;
@@ -115,7 +116,7 @@ void PlacePaths(const CropSettings& settings, const std::vector<std::string>& li
             continue;
         }
         if (settings.replaceOriginals && k.outputs[i] == k.sources[i]) {
-            image.replacesSource = true;
+            image.target = OutputTarget::Source;
             if (reader->second != i) {
                 image.refusal = kClashReason;  // the file is listed before: replaced there
             }

@@ -21,6 +21,7 @@
 //   by its first entry: the later entry is refused even when numbering,
 //   since it would read the file after it was replaced.
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -37,11 +38,19 @@ inline constexpr const char* kClashReason = "another image of this batch is writ
 inline constexpr const char* kOriginalReason =
     "the output would replace an original image of this batch";
 
+// Where an image's output goes.
+enum class OutputTarget {
+    NewFile,  // a file of its own (which may replace an earlier output)
+    // The source file itself (the originals are replaced): whatever is
+    // carried over from the source is read before it goes.
+    Source,
+};
+
 struct PlannedOutput {
     std::string path;
-    long format = 0;              // the OutputFormat the file is written in
-    std::string refusal;          // why nothing is written for this image; empty when it is
-    bool replacesSource = false;  // the output is the image's own file
+    OutputFormat format = OutputFormat::Jpg;  // what the file is written in, unless refused
+    std::string refusal;  // why nothing is written for this image; empty when it is
+    OutputTarget target = OutputTarget::NewFile;
 };
 
 // A set of images that would be written to one path.
@@ -59,9 +68,9 @@ struct OutputPlan {
 OutputPlan PlanOutputs(const CropSettings& settings, const std::vector<std::string>& listImagePaths,
                        ClashPolicy policy);
 
-// The output format a file's extension names ("jpg" gives JPG), any case;
-// -1 for an extension that is no output format.
-long OutputFormatOfPath(const std::string& path);
+// The output format a file's extension names ("jpg" gives Jpg), any case;
+// nothing for an extension that is no output format.
+std::optional<OutputFormat> OutputFormatOfPath(const std::string& path);
 
 // `path` with " (n)" put before its extension: "a/x.jpg", 2 gives
 // "a/x (2).jpg".

@@ -27,7 +27,7 @@ std::vector<OverwriteDecision> PromptOverwrites(const OutputPlan& plan, const Ov
     decisions.reserve(plan.images.size());
     for (const PlannedOutput& image : plan.images) {
         const std::string& path = image.path;
-        if (image.replacesSource && image.refusal.empty()) {
+        if (image.target == OutputTarget::Source && image.refusal.empty()) {
             decisions.push_back(OverwriteDecision::Overwrite);
             continue;
         }

@@ -92,7 +92,7 @@ long TitleIndex(const Json& value, const char* key, const std::array<std::string
     return static_cast<long>(found - titles.begin());
 }
 
-// The ratio entries by index, "custom" last.
+// The ratio entries in the order of RatioChoice, "custom" last.
 constexpr std::array<std::string_view, kAutoCropRatios.size() + 1> RatioNames() {
     std::array<std::string_view, kAutoCropRatios.size() + 1> names{};
     for (std::size_t i = 0; i < kAutoCropRatios.size(); ++i) {
@@ -172,7 +172,8 @@ std::string ProfileText(const CropSettings& s) {
     const Json profile = {
         {"version", kProfileVersion},
         {"cropMode", CropModeName(s.mode)},
-        {"autoCropRatio", kRatioNames.at(static_cast<std::size_t>(s.autoCropFormat))},
+        {"autoCropRatio",
+         kRatioNames.at(static_cast<std::size_t>(PositionOfRatioChoice(s.autoCropRatio)))},
         {"customRatio", {{"width", s.customRatio.width}, {"height", s.customRatio.height}}},
         {"matchOrientation", s.matchOrientation},
         {"anchor", CropAnchorName(s.anchor)},
@@ -191,7 +192,7 @@ std::string ProfileText(const CropSettings& s) {
           {"y", s.percentsOriginY},
           {"width", s.percentsWidth},
           {"height", s.percentsHeight}}},
-        {"format", OutputFormatAt(s.outputFormat)->title},
+        {"format", InfoOf(s.outputFormat).title},
         {"quality", s.quality},
         {"losslessJpeg", s.losslessJpeg},
         {"nameTemplate", s.nameTemplate},
@@ -233,7 +234,8 @@ Loaded<CropSettings> SettingsFromProfileText(const std::string& text, const Crop
     try {
         s.mode = ReadCropMode(profile, s.mode);
         if (const Json* ratio = Member(profile, "autoCropRatio")) {
-            s.autoCropFormat = TitleIndex(*ratio, "autoCropRatio", kRatioNames);
+            s.autoCropRatio =
+                *RatioChoiceAtPosition(TitleIndex(*ratio, "autoCropRatio", kRatioNames));
         }
         ReadRectangle(profile, "pixels", s.pixelsOriginX, s.pixelsOriginY, s.pixelsWidth,
                       s.pixelsHeight);
@@ -242,10 +244,11 @@ Loaded<CropSettings> SettingsFromProfileText(const std::string& text, const Crop
         if (const Json* format = Member(profile, "format")) {
             if (!format->is_string())
                 throw Problem{"\"format\" must be text"};
-            s.outputFormat = OutputFormatNamed(format->get<std::string>());
-            if (s.outputFormat < 0)
+            const std::optional<OutputFormat> named = OutputFormatNamed(format->get<std::string>());
+            if (!named)
                 throw Problem{"\"format\" has an unknown value \"" + format->get<std::string>() +
                               "\""};
+            s.outputFormat = *named;
         }
         if (const Json* quality = Member(profile, "quality")) {
             s.quality = Number(*quality, "quality", 0, 100);

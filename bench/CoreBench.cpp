@@ -40,7 +40,7 @@ void BM_LoadAndCropCentreHalf24MegapixelJpeg(benchmark::State& state) {
             state.SkipWithError(loaded.reason().c_str());
             break;
         }
-        const Image cut = ImageTools::CropImage(*loaded, 1500, 1000, 3000, 2000);
+        const Image cut = ImageTools::CropImage(*loaded, {1500, 1000, 3000, 2000});
         vips::VImage held = test::PixelsOf(cut);
         benchmark::DoNotOptimize(held);
     }
@@ -51,10 +51,10 @@ BENCHMARK(BM_LoadAndCropCentreHalf24MegapixelJpeg)->Unit(benchmark::kMillisecond
 // memory.
 void BM_OverlayPreviewSized(benchmark::State& state) {
     const Image preview = test::MakeImage(test::PhotoLikeImage(1200, 800).copy_memory());
-    const Rect r = ImageTools::CalculateAutoCropRectangleWithImage(preview, 2);
+    const Rect r = ImageTools::AutoCropRectangle(preview, ClassicRatio::ThreeTwo);
     for (auto _ : state) {
-        const Image veiled = ImageTools::DrawCropRectangleOnImageWithImage(preview, r.x, r.y + 37.5,
-                                                                           r.width, r.height - 75);
+        const Image veiled =
+            ImageTools::VeilOutsideRectangle(preview, {r.x, r.y + 37.5, r.width, r.height - 75});
         vips::VImage held = test::PixelsOf(veiled);
         benchmark::DoNotOptimize(held);
     }
@@ -102,10 +102,10 @@ void PreviewOf(benchmark::State& state, const std::string& path) {
             break;
         }
         const Image full = Image::OfSize(preview->fullSize.width, preview->fullSize.height);
-        const Rect r = ImageTools::CalculateAutoCropRectangleWithImage(full, 2);
+        const Rect r = ImageTools::AutoCropRectangle(full, ClassicRatio::ThreeTwo);
         const double scale = preview->picture.Width() / full.Width();
-        const Image veiled = ImageTools::DrawCropRectangleOnImageWithImage(
-            preview->picture, r.x * scale, r.y * scale, r.width * scale, r.height * scale);
+        const Image veiled = ImageTools::VeilOutsideRectangle(
+            preview->picture, {r.x * scale, r.y * scale, r.width * scale, r.height * scale});
         auto bitmap = ImageTools::RenderRgba8(veiled);
         benchmark::DoNotOptimize(bitmap);
     }
@@ -126,7 +126,7 @@ BENCHMARK(BM_Preview100MegapixelPng)->Unit(benchmark::kMillisecond)->UseRealTime
 void SmartPlacementOf(benchmark::State& state, CropAnchor anchor) {
     CropSettings settings;
     settings.mode = CropMode::Auto;
-    settings.autoCropFormat = 0;
+    settings.autoCropRatio = RatioChoice::Ratio1x1;
     settings.anchor = anchor;
     const Image full = Image::OfSize(6000, 4000);
     for (auto _ : state) {

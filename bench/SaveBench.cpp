@@ -26,7 +26,7 @@ Image CropIntoMemory(const std::string& file) {
     if (!loaded) {
         return Image();
     }
-    const Image cut = ImageTools::CropImage(*loaded, 40, 40, 4000, 3000);
+    const Image cut = ImageTools::CropImage(*loaded, {40, 40, 4000, 3000});
     return test::MakeImage(test::PixelsOf(cut));
 }
 
@@ -49,7 +49,7 @@ const Image& RealPhotoCrop12Megapixels() {
     return crop;
 }
 
-void BM_Save12MegapixelCrop(benchmark::State& state, long format, double quality,
+void BM_Save12MegapixelCrop(benchmark::State& state, OutputFormat format, double quality,
                             const char* name) {
     const bool real = std::string(name).rfind("real-", 0) == 0;
     const Image& crop = real ? RealPhotoCrop12Megapixels() : Crop12Megapixels();
@@ -68,35 +68,37 @@ void BM_Save12MegapixelCrop(benchmark::State& state, long format, double quality
     state.counters["bytes"] = static_cast<double>(std::filesystem::file_size(path));
 }
 
-BENCHMARK_CAPTURE(BM_Save12MegapixelCrop, JpegQuality80, 0, 0.8, "save.jpg")
+BENCHMARK_CAPTURE(BM_Save12MegapixelCrop, JpegQuality80, OutputFormat::Jpg, 0.8, "save.jpg")
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
-BENCHMARK_CAPTURE(BM_Save12MegapixelCrop, Png, 5, 0.8, "save.png")
+BENCHMARK_CAPTURE(BM_Save12MegapixelCrop, Png, OutputFormat::Png, 0.8, "save.png")
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
-BENCHMARK_CAPTURE(BM_Save12MegapixelCrop, Tiff, 6, 0.8, "save.tif")
+BENCHMARK_CAPTURE(BM_Save12MegapixelCrop, Tiff, OutputFormat::Tiff, 0.8, "save.tif")
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
-BENCHMARK_CAPTURE(BM_Save12MegapixelCrop, Jpeg2000Quality80, 3, 0.8, "save.jp2")
+BENCHMARK_CAPTURE(BM_Save12MegapixelCrop, Jpeg2000Quality80, OutputFormat::Jp2, 0.8, "save.jp2")
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
-BENCHMARK_CAPTURE(BM_Save12MegapixelCrop, Gif, 8, 0.8, "save.gif")
+BENCHMARK_CAPTURE(BM_Save12MegapixelCrop, Gif, OutputFormat::Gif, 0.8, "save.gif")
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
-BENCHMARK_CAPTURE(BM_Save12MegapixelCrop, Bmp, 9, 0.8, "save.bmp")
+BENCHMARK_CAPTURE(BM_Save12MegapixelCrop, Bmp, OutputFormat::Bmp, 0.8, "save.bmp")
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
 
-BENCHMARK_CAPTURE(BM_Save12MegapixelCrop, RealPhotoJpegQuality80, 0, 0.8, "real-save.jpg")
+BENCHMARK_CAPTURE(BM_Save12MegapixelCrop, RealPhotoJpegQuality80, OutputFormat::Jpg, 0.8,
+                  "real-save.jpg")
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
-BENCHMARK_CAPTURE(BM_Save12MegapixelCrop, RealPhotoPng, 5, 0.8, "real-save.png")
+BENCHMARK_CAPTURE(BM_Save12MegapixelCrop, RealPhotoPng, OutputFormat::Png, 0.8, "real-save.png")
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
-BENCHMARK_CAPTURE(BM_Save12MegapixelCrop, RealPhotoTiff, 6, 0.8, "real-save.tif")
+BENCHMARK_CAPTURE(BM_Save12MegapixelCrop, RealPhotoTiff, OutputFormat::Tiff, 0.8, "real-save.tif")
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
-BENCHMARK_CAPTURE(BM_Save12MegapixelCrop, RealPhotoJpeg2000Quality80, 3, 0.8, "real-save.jp2")
+BENCHMARK_CAPTURE(BM_Save12MegapixelCrop, RealPhotoJpeg2000Quality80, OutputFormat::Jp2, 0.8,
+                  "real-save.jp2")
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
 
@@ -110,8 +112,8 @@ void BM_LoadCropSaveJpeg(benchmark::State& state) {
             state.SkipWithError(loaded.reason().c_str());
             break;
         }
-        const Image cut = ImageTools::CropImage(*loaded, 1000, 500, 4000, 3000);
-        if (!ImageTools::SaveImage(cut, path, 0, 0.8)) {
+        const Image cut = ImageTools::CropImage(*loaded, {1000, 500, 4000, 3000});
+        if (!ImageTools::SaveImage(cut, path, OutputFormat::Jpg, 0.8)) {
             state.SkipWithError("save failed");
             break;
         }

@@ -21,11 +21,12 @@ namespace vellumo::cli {
 class CliAnswers final : public CropQuestions {
   public:
     explicit CliAnswers(OverwriteMode overwrite);
-    bool ReplaceOriginals(std::size_t) override { return true; }
-    bool CreateFolder(const std::string&) override { return true; }
-    bool WriteUncroppedCopies() override { return true; }
-    bool NumberClashes(const std::vector<OutputClash>&, const std::vector<std::string>&) override {
-        return false;
+    Answer ReplaceOriginals(std::size_t) override { return Answer::Yes; }
+    Answer CreateFolder(const std::string&) override { return Answer::Yes; }
+    Answer WriteUncroppedCopies() override { return Answer::Yes; }
+    Answer NumberClashes(const std::vector<OutputClash>&,
+                         const std::vector<std::string>&) override {
+        return Answer::No;
     }
     OverwriteAnswer Overwrite(const std::string& question) override { return ask_(question); }
 

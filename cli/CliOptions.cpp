@@ -267,14 +267,11 @@ Problem LoadSettingsFiles(const SourceGroup& g, CliOptions& options) {
 // start state stays: custom pixels 0, 0, 0, 0, which keeps every image whole.
 Problem ApplyCropMode(const RuleGroup& g, CropSettings& s) {
     if (!g.autoRatio.empty()) {
-        const auto found =
-            std::find_if(kAutoCropRatios.begin(), kAutoCropRatios.end(),
-                         [&](const AutoCropRatio& entry) { return entry.title == g.autoRatio; });
         s.mode = CropMode::Auto;
-        if (found != kAutoCropRatios.end()) {
-            s.autoCropFormat = found - kAutoCropRatios.begin();
+        if (const std::optional<RatioChoice> listed = ListedRatioTitled(g.autoRatio)) {
+            s.autoCropRatio = *listed;
         } else if (const auto ratio = ParseRatio(g.autoRatio)) {
-            s.autoCropFormat = kCustomRatioIndex;
+            s.autoCropRatio = RatioChoice::Custom;
             s.customRatio = *ratio;
         } else {
             return "--auto: expected a ratio W:H of two positive numbers, got " + g.autoRatio;
@@ -343,11 +340,12 @@ Problem ApplyResize(const RuleGroup& g, CropSettings& s) {
 
 Problem ApplyOutput(const OutputGroup& g, CropSettings& s) {
     if (g.formatOption->count() > 0) {
-        s.outputFormat = OutputFormatNamed(g.format);
-        if (s.outputFormat < 0) {
+        const std::optional<OutputFormat> named = OutputFormatNamed(g.format);
+        if (!named) {
             return "--format: unknown format " + g.format + " (use " + OutputFormatTitles(" ") +
                    ")";
         }
+        s.outputFormat = *named;
     }
     if (g.qualityOption->count() > 0)
         s.quality = g.quality;

@@ -19,8 +19,8 @@ bool Manifesting::Record(const ImageReport& image, std::string& reason) {
     // Absolute, so that a run from another folder (a resumed run, verify)
     // finds it.
     entry.output = AbsoluteOutputPath(image.output);
-    entry.status = StatusName(image.outcome.status);
-    entry.reason = image.outcome.reason;
+    entry.status = image.outcome.status;
+    entry.reason = image.outcome.Reason();
     if (image.outcome.status == ImageStatus::Written ||
         image.outcome.status == ImageStatus::Skipped) {
         if (const std::optional<FileDigest> digest = DigestOfFile(image.output)) {

@@ -20,8 +20,8 @@ nlohmann::ordered_json ToJson(const ImageReport& report) {
         {"size", nullptr},
         {"decision", DecisionName(report.decision)},
         {"status", StatusName(outcome.status)},
-        {"reason", outcome.reason.empty() ? nlohmann::ordered_json(nullptr)
-                                          : nlohmann::ordered_json(outcome.reason)},
+        {"reason", outcome.failure ? nlohmann::ordered_json(outcome.failure->reason)
+                                   : nlohmann::ordered_json(nullptr)},
         {"warning", outcome.warning.empty() ? nlohmann::ordered_json(nullptr)
                                             : nlohmann::ordered_json(outcome.warning)},
     };
@@ -63,7 +63,7 @@ std::string Describe(const ImageReport& report) {
         case ImageStatus::Skipped:
             return "kept      " + report.output + " (already exists)";
         case ImageStatus::Failed:
-            return "failed    " + report.source + ": " + outcome.reason;
+            return "failed    " + report.source + ": " + outcome.Reason();
     }
     return {};
 }

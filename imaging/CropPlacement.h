@@ -20,6 +20,15 @@ struct AspectRatio {
     friend bool operator==(const AspectRatio&, const AspectRatio&) = default;
 };
 
+// The four ratios whose rectangles, turned for portrait images, have their
+// own arithmetic (AutoCropRectangle in ImageTools.h): 1:1, 4:3, 3:2, 16:9.
+enum class ClassicRatio {
+    Square,       // 1:1
+    FourThree,    // 4:3, 3:4 for portrait
+    ThreeTwo,     // 3:2, 2:3 for portrait
+    SixteenNine,  // 16:9, 9:16 for portrait
+};
+
 // Where the rectangle goes: one of nine places on a 3 x 3 grid, or a place
 // chosen from the pixels (libvips' measures of what draws the eye).
 enum class CropAnchor {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "imaging/PixelConvert.h"
+#include "imaging/SourceTap.h"
 
 namespace vellumo::encoderender {
 
@@ -103,14 +104,16 @@ std::string ProfileColourSpace(const vips::VImage& pixels) {
     return std::string(static_cast<const char*>(data) + 16, 4);
 }
 
-// A copy whose only metadata is a profile matching its pixels.
+// A copy whose only metadata is a profile matching its pixels (and the
+// decoder's tap, which tells a damaged source from a failed write).
 vips::VImage WithMatchingProfileOnly(const vips::VImage& pixels, bool grey) {
     const std::string space = ProfileColourSpace(pixels);
     const bool keepProfile = space == (grey ? "GRAY" : "RGB ");
     vips::VImage out = pixels.copy();
     gchar** fields = vips_image_get_fields(out.get_image());
     for (gchar** field = fields; *field != nullptr; ++field) {
-        if (keepProfile && std::strcmp(*field, VIPS_META_ICC_NAME) == 0) {
+        if ((keepProfile && std::strcmp(*field, VIPS_META_ICC_NAME) == 0) ||
+            std::strcmp(*field, sourcetap::kTapField) == 0) {
             continue;
         }
         // The header's own fields (width, format, resolution...) are not

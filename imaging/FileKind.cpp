@@ -109,13 +109,14 @@ SniffedFile SniffFile(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
     if (!in) {
         const int error = errno;
-        return {std::nullopt, "cannot open: " + std::generic_category().message(error)};
+        return {std::nullopt, "cannot open: " + std::generic_category().message(error),
+                FailureStage::Read};
     }
     unsigned char head[64] = {};
     in.read(reinterpret_cast<char*>(head), sizeof head);
     const auto size = static_cast<std::size_t>(in.gcount());
     if (in.bad()) {
-        return {std::nullopt, "cannot read the file"};
+        return {std::nullopt, "cannot read the file", FailureStage::Read};
     }
     if (auto kind = SniffBytes(head, size)) {
         return {kind, {}};

@@ -26,28 +26,46 @@ std::string Joined(const std::array<Row, N>& rows, std::string_view separator, N
     return text;
 }
 
-}  // namespace
-
-const OutputFormatInfo* OutputFormatAt(long index) {
-    if (index < 0 || static_cast<std::size_t>(index) >= kOutputFormats.size()) {
-        return nullptr;
-    }
-    return &kOutputFormats[static_cast<std::size_t>(index)];
-}
-
-long OutputFormatNamed(std::string_view title) {
-    const std::string lower = Lower(title);
+// Each row sits at its format's place, so a format finds its row by value.
+constexpr bool RowsInFormatOrder() {
     for (std::size_t i = 0; i < kOutputFormats.size(); ++i) {
-        if (Lower(kOutputFormats[i].title) == lower) {
-            return static_cast<long>(i);
+        if (static_cast<std::size_t>(kOutputFormats[i].format) != i) {
+            return false;
         }
     }
-    return -1;
+    return true;
+}
+static_assert(RowsInFormatOrder());
+
+}  // namespace
+
+const OutputFormatInfo& InfoOf(OutputFormat format) {
+    return kOutputFormats.at(static_cast<std::size_t>(PositionOfOutputFormat(format)));
 }
 
-std::string OutputFormatExtension(long index) {
-    const OutputFormatInfo* format = OutputFormatAt(index);
-    return format == nullptr ? std::string() : Lower(format->title);
+std::optional<OutputFormat> OutputFormatNamed(std::string_view title) {
+    const std::string lower = Lower(title);
+    for (const OutputFormatInfo& row : kOutputFormats) {
+        if (Lower(row.title) == lower) {
+            return row.format;
+        }
+    }
+    return std::nullopt;
+}
+
+std::string OutputFormatExtension(OutputFormat format) {
+    return Lower(InfoOf(format).title);
+}
+
+std::optional<OutputFormat> OutputFormatAtPosition(long position) {
+    if (position < 0 || static_cast<std::size_t>(position) >= kOutputFormats.size()) {
+        return std::nullopt;
+    }
+    return kOutputFormats[static_cast<std::size_t>(position)].format;
+}
+
+long PositionOfOutputFormat(OutputFormat format) {
+    return static_cast<long>(format);
 }
 
 std::string OutputFormatTitles(std::string_view separator) {

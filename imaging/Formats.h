@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -15,10 +16,30 @@
 
 namespace vellumo {
 
-// An entry of the output format list. Its index in kOutputFormats is the
-// output format a setting holds (the OutputFormat); the lower-cased title is
-// the output file's extension.
+// A format an output can be written in, as the format list names them: three
+// names write JPEG files, two JPEG 2000, two TIFF. The list's order is this
+// enumeration's.
+enum class OutputFormat {
+    Jpg,
+    Jpeg,
+    Jpe,
+    Jp2,
+    Jpx,
+    Png,
+    Tiff,
+    Tif,
+    Gif,
+    Bmp,
+    WebP,
+    Avif,
+    Heic,
+    Jxl
+};
+
+// An entry of the output format list; the lower-cased title is the output
+// file's extension.
 struct OutputFormatInfo {
+    OutputFormat format;
     std::string_view title;      // "JPG"
     OutputCodec codec;           // the encoder
     bool takesQuality;           // the quality slider applies
@@ -28,23 +49,23 @@ struct OutputFormatInfo {
 };
 
 inline constexpr std::array<OutputFormatInfo, 14> kOutputFormats = {{
-    {"JPG", OutputCodec::Jpeg, true, true, false, "8"},
-    {"JPEG", OutputCodec::Jpeg, true, true, false, "8"},
-    {"JPE", OutputCodec::Jpeg, true, true, false, "8"},
-    {"JP2", OutputCodec::Jpeg2000, true, true, true, "8, 16"},
-    {"JPX", OutputCodec::Jpeg2000, true, true, true, "8, 16"},
-    {"PNG", OutputCodec::Png, false, true, true, "8, 16"},
-    {"TIFF", OutputCodec::Tiff, false, true, true, "8, 16"},
-    {"TIF", OutputCodec::Tiff, false, true, true, "8, 16"},
-    {"GIF", OutputCodec::Gif, false, false, true, "8 (palette)"},
-    {"BMP", OutputCodec::Bmp, false, false, true, "8"},
+    {OutputFormat::Jpg, "JPG", OutputCodec::Jpeg, true, true, false, "8"},
+    {OutputFormat::Jpeg, "JPEG", OutputCodec::Jpeg, true, true, false, "8"},
+    {OutputFormat::Jpe, "JPE", OutputCodec::Jpeg, true, true, false, "8"},
+    {OutputFormat::Jp2, "JP2", OutputCodec::Jpeg2000, true, true, true, "8, 16"},
+    {OutputFormat::Jpx, "JPX", OutputCodec::Jpeg2000, true, true, true, "8, 16"},
+    {OutputFormat::Png, "PNG", OutputCodec::Png, false, true, true, "8, 16"},
+    {OutputFormat::Tiff, "TIFF", OutputCodec::Tiff, false, true, true, "8, 16"},
+    {OutputFormat::Tif, "TIF", OutputCodec::Tiff, false, true, true, "8, 16"},
+    {OutputFormat::Gif, "GIF", OutputCodec::Gif, false, false, true, "8 (palette)"},
+    {OutputFormat::Bmp, "BMP", OutputCodec::Bmp, false, false, true, "8"},
     // The formats of phones and the web, after the first ten. Exif and XMP
     // are written into WebP files afterwards, into AVIF and HEIC files by
     // their encoder; into JPEG XL only the colour profile, so far.
-    {"WEBP", OutputCodec::WebP, true, true, true, "8"},
-    {"AVIF", OutputCodec::Avif, true, true, true, "8, 12"},
-    {"HEIC", OutputCodec::Heic, true, true, true, "8"},
-    {"JXL", OutputCodec::JpegXl, true, false, true, "8, 16"},
+    {OutputFormat::WebP, "WEBP", OutputCodec::WebP, true, true, true, "8"},
+    {OutputFormat::Avif, "AVIF", OutputCodec::Avif, true, true, true, "8, 12"},
+    {OutputFormat::Heic, "HEIC", OutputCodec::Heic, true, true, true, "8"},
+    {OutputFormat::Jxl, "JXL", OutputCodec::JpegXl, true, false, true, "8, 16"},
 }};
 
 // An extension the image list accepts, in the list's own order, with the
@@ -74,16 +95,20 @@ inline constexpr std::array<InputExtensionInfo, 15> kInputExtensions = {{
     {"jxl", FileKind::JpegXl, "JXL"},
 }};
 
-// The row of output format `index`; nullptr for an index outside the table.
-const OutputFormatInfo* OutputFormatAt(long index);
+// The row of output format `format`.
+const OutputFormatInfo& InfoOf(OutputFormat format);
 
-// The index of the output format titled `title` in any case ("png" gives
-// 5); -1 when there is none.
-long OutputFormatNamed(std::string_view title);
+// The output format titled `title` in any case ("png" gives Png); nothing
+// when there is none.
+std::optional<OutputFormat> OutputFormatNamed(std::string_view title);
 
-// The output file extension of format `index`: its title in lower case.
-// Empty for an index outside the table.
-std::string OutputFormatExtension(long index);
+// The output file extension of `format`: its title in lower case ("png").
+std::string OutputFormatExtension(OutputFormat format);
+
+// The format at `position` of the list (kOutputFormats, as the window's box
+// shows it), and back; nothing for a position outside the list.
+std::optional<OutputFormat> OutputFormatAtPosition(long position);
+long PositionOfOutputFormat(OutputFormat format);
 
 // The titles, joined by `separator`: "JPG JPEG ... BMP".
 std::string OutputFormatTitles(std::string_view separator);

@@ -1,13 +1,14 @@
 #pragma once
 
-// ImageTools: every image operation of Vellumo, as stateless static
-// functions. Conventions shared by all of them, stated once here:
+// ImageTools: every image operation of Vellumo, as free functions. The
+// conventions shared by all of them, stated once here:
 //
 // - Coordinates are doubles in the image's own units (one unit is one pixel),
 //   with the origin at the image's lower-left corner, x to the right and
-//   y upward. A rectangle's y is the distance of its lower edge from the
-//   image's lower edge. Conversion to the top-left rows of the pixel library
-//   happens in one place only (inside the raster operations).
+//   y upward; regions are a Rect, extents a Size. A rectangle's y is the
+//   distance of its lower edge from the image's lower edge. Conversion to
+//   the top-left rows of the pixel library happens in one place only (inside
+//   the raster operations).
 // - Operations never change their inputs; they return new values. Where an
 //   operation "returns the input", the result IsSameImage() as the input.
 // - Operations do not throw. Requests that cannot sensibly be carried out are
@@ -25,6 +26,7 @@
 #include <string>
 
 #include "imaging/CropPlacement.h"
+#include "imaging/Formats.h"
 #include "imaging/Geometry.h"
 #include "imaging/Image.h"
 #include "imaging/LoadResult.h"
@@ -32,176 +34,160 @@
 #include "imaging/Preview.h"
 #include "imaging/SaveResult.h"
 
-namespace vellumo {
+namespace vellumo::ImageTools {
 
-class ImageTools {
-  public:
-    ImageTools() = delete;
+// ---- Crop geometry -----------------------------------------------------
 
-    // ---- Crop geometry -------------------------------------------------
+// The largest centred rectangle of the ratio `ratio` (1:1, 4:3, 3:2, 16:9)
+// inside the image, turned for portrait images. The image is landscape when
+// float(W / H) >= 1 (a square is landscape). Not rounded.
+Rect AutoCropRectangle(const Image& image, ClassicRatio ratio);
 
-    // The largest centred rectangle of the ratio `format` (0 "1:1", 1 "4:3",
-    // 2 "3:2", 3 "16:9") inside the image, turned for portrait images. The
-    // image is landscape when float(W / H) >= 1 (a square is landscape).
-    // Any other format gives (0, 0, 0, 0). Not rounded.
-    static Rect CalculateAutoCropRectangleWithImage(const Image& image, long format);
+// How much of the requested rectangle lies on the image: visible right
+// (or top) end minus visible left (or bottom) end. Not clamped at zero:
+// a rectangle wholly outside gives a side of zero or less. Any NaN in the
+// request or the image size gives (0, 0).
+Size VisibleSize(const Image& image, Rect request);
 
-    // How much of the requested rectangle lies on the image: visible right
-    // (or top) end minus visible left (or bottom) end. Not clamped at zero:
-    // a rectangle wholly outside gives a side of zero or less. Any NaN in the
-    // request or the image size gives (0, 0).
-    static Size CalculateCroppedImageSize(const Image& image, double originX, double originY,
-                                          double width, double height);
+// The whole pixels CropImage takes, on an image of `image` pixels, for a cut
+// of `cut` (its size in whole pixels: the clipped size, truncated): the
+// origin rounded to the nearest pixel (a negative one to 0), the size at
+// most the image's, and the cut moved back onto the image where it would
+// overhang. Lower-left origin, like every rectangle here.
+Rect CropPixelArea(Size image, Rect cut);
 
-    // The whole pixels CropImage takes, on an image of `imageColumns` x
-    // `imageRows` pixels, for a cut of `columns` x `rows` whole pixels (the
-    // clipped size, truncated) at (originX, originY): the origin rounded to
-    // the nearest pixel (a negative one to 0), the size at most the image's,
-    // and the cut moved back onto the image where it would overhang.
-    // Lower-left origin, like every rectangle here.
-    static Rect CropPixelArea(double imageColumns, double imageRows, double originX, double originY,
-                              double columns, double rows);
+// Where a rectangle of `rect` size (in pixels of an image of `full` size)
+// draws the eye most, by libvips' smartcrop measure `anchor` (Attention
+// or Entropy), judged on `picture`: the same image reduced (see
+// kPlacementPictureSide), so that a large photo costs a small image's
+// work. The rectangle's origin, within the image; nothing when the
+// picture has no pixels, the anchor is not a smart one or libvips fails.
+std::optional<Rect> SmartPlacement(const Image& picture, Size full, Size rect, CropAnchor anchor);
 
-    // Where a rectangle of `rect` size (in pixels of an image of `full` size)
-    // draws the eye most, by libvips' smartcrop measure `anchor` (Attention
-    // or Entropy), judged on `picture`: the same image reduced (see
-    // kPlacementPictureSide), so that a large photo costs a small image's
-    // work. The rectangle's origin, within the image; nothing when the
-    // picture has no pixels, the anchor is not a smart one or libvips fails.
-    static std::optional<Rect> SmartPlacement(const Image& picture, Size full, Size rect,
-                                              CropAnchor anchor);
+// ---- Loading -----------------------------------------------------------
 
-    // ---- Loading -------------------------------------------------------
+// Decodes a JPEG, JPEG 2000, PNG, GIF (first frame), TIFF (first page), BMP,
+// WebP (first frame), HEIC/HEIF and AVIF (primary image) or JPEG XL file,
+// chosen by the file's first bytes, never by its name; any other content is
+// refused before a decoder sees it. The EXIF (or TIFF) orientation is
+// applied, so the pixels are upright as a photo viewer shows them.
+// Truncated or damaged data is a failure, not a partly grey picture. The
+// logical size equals the upright pixel size.
+LoadResult LoadImage(const std::string& path);
 
-    // Decodes a JPEG, JPEG 2000, PNG, GIF (first frame), TIFF (first page) or
-    // BMP file, chosen by the file's first bytes, never by its name; any
-    // other content is refused before a decoder sees it. The EXIF (or TIFF)
-    // orientation is applied, so the pixels are upright as a photo viewer
-    // shows them. Truncated or damaged data is a failure, not a partly grey
-    // picture. The logical size equals the upright pixel size.
-    static LoadResult LoadImage(const std::string& path);
+// LoadImage for a single pass, as a crop job makes it: nothing is decoded
+// now; the pixels are read from the file once, top to bottom, as the one
+// operation that reads them (a save) needs them, overlapping decoding
+// with encoding. Damage in rows that are needed fails that operation;
+// rows that are never needed are never read. The result must be read
+// only once. Files that must be turned upright, or are too large to
+// hold, come as from LoadImage.
+LoadResult OpenImage(const std::string& path);
 
-    // LoadImage for a single pass, as a crop job makes it: nothing is decoded
-    // now; the pixels are read from the file once, top to bottom, as the one
-    // operation that reads them (a save) needs them, overlapping decoding
-    // with encoding. Damage in rows that are needed fails that operation;
-    // rows that are never needed are never read. The result must be read
-    // only once. Files that must be turned upright, or are too large to
-    // hold, come as from LoadImage.
-    static LoadResult OpenImage(const std::string& path);
+// The picture the window shows for a file: decoded at a reduced size
+// where the decoder can (JPEG shrink-on-load), scaled down to fit in
+// maxSide x maxSide (never up), upright. Damage fails it, as LoadImage.
+PreviewResult LoadPreview(const std::string& path, int maxSide);
 
-    // The picture the window shows for a file: decoded at a reduced size
-    // where the decoder can (JPEG shrink-on-load), scaled down to fit in
-    // maxSide x maxSide (never up), upright. Damage fails it, as LoadImage.
-    static PreviewResult LoadPreview(const std::string& path, int maxSide);
+// The image as 8-bit sRGB RGBA, for display. Nothing for an image
+// without pixels.
+std::optional<RgbaBitmap> RenderRgba8(const Image& image);
 
-    // The image as 8-bit sRGB RGBA, for display. Nothing for an image
-    // without pixels.
-    static std::optional<RgbaBitmap> RenderRgba8(const Image& image);
+// The largest width and, separately, the largest height over all pages or
+// frames of the file, from its headers only (no pixels decoded), upright
+// (sides swapped for orientations 5 to 8). Nothing for a file that
+// cannot be read as one of the image kinds Vellumo reads.
+std::optional<Size> PixelSizeOfFile(const std::string& path);
 
-    // The largest width and, separately, the largest height over all pages or
-    // frames of the file, from its headers only (no pixels decoded), upright
-    // (sides swapped for orientations 5 to 8). Nothing for a file that
-    // cannot be read as one of the image kinds Vellumo reads.
-    static std::optional<Size> ImagePixelSizeWithPath(const std::string& path);
+// PixelSizeOfFile with the number of pages (TIFF) or frames (GIF, as many
+// as the file declares) of the file, at least 1; only the first is ever
+// decoded.
+std::optional<ImageHeader> HeaderOfFile(const std::string& path);
 
-    // ImagePixelSizeWithPath with the number of pages (TIFF) or frames (GIF,
-    // as many as the file declares) of the file, at least 1; only the first
-    // is ever decoded.
-    static std::optional<ImageHeader> ImageHeaderWithPath(const std::string& path);
+// ---- Raster operations -------------------------------------------------
 
-    // ---- Raster operations ---------------------------------------------
+// Cuts `rect` out of the image. Returns the input when its width or
+// height is below 1, when the origin lies beyond the image (a negative
+// coordinate is compared with the requested size instead, so negative
+// origins always go on to clipping) or when nothing of the rectangle
+// lies on the image. The result's size is the clipped size. Never
+// resamples: the cut starts at the origin rounded to the nearest whole
+// pixel and is the clipped size truncated toward zero, in pixels.
+Image CropImage(const Image& image, Rect rect);
 
-    // Cuts a rectangle out of the image. Returns the input when width or
-    // height is below 1, when the origin lies beyond the image (a negative
-    // coordinate is compared with the requested size instead, so negative
-    // origins always go on to clipping) or when nothing of the rectangle
-    // lies on the image. The result's size is the clipped size. Never
-    // resamples: the cut starts at the origin rounded to the nearest whole
-    // pixel and is the clipped size truncated toward zero, in pixels.
-    static Image CropImage(const Image& image, double originX, double originY, double width,
-                           double height);
+// The whole image scaled to exactly `size` (aspect ratio not kept).
+Image ResizeImage(const Image& image, Size size);
 
-    // The whole image scaled to exactly width x height (aspect ratio not
-    // kept).
-    static Image ResizeImage(const Image& image, double width, double height);
+// The input itself when its size equals the pixel size of the file at
+// `path` (exact comparison, width first), else the image resized to that
+// pixel size. A file whose pixel size cannot be read stops the program;
+// callers that must survive it read the size first and use the overload
+// below.
+Image BringImageToActualSize(const Image& image, const std::string& path);
+Image BringImageToActualSize(const Image& image, Size pixelSize);
 
-    // The input itself when its size equals the pixel size of the file at
-    // `path` (exact comparison, width first), else the image resized to that
-    // pixel size. A file whose pixel size cannot be read stops the program;
-    // callers that must survive it read the size first and use the overload
-    // below.
-    static Image BringImageToActualSize(const Image& image, const std::string& path);
-    static Image BringImageToActualSize(const Image& image, Size pixelSize);
+// The preview picture: a new 8-bit RGBA image of the input's size, the
+// input veiled with white at 60 % opacity outside `rect` (0.6 x white +
+// 0.4 x pixel, alpha 0.6 + 0.4 x alpha) and unchanged inside it. Pixels the
+// rectangle's edge crosses are veiled in proportion to the part of them
+// outside. The rectangle is neither validated nor clipped beyond the
+// image's bounds.
+Image VeilOutsideRectangle(const Image& image, Rect rect);
 
-    // The preview picture: a new 8-bit RGBA image of the input's size, the
-    // input veiled with white at 60 % opacity outside the rectangle
-    // (0.6 x white + 0.4 x pixel, alpha 0.6 + 0.4 x alpha) and unchanged
-    // inside it. Pixels the rectangle's edge crosses are veiled in proportion
-    // to the part of them outside. The rectangle is neither validated nor
-    // clipped beyond the image's bounds.
-    static Image DrawCropRectangleOnImageWithImage(const Image& image, double originX,
-                                                   double originY, double width, double height);
+// ---- Encoding and metadata ---------------------------------------------
 
-    // ---- Encoding and metadata -----------------------------------------
+// Writes the image to `path` in output format `format` (one of the 14 of
+// kOutputFormats, imaging/Formats.h, by its codec: JPG, JPEG and JPE as
+// JPEG; JP2 and JPX as JPEG 2000, both written as JP2 files; PNG; TIFF and
+// TIF; GIF; BMP, 24-bit or 32-bit when the image has alpha; WEBP; AVIF;
+// HEIC; JXL). `quality` (0.0 to 1.0, 1.0 the least compression) is used by
+// the formats that take one (OutputFormatInfo::takesQuality; JPEG 2000,
+// WebP and JPEG XL are lossless at 1.0): the others give the same bytes
+// whatever it is. The file is W x H pixels, the image's size truncated
+// toward zero. Alpha goes where the format has it; JPEG and 24-bit BMP get
+// it flattened onto white. The image's ICC profile goes with it where the
+// format can carry one; no Exif, IPTC or XMP is written.
+// An existing file is replaced in one step: a reader sees the old file
+// or the new one, never a part; a failed write leaves it as it was and
+// leaves no temporary file behind.
+// Fails, writing nothing, for an image whose width or height is below 1,
+// not finite, or too large for any pixels.
+SaveResult TrySaveImage(const Image& image, const std::string& path, OutputFormat format,
+                        double quality);
+// TrySaveImage, with the Exif and XMP of the file at `metadataSource`
+// written by the encoder itself for the formats whose metadata only it
+// can write (AVIF, HEIC; see EmbedsMetadataWhenEncoding), changed as
+// CarryMetadata changes them. Other formats are saved as TrySaveImage saves
+// them; a source whose metadata cannot be read gives a file without.
+SaveResult TrySaveImageWithMetadata(const Image& image, const std::string& path,
+                                    OutputFormat format, double quality,
+                                    const std::string& metadataSource);
+// TrySaveImage without the reason.
+bool SaveImage(const Image& image, const std::string& path, OutputFormat format, double quality);
 
-    // Writes the image to `path` in output format `format`: 0 "JPG",
-    // 1 "JPEG", 2 "JPE" as JPEG; 3 "JP2", 4 "JPX" as JPEG 2000 (both written
-    // as JP2 files); 5 "PNG"; 6 "TIFF", 7 "TIF"; 8 "GIF"; 9 "BMP" (24-bit,
-    // or 32-bit when the image has alpha). `quality` (0.0 to 1.0, 1.0 the
-    // least compression; for JPEG 2000 1.0 is lossless) is used by JPEG and
-    // JPEG 2000 only: the other formats give the same bytes whatever it is.
-    // The file is W x H pixels, the image's size truncated toward zero.
-    // Alpha goes where the format has it; JPEG and 24-bit BMP get it
-    // flattened onto white. The image's ICC profile goes with it where the
-    // format can carry one; no Exif, IPTC or XMP is written.
-    // An existing file is replaced in one step: a reader sees the old file
-    // or the new one, never a part; a failed write leaves it as it was and
-    // leaves no temporary file behind.
-    // Fails, writing nothing, for a format outside 0 to 9, or an image
-    // whose width or height is below 1, not finite, or too large for any
-    // pixels.
-    static SaveResult TrySaveImage(const Image& image, const std::string& path, long format,
-                                   double quality);
-    // TrySaveImage, with the Exif and XMP of the file at `metadataSource`
-    // written by the encoder itself for the formats whose metadata only it
-    // can write (AVIF, HEIC; see EmbedsMetadataWhenEncoding), changed as
-    // ChangeImageExifWithOriginalImagePath changes them. Other formats are
-    // saved as TrySaveImage saves them; a source whose metadata cannot be
-    // read gives a file without.
-    static SaveResult TrySaveImageWithMetadata(const Image& image, const std::string& path,
-                                               long format, double quality,
-                                               const std::string& metadataSource);
-    // TrySaveImage without the reason.
-    static bool SaveImage(const Image& image, const std::string& path, long format, double quality);
+// Copies the Exif, IPTC and XMP of the file at `source` into the saved file
+// at `output`, which keeps its own format and pixels (rewritten as
+// TrySaveImage writes: in one step), then gives the saved file the source's
+// creation date (CreationDate) as its birth time, or on Linux, where no
+// birth time can be set, as its modification time.
+// Because the pixels were turned upright and cropped, the carried
+// orientation becomes 1 (top-left), Exif (and XMP) pixel dimensions
+// become the saved file's, and the source's thumbnail stays behind;
+// everything else travels as it was. The saved file's colour profile is
+// kept.
+// Changes nothing, and says why, when either file cannot be read as an
+// image, the saved file is a GIF or BMP (formats without these
+// metadata), or the rewrite fails; says DateNotSet when only the date
+// could not be set. Prints nothing: the caller tells the person.
+MetadataResult CarryMetadata(const std::string& source, const std::string& output);
+// Gives the saved file the source's creation date only, as CarryMetadata
+// does after the metadata: for the formats that got their metadata from
+// the encoder.
+MetadataResult CarryCreationDate(const std::string& source, const std::string& output);
 
-    // Copies the Exif, IPTC and XMP of the file at `originalImagePath` into
-    // the saved file at `croppedImagePath`, which keeps its own format and
-    // pixels (rewritten as TrySaveImage writes: in one step), then gives the
-    // saved file the source's creation date (ImageCreationDateWithPath) as
-    // its birth time, or on Linux, where no birth time can be set, as its
-    // modification time.
-    // Because the pixels were turned upright and cropped, the carried
-    // orientation becomes 1 (top-left), Exif (and XMP) pixel dimensions
-    // become the saved file's, and the source's thumbnail stays behind;
-    // everything else travels as it was. The saved file's colour profile is
-    // kept.
-    // Changes nothing, and says why, when either file cannot be read as an
-    // image, the saved file is a GIF or BMP (formats without these
-    // metadata), or the rewrite fails; says DateNotSet when only the date
-    // could not be set. Prints nothing: the caller tells the person.
-    static MetadataResult ChangeImageExifWithOriginalImagePath(const std::string& originalImagePath,
-                                                               const std::string& croppedImagePath);
-    // Gives the saved file the source's creation date only, as
-    // ChangeImageExifWithOriginalImagePath does after the metadata: for the
-    // formats that got their metadata from the encoder.
-    static MetadataResult ChangeImageCreationDateWithOriginalImagePath(
-        const std::string& originalImagePath, const std::string& croppedImagePath);
+// The file's birth time where the file system records one, else its
+// modification time; the current time when the file's attributes cannot
+// be read (it is gone, say).
+std::chrono::system_clock::time_point CreationDate(const std::string& path);
 
-    // The file's birth time where the file system records one, else its
-    // modification time; the current time when the file's attributes cannot
-    // be read (it is gone, say).
-    static std::chrono::system_clock::time_point ImageCreationDateWithPath(const std::string& path);
-};
-
-}  // namespace vellumo
+}  // namespace vellumo::ImageTools

@@ -20,23 +20,20 @@ Rect FullWidth(double W, double y, double height) {
 
 }  // namespace
 
-Rect ImageTools::CalculateAutoCropRectangleWithImage(const Image& image, long format) {
+Rect ImageTools::AutoCropRectangle(const Image& image, ClassicRatio ratio) {
     const double W = image.Width();
     const double H = image.Height();
     const float r = static_cast<float>(W / H);
-    if (format < 0 || format > 3) {
-        return {};
-    }
     const bool landscape = r >= 1.0f;
 
-    switch (format) {
-        case 0:  // 1:1
+    switch (ratio) {
+        case ClassicRatio::Square:
             if (landscape) {
                 return {(W - H) * 0.5, 0.0, H, H};
             }
             return {0.0, (H - W) * 0.5, W, W};
 
-        case 1:  // 4:3, 3:4 for portrait
+        case ClassicRatio::FourThree:  // 3:4 for portrait
             if (landscape) {
                 const double T = H * 4.0 / 3.0;
                 if (W >= T) {
@@ -51,7 +48,7 @@ Rect ImageTools::CalculateAutoCropRectangleWithImage(const Image& image, long fo
                 return FullWidth(W, H * 0.5 + W * 4.0 / -6.0, W * 4.0 / 3.0);
             }
 
-        case 2:  // 3:2, 2:3 for portrait
+        case ClassicRatio::ThreeTwo:  // 2:3 for portrait
             if (landscape) {
                 const double T = H * 3.0 * 0.5;
                 if (W >= T) {
@@ -66,7 +63,7 @@ Rect ImageTools::CalculateAutoCropRectangleWithImage(const Image& image, long fo
                 return FullWidth(W, H * 0.5 + W * 3.0 * -0.25, W * 3.0 * 0.5);
             }
 
-        default:  // 3: 16:9, 9:16 for portrait
+        case ClassicRatio::SixteenNine:  // 9:16 for portrait
             if (landscape) {
                 const double T = H * 16.0 / 9.0;
                 if (W >= T) {
@@ -81,10 +78,16 @@ Rect ImageTools::CalculateAutoCropRectangleWithImage(const Image& image, long fo
                 return FullWidth(W, H * 0.5 + W * 16.0 / -18.0, W * 16.0 / 9.0);
             }
     }
+    return {};  // not reached: every ratio returns above
 }
 
-Rect ImageTools::CropPixelArea(double imageColumns, double imageRows, double originX,
-                               double originY, double columns, double rows) {
+Rect ImageTools::CropPixelArea(Size image, Rect cut) {
+    const double imageColumns = image.width;
+    const double imageRows = image.height;
+    const double originX = cut.x;
+    const double originY = cut.y;
+    const double columns = cut.width;
+    const double rows = cut.height;
     const double cutColumns = std::min(columns, imageColumns);
     const double cutRows = std::min(rows, imageRows);
     const auto roundedOrigin = [](double origin) {
@@ -94,14 +97,13 @@ Rect ImageTools::CropPixelArea(double imageColumns, double imageRows, double ori
             std::min(roundedOrigin(originY), imageRows - cutRows), cutColumns, cutRows};
 }
 
-Size ImageTools::CalculateCroppedImageSize(const Image& image, double originX, double originY,
-                                           double width, double height) {
+Size ImageTools::VisibleSize(const Image& image, Rect request) {
     const double W = image.Width();
     const double H = image.Height();
-    const double x = originX;
-    const double y = originY;
-    const double right = x + width;
-    const double top = y + height;
+    const double x = request.x;
+    const double y = request.y;
+    const double right = x + request.width;
+    const double top = y + request.height;
 
     // Visible extent along one axis for each combination of a fitting or
     // overflowing far end; the near end is the origin or the image's edge.

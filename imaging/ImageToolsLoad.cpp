@@ -6,6 +6,7 @@
 #include "imaging/ImageAccess.h"
 #include "imaging/ImageTools.h"
 #include "imaging/LosslessJpeg.h"
+#include "imaging/SourceTap.h"
 #include "imaging/TiffStrips.h"
 #include "imaging/VipsLoad.h"
 #include "imaging/VipsRuntime.h"
@@ -59,7 +60,7 @@ LoadResult Load(const std::string& path, Pass pass) {
     vipsruntime::EnsureStarted();
     const SniffedFile sniffed = SniffFile(path);
     if (!sniffed.kind) {
-        return LoadResult::Failure(sniffed.reason);
+        return LoadResult::Failure(sniffed.reason, sniffed.stage);
     }
     vipsruntime::FailureScope scope;
     try {
@@ -78,6 +79,10 @@ LoadResult Load(const std::string& path, Pass pass) {
             if (std::optional<vips::VImage> strips = tiffstrips::Open(path, pixels)) {
                 pixels = std::move(*strips);
             }
+        }
+        if (streams) {
+            // Damage is found while the save reads the pixels: noted here.
+            pixels = sourcetap::Tap(pixels);
         }
         if (!upright) {
             pixels = pixels.autorot();
@@ -100,15 +105,15 @@ LoadResult ImageTools::OpenImage(const std::string& path) {
     return Load(path, Pass::Single);
 }
 
-std::optional<Size> ImageTools::ImagePixelSizeWithPath(const std::string& path) {
-    const std::optional<ImageHeader> header = ImageHeaderWithPath(path);
+std::optional<Size> ImageTools::PixelSizeOfFile(const std::string& path) {
+    const std::optional<ImageHeader> header = HeaderOfFile(path);
     if (!header) {
         return std::nullopt;
     }
     return header->pixelSize;
 }
 
-std::optional<ImageHeader> ImageTools::ImageHeaderWithPath(const std::string& path) {
+std::optional<ImageHeader> ImageTools::HeaderOfFile(const std::string& path) {
     vipsruntime::EnsureStarted();
     const SniffedFile sniffed = SniffFile(path);
     if (!sniffed.kind) {

@@ -6,23 +6,18 @@
 
 namespace vellumo {
 
-MetadataResult ImageTools::ChangeImageExifWithOriginalImagePath(
-    const std::string& originalImagePath, const std::string& croppedImagePath) {
-    return metadatacarry::Carry(originalImagePath, croppedImagePath,
-                                [&] { return ImageCreationDateWithPath(originalImagePath); });
+MetadataResult ImageTools::CarryMetadata(const std::string& source, const std::string& output) {
+    return metadatacarry::Carry(source, output, [&] { return CreationDate(source); });
 }
 
-MetadataResult ImageTools::ChangeImageCreationDateWithOriginalImagePath(
-    const std::string& originalImagePath, const std::string& croppedImagePath) {
-    if (!filedates::SetCreationDate(croppedImagePath,
-                                    ImageCreationDateWithPath(originalImagePath))) {
+MetadataResult ImageTools::CarryCreationDate(const std::string& source, const std::string& output) {
+    if (!filedates::SetCreationDate(output, CreationDate(source))) {
         return MetadataResult::DateNotSet("the creation date cannot be set");
     }
     return MetadataResult::Carried();
 }
 
-std::chrono::system_clock::time_point ImageTools::ImageCreationDateWithPath(
-    const std::string& path) {
+std::chrono::system_clock::time_point ImageTools::CreationDate(const std::string& path) {
     return filedates::CreationDate(path).value_or(std::chrono::system_clock::now());
 }
 

@@ -31,7 +31,7 @@ int JpegShrink(const vips::VImage& header, int maxSide) {
 
 PreviewResult ImageTools::LoadPreview(const std::string& path, int maxSide) {
     vipsruntime::EnsureStarted();
-    const std::optional<ImageHeader> header = ImageHeaderWithPath(path);
+    const std::optional<ImageHeader> header = HeaderOfFile(path);
     const SniffedFile sniffed = SniffFile(path);
     if (!sniffed.kind) {
         return PreviewResult::Failure(sniffed.reason);

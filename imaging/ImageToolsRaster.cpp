@@ -33,8 +33,11 @@ int TopRow(int imageRows, int bottom, int rows) {
 
 }  // namespace
 
-Image ImageTools::CropImage(const Image& image, double originX, double originY, double width,
-                            double height) {
+Image ImageTools::CropImage(const Image& image, Rect rect) {
+    const double originX = rect.x;
+    const double originY = rect.y;
+    const double width = rect.width;
+    const double height = rect.height;
     if (width < 1.0 || height < 1.0) {
         return image;
     }
@@ -53,7 +56,7 @@ Image ImageTools::CropImage(const Image& image, double originX, double originY, 
         if (originX > width || originY > height)
             return image;
     }
-    const Size cropped = CalculateCroppedImageSize(image, originX, originY, width, height);
+    const Size cropped = VisibleSize(image, rect);
     if (cropped.width <= 0 || cropped.height <= 0) {
         return image;
     }
@@ -66,8 +69,9 @@ Image ImageTools::CropImage(const Image& image, double originX, double originY, 
     }
     // No resampling: start at the origin rounded to the nearest pixel, take
     // the clipped size truncated, and keep the cut on the pixel grid.
-    const Rect area =
-        CropPixelArea(pixels->width(), pixels->height(), originX, originY, *columns, *rows);
+    const Rect area = CropPixelArea(
+        {static_cast<double>(pixels->width()), static_cast<double>(pixels->height())},
+        {originX, originY, static_cast<double>(*columns), static_cast<double>(*rows)});
     const int left = static_cast<int>(area.x);
     const int bottom = static_cast<int>(area.y);
     const int cutColumns = static_cast<int>(area.width);
@@ -77,7 +81,9 @@ Image ImageTools::CropImage(const Image& image, double originX, double originY, 
     return ImageAccess::Make(std::move(cut), cropped.width, cropped.height);
 }
 
-Image ImageTools::ResizeImage(const Image& image, double width, double height) {
+Image ImageTools::ResizeImage(const Image& image, Size size) {
+    const double width = size.width;
+    const double height = size.height;
     vipsruntime::EnsureStarted();
     const auto columns = WholePixels(width);
     const auto rows = WholePixels(height);
@@ -151,7 +157,7 @@ std::optional<Rect> ImageTools::SmartPlacement(const Image& picture, Size full, 
 }
 
 Image ImageTools::BringImageToActualSize(const Image& image, const std::string& path) {
-    const std::optional<Size> pixelSize = ImagePixelSizeWithPath(path);
+    const std::optional<Size> pixelSize = PixelSizeOfFile(path);
     if (!pixelSize) {
         Fatal("cannot read the pixel size of " + path);
     }
@@ -162,7 +168,7 @@ Image ImageTools::BringImageToActualSize(const Image& image, Size pixelSize) {
     if (pixelSize.width == image.Width() && pixelSize.height == image.Height()) {
         return image;
     }
-    return ResizeImage(image, pixelSize.width, pixelSize.height);
+    return ResizeImage(image, pixelSize);
 }
 
 namespace {
@@ -194,8 +200,11 @@ vips::VImage FloatImage(const std::vector<float>& values, int width, int height)
 
 }  // namespace
 
-Image ImageTools::DrawCropRectangleOnImageWithImage(const Image& image, double originX,
-                                                    double originY, double width, double height) {
+Image ImageTools::VeilOutsideRectangle(const Image& image, Rect rect) {
+    const double originX = rect.x;
+    const double originY = rect.y;
+    const double width = rect.width;
+    const double height = rect.height;
     vipsruntime::EnsureStarted();
     const vips::VImage* pixels = ImageAccess::Pixels(image);
     if (pixels == nullptr) {

@@ -9,6 +9,7 @@
 #include "imaging/ImageTools.h"
 #include "imaging/MetadataCarry.h"
 #include "imaging/OutputCodec.h"
+#include "imaging/SourceTap.h"
 #include "imaging/VipsEncode.h"
 #include "imaging/VipsRuntime.h"
 
@@ -37,26 +38,23 @@ void PutEncoderMetadata(vips::VImage& rendered, const metadatacarry::EncoderMeta
     rendered.set(VIPS_META_ORIENTATION, 1);
 }
 
-SaveResult Save(const Image& image, const std::string& path, long format, double quality,
+SaveResult Save(const Image& image, const std::string& path, OutputFormat format, double quality,
                 const std::string* metadataSource) {
     const double width = image.Width();
     const double height = image.Height();
     if (!std::isfinite(width) || !std::isfinite(height)) {
-        return SaveResult::Failed("the image has no finite size");
+        return SaveResult::Failed("the image has no finite size", FailureStage::Encode);
     }
     if (width < 1.0 || height < 1.0) {
-        return SaveResult::Failed("the image is smaller than one pixel");
+        return SaveResult::Failed("the image is smaller than one pixel", FailureStage::Encode);
     }
-    const std::optional<OutputCodec> codec = OutputCodecForFormat(format);
-    if (!codec) {
-        return SaveResult::Failed("there is no output format " + std::to_string(format));
-    }
+    const OutputCodec codec = InfoOf(format).codec;
     const vips::VImage* pixels = ImageAccess::Pixels(image);
     if (pixels == nullptr) {
         // Only sizes beyond what the pixel library can hold come without
         // pixels; any other image of a whole pixel or more has them.
         if (width >= kBeyondPixelLibrary || height >= kBeyondPixelLibrary) {
-            return SaveResult::Failed("the image is too large to write");
+            return SaveResult::Failed("the image is too large to write", FailureStage::Encode);
         }
         Fatal("an image of at least one whole pixel has no pixels");
     }
@@ -66,36 +64,39 @@ SaveResult Save(const Image& image, const std::string& path, long format, double
     {
         vipsruntime::FailureScope scope;
         try {
-            rendered = encoderender::ForCodec(*pixels, *codec);
-            if (metadataSource != nullptr && EmbedsMetadataWhenEncoding(*codec)) {
+            rendered = encoderender::ForCodec(*pixels, codec);
+            if (metadataSource != nullptr && EmbedsMetadataWhenEncoding(codec)) {
                 if (const auto metadata = metadatacarry::ForEncoder(
                         *metadataSource, rendered.width(), rendered.height())) {
                     PutEncoderMetadata(rendered, *metadata);
                 }
             }
         } catch (const vips::VError& error) {
-            return SaveResult::Failed(scope.Reason(error));
+            // Preparing the encoder's pixels may read the source already.
+            return SaveResult::Failed(scope.Reason(error), sourcetap::DecoderFailed(*pixels)
+                                                               ? FailureStage::Decode
+                                                               : FailureStage::Encode);
         }
     }
     return atomicfile::Replace(path, [&](const std::string& tempPath) {
-        return vipsencode::WriteFile(rendered, *codec, quality, tempPath);
+        return vipsencode::WriteFile(rendered, codec, quality, tempPath);
     });
 }
 
 }  // namespace
 
-SaveResult ImageTools::TrySaveImage(const Image& image, const std::string& path, long format,
-                                    double quality) {
+SaveResult ImageTools::TrySaveImage(const Image& image, const std::string& path,
+                                    OutputFormat format, double quality) {
     return Save(image, path, format, quality, nullptr);
 }
 
 SaveResult ImageTools::TrySaveImageWithMetadata(const Image& image, const std::string& path,
-                                                long format, double quality,
+                                                OutputFormat format, double quality,
                                                 const std::string& metadataSource) {
     return Save(image, path, format, quality, &metadataSource);
 }
 
-bool ImageTools::SaveImage(const Image& image, const std::string& path, long format,
+bool ImageTools::SaveImage(const Image& image, const std::string& path, OutputFormat format,
                            double quality) {
     return TrySaveImage(image, path, format, quality).saved;
 }

@@ -3,6 +3,7 @@
 #include <string>
 #include <utility>
 
+#include "imaging/Failure.h"
 #include "imaging/Fatal.h"
 #include "imaging/Image.h"
 
@@ -15,11 +16,15 @@ template <typename T>
 class Loaded {
   public:
     static Loaded Success(T value) { return Loaded(std::move(value), {}); }
-    static Loaded Failure(std::string reason) {
+    // `stage`: Read when the file could not be opened or read (the reason
+    // then says so itself: "cannot open: ..."), else Decode.
+    static Loaded Failure(std::string reason, FailureStage stage = FailureStage::Decode) {
         if (reason.empty()) {
             reason = "unknown reason";
         }
-        return Loaded({}, std::move(reason));
+        Loaded failed({}, std::move(reason));
+        failed.stage_ = stage;
+        return failed;
     }
 
     bool has_value() const { return reason_.empty(); }
@@ -36,12 +41,16 @@ class Loaded {
 
     // Empty when there is a value.
     const std::string& reason() const { return reason_; }
+    FailureStage stage() const { return stage_; }
+    // The failure as the core reports it (see Failure::At).
+    vellumo::Failure failure() const { return vellumo::Failure::At(stage_, reason_); }
 
   private:
     Loaded(T value, std::string reason) : value_(std::move(value)), reason_(std::move(reason)) {}
 
     T value_;
     std::string reason_;
+    FailureStage stage_ = FailureStage::Decode;
 };
 
 using LoadResult = Loaded<Image>;

@@ -218,11 +218,11 @@ SaveResult CropJpegLosslessly(const std::string& source, const std::string& outp
     std::string reason;
     const auto bytes = ReadFileBytes(source, reason);
     if (!bytes) {
-        return SaveResult::Failed("cannot read the source: " + reason);
+        return SaveResult::Failed("cannot read the source: " + reason, FailureStage::Read);
     }
     const Handle handle(tjInitTransform(), &tjDestroy);
     if (!handle) {
-        return SaveResult::Failed(tjGetErrorStr2(nullptr));
+        return SaveResult::Failed(tjGetErrorStr2(nullptr), FailureStage::Encode);
     }
     // Cut first, in the file's own orientation, where only the start must be
     // on a block; then turn the cut-out upright, which SnapToJpegGrid made
@@ -234,7 +234,7 @@ SaveResult CropJpegLosslessly(const std::string& source, const std::string& outp
     Coded cropped;
     if (std::string error = Transform(handle.get(), bytes->data(), bytes->size(), crop, cropped);
         !error.empty()) {
-        return SaveResult::Failed("cannot decode: " + error);
+        return SaveResult::Failed(error, FailureStage::Decode);
     }
     Coded turned;
     const Coded* result = &cropped;
@@ -244,7 +244,7 @@ SaveResult CropJpegLosslessly(const std::string& source, const std::string& outp
         turn.options = TJXOPT_PERFECT | TJXOPT_COPYNONE;
         if (std::string error = Transform(handle.get(), cropped.bytes, cropped.size, turn, turned);
             !error.empty()) {
-            return SaveResult::Failed("cannot turn upright: " + error);
+            return SaveResult::Failed(error, FailureStage::Crop);
         }
         result = &turned;
     }

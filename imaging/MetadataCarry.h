@@ -1,9 +1,8 @@
 #pragma once
 
-// Inside the core only: the work of
-// ImageTools::ChangeImageExifWithOriginalImagePath, with the source's
-// creation date asked for through a function, so that what happens when the
-// source vanishes between its metadata and its date can be checked.
+// Inside the core only: the work of ImageTools::CarryMetadata, with the
+// source's creation date asked for through a function, so that what happens
+// when the source vanishes between its metadata and its date can be checked.
 
 #include <chrono>
 #include <functional>
@@ -17,7 +16,7 @@ namespace vellumo::metadatacarry {
 
 using DateOfSource = std::function<std::chrono::system_clock::time_point()>;
 
-// As ChangeImageExifWithOriginalImagePath; `dateOfSource` is called once,
+// As ImageTools::CarryMetadata; `dateOfSource` is called once,
 // after the source's metadata has been read and the saved file opened.
 MetadataResult Carry(const std::string& originalImagePath, const std::string& croppedImagePath,
                      const DateOfSource& dateOfSource);

@@ -2,17 +2,7 @@
 
 #include <cmath>
 
-#include "imaging/Formats.h"
-
 namespace vellumo {
-
-std::optional<OutputCodec> OutputCodecForFormat(long format) {
-    const OutputFormatInfo* row = OutputFormatAt(format);
-    if (row == nullptr) {
-        return std::nullopt;
-    }
-    return row->codec;
-}
 
 int QualityFactor(double quality) {
     if (!(quality > 0.0)) {

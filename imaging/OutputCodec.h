@@ -1,17 +1,14 @@
 #pragma once
 
-// Inside the core only: the encoder behind each entry of the output format
-// list, and the quality factor each lossy encoder is given.
+// Inside the core only: the encoders behind the output format list (each
+// format's row in imaging/Formats.h names its codec), and the quality factor
+// each lossy encoder is given.
 
 #include <optional>
 
 namespace vellumo {
 
 enum class OutputCodec { Jpeg, Jpeg2000, Png, Tiff, Gif, Bmp, WebP, Avif, Heic, JpegXl };
-
-// The encoder of output format `format` (kOutputFormats); nothing for an
-// index outside the table.
-std::optional<OutputCodec> OutputCodecForFormat(long format);
 
 // The 1 to 100 quality factor for a compression factor from 0.0 (most
 // compression) to 1.0 (least): rounded to the nearest hundredth. libjpeg

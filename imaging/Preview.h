@@ -14,7 +14,7 @@ namespace vellumo {
 // to draw at once, and the size of the file's full picture, which the
 // labels and the crop rectangle speak of.
 struct Preview {
-    Size fullSize;  // upright pixel size, as ImagePixelSizeWithPath gives it
+    Size fullSize;  // upright pixel size, as PixelSizeOfFile gives it
     Image picture;  // upright, scaled down to fit the requested box
     int pages = 1;  // pages or frames of the file; the picture is the first
     // A JPEG's block grid, which a crop without re-encoding follows.

@@ -3,6 +3,8 @@
 #include <string>
 #include <utility>
 
+#include "imaging/Failure.h"
+
 namespace vellumo {
 
 // What writing a file gave: saved, or the reason a person can read why not
@@ -12,9 +14,14 @@ namespace vellumo {
 struct SaveResult {
     bool saved = false;
     std::string reason;  // empty when saved
+    // Where it failed: the file system (Write), the encoder (Encode), or the
+    // source's pixels read while they were written (Decode).
+    FailureStage stage = FailureStage::Write;
 
-    static SaveResult Saved() { return {true, {}}; }
-    static SaveResult Failed(std::string why) { return {false, std::move(why)}; }
+    static SaveResult Saved() { return {true, {}, FailureStage::Write}; }
+    static SaveResult Failed(std::string why, FailureStage stage = FailureStage::Write) {
+        return {false, std::move(why), stage};
+    }
 };
 
 }  // namespace vellumo

@@ -6,6 +6,7 @@
 #include "imaging/FileBytes.h"
 #include "imaging/FileErrors.h"
 #include "imaging/IccEmbed.h"
+#include "imaging/SourceTap.h"
 #include "imaging/VipsRuntime.h"
 
 namespace vellumo::vipsencode {
@@ -144,8 +145,16 @@ SaveResult WriteFile(const vips::VImage& rendered, OutputCodec codec, double qua
             Encode(rendered, codec, quality, path);
         }
     } catch (const vips::VError& error) {
+        // The pixels are decoded as they are written: damage in the source
+        // fails the save, and the decoder's tap tells it.
+        if (sourcetap::DecoderFailed(rendered)) {
+            return SaveResult::Failed(scope.Reason(error), FailureStage::Decode);
+        }
         std::string reason = ReasonFromSystemErrorText(scope.OwnText(error));
-        return SaveResult::Failed(reason.empty() ? scope.Reason(error) : reason);
+        if (reason.empty()) {
+            return SaveResult::Failed(scope.Reason(error), FailureStage::Encode);
+        }
+        return SaveResult::Failed(reason, FailureStage::Write);
     }
     if (inMemory) {
         SaveResult written = OverwriteFileBytes(path, VIPS_AREA(inMemory.get())->data,

@@ -46,8 +46,8 @@ void ViewController::OnAutoCropSelected() {
 }
 
 void ViewController::OnAutoCropFormatSelected() {
-    ui_->autoCropRule->SetCustomRatioChosen(ui_->comboAutoCropFormat->currentIndex() ==
-                                            kCustomRatioIndex);
+    ui_->autoCropRule->SetCustomRatioChosen(
+        RatioChoiceAtPosition(ui_->comboAutoCropFormat->currentIndex()) == RatioChoice::Custom);
     OnCropRuleChanged();
 }
 

@@ -44,7 +44,8 @@ void ViewController::ResetInterface() {
     // originals kept. The auto-crop ratio stays as it was.
     const bool wasReplacingOriginals = ui_->checkReplaceOriginals->isChecked();
     CropSettings start;
-    start.autoCropFormat = ui_->comboAutoCropFormat->currentIndex();
+    start.autoCropRatio = RatioChoiceAtPosition(ui_->comboAutoCropFormat->currentIndex())
+                              .value_or(start.autoCropRatio);
     settingsBinding_->Write(start);
 
     SetProgressFraction(*ui_->progressIndicator, 0.0);

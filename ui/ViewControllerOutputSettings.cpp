@@ -62,7 +62,9 @@ void ViewController::SettleOutputControls() {
         return;
     }
     const bool inPlace = ui_->checkReplaceOriginals->isChecked();
-    const OutputFormatInfo* format = OutputFormatAt(ui_->comboFormat->currentIndex());
+    const std::optional<OutputFormat> chosen =
+        OutputFormatAtPosition(ui_->comboFormat->currentIndex());
+    const OutputFormatInfo* format = chosen ? &InfoOf(*chosen) : nullptr;
     // Replacing the originals writes each file in its own format, which may
     // take a quality or carry metadata.
     ui_->sliderQuality->setEnabled(inPlace || (format != nullptr && format->takesQuality));
@@ -86,7 +88,9 @@ void ViewController::OnQualityChanged() {
     // JPEG XL are written without loss, and the label says so; JPEG files
     // cropped without re-encoding do not use the quality at all.
     const double value = ui_->sliderQuality->doubleValue();
-    const OutputFormatInfo* format = OutputFormatAt(ui_->comboFormat->currentIndex());
+    const std::optional<OutputFormat> chosen =
+        OutputFormatAtPosition(ui_->comboFormat->currentIndex());
+    const OutputFormatInfo* format = chosen ? &InfoOf(*chosen) : nullptr;
     const bool inPlace = ui_->checkReplaceOriginals->isChecked();
     const bool lossless =
         format != nullptr && LosslessAtFullQuality(format->codec) && !inPlace && value >= 100.0;

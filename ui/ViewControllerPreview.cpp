@@ -220,9 +220,10 @@ void ViewController::UpdateImageSize() {
     // A JPEG cropped without re-encoding holds the rectangle on its block
     // grid, and the labels say what the file will hold. Replaced originals
     // are written in their own format.
-    const long format = settings.replaceOriginals
-                            ? OutputFormatOfPath(QFile::encodeName(currentPath_).toStdString())
-                            : settings.outputFormat;
+    const std::optional<OutputFormat> format =
+        settings.replaceOriginals
+            ? OutputFormatOfPath(QFile::encodeName(currentPath_).toStdString())
+            : settings.outputFormat;
     DecideLosslessCrop(settings, format, currentJpegGrid_.has_value(), currentJpegGrid_, crop);
     ui_->labelOutputDimensionsWidth->setText(DimensionText(kWidthCaption, crop.outputSize.width));
     ui_->labelOutputDimensionsHeight->setText(

@@ -56,9 +56,9 @@ ImageOutcome WorkerImageProcessor::Process(const ImageTask& task) {
         atomicfile::RemoveLeftovers(OutputFolder(task), reply.deadWorker);
     }
     ImageOutcome failed;
-    failed.reason =
-        "cannot decode: " +
-        (reply.failure.empty() ? std::string("the image worker answered nonsense") : reply.failure);
+    failed.failure = Failure::At(
+        FailureStage::Decode,
+        reply.failure.empty() ? std::string("the image worker answered nonsense") : reply.failure);
     return failed;
 }
 

@@ -34,7 +34,7 @@ struct Checked {
 // Tells the engine how much memory the decoded image takes (about four bytes
 // a pixel), so that a worker that dies of it is reported as such.
 Checked CheckPixels(int socket, const std::string& path, std::uint64_t maxPixels) {
-    Checked checked{ImageTools::ImageHeaderWithPath(path), std::nullopt};
+    Checked checked{ImageTools::HeaderOfFile(path), std::nullopt};
     if (!checked.header) {
         return checked;  // the decoder itself will say why
     }
@@ -80,7 +80,7 @@ workerprotocol::Reply Answer(int socket, const workerprotocol::Request& request,
         ImageOutcome outcome;
         const Checked checked = CheckPixels(socket, image->task.source, image->maxPixels);
         if (checked.refusal) {
-            outcome.reason = "cannot decode: " + *checked.refusal;
+            outcome.failure = Failure::At(FailureStage::Decode, *checked.refusal);
         } else {
             outcome = processor.Process(image->task, checked.header);
         }

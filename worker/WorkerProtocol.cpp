@@ -133,10 +133,8 @@ Json TaskJson(const ImageTask& task) {
         {"output", task.output},
         {"decision", DecisionName(task.decision)},
         {"settings", Json::parse(ProfileText(task.settings))},
-        {"carryMetadata", task.carryMetadata},
-        {"dryRun", task.dryRun},
-        {"metadataOnly", task.metadataOnly},
-        {"replacesSource", task.replacesSource},
+        {"kind", TaskKindName(task.kind)},
+        {"target", OutputTargetName(task.target)},
     };
     if (task.adjustedRect) {
         json["adjustedRect"] = RectJson(*task.adjustedRect);
@@ -156,10 +154,14 @@ ImageTask TaskOf(const Json& json) {
         throw std::invalid_argument("settings: " + settings.reason());
     }
     task.settings = *settings;
-    task.carryMetadata = json.at("carryMetadata").get<bool>();
-    task.dryRun = json.at("dryRun").get<bool>();
-    task.metadataOnly = json.at("metadataOnly").get<bool>();
-    task.replacesSource = json.at("replacesSource").get<bool>();
+    const std::optional<TaskKind> kind = TaskKindFromName(json.at("kind").get<std::string>());
+    const std::optional<OutputTarget> target =
+        OutputTargetFromName(json.at("target").get<std::string>());
+    if (!kind || !target) {
+        throw std::invalid_argument("unknown task kind or output target");
+    }
+    task.kind = *kind;
+    task.target = *target;
     if (json.contains("adjustedRect")) {
         task.adjustedRect = RectOf(json.at("adjustedRect"));
     }
@@ -168,10 +170,14 @@ ImageTask TaskOf(const Json& json) {
 
 Json OutcomeJson(const ImageOutcome& outcome) {
     Json json = {{"status", StatusName(outcome.status)},
-                 {"reason", outcome.reason},
+                 {"failure", nullptr},
                  {"notes", Json::array()},
                  {"warning", outcome.warning},
                  {"wholeImage", outcome.wholeImage}};
+    if (outcome.failure) {
+        json["failure"] = {{"stage", StageName(outcome.failure->stage)},
+                           {"reason", outcome.failure->reason}};
+    }
     for (const ImageNote& note : outcome.notes) {
         json["notes"].push_back({{"kind", NoteKindName(note.kind)}, {"detail", note.detail}});
     }
@@ -187,7 +193,14 @@ Json OutcomeJson(const ImageOutcome& outcome) {
 ImageOutcome OutcomeOf(const Json& json) {
     ImageOutcome outcome;
     outcome.status = StatusFromName(json.at("status").get<std::string>());
-    outcome.reason = json.at("reason").get<std::string>();
+    if (const Json& failure = json.at("failure"); !failure.is_null()) {
+        const std::optional<FailureStage> stage =
+            StageFromName(failure.at("stage").get<std::string>());
+        if (!stage) {
+            throw std::invalid_argument("unknown failure stage");
+        }
+        outcome.failure = Failure{*stage, failure.at("reason").get<std::string>()};
+    }
     for (const Json& note : json.at("notes")) {
         outcome.notes.push_back({NoteKindFromName(note.at("kind").get<std::string>()),
                                  note.at("detail").get<std::string>()});

@@ -22,7 +22,9 @@
 
 namespace vellumo::workerprotocol {
 
-inline constexpr int kVersion = 1;
+// 2: a task says its kind and output target by name; an outcome carries its
+// failure (stage and reason) instead of a reason alone.
+inline constexpr int kVersion = 2;
 
 struct Message {
     std::string json;

@@ -263,8 +263,8 @@ TEST_F(CliTest, AProfileGivesTheSettingsAndOptionsOverrideIt) {
     test::CoordinateImage(400, 300).pngsave(dir.File("a.png").c_str());
     CropSettings settings;
     settings.mode = CropMode::Auto;
-    settings.autoCropFormat = 3;  // 16:9
-    settings.outputFormat = 5;    // PNG
+    settings.autoCropRatio = RatioChoice::Ratio16x9;  // 16:9
+    settings.outputFormat = OutputFormat::Png;        // PNG
     settings.nameTemplate = "from-profile";
     settings.outputFolder = Out();
     ASSERT_TRUE(WriteProfile(dir.File("p.vellumo"), settings).saved);

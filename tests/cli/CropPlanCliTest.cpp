@@ -26,8 +26,8 @@ class CropPlanCliTest : public CliTest {
 
 TEST_F(CropPlanCliTest, CropsThePlansImagesByTheirRectanglesAndTheRule) {
     CropSettings settings;
-    settings.mode = CropMode::Auto;  // 1:1
-    settings.outputFormat = 5;       // PNG
+    settings.mode = CropMode::Auto;             // 1:1
+    settings.outputFormat = OutputFormat::Png;  // PNG
     settings.nameTemplate = "[FileName]";
     settings.outputFolder = Out();
     const std::string a = Source("a.png");
@@ -94,7 +94,7 @@ TEST_F(CropPlanCliTest, AnImageOfThePlanThatIsGoneFailsAloneWithItsReason) {
     const std::string a = Source("a.png");
     CropSettings settings;
     settings.outputFolder = Out();
-    settings.outputFormat = 5;
+    settings.outputFormat = OutputFormat::Png;
     ASSERT_TRUE(WriteCropPlan(dir.File("p.vellumoplan"),
                               MakeCropPlan(settings, {dir.File("gone.png"), a}, {}))
                     .saved);

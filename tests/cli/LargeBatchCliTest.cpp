@@ -169,7 +169,7 @@ TEST_F(LargeBatchCli, VerifyFindsMissingFailedAndDuplicatedInputs) {
         ManifestEntry e;
         e.source = source;
         e.output = Out() + "/" + source;
-        e.status = status;
+        e.status = StatusFromName(status);
         e.settings = "s";
         if (status == "failed") {
             e.reason = "cannot decode: not a PNG file";

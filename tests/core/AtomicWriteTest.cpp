@@ -48,14 +48,14 @@ TEST(AtomicWrite, ReaderPollingDuringRepeatedOverwritesNeverSeesAPartialFile) {
     // Two pictures whose files differ in content and size.
     const Image first = MakeImage(test::PhotoLikeImage(500, 400).copy_memory());
     const Image second = MakeImage(test::CoordinateImage(640, 360));
-    ASSERT_TRUE(ImageTools::SaveImage(first, dir.File("first.png"), 5, 0.8));
-    ASSERT_TRUE(ImageTools::SaveImage(second, dir.File("second.png"), 5, 0.8));
+    ASSERT_TRUE(ImageTools::SaveImage(first, dir.File("first.png"), OutputFormat::Png, 0.8));
+    ASSERT_TRUE(ImageTools::SaveImage(second, dir.File("second.png"), OutputFormat::Png, 0.8));
     const std::string firstBytes = ReadFile(dir.File("first.png"));
     const std::string secondBytes = ReadFile(dir.File("second.png"));
     ASSERT_NE(firstBytes.size(), secondBytes.size());
 
     const std::string target = dir.File("target.png");
-    ASSERT_TRUE(ImageTools::SaveImage(first, target, 5, 0.8));
+    ASSERT_TRUE(ImageTools::SaveImage(first, target, OutputFormat::Png, 0.8));
 
     std::atomic<bool> writing{true};
     std::atomic<int> reads{0};
@@ -83,7 +83,9 @@ TEST(AtomicWrite, ReaderPollingDuringRepeatedOverwritesNeverSeesAPartialFile) {
     int saved = 0;
     for (int i = 0; i < kWrites; ++i) {
         waitForFreshRead();
-        saved += ImageTools::SaveImage(i % 2 == 0 ? second : first, target, 5, 0.8) ? 1 : 0;
+        saved += ImageTools::SaveImage(i % 2 == 0 ? second : first, target, OutputFormat::Png, 0.8)
+                     ? 1
+                     : 0;
     }
     waitForFreshRead();
     writing = false;
@@ -101,7 +103,8 @@ TEST(AtomicWrite, ReplacesTheFileInsteadOfWritingIntoIt) {
     WriteText(target, "the old content");
     // A second name for the old file: writing into the file would change it.
     std::filesystem::create_hard_link(target, dir.File("old-link"));
-    ASSERT_TRUE(ImageTools::SaveImage(MakeImage(test::CoordinateImage(80, 60)), target, 0, 0.8));
+    ASSERT_TRUE(ImageTools::SaveImage(MakeImage(test::CoordinateImage(80, 60)), target,
+                                      OutputFormat::Jpg, 0.8));
     EXPECT_EQ(ReadFile(dir.File("old-link")), "the old content");
     EXPECT_EQ(test::MagickIdentifySize(target).width, 80);
     EXPECT_EQ(FileNames(dir), (std::vector<std::string>{"old-link", "out.jpg"}));
@@ -110,8 +113,8 @@ TEST(AtomicWrite, ReplacesTheFileInsteadOfWritingIntoIt) {
 TEST(AtomicWrite, NewFileHasTheUsualPermissions) {
     TempDir dir;
     const mode_t previous = umask(027);
-    const bool saved =
-        ImageTools::SaveImage(MakeImage(test::CoordinateImage(20, 20)), dir.File("a.png"), 5, 0.8);
+    const bool saved = ImageTools::SaveImage(MakeImage(test::CoordinateImage(20, 20)),
+                                             dir.File("a.png"), OutputFormat::Png, 0.8);
     umask(previous);
     ASSERT_TRUE(saved);
     struct stat info {};
@@ -121,8 +124,9 @@ TEST(AtomicWrite, NewFileHasTheUsualPermissions) {
 
 TEST(AtomicWrite, MissingFolderIsAFailureWithAReason) {
     TempDir dir;
-    const SaveResult result = ImageTools::TrySaveImage(MakeImage(test::CoordinateImage(20, 20)),
-                                                       dir.File("nowhere/a.png"), 5, 0.8);
+    const SaveResult result =
+        ImageTools::TrySaveImage(MakeImage(test::CoordinateImage(20, 20)),
+                                 dir.File("nowhere/a.png"), OutputFormat::Png, 0.8);
     EXPECT_FALSE(result.saved);
     EXPECT_EQ(result.reason, "the folder does not exist");
     EXPECT_TRUE(FileNames(dir).empty());
@@ -169,7 +173,7 @@ TEST(AtomicWrite, FolderWithoutWritePermissionIsAFailureWithAReason) {
     {
         const AsOrdinaryUser user;
         result = ImageTools::TrySaveImage(MakeImage(test::CoordinateImage(20, 20)),
-                                          (locked / "a.png").string(), 5, 0.8);
+                                          (locked / "a.png").string(), OutputFormat::Png, 0.8);
     }
     fs::permissions(locked, fs::perms::owner_all);
     EXPECT_FALSE(result.saved);
@@ -182,7 +186,7 @@ TEST(AtomicWrite, FolderInTheWayOfTheTargetIsAFailure) {
     std::filesystem::create_directory(dir.path() / "a.png");
     std::ofstream(dir.path() / "a.png" / "inside.txt") << "kept";
     const SaveResult result = ImageTools::TrySaveImage(MakeImage(test::CoordinateImage(20, 20)),
-                                                       dir.File("a.png"), 5, 0.8);
+                                                       dir.File("a.png"), OutputFormat::Png, 0.8);
     EXPECT_FALSE(result.saved);
     EXPECT_FALSE(result.reason.empty());
     EXPECT_EQ(ReadFile(dir.File("a.png/inside.txt")), "kept");
@@ -210,7 +214,7 @@ class FileSizeLimit {
     sighandler_t previousHandler_;
 };
 
-class FailedWrite : public ::testing::TestWithParam<std::pair<long, const char*>> {};
+class FailedWrite : public ::testing::TestWithParam<std::pair<OutputFormat, const char*>> {};
 
 TEST_P(FailedWrite, LeavesTheOldFileAsItWasAndNoTemporaryFile) {
     const auto [format, name] = GetParam();
@@ -236,11 +240,12 @@ TEST_P(FailedWrite, LeavesTheOldFileAsItWasAndNoTemporaryFile) {
     EXPECT_EQ(FileNames(dir), std::vector<std::string>{name});
 }
 
-INSTANTIATE_TEST_SUITE_P(Encoders, FailedWrite,
-                         ::testing::Values(std::pair{0L, "a.jpg"}, std::pair{3L, "a.jp2"},
-                                           std::pair{5L, "a.png"}, std::pair{6L, "a.tif"},
-                                           std::pair{8L, "a.gif"}, std::pair{9L, "a.bmp"}),
-                         [](const auto& info) { return std::to_string(info.param.first); });
+INSTANTIATE_TEST_SUITE_P(
+    Encoders, FailedWrite,
+    ::testing::Values(std::pair{OutputFormat::Jpg, "a.jpg"}, std::pair{OutputFormat::Jp2, "a.jp2"},
+                      std::pair{OutputFormat::Png, "a.png"}, std::pair{OutputFormat::Tiff, "a.tif"},
+                      std::pair{OutputFormat::Gif, "a.gif"}, std::pair{OutputFormat::Bmp, "a.bmp"}),
+    [](const auto& info) { return std::to_string(PositionOfOutputFormat(info.param.first)); });
 
 TEST(AtomicWrite, ImageFoundDamagedWhileWritingIsAFailureWithTheDecodersReason) {
     TempDir dir;
@@ -257,7 +262,7 @@ TEST(AtomicWrite, ImageFoundDamagedWhileWritingIsAFailureWithTheDecodersReason) 
     const std::string target = dir.File("out.png");
     WriteText(target, "old");
     const SaveResult result = ImageTools::TrySaveImage(
-        ImageAccess::Make(lazy, lazy.width(), lazy.height()), target, 5, 0.8);
+        ImageAccess::Make(lazy, lazy.width(), lazy.height()), target, OutputFormat::Png, 0.8);
     EXPECT_FALSE(result.saved);
     EXPECT_NE(result.reason.find("premature end"), std::string::npos) << result.reason;
     EXPECT_EQ(ReadFile(target), "old");

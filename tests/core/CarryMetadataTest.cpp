@@ -26,13 +26,13 @@ using test::TempDir;
 
 // Saves a crop of the file at `source` as `name` in `format`.
 std::string SaveCrop(const TempDir& dir, const std::string& source, const std::string& name,
-                     long format, Rect rect) {
+                     OutputFormat format, Rect rect) {
     const LoadResult loaded = ImageTools::LoadImage(source);
     EXPECT_TRUE(loaded) << source << ": " << loaded.reason();
     if (!loaded) {
         return {};
     }
-    const Image cut = ImageTools::CropImage(*loaded, rect.x, rect.y, rect.width, rect.height);
+    const Image cut = ImageTools::CropImage(*loaded, rect);
     const std::string path = dir.File(name);
     const SaveResult saved = ImageTools::TrySaveImage(cut, path, format, 0.9);
     EXPECT_TRUE(saved.saved) << saved.reason;
@@ -48,7 +48,7 @@ void ExifToolWrite(const std::string& path, const std::string& assignments) {
 
 struct CarryCase {
     const char* source;  // under the shared test images
-    long format;
+    OutputFormat format;
     const char* name;
 };
 
@@ -89,7 +89,7 @@ TEST_P(CameraPhoto, CarriesCameraDatesAndGpsWithUprightOrientationOwnSizeAndNoTh
     const std::vector<unsigned char> pixelsBefore = test::MagickPixels(path, "", "rgb", 8);
     ASSERT_EQ(pixelsBefore.size(), 300u * 400u * 3u);
 
-    ImageTools::ChangeImageExifWithOriginalImagePath(source, path);
+    ImageTools::CarryMetadata(source, path);
 
     ExpectSameValues(path, source, kUnchangedTags);
     const auto own = test::ExifToolValues(
@@ -106,14 +106,15 @@ TEST_P(CameraPhoto, CarriesCameraDatesAndGpsWithUprightOrientationOwnSizeAndNoTh
 
 INSTANTIATE_TEST_SUITE_P(
     Formats, CameraPhoto,
-    ::testing::Values(CarryCase{"orientation/Samsung GT-I9000 (Galaxy S).jpg", 0, "s.jpg"},
-                      CarryCase{"orientation/Samsung GT-I9000 (Galaxy S).jpg", 3, "s.jp2"},
-                      CarryCase{"orientation/Samsung GT-I9000 (Galaxy S).jpg", 5, "s.png"},
-                      CarryCase{"orientation/Samsung GT-I9000 (Galaxy S).jpg", 6, "s.tiff"},
-                      CarryCase{"orientation/Apple iPhone 5.jpg", 1, "i.jpeg"},
-                      CarryCase{"orientation/Apple iPhone 5.jpg", 4, "i.jpx"},
-                      CarryCase{"orientation/Apple iPhone 5.jpg", 5, "i.png"},
-                      CarryCase{"orientation/Apple iPhone 5.jpg", 7, "i.tif"}),
+    ::testing::Values(
+        CarryCase{"orientation/Samsung GT-I9000 (Galaxy S).jpg", OutputFormat::Jpg, "s.jpg"},
+        CarryCase{"orientation/Samsung GT-I9000 (Galaxy S).jpg", OutputFormat::Jp2, "s.jp2"},
+        CarryCase{"orientation/Samsung GT-I9000 (Galaxy S).jpg", OutputFormat::Png, "s.png"},
+        CarryCase{"orientation/Samsung GT-I9000 (Galaxy S).jpg", OutputFormat::Tiff, "s.tiff"},
+        CarryCase{"orientation/Apple iPhone 5.jpg", OutputFormat::Jpeg, "i.jpeg"},
+        CarryCase{"orientation/Apple iPhone 5.jpg", OutputFormat::Jpx, "i.jpx"},
+        CarryCase{"orientation/Apple iPhone 5.jpg", OutputFormat::Png, "i.png"},
+        CarryCase{"orientation/Apple iPhone 5.jpg", OutputFormat::Tif, "i.tif"}),
     [](const auto& info) {
         std::string name = std::string(info.param.source).substr(12, 5) + "_" + info.param.name;
         for (char& c : name) {
@@ -125,7 +126,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 // ---- Keywords, ratings, lens, XMP --------------------------------------
 
-class TaggedSource : public ::testing::TestWithParam<std::pair<long, const char*>> {};
+class TaggedSource : public ::testing::TestWithParam<std::pair<OutputFormat, const char*>> {};
 
 TEST_P(TaggedSource, EverythingElseTravelsUnchanged) {
     TempDir dir;
@@ -140,7 +141,7 @@ TEST_P(TaggedSource, EverythingElseTravelsUnchanged) {
     const auto [format, name] = GetParam();
     const std::string path = SaveCrop(dir, source, name, format, {10, 10, 100, 150});
 
-    ImageTools::ChangeImageExifWithOriginalImagePath(source, path);
+    ImageTools::CarryMetadata(source, path);
 
     ExpectSameValues(path, source,
                      {"Make", "Model", "LensModel", "DateTimeOriginal", "GPSLatitude",
@@ -178,9 +179,9 @@ TEST(CarryMetadata, TheDescriptionOfAGainMapThatIsNotCarriedStaysBehind) {
     ExifToolWrite(source, "'-xmp<=" + packet + "'");
     ASSERT_FALSE(ExifToolTags(source, "-XMP-hdrgm:all").empty());
     ASSERT_FALSE(ExifToolTags(source, "-XMP-Container:all").empty());
-    const std::string path = SaveCrop(dir, source, "out.jpg", 0, {10, 10, 100, 80});
+    const std::string path = SaveCrop(dir, source, "out.jpg", OutputFormat::Jpg, {10, 10, 100, 80});
 
-    ImageTools::ChangeImageExifWithOriginalImagePath(source, path);
+    ImageTools::CarryMetadata(source, path);
 
     EXPECT_EQ(ExifToolValue(path, "XMP-dc:Creator"), "Someone");
     EXPECT_EQ(ExifToolTags(path, "-XMP-hdrgm:all"), std::vector<std::string>{});
@@ -189,9 +190,13 @@ TEST(CarryMetadata, TheDescriptionOfAGainMapThatIsNotCarriedStaysBehind) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Formats, TaggedSource,
-                         ::testing::Values(std::pair{0L, "t.jpg"}, std::pair{3L, "t.jp2"},
-                                           std::pair{5L, "t.png"}, std::pair{6L, "t.tiff"}),
-                         [](const auto& info) { return std::to_string(info.param.first); });
+                         ::testing::Values(std::pair{OutputFormat::Jpg, "t.jpg"},
+                                           std::pair{OutputFormat::Jp2, "t.jp2"},
+                                           std::pair{OutputFormat::Png, "t.png"},
+                                           std::pair{OutputFormat::Tiff, "t.tiff"}),
+                         [](const auto& info) {
+                             return std::to_string(PositionOfOutputFormat(info.param.first));
+                         });
 
 // ---- The saved file keeps its own format -------------------------------
 
@@ -202,9 +207,10 @@ TEST(CarryMetadata, PngSourceCroppedToJpegStaysJpegAndCarriesThePngsProperties) 
     ExifToolWrite(source,
                   "-Model='PNG Camera' '-DateTimeOriginal=2021:03:04 05:06:07' "
                   "-GPSLatitude=12.25 -GPSLatitudeRef=S '-XMP-dc:Title=From a PNG'");
-    const std::string path = SaveCrop(dir, source, "cropped.jpg", 0, {0, 0, 120, 90});
+    const std::string path =
+        SaveCrop(dir, source, "cropped.jpg", OutputFormat::Jpg, {0, 0, 120, 90});
 
-    ImageTools::ChangeImageExifWithOriginalImagePath(source, path);
+    ImageTools::CarryMetadata(source, path);
 
     EXPECT_EQ(test::MagickFormat(path), "JPEG");
     EXPECT_EQ(ReadFile(path).substr(0, 3), "\xFF\xD8\xFF");
@@ -221,8 +227,9 @@ TEST(CarryMetadata, XmpOrientationAndSizeOfARealPngBecomeTheSavedFiles) {
     const std::string source = test::TestDataPath("orientation/xmp_tags_orientation.png");
     ASSERT_EQ(ExifToolValue(source, "XMP-tiff:Orientation", true), "3");
     TempDir dir;
-    const std::string path = SaveCrop(dir, source, "cropped.jpg", 0, {5, 5, 100, 80});
-    ImageTools::ChangeImageExifWithOriginalImagePath(source, path);
+    const std::string path =
+        SaveCrop(dir, source, "cropped.jpg", OutputFormat::Jpg, {5, 5, 100, 80});
+    ImageTools::CarryMetadata(source, path);
     EXPECT_EQ(test::MagickFormat(path), "JPEG");
     EXPECT_EQ(ExifToolValue(path, "XMP-tiff:Orientation", true), "1");
     EXPECT_EQ(ExifToolValue(path, "XMP-exif:ExifImageWidth", true), "100");
@@ -234,17 +241,19 @@ TEST(CarryMetadata, TiffSourceLeavesItsStorageTagsBehind) {
     const std::string source = dir.File("scan.tif");
     test::CoordinateImage(160, 120).tiffsave(source.c_str());
     ExifToolWrite(source, "-Make=Scanner -Model='Flatbed 9000' -Artist=Someone");
-    for (const auto& [format, name] : {std::pair{0L, "s.jpg"}, {6L, "s.tif"}, {5L, "s.png"}}) {
+    for (const auto& [format, name] : {std::pair{OutputFormat::Jpg, "s.jpg"},
+                                       {OutputFormat::Tiff, "s.tif"},
+                                       {OutputFormat::Png, "s.png"}}) {
         const std::string path = SaveCrop(dir, source, name, format, {0, 0, 90, 70});
         const std::vector<unsigned char> before = test::MagickPixels(path, "", "rgb", 8);
-        ImageTools::ChangeImageExifWithOriginalImagePath(source, path);
+        ImageTools::CarryMetadata(source, path);
         EXPECT_EQ(ExifToolValue(path, "Model"), "Flatbed 9000") << name;
         EXPECT_EQ(ExifToolValue(path, "Artist"), "Someone") << name;
         EXPECT_TRUE(test::MagickPixels(path, "", "rgb", 8) == before) << name;
         const test::MagickSize size = test::MagickIdentifySize(path);
         EXPECT_EQ(size.width, 90) << name;
         EXPECT_EQ(size.height, 70) << name;
-        if (format != 6) {
+        if (format != OutputFormat::Tiff) {
             // The source's strip layout describes none of the saved pixels.
             for (const char* tag : {"StripOffsets", "StripByteCounts", "RowsPerStrip",
                                     "BitsPerSample", "PlanarConfiguration"}) {
@@ -262,14 +271,15 @@ TEST(CarryMetadata, ReplacesMetadataAnExistingSavedFileHad) {
     const std::string path = dir.File("existing.jpg");
     test::PhotoLikeImage(60, 40).jpegsave(path.c_str());
     ExifToolWrite(path, "-Model=Older -Artist=Former");
-    ImageTools::ChangeImageExifWithOriginalImagePath(source, path);
+    ImageTools::CarryMetadata(source, path);
     EXPECT_EQ(ExifToolValue(path, "Model"), "Newer");
     EXPECT_EQ(ExifToolValue(path, "Artist"), "");
 }
 
 // ---- The colour profile ------------------------------------------------
 
-class ProfileThroughCarry : public ::testing::TestWithParam<std::pair<long, const char*>> {};
+class ProfileThroughCarry : public ::testing::TestWithParam<std::pair<OutputFormat, const char*>> {
+};
 
 TEST_P(ProfileThroughCarry, SavedFilesProfileStays) {
     VELLUMO_REQUIRE_TESTDATA();
@@ -277,16 +287,20 @@ TEST_P(ProfileThroughCarry, SavedFilesProfileStays) {
     TempDir dir;
     const auto [format, name] = GetParam();
     const std::string path = SaveCrop(dir, source, name, format, {2000, 1500, 300, 200});
-    ImageTools::ChangeImageExifWithOriginalImagePath(source, path);
+    ImageTools::CarryMetadata(source, path);
     EXPECT_EQ(ExifToolValue(path, "Model"), "Pixel 6 Pro");
     EXPECT_TRUE(test::ExifToolBinary(path, "ICC_Profile") ==
                 test::ExifToolBinary(source, "ICC_Profile"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Formats, ProfileThroughCarry,
-                         ::testing::Values(std::pair{0L, "p.jpg"}, std::pair{3L, "p.jp2"},
-                                           std::pair{5L, "p.png"}, std::pair{6L, "p.tif"}),
-                         [](const auto& info) { return std::to_string(info.param.first); });
+                         ::testing::Values(std::pair{OutputFormat::Jpg, "p.jpg"},
+                                           std::pair{OutputFormat::Jp2, "p.jp2"},
+                                           std::pair{OutputFormat::Png, "p.png"},
+                                           std::pair{OutputFormat::Tiff, "p.tif"}),
+                         [](const auto& info) {
+                             return std::to_string(PositionOfOutputFormat(info.param.first));
+                         });
 
 // ---- Formats without these metadata, and files that cannot be used -----
 
@@ -298,12 +312,12 @@ TEST(CarryMetadata, GifAndBmpAreLeftExactlyAsTheyWere) {
     VELLUMO_REQUIRE_TESTDATA();
     const std::string source = test::TestDataPath("orientation/Samsung GT-I9000 (Galaxy S).jpg");
     TempDir dir;
-    for (const auto& [format, name] : {std::pair{8L, "s.gif"}, {9L, "s.bmp"}}) {
+    for (const auto& [format, name] :
+         {std::pair{OutputFormat::Gif, "s.gif"}, {OutputFormat::Bmp, "s.bmp"}}) {
         const std::string path = SaveCrop(dir, source, name, format, {0, 0, 200, 100});
         const std::string before = ReadFile(path);
         const auto modified = ModifiedAt(path);
-        const MetadataResult result =
-            ImageTools::ChangeImageExifWithOriginalImagePath(source, path);
+        const MetadataResult result = ImageTools::CarryMetadata(source, path);
         EXPECT_EQ(result.status, MetadataResult::Status::NotCarried) << name;
         EXPECT_EQ(result.reason, "the saved file's format carries no metadata") << name;
         EXPECT_TRUE(ReadFile(path) == before) << name;
@@ -320,8 +334,7 @@ TEST(CarryMetadata, SourceThatIsNoImageLeavesTheSavedFileAlone) {
     const std::string before = ReadFile(path);
     const auto modified = ModifiedAt(path);
     for (const std::string& unreadable : {source, dir.File("missing.jpg")}) {
-        const MetadataResult result =
-            ImageTools::ChangeImageExifWithOriginalImagePath(unreadable, path);
+        const MetadataResult result = ImageTools::CarryMetadata(unreadable, path);
         EXPECT_EQ(result.status, MetadataResult::Status::NotCarried);
         EXPECT_EQ(result.reason.rfind("the source's metadata cannot be read (", 0), 0u)
             << result.reason;
@@ -335,11 +348,11 @@ TEST(CarryMetadata, SavedFileThatIsMissingOrNoImageIsLeftAlone) {
     const std::string source = dir.File("source.jpg");
     test::PhotoLikeImage(60, 40).jpegsave(source.c_str());
     ExifToolWrite(source, "-Model=Someone");
-    ImageTools::ChangeImageExifWithOriginalImagePath(source, dir.File("gone.jpg"));
+    ImageTools::CarryMetadata(source, dir.File("gone.jpg"));
     EXPECT_FALSE(std::filesystem::exists(dir.File("gone.jpg")));
     const std::string text = dir.File("text.jpg");
     std::ofstream(text) << "plain text";
-    ImageTools::ChangeImageExifWithOriginalImagePath(source, text);
+    ImageTools::CarryMetadata(source, text);
     EXPECT_EQ(ReadFile(text), "plain text");
 }
 
@@ -357,11 +370,11 @@ TEST(CarryCreationDate, SavedFileGetsTheSourcesCreationDate) {
     ASSERT_EQ(RunCommand("touch -m -d '2011-04-02 18:30:10' " + ShellQuote(source)).exitCode, 0);
     const test::StatTimes sourceTimes = test::StatSeconds(source);
     const long long created = sourceTimes.birth != 0 ? sourceTimes.birth : sourceTimes.modification;
-    EXPECT_EQ(Seconds(ImageTools::ImageCreationDateWithPath(source)), created);
+    EXPECT_EQ(Seconds(ImageTools::CreationDate(source)), created);
 
-    const std::string path = SaveCrop(dir, source, "out.png", 5, {0, 0, 50, 50});
+    const std::string path = SaveCrop(dir, source, "out.png", OutputFormat::Png, {0, 0, 50, 50});
     testing::internal::CaptureStdout();
-    const MetadataResult carried = ImageTools::ChangeImageExifWithOriginalImagePath(source, path);
+    const MetadataResult carried = ImageTools::CarryMetadata(source, path);
     EXPECT_EQ(carried.status, MetadataResult::Status::Carried) << carried.reason;
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "") << "the library prints nothing";
     // Linux lets no one set a birth time: the modification time carries it.
@@ -377,12 +390,12 @@ TEST(CarryCreationDate, SourceThatVanishesAfterItsPropertiesWereReadGivesAboutNo
     test::PhotoLikeImage(120, 90).jpegsave(source.c_str());
     ExifToolWrite(source, "-Model=Vanishing");
     ASSERT_EQ(RunCommand("touch -m -d '2011-04-02 18:30:10' " + ShellQuote(source)).exitCode, 0);
-    const std::string path = SaveCrop(dir, source, "out.jpg", 0, {0, 0, 50, 50});
+    const std::string path = SaveCrop(dir, source, "out.jpg", OutputFormat::Jpg, {0, 0, 50, 50});
 
     const auto before = std::chrono::system_clock::now();
     metadatacarry::Carry(source, path, [&] {
         std::filesystem::remove(source);
-        return ImageTools::ImageCreationDateWithPath(source);
+        return ImageTools::CreationDate(source);
     });
     const auto after = std::chrono::system_clock::now();
 

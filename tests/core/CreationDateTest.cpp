@@ -27,13 +27,13 @@ TEST(ImageCreationDate, IsTheBirthTimeOrElseTheModificationTime) {
     const test::StatTimes times = test::StatSeconds(path);
     ASSERT_EQ(times.modification, 946684798);
     const long long expected = times.birth != 0 ? times.birth : times.modification;
-    EXPECT_EQ(Seconds(ImageTools::ImageCreationDateWithPath(path)), expected);
+    EXPECT_EQ(Seconds(ImageTools::CreationDate(path)), expected);
 }
 
 TEST(ImageCreationDate, FileThatVanishedGivesAboutTheCurrentTime) {
     test::TempDir dir;
     const auto before = std::chrono::system_clock::now();
-    const auto date = ImageTools::ImageCreationDateWithPath(dir.File("gone.jpg"));
+    const auto date = ImageTools::CreationDate(dir.File("gone.jpg"));
     const auto after = std::chrono::system_clock::now();
     EXPECT_GE(date, before);
     EXPECT_LE(date, after);
@@ -43,7 +43,7 @@ TEST(ImageCreationDate, PathThroughAFileIsUnreadableAndGivesTheCurrentTime) {
     test::TempDir dir;
     std::ofstream(dir.File("plain")) << "x";
     const auto before = std::chrono::system_clock::now();
-    const auto date = ImageTools::ImageCreationDateWithPath(dir.File("plain/inside.jpg"));
+    const auto date = ImageTools::CreationDate(dir.File("plain/inside.jpg"));
     EXPECT_GE(date, before);
     EXPECT_LE(date, std::chrono::system_clock::now());
 }

@@ -95,7 +95,7 @@ TEST(RectEditing, ALockedRatioIsKeptToThePixelByEveryHandle) {
 CropSettings Rule1To1() {
     CropSettings s;
     s.mode = CropMode::Auto;
-    s.autoCropFormat = 0;
+    s.autoCropRatio = RatioChoice::Ratio1x1;
     return s;
 }
 
@@ -154,7 +154,7 @@ TEST(AdjustedCrop, AJobWritesAdjustedImagesByTheirRectanglesAndTheOthersByTheRul
     CropSettings settings = Rule1To1();
     settings.outputFolder = dir.File("out");
     fs::create_directory(settings.outputFolder);
-    settings.outputFormat = 5;  // PNG: compared pixel for pixel
+    settings.outputFormat = OutputFormat::Png;  // PNG: compared pixel for pixel
     settings.nameTemplate = "[FileName]";
     std::vector<std::string> list;
     for (int i = 0; i < 10; ++i) {

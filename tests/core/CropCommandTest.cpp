@@ -26,13 +26,13 @@ namespace fs = std::filesystem;
 // empty) and notes every question in the order asked.
 class RecordingQuestions final : public CropQuestions {
   public:
-    bool ReplaceOriginals(std::size_t count) override {
+    Answer ReplaceOriginals(std::size_t count) override {
         return Note("replace " + std::to_string(count));
     }
-    bool CreateFolder(const std::string& folder) override { return Note("create " + folder); }
-    bool WriteUncroppedCopies() override { return Note("uncropped"); }
-    bool NumberClashes(const std::vector<OutputClash>& clashes,
-                       const std::vector<std::string>&) override {
+    Answer CreateFolder(const std::string& folder) override { return Note("create " + folder); }
+    Answer WriteUncroppedCopies() override { return Note("uncropped"); }
+    Answer NumberClashes(const std::vector<OutputClash>& clashes,
+                         const std::vector<std::string>&) override {
         return Note("clashes " + std::to_string(clashes.size()));
     }
     OverwriteAnswer Overwrite(const std::string& question) override {
@@ -46,16 +46,16 @@ class RecordingQuestions final : public CropQuestions {
     }
 
     std::vector<std::string> asked;
-    std::deque<bool> answers;
+    std::deque<Answer> answers;
     std::deque<OverwriteAnswer> overwrites;
 
   private:
-    bool Note(const std::string& question) {
+    Answer Note(const std::string& question) {
         asked.push_back(question);
         if (answers.empty()) {
-            return true;
+            return Answer::Yes;
         }
-        const bool answer = answers.front();
+        const Answer answer = answers.front();
         answers.pop_front();
         return answer;
     }
@@ -84,7 +84,7 @@ class CropCommandTest : public ::testing::Test {
     CropCommandTest() {
         request.settings.outputFolder = dir.File("out");
         request.settings.nameTemplate = "[FileName]";
-        request.settings.outputFormat = 5;  // PNG
+        request.settings.outputFormat = OutputFormat::Png;  // PNG
         request.settings.mode = CropMode::Auto;
     }
     std::string Image(const std::string& name, int width = 300, int height = 200) {
@@ -139,7 +139,7 @@ TEST_F(CropCommandTest, AFileInTheOutputFoldersPlaceIsRefusedBeforeAnyQuestion) 
 
 TEST_F(CropCommandTest, AMissingFolderIsAskedForAndMadeOnlyWhenTheJobStarts) {
     Image("a.png");
-    questions.answers = {false};
+    questions.answers = {Answer::No};
     EXPECT_EQ(Crop().ending, Ending::Declined);
     EXPECT_EQ(questions.asked, std::vector<std::string>{"create " + request.settings.outputFolder});
     EXPECT_FALSE(fs::exists(request.settings.outputFolder));
@@ -147,14 +147,14 @@ TEST_F(CropCommandTest, AMissingFolderIsAskedForAndMadeOnlyWhenTheJobStarts) {
     // Agreed, but a later question declined: still nothing made.
     request.settings.mode = CropMode::Pixels;  // 0 x 0 pixels: every image whole
     questions.asked.clear();
-    questions.answers = {true, false};
+    questions.answers = {Answer::Yes, Answer::No};
     EXPECT_EQ(Crop().ending, Ending::Declined);
     EXPECT_EQ(questions.asked,
               (std::vector<std::string>{"create " + request.settings.outputFolder, "uncropped"}));
     EXPECT_FALSE(fs::exists(request.settings.outputFolder));
 
     questions.asked.clear();
-    questions.answers = {true, true};
+    questions.answers = {Answer::Yes, Answer::Yes};
     const CropCommandResult result = Crop();
     EXPECT_EQ(result.ending, Ending::Finished);
     EXPECT_EQ(test::MagickIdentifySize(dir.File("out/a.png")).width, 300);
@@ -165,7 +165,7 @@ TEST_F(CropCommandTest, ReplacingTheOriginalsIsAskedWithTheirCount) {
     Image("b.png", 200, 300);
     request.settings.replaceOriginals = true;
     request.settings.outputFolder.clear();
-    questions.answers = {false};
+    questions.answers = {Answer::No};
     EXPECT_EQ(Crop().ending, Ending::Declined);
     EXPECT_EQ(questions.asked, std::vector<std::string>{"replace 2"});
     EXPECT_EQ(test::MagickIdentifySize(a).width, 300);
@@ -189,7 +189,7 @@ TEST_F(CropCommandTest, OnlyARuleThatCropsNoImageAsksAboutUncroppedCopies) {
     request.settings.pixelsWidth = 10;
     request.settings.pixelsHeight = 10;
     request.settings.pixelsOriginX = 5000;  // outside both images
-    questions.answers = {false};
+    questions.answers = {Answer::No};
     EXPECT_EQ(Crop().ending, Ending::Declined);
     EXPECT_EQ(questions.asked, std::vector<std::string>{"uncropped"});
     EXPECT_TRUE(OutputsAreEmpty());
@@ -206,7 +206,7 @@ TEST_F(CropCommandTest, ClashesAreAskedAboutUnlessAPolicyIsGiven) {
     fs::create_directory(request.settings.outputFolder);
     Image("one/a.png", 300, 200);
     Image("two/a.png", 400, 200);
-    questions.answers = {false};
+    questions.answers = {Answer::No};
     EXPECT_EQ(Crop().ending, Ending::Declined);
     EXPECT_EQ(questions.asked, std::vector<std::string>{"clashes 1"});
     EXPECT_TRUE(OutputsAreEmpty());
@@ -224,7 +224,7 @@ TEST_F(CropCommandTest, ClashesAreAskedAboutUnlessAPolicyIsGiven) {
     request.clashes = ClashPolicy::Refuse;
     const CropCommandResult refused = Crop();
     EXPECT_TRUE(questions.asked.empty());
-    EXPECT_EQ(refused.report.images[1].outcome.reason, kClashReason);
+    EXPECT_EQ(refused.report.images[1].outcome.Reason(), kClashReason);
     EXPECT_FALSE(fs::exists(dir.File("out/a (2).png")));
 }
 

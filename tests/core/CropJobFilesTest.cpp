@@ -25,7 +25,7 @@ class CropJobFilesTest : public ::testing::Test {
     CropJobFilesTest() {
         settings.outputFolder = dir.File("out");
         fs::create_directory(settings.outputFolder);
-        settings.outputFormat = 5;  // PNG
+        settings.outputFormat = OutputFormat::Png;  // PNG
         settings.nameTemplate = "[FileName]";
         settings.mode = CropMode::Pixels;
         settings.pixelsOriginX = 10;
@@ -101,7 +101,7 @@ TEST_F(CropJobFilesTest, ASkippedImageWithTheOptionGetsTheSourcesMetadataOnItsKe
     fs::copy_file(test::TestDataPath("orientation/Samsung GT-I9000 (Galaxy S).jpg"), source);
     const std::vector<std::string> list = {source};
     settings.keepMetadata = true;
-    settings.outputFormat = 0;  // JPG
+    settings.outputFormat = OutputFormat::Jpg;  // JPG
     const std::string out = GenerateOutputPathWithImageIndex(settings, list, 0);
     // The kept file: a plain JPEG without metadata.
     test::CoordinateImage(64, 48).jpegsave(out.c_str(), vips::VImage::option()->set("strip", true));
@@ -122,7 +122,7 @@ TEST_F(CropJobFilesTest, AFailedSaveStopsMetadataForTheRestButNotTheSaves) {
     fs::copy_file(camera, dir.File("second.jpg"));
     const std::vector<std::string> list = {dir.File("first.jpg"), dir.File("second.jpg")};
     settings.keepMetadata = true;
-    settings.outputFormat = 0;
+    settings.outputFormat = OutputFormat::Jpg;
     // A non-empty folder in the way of the first output: the save fails.
     const std::string blocked = GenerateOutputPathWithImageIndex(settings, list, 0);
     fs::create_directory(blocked);
@@ -133,7 +133,7 @@ TEST_F(CropJobFilesTest, AFailedSaveStopsMetadataForTheRestButNotTheSaves) {
     EXPECT_EQ(report.images[0].outcome.notes[0].kind, NoteKind::RemoveFailed);
     EXPECT_FALSE(report.allSucceeded);
     EXPECT_EQ(report.images[0].outcome.status, ImageStatus::Failed);
-    EXPECT_FALSE(report.images[0].outcome.reason.empty());
+    EXPECT_FALSE(report.images[0].outcome.Reason().empty());
     EXPECT_TRUE(fs::exists(blocked + "/keep"));
 
     const std::string second = GenerateOutputPathWithImageIndex(settings, list, 1);
@@ -160,7 +160,7 @@ TEST_F(CropJobFilesTest, AnUndecodableImageFailsAndTheOthersAreWritten) {
     const JobReport report = Run(list, {D::NoConflict, D::NoConflict, D::NoConflict});
     EXPECT_FALSE(report.allSucceeded);
     EXPECT_EQ(report.images[1].outcome.status, ImageStatus::Failed);
-    EXPECT_EQ(report.images[1].outcome.reason,
+    EXPECT_EQ(report.images[1].outcome.Reason(),
               "cannot decode: not an image Vellumo reads (a text file)");
     EXPECT_FALSE(fs::exists(GenerateOutputPathWithImageIndex(settings, list, 1)));
     EXPECT_TRUE(fs::exists(GenerateOutputPathWithImageIndex(settings, list, 2)));
@@ -173,7 +173,7 @@ TEST_F(CropJobFilesTest, DamageFoundWhileWritingIsReportedAsADecodeFailure) {
     const std::vector<std::string> list = {dir.File("cut.jpg")};
     const JobReport report = Run(list, {D::NoConflict});
     EXPECT_FALSE(report.allSucceeded);
-    EXPECT_EQ(report.images[0].outcome.reason, "cannot decode: premature end of input file");
+    EXPECT_EQ(report.images[0].outcome.Reason(), "cannot decode: premature end of input file");
     EXPECT_TRUE(fs::is_empty(settings.outputFolder));  // not even a temporary file
 }
 
@@ -189,13 +189,13 @@ TEST_F(CropJobFilesTest, ASourceThatIsItsOwnOutputIsNeverWrittenEvenWhenTheAnswe
 
     const JobReport report = Run(list, {D::Overwrite});
     EXPECT_FALSE(report.allSucceeded);
-    EXPECT_EQ(report.images[0].outcome.reason, kOriginalReason);
+    EXPECT_EQ(report.images[0].outcome.Reason(), kOriginalReason);
     EXPECT_EQ(test::ReadFile(source), before);
 }
 
 TEST_F(CropJobFilesTest, ReplacingTheOriginalsCutsEachFromItsOwnPixelsAndKeepsItsFormat) {
     settings.replaceOriginals = true;
-    settings.outputFormat = 0;  // JPG: not used, each file keeps its own format
+    settings.outputFormat = OutputFormat::Jpg;  // JPG: not used, each file keeps its own format
     const std::string source = Source("a.png");
     const std::vector<unsigned char> expected =
         test::MagickPixels(source, "-crop 100x50+10+130 +repage", "rgb", 8);

@@ -36,10 +36,10 @@ ImageOutcome Skipped() {
     o.status = ImageStatus::Skipped;
     return o;
 }
-ImageOutcome Failed(const std::string& reason) {
+ImageOutcome Failed(Failure failure) {
     ImageOutcome o;
     o.status = ImageStatus::Failed;
-    o.reason = reason;
+    o.failure = std::move(failure);
     return o;
 }
 
@@ -80,26 +80,28 @@ TEST_F(CropJobTest, ReportsProgressAfterEachImageWithTheIndexJustHandled) {
 }
 
 TEST_F(CropJobTest, AFailedFirstSaveStopsMetadataButNotTheSaves) {
-    ScriptedProcessor processor({Failed("cannot write: permission denied"), Written(), Written()});
+    ScriptedProcessor processor(
+        {Failed(Failure::At(FailureStage::Write, "permission denied")), Written(), Written()});
     const JobReport report =
         RunCropJob(settings, List(3), {D::NoConflict, D::NoConflict, D::NoConflict}, processor);
     EXPECT_FALSE(report.allSucceeded);
     ASSERT_EQ(processor.tasks.size(), 3u);
-    EXPECT_TRUE(processor.tasks[0].carryMetadata);
-    EXPECT_FALSE(processor.tasks[1].carryMetadata);
-    EXPECT_FALSE(processor.tasks[2].carryMetadata);
+    EXPECT_EQ(processor.tasks[0].kind, TaskKind::CropCarryingMetadata);
+    EXPECT_EQ(processor.tasks[1].kind, TaskKind::Crop);
+    EXPECT_EQ(processor.tasks[2].kind, TaskKind::Crop);
     EXPECT_EQ(report.images[1].outcome.status, ImageStatus::Written);
-    EXPECT_EQ(report.images[0].outcome.reason, "cannot write: permission denied");
+    EXPECT_EQ(report.images[0].outcome.Reason(), "cannot write: permission denied");
 }
 
 TEST_F(CropJobTest, AnImageThatCannotBeDecodedFailsAndTheJobGoesOn) {
-    ScriptedProcessor processor({Written(), Failed("cannot decode: not a JPEG file"), Written()});
+    ScriptedProcessor processor(
+        {Written(), Failed(Failure::At(FailureStage::Decode, "not a JPEG file")), Written()});
     const JobReport report =
         RunCropJob(settings, List(3), {D::NoConflict, D::NoConflict, D::NoConflict}, processor);
     EXPECT_FALSE(report.allSucceeded);
     EXPECT_EQ(processor.tasks.size(), 3u);
-    EXPECT_TRUE(processor.tasks[1].carryMetadata);
-    EXPECT_FALSE(processor.tasks[2].carryMetadata);
+    EXPECT_EQ(processor.tasks[1].kind, TaskKind::CropCarryingMetadata);
+    EXPECT_EQ(processor.tasks[2].kind, TaskKind::Crop);
 }
 
 TEST_F(CropJobTest, ASkippedImageStillGoesThroughTheMetadataStep) {
@@ -107,7 +109,7 @@ TEST_F(CropJobTest, ASkippedImageStillGoesThroughTheMetadataStep) {
     const JobReport report = RunCropJob(settings, List(2), {D::Skip, D::NoConflict}, processor);
     EXPECT_TRUE(report.allSucceeded);
     EXPECT_EQ(processor.tasks[0].decision, D::Skip);
-    EXPECT_TRUE(processor.tasks[0].carryMetadata);
+    EXPECT_EQ(processor.tasks[0].kind, TaskKind::CropCarryingMetadata);
 }
 
 TEST_F(CropJobTest, EveryImageAnsweredNoStillSucceeds) {
@@ -155,8 +157,8 @@ TEST_F(CropJobTest, WithoutTheOptionNoImageCarriesMetadata) {
     settings.keepMetadata = false;
     ScriptedProcessor processor({Written(), Skipped()});
     RunCropJob(settings, List(2), {D::NoConflict, D::Skip}, processor);
-    EXPECT_FALSE(processor.tasks[0].carryMetadata);
-    EXPECT_FALSE(processor.tasks[1].carryMetadata);
+    EXPECT_EQ(processor.tasks[0].kind, TaskKind::Crop);
+    EXPECT_EQ(processor.tasks[1].kind, TaskKind::Crop);
 }
 
 TEST_F(CropJobTest, EmptyListRunsNothing) {

@@ -55,7 +55,7 @@ TEST(ResolveCropRectangle, PixelFieldsAreTakenAsTheyAre) {
 TEST(ResolveCropRectangle, AutoCropIgnoresTheFields) {
     CropSettings s = Percents(1, 2, 3, 4);
     s.mode = CropMode::Auto;
-    s.autoCropFormat = 3;
+    s.autoCropRatio = RatioChoice::Ratio16x9;
     EXPECT_EQ(ResolveCropRectangle(s, MakeSizedImage(1000, 1000)), (Rect{0, 218.75, 1000, 562.5}));
 }
 
@@ -149,7 +149,7 @@ TEST(ResolveCrop, AWholePercentRectangleOnAHugeImageIsNotClipped) {
 TEST(ResolveCrop, AutoCropIsAlwaysInside) {
     CropSettings s;
     s.mode = CropMode::Auto;
-    s.autoCropFormat = 3;
+    s.autoCropRatio = RatioChoice::Ratio16x9;
     const ResolvedCrop crop = ResolveCrop(s, test::MakeSizedImage(1000, 1000));
     EXPECT_EQ(crop.extent, CropExtent::Inside);
     EXPECT_EQ(crop.outputSize, (Size{1000, 562}));

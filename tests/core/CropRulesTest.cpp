@@ -14,17 +14,17 @@
 namespace vellumo {
 namespace {
 
-CropSettings Auto(long format, bool match = true, CropAnchor anchor = CropAnchor::Centre) {
+CropSettings Auto(RatioChoice ratio, bool match = true, CropAnchor anchor = CropAnchor::Centre) {
     CropSettings s;
     s.mode = CropMode::Auto;
-    s.autoCropFormat = format;
+    s.autoCropRatio = ratio;
     s.matchOrientation = match;
     s.anchor = anchor;
     return s;
 }
 
 CropSettings Custom(AspectRatio ratio, bool match, CropAnchor anchor = CropAnchor::Centre) {
-    CropSettings s = Auto(kCustomRatioIndex, match, anchor);
+    CropSettings s = Auto(RatioChoice::Custom, match, anchor);
     s.customRatio = ratio;
     return s;
 }
@@ -52,30 +52,40 @@ const std::map<CropAnchor, std::pair<int, int>> kPlaces = {
 TEST(CropRules, EachAnchorOnLandscapePortraitAndSquareInBothOrientationModes) {
     const AnchorCase cases[] = {
         // 16:9 turned to each image: the original four ratios' own arithmetic.
-        {"landscape 16:9 matched", {1200, 800}, Auto(3), {1200, 675}, {0, 0, 0}, {0, 62.5, 125}},
-        {"portrait 16:9 matched", {800, 1200}, Auto(3), {675, 1200}, {0, 62.5, 125}, {0, 0, 0}},
+        {"landscape 16:9 matched",
+         {1200, 800},
+         Auto(RatioChoice::Ratio16x9),
+         {1200, 675},
+         {0, 0, 0},
+         {0, 62.5, 125}},
+        {"portrait 16:9 matched",
+         {800, 1200},
+         Auto(RatioChoice::Ratio16x9),
+         {675, 1200},
+         {0, 62.5, 125},
+         {0, 0, 0}},
         {"square 16:9 matched",
          {1000, 1000},
-         Auto(3),
+         Auto(RatioChoice::Ratio16x9),
          {1000, 562.5},
          {0, 0, 0},
          {0, 218.75, 437.5}},
         // As given: 16:9 stays wide on the portrait image.
         {"landscape 16:9 as given",
          {1200, 800},
-         Auto(3, false),
+         Auto(RatioChoice::Ratio16x9, false),
          {1200, 675},
          {0, 0, 0},
          {0, 62.5, 125}},
         {"portrait 16:9 as given",
          {800, 1200},
-         Auto(3, false),
+         Auto(RatioChoice::Ratio16x9, false),
          {800, 450},
          {0, 0, 0},
          {0, 375, 750}},
         {"square 16:9 as given",
          {1000, 1000},
-         Auto(3, false),
+         Auto(RatioChoice::Ratio16x9, false),
          {1000, 562.5},
          {0, 0, 0},
          {0, 218.75, 437.5}},
@@ -134,27 +144,37 @@ TEST(CropRules, TheFourRatiosCentredKeepTheirArithmeticToTheBit) {
                           {333, 1777},  {1777, 333},  {2, 3},       {7919, 104729}};
     for (const Size size : sizes) {
         const Image image = Image::OfSize(size.width, size.height);
-        for (long format = 0; format < kClassicRatioCount; ++format) {
-            const Rect rule = ResolveCropRectangle(Auto(format), image);
-            const Rect original = ImageTools::CalculateAutoCropRectangleWithImage(image, format);
+        for (const auto& [choice, classic] :
+             {std::pair{RatioChoice::Ratio1x1, ClassicRatio::Square},
+              std::pair{RatioChoice::Ratio4x3, ClassicRatio::FourThree},
+              std::pair{RatioChoice::Ratio3x2, ClassicRatio::ThreeTwo},
+              std::pair{RatioChoice::Ratio16x9, ClassicRatio::SixteenNine}}) {
+            const Rect rule = ResolveCropRectangle(Auto(choice), image);
+            const Rect original = ImageTools::AutoCropRectangle(image, classic);
             EXPECT_EQ(std::memcmp(&rule, &original, sizeof rule), 0)
-                << size.width << " x " << size.height << " format " << format;
+                << size.width << " x " << size.height << " ratio " << PositionOfRatioChoice(choice);
         }
     }
 }
 
 TEST(CropRules, MoreRatiosFromTheList) {
     // "1.91:1" on a square: the full width, 1200 / 1.91 high, centred.
-    const Rect link = ResolveCropRectangle(Auto(7), Image::OfSize(1200, 1200));
+    const Rect link =
+        ResolveCropRectangle(Auto(RatioChoice::Ratio1_91x1), Image::OfSize(1200, 1200));
     EXPECT_EQ(link.width, 1200.0);
     EXPECT_EQ(link.height, 1200.0 * 1.0 / 1.91);
     EXPECT_EQ(link.x, 0.0);
     EXPECT_EQ(link.y, (1200.0 - 1200.0 / 1.91) * 0.5);
-    EXPECT_EQ(ResolveCrop(Auto(7), Image::OfSize(1200, 1200)).outputSize, (Size{1200, 628}));
-    EXPECT_EQ(ResolveCropRectangle(Auto(4), Image::OfSize(6000, 4000)), (Rect{500, 0, 5000, 4000}));
-    EXPECT_EQ(ResolveCropRectangle(Auto(5), Image::OfSize(7000, 4000)), (Rect{700, 0, 5600, 4000}));
-    EXPECT_EQ(ResolveCropRectangle(Auto(6), Image::OfSize(3000, 4000)), (Rect{500, 0, 2000, 4000}));
-    EXPECT_EQ(ResolveCropRectangle(Auto(8), Image::OfSize(2100, 1800)), (Rect{0, 450, 2100, 900}));
+    EXPECT_EQ(ResolveCrop(Auto(RatioChoice::Ratio1_91x1), Image::OfSize(1200, 1200)).outputSize,
+              (Size{1200, 628}));
+    EXPECT_EQ(ResolveCropRectangle(Auto(RatioChoice::Ratio5x4), Image::OfSize(6000, 4000)),
+              (Rect{500, 0, 5000, 4000}));
+    EXPECT_EQ(ResolveCropRectangle(Auto(RatioChoice::Ratio7x5), Image::OfSize(7000, 4000)),
+              (Rect{700, 0, 5600, 4000}));
+    EXPECT_EQ(ResolveCropRectangle(Auto(RatioChoice::Ratio2x1), Image::OfSize(3000, 4000)),
+              (Rect{500, 0, 2000, 4000}));
+    EXPECT_EQ(ResolveCropRectangle(Auto(RatioChoice::Ratio21x9), Image::OfSize(2100, 1800)),
+              (Rect{0, 450, 2100, 900}));
     EXPECT_EQ(kAutoCropRatios[4].title, "5:4");
     EXPECT_EQ(kAutoCropRatios[8].title, "21:9");
 }
@@ -170,8 +190,27 @@ TEST(CropRules, CustomFourToFiveMatchedOnALandscapePhotoIsFiveToFour) {
 
 TEST(CropRules, NoRatioGivesNoRectangle) {
     EXPECT_EQ(ResolveCropRectangle(Custom({0, 5}, true), Image::OfSize(600, 400)), Rect{});
-    EXPECT_EQ(ResolveCropRectangle(Auto(42), Image::OfSize(600, 400)), Rect{});
-    EXPECT_EQ(ResolveCropRectangle(Auto(-1), Image::OfSize(600, 400)), Rect{});
+}
+
+// The window's box lists the nine ratios, then "Custom…"; a position outside
+// it is no choice.
+TEST(RatioChoice, PositionsOfTheBoxRoundTripAndNothingOutsideIt) {
+    for (long position = 0; position <= 9; ++position) {
+        const std::optional<RatioChoice> choice = RatioChoiceAtPosition(position);
+        ASSERT_TRUE(choice.has_value()) << position;
+        EXPECT_EQ(PositionOfRatioChoice(*choice), position);
+    }
+    EXPECT_EQ(RatioChoiceAtPosition(9), RatioChoice::Custom);
+    EXPECT_FALSE(RatioChoiceAtPosition(10).has_value());
+    EXPECT_FALSE(RatioChoiceAtPosition(42).has_value());
+    EXPECT_FALSE(RatioChoiceAtPosition(-1).has_value());
+    for (const AutoCropRatio& entry : kAutoCropRatios) {
+        EXPECT_EQ(ListedRatioTitled(entry.title), entry.choice) << entry.title;
+        EXPECT_EQ(ListedRatio(entry.choice), &entry) << entry.title;
+    }
+    EXPECT_EQ(ListedRatio(RatioChoice::Custom), nullptr);
+    EXPECT_FALSE(ListedRatioTitled("4:5").has_value());
+    EXPECT_FALSE(ListedRatioTitled("custom").has_value());
 }
 
 CropSettings Resized(CropSettings s, ResizeMode mode, int width, int height, bool enlarge = false) {
@@ -181,18 +220,22 @@ CropSettings Resized(CropSettings s, ResizeMode mode, int width, int height, boo
 
 TEST(CropRules, OutputSizeAfterTheResize) {
     const Image photo = Image::OfSize(6000, 4000);
-    const CropSettings square = Auto(0);  // 4000 x 4000
+    const CropSettings square = Auto(RatioChoice::Ratio1x1);  // 4000 x 4000
     EXPECT_EQ(ResolveCrop(Resized(square, ResizeMode::Width, 1000, 0), photo).outputSize,
               (Size{1000, 1000}));
-    EXPECT_EQ(ResolveCrop(Resized(Auto(1), ResizeMode::Width, 1000, 0), photo).outputSize,
+    EXPECT_EQ(ResolveCrop(Resized(Auto(RatioChoice::Ratio4x3), ResizeMode::Width, 1000, 0), photo)
+                  .outputSize,
               (Size{1000, 750}));
-    EXPECT_EQ(ResolveCrop(Resized(Auto(1), ResizeMode::Height, 0, 999), photo).outputSize,
+    EXPECT_EQ(ResolveCrop(Resized(Auto(RatioChoice::Ratio4x3), ResizeMode::Height, 0, 999), photo)
+                  .outputSize,
               (Size{1332, 999}));
-    EXPECT_EQ(ResolveCrop(Resized(Auto(3), ResizeMode::Fit, 1200, 1200), photo).outputSize,
+    EXPECT_EQ(ResolveCrop(Resized(Auto(RatioChoice::Ratio16x9), ResizeMode::Fit, 1200, 1200), photo)
+                  .outputSize,
               (Size{1200, 675}));
     // Exactly: the crop takes the target's ratio (never turned), then its
     // size.
-    const ResolvedCrop exact = ResolveCrop(Resized(Auto(3), ResizeMode::Exact, 1080, 1350), photo);
+    const ResolvedCrop exact =
+        ResolveCrop(Resized(Auto(RatioChoice::Ratio16x9), ResizeMode::Exact, 1080, 1350), photo);
     EXPECT_EQ(exact.rect, (Rect{1400, 0, 3200, 4000}));
     EXPECT_EQ(exact.cutSize, (Size{3200, 4000}));
     EXPECT_EQ(exact.outputSize, (Size{1080, 1350}));
@@ -255,7 +298,8 @@ TEST(CropRules, AttentionAndEntropyFindTheSubjectOffCentre) {
     ASSERT_TRUE(picture) << picture.reason();
     const Image image = Image::OfSize(1200, 800);
     for (const CropAnchor anchor : {CropAnchor::Attention, CropAnchor::Entropy}) {
-        const ResolvedCrop crop = ResolveCrop(Auto(0, true, anchor), image, &picture->picture);
+        const ResolvedCrop crop =
+            ResolveCrop(Auto(RatioChoice::Ratio1x1, true, anchor), image, &picture->picture);
         EXPECT_EQ(crop.placementNote, "");
         // The 800 x 800 square holds the whole patch: it starts at or
         // right of column 350 (the centred square starts at 200).
@@ -273,12 +317,12 @@ TEST(CropRules, AttentionAndEntropyFindTheSubjectOffCentre) {
 }
 
 TEST(CropRules, ASmartAnchorWithoutAPictureIsCentredAndSaysSo) {
-    const ResolvedCrop crop =
-        ResolveCrop(Auto(0, true, CropAnchor::Attention), Image::OfSize(1200, 800));
+    const ResolvedCrop crop = ResolveCrop(Auto(RatioChoice::Ratio1x1, true, CropAnchor::Attention),
+                                          Image::OfSize(1200, 800));
     EXPECT_EQ(crop.rect, (Rect{200, 0, 800, 800}));
     EXPECT_EQ(CropExtentNote(crop), "attention placement could not be found; centred");
-    EXPECT_TRUE(UsesPlacementPicture(Auto(0, true, CropAnchor::Entropy)));
-    EXPECT_FALSE(UsesPlacementPicture(Auto(0, true, CropAnchor::Top)));
+    EXPECT_TRUE(UsesPlacementPicture(Auto(RatioChoice::Ratio1x1, true, CropAnchor::Entropy)));
+    EXPECT_FALSE(UsesPlacementPicture(Auto(RatioChoice::Ratio1x1, true, CropAnchor::Top)));
 }
 
 }  // namespace

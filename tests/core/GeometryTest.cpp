@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 
+#include "batch/CropSettings.h"
 #include "imaging/ImageTools.h"
 #include "tests/support/TestImages.h"
 
@@ -13,14 +14,15 @@ namespace {
 
 using test::MakeSizedImage;
 
-enum AutoCropFormat : long { k1x1 = 0, k4x3 = 1, k3x2 = 2, k16x9 = 3 };
+constexpr ClassicRatio k1x1 = ClassicRatio::Square, k4x3 = ClassicRatio::FourThree,
+                       k3x2 = ClassicRatio::ThreeTwo, k16x9 = ClassicRatio::SixteenNine;
 
-Rect AutoCrop(double w, double h, long format) {
-    return ImageTools::CalculateAutoCropRectangleWithImage(MakeSizedImage(w, h), format);
+Rect AutoCrop(double w, double h, ClassicRatio ratio) {
+    return ImageTools::AutoCropRectangle(MakeSizedImage(w, h), ratio);
 }
 
 Size Cropped(double W, double H, double x, double y, double w, double h) {
-    return ImageTools::CalculateCroppedImageSize(MakeSizedImage(W, H), x, y, w, h);
+    return ImageTools::VisibleSize(MakeSizedImage(W, H), {x, y, w, h});
 }
 
 TEST(AutoCropRectangle, SixteenByNineOfASquareIsCentredAndUnrounded) {
@@ -85,9 +87,18 @@ TEST(AutoCropRectangle, NearlySquareCountsAsLandscapeByTheSinglePrecisionTest) {
     EXPECT_LT(r.x, 0.0);
 }
 
-TEST(AutoCropRectangle, UnknownFormatGivesTheEmptyRectangle) {
-    EXPECT_EQ(AutoCrop(800, 600, 4), (Rect{0, 0, 0, 0}));
-    EXPECT_EQ(AutoCrop(800, 600, -1), (Rect{0, 0, 0, 0}));
+// Only the four ratios have this arithmetic: no other choice of the list,
+// nor Custom, names one of them.
+TEST(AutoCropRectangle, OnlyTheFourRatiosHaveTheirOwnArithmetic) {
+    EXPECT_EQ(ClassicRatioOf(RatioChoice::Ratio1x1), k1x1);
+    EXPECT_EQ(ClassicRatioOf(RatioChoice::Ratio4x3), k4x3);
+    EXPECT_EQ(ClassicRatioOf(RatioChoice::Ratio3x2), k3x2);
+    EXPECT_EQ(ClassicRatioOf(RatioChoice::Ratio16x9), k16x9);
+    for (const RatioChoice other :
+         {RatioChoice::Ratio5x4, RatioChoice::Ratio7x5, RatioChoice::Ratio2x1,
+          RatioChoice::Ratio1_91x1, RatioChoice::Ratio21x9, RatioChoice::Custom}) {
+        EXPECT_FALSE(ClassicRatioOf(other).has_value()) << PositionOfRatioChoice(other);
+    }
 }
 
 TEST(CroppedImageSize, ClipsAtTheLeftEdge) {

@@ -25,7 +25,7 @@ std::pair<std::string, std::string> WriteBoth(const test::TempDir& dir, int widt
     const LoadResult loaded = ImageTools::OpenImage(source);
     EXPECT_TRUE(loaded) << loaded.reason();
     const std::string ours = dir.File("ours.jpg");
-    EXPECT_TRUE(ImageTools::TrySaveImage(*loaded, ours, 0, 0.8).saved);
+    EXPECT_TRUE(ImageTools::TrySaveImage(*loaded, ours, OutputFormat::Jpg, 0.8).saved);
     const std::string theirs = dir.File("vips.jpg");
     const test::CommandResult vips =
         test::RunCommand("vips jpegsave " + test::ShellQuote(source) + " " +

@@ -91,7 +91,7 @@ TEST(LoadImage, RefusesContentThatIsNotOneOfTheSixKinds) {
         const LoadResult loaded = ImageTools::LoadImage(dir.File(c.name));
         EXPECT_FALSE(loaded.has_value()) << c.name;
         EXPECT_EQ(loaded.reason(), c.reason) << c.name;
-        EXPECT_FALSE(ImageTools::ImagePixelSizeWithPath(dir.File(c.name)).has_value()) << c.name;
+        EXPECT_FALSE(ImageTools::PixelSizeOfFile(dir.File(c.name)).has_value()) << c.name;
     }
 }
 
@@ -112,7 +112,7 @@ TEST(LoadImage, TruncatedPngFailsInsteadOfFillingGreyRows) {
     EXPECT_FALSE(loaded.has_value());
     EXPECT_FALSE(loaded.reason().empty());
     // The header is intact, so the size is still known.
-    const auto size = ImageTools::ImagePixelSizeWithPath(cut);
+    const auto size = ImageTools::PixelSizeOfFile(cut);
     ASSERT_TRUE(size.has_value());
     EXPECT_EQ(*size, (Size{1000, 1000}));
 }
@@ -226,7 +226,7 @@ TEST(ImagePixelSize, IsTheMaximumOverPagesOfDifferentSizes) {
                                test::ShellQuote(dir.File("pages.tif")))
                   .exitCode,
               0);
-    const auto size = ImageTools::ImagePixelSizeWithPath(dir.File("pages.tif"));
+    const auto size = ImageTools::PixelSizeOfFile(dir.File("pages.tif"));
     ASSERT_TRUE(size.has_value());
     EXPECT_EQ(*size, (Size{300, 200}));
     // The image itself is the first page.
@@ -238,8 +238,7 @@ TEST(ImagePixelSize, IsTheMaximumOverPagesOfDifferentSizes) {
 
 TEST(ImagePixelSize, IsUprightForTurnedPhotos) {
     VELLUMO_REQUIRE_TESTDATA();
-    const auto size =
-        ImageTools::ImagePixelSizeWithPath(TestDataPath("orientation/Landscape_6.jpg"));
+    const auto size = ImageTools::PixelSizeOfFile(TestDataPath("orientation/Landscape_6.jpg"));
     ASSERT_TRUE(size.has_value());
     EXPECT_EQ(*size, (Size{1800, 1200}));
 }
@@ -250,8 +249,8 @@ TEST(ImagePixelSize, ReadsHeadersOnly) {
     TempDir dir;
     test::PhotoLikeImage(640, 480).jpegsave(dir.File("whole.jpg").c_str());
     const std::string cut = Truncated(dir, dir.File("whole.jpg"), 2000, "cut.jpg");
-    EXPECT_EQ(ImageTools::ImagePixelSizeWithPath(cut), (Size{640, 480}));
-    EXPECT_FALSE(ImageTools::ImagePixelSizeWithPath(dir.File("none.jpg")).has_value());
+    EXPECT_EQ(ImageTools::PixelSizeOfFile(cut), (Size{640, 480}));
+    EXPECT_FALSE(ImageTools::PixelSizeOfFile(dir.File("none.jpg")).has_value());
 }
 
 }  // namespace

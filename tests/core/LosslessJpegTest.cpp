@@ -113,7 +113,7 @@ class DecideLossless : public ::testing::Test {
     CropSettings settings = [] {
         CropSettings s;
         s.losslessJpeg = true;
-        s.outputFormat = OutputFormatNamed("JPG");
+        s.outputFormat = OutputFormat::Jpg;
         return s;
     }();
 };
@@ -131,7 +131,7 @@ TEST_F(DecideLossless, AJpegToJpegCropTakesTheGridAndSaysSo) {
 TEST_F(DecideLossless, OtherFormatsSourcesAndTheSettingOffAreLeftAlone) {
     const Rect chosen{37, 45, 301, 203};
     ResolvedCrop crop = Crop(chosen);
-    EXPECT_FALSE(DecideLosslessCrop(settings, OutputFormatNamed("PNG"), true, kUpright, crop).cut);
+    EXPECT_FALSE(DecideLosslessCrop(settings, OutputFormat::Png, true, kUpright, crop).cut);
     EXPECT_FALSE(
         DecideLosslessCrop(settings, settings.outputFormat, false, std::nullopt, crop).cut);
     CropSettings off = settings;

@@ -24,7 +24,7 @@ ManifestEntry Entry(const std::string& source, const std::string& status) {
     ManifestEntry entry;
     entry.source = source;
     entry.output = source + ".out";
-    entry.status = status;
+    entry.status = StatusFromName(status);
     if (status == "failed") {
         entry.reason = "cannot decode: not a PNG file";
     } else {
@@ -51,7 +51,9 @@ TEST(Manifest, EntriesReadBackAsWritten) {
     ASSERT_EQ(read->size(), 2u);
     EXPECT_EQ((*read)[0].source, "a.png");
     EXPECT_EQ((*read)[0].bytes, 12u);
+    EXPECT_EQ((*read)[0].status, ImageStatus::Written);
     EXPECT_TRUE((*read)[0].Done());
+    EXPECT_EQ((*read)[1].status, ImageStatus::Failed);
     EXPECT_EQ((*read)[1].source, "b \"ü\".png");
     EXPECT_EQ((*read)[1].reason, "cannot decode: not a PNG file");
     EXPECT_FALSE((*read)[1].Done());
@@ -61,6 +63,27 @@ TEST(Manifest, EntriesReadBackAsWritten) {
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 2);
     EXPECT_EQ(
         text.rfind("{\"source\":\"a.png\",\"output\":\"a.png.out\",\"status\":\"written\"", 0), 0u);
+}
+
+TEST(Manifest, EveryStatusIsWrittenByItsNameAndReadBack) {
+    for (const ImageStatus status :
+         {ImageStatus::Written, ImageStatus::Skipped, ImageStatus::Failed, ImageStatus::Planned}) {
+        ManifestEntry entry = Entry("a.png", StatusName(status));
+        EXPECT_EQ(entry.status, status);
+        const std::string line = ManifestLine(entry);
+        EXPECT_NE(line.find(std::string("\"status\":\"") + StatusName(status) + "\""),
+                  std::string::npos)
+            << line;
+    }
+    test::TempDir dir;
+    const std::string path = dir.File("m.jsonl");
+    std::ofstream(path) << "{\"source\":\"a\",\"output\":\"b\",\"status\":\"skipped\","
+                           "\"settings\":\"s\"}\n";
+    const auto read = ReadManifest(path);
+    ASSERT_TRUE(read) << read.reason();
+    ASSERT_EQ(read->size(), 1u);
+    EXPECT_EQ((*read)[0].status, ImageStatus::Skipped);
+    EXPECT_TRUE((*read)[0].Done());
 }
 
 TEST(Manifest, ATornLastLineIsIgnoredAndCutOffBeforeTheNextEntry) {
@@ -111,7 +134,7 @@ TEST(BatchPart, ImagesRecordedAsDoneAreSkippedOnlyWhileTheirOutputsAreUnchanged)
     CropSettings settings;
     settings.outputFolder = dir.File("out");
     settings.nameTemplate = "[FileName]";
-    settings.outputFormat = 5;  // PNG
+    settings.outputFormat = OutputFormat::Png;  // PNG
     fs::create_directories(settings.outputFolder);
     std::vector<std::string> all;
     for (const char* name : {"a", "b", "c", "d"}) {
@@ -124,7 +147,7 @@ TEST(BatchPart, ImagesRecordedAsDoneAreSkippedOnlyWhileTheirOutputsAreUnchanged)
         ManifestEntry entry;
         entry.source = dir.File(std::string(name) + ".png");
         entry.output = settings.outputFolder + "/" + name + ".png";
-        entry.status = "written";
+        entry.status = ImageStatus::Written;
         std::ofstream(entry.output, std::ios::binary) << "twelve bytes";
         entry.bytes = 12;
         entry.sha256 = Sha256OfText("twelve bytes");
@@ -134,7 +157,7 @@ TEST(BatchPart, ImagesRecordedAsDoneAreSkippedOnlyWhileTheirOutputsAreUnchanged)
     ManifestEntry failed;
     failed.source = all[2];
     failed.output = settings.outputFolder + "/c.png";
-    failed.status = "failed";
+    failed.status = ImageStatus::Failed;
     done.push_back(failed);
 
     const BatchPart part = SelectBatchPart(settings, all, ClashPolicy::Refuse, std::nullopt, done);

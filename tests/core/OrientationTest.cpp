@@ -52,7 +52,7 @@ TEST_P(OrientationTest, CropOfAPixelRectangleCutsTheUprightRegion) {
     ASSERT_TRUE(loaded) << loaded.reason();
     // 400 x 300 whose lower-left corner is 100 right and 200 up from the
     // upright picture's lower-left corner: top row 1200 - 200 - 300 = 700.
-    const Image cut = ImageTools::CropImage(*loaded, 100, 200, 400, 300);
+    const Image cut = ImageTools::CropImage(*loaded, {100, 200, 400, 300});
     ASSERT_EQ(cut.Width(), 400);
     ASSERT_EQ(cut.Height(), 300);
     const std::vector<unsigned char> ours = test::RawBytes(test::PixelsOf(cut));

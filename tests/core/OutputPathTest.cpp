@@ -7,10 +7,10 @@
 namespace vellumo {
 namespace {
 
-constexpr long kJpg = 0, kPng = 5;
+constexpr OutputFormat kJpg = OutputFormat::Jpg, kPng = OutputFormat::Png;
 
 std::string PathFor(const std::string& nameTemplate, const std::vector<std::string>& list,
-                    long index, const std::string& folder, long format) {
+                    long index, const std::string& folder, OutputFormat format) {
     CropSettings s;
     s.nameTemplate = nameTemplate;
     s.outputFolder = folder;
@@ -69,9 +69,9 @@ TEST(OutputPath, TokensAreCaseSensitive) {
 TEST(OutputPath, ExtensionIsTheLowerCasedFormatTitle) {
     const char* expected[] = {"jpg", "jpeg", "jpe", "jp2", "jpx",
                               "png", "tiff", "tif", "gif", "bmp"};
-    for (long format = 0; format < 10; ++format) {
-        EXPECT_EQ(PathFor("[FileName]", {"/p/a.png"}, 0, "/o", format),
-                  std::string("/o/a.") + expected[format]);
+    for (long position = 0; position < 10; ++position) {
+        EXPECT_EQ(PathFor("[FileName]", {"/p/a.png"}, 0, "/o", *OutputFormatAtPosition(position)),
+                  std::string("/o/a.") + expected[position]);
     }
 }
 

@@ -19,7 +19,7 @@ class OutputPlanTest : public ::testing::Test {
     OutputPlanTest() {
         settings.outputFolder = dir.File("out");
         settings.nameTemplate = "[FileName]";
-        settings.outputFormat = 0;  // JPG
+        settings.outputFormat = OutputFormat::Jpg;  // JPG
         fs::create_directories(dir.File("out"));
         fs::create_directories(dir.File("a"));
         fs::create_directories(dir.File("b"));
@@ -40,15 +40,33 @@ TEST(NumberedPath, PutsTheNumberBeforeTheLastExtension) {
     EXPECT_EQ(NumberedPath("/out/.hidden", 2), "/out/.hidden (2)");
 }
 
+// The command line's --format and a profile's "format" name a format by its
+// title; the output's extension is the title in lower case.
+TEST(OutputFormat, EveryFormatIsNamedByItsTitleInAnyCaseAndBack) {
+    ASSERT_EQ(kOutputFormats.size(), 14u);
+    for (const OutputFormatInfo& row : kOutputFormats) {
+        const std::string title(row.title);
+        EXPECT_EQ(OutputFormatNamed(title), row.format) << title;
+        EXPECT_EQ(OutputFormatNamed(OutputFormatExtension(row.format)), row.format) << title;
+        EXPECT_EQ(InfoOf(row.format).title, row.title);
+    }
+    EXPECT_EQ(OutputFormatExtension(OutputFormat::WebP), "webp");
+    EXPECT_EQ(OutputFormatNamed("Jxl"), OutputFormat::Jxl);
+    EXPECT_FALSE(OutputFormatNamed("heif").has_value());  // read, never written
+    EXPECT_FALSE(OutputFormatNamed("").has_value());
+    EXPECT_EQ(OutputFormatTitles(" "),
+              "JPG JPEG JPE JP2 JPX PNG TIFF TIF GIF BMP WEBP AVIF HEIC JXL");
+}
+
 TEST(OutputFormatOfPath, NamesTheFormatOfTheExtensionInAnyCase) {
-    EXPECT_EQ(OutputFormatOfPath("/a/b.JPEG"), 1);
-    EXPECT_EQ(OutputFormatOfPath("/a/b.jpx"), 4);
-    EXPECT_EQ(OutputFormatOfPath("/a/b.Tif"), 7);
-    EXPECT_EQ(OutputFormatOfPath("/a/b.webp"), 10);
-    EXPECT_EQ(OutputFormatOfPath("/a/b.JXL"), 13);
-    EXPECT_EQ(OutputFormatOfPath("/a/b.heif"), -1);  // read, never written
-    EXPECT_EQ(OutputFormatOfPath("/a/b.psd"), -1);
-    EXPECT_EQ(OutputFormatOfPath("/a/b"), -1);
+    EXPECT_EQ(OutputFormatOfPath("/a/b.JPEG"), OutputFormat::Jpeg);
+    EXPECT_EQ(OutputFormatOfPath("/a/b.jpx"), OutputFormat::Jpx);
+    EXPECT_EQ(OutputFormatOfPath("/a/b.Tif"), OutputFormat::Tif);
+    EXPECT_EQ(OutputFormatOfPath("/a/b.webp"), OutputFormat::WebP);
+    EXPECT_EQ(OutputFormatOfPath("/a/b.JXL"), OutputFormat::Jxl);
+    EXPECT_EQ(OutputFormatOfPath("/a/b.heif"), std::nullopt);  // read, never written
+    EXPECT_EQ(OutputFormatOfPath("/a/b.psd"), std::nullopt);
+    EXPECT_EQ(OutputFormatOfPath("/a/b"), std::nullopt);
 }
 
 TEST_F(OutputPlanTest, WithoutClashesEveryImageHasItsGeneratedPath) {
@@ -121,7 +139,7 @@ TEST_F(OutputPlanTest, AnExistingFileIsOnePathWhateverLinksLeadToIt) {
 
 TEST_F(OutputPlanTest, AnOutputThatIsAnyListedImageIsRefused) {
     settings.outputFolder = dir.File("b");
-    settings.outputFormat = 5;  // PNG: b/x.png is the output of a/x.png
+    settings.outputFormat = OutputFormat::Png;  // PNG: b/x.png is the output of a/x.png
     const std::vector<std::string> list = {Touch("a/x.png"), Touch("b/x.png")};
     const OutputPlan plan = PlanOutputs(settings, list, ClashPolicy::Number);
     EXPECT_EQ(plan.images[0].refusal, kOriginalReason);
@@ -130,7 +148,7 @@ TEST_F(OutputPlanTest, AnOutputThatIsAnyListedImageIsRefused) {
 }
 
 TEST_F(OutputPlanTest, AHardLinkToAnOriginalIsThatOriginal) {
-    settings.outputFormat = 5;
+    settings.outputFormat = OutputFormat::Png;
     const std::string source = Touch("a/p.png");
     fs::create_hard_link(source, dir.File("out/p.png"));
     const OutputPlan plan = PlanOutputs(settings, {source}, ClashPolicy::Number);
@@ -143,11 +161,11 @@ TEST_F(OutputPlanTest, ReplacingOriginalsWritesEachFileInItsOwnFormatAndAFileLis
                                            dir.File("a") + "/./x.png", Touch("b/z.heif")};
     const OutputPlan plan = PlanOutputs(settings, list, ClashPolicy::Number);
     EXPECT_EQ(plan.images[0].path, list[0]);
-    EXPECT_EQ(plan.images[0].format, 5);  // PNG
-    EXPECT_TRUE(plan.images[0].replacesSource);
+    EXPECT_EQ(plan.images[0].format, OutputFormat::Png);
+    EXPECT_EQ(plan.images[0].target, OutputTarget::Source);
     EXPECT_TRUE(plan.images[0].refusal.empty());
-    EXPECT_EQ(plan.images[1].format, 7);  // TIF
-    EXPECT_TRUE(plan.images[1].replacesSource);
+    EXPECT_EQ(plan.images[1].format, OutputFormat::Tif);
+    EXPECT_EQ(plan.images[1].target, OutputTarget::Source);
     // Even when numbering: the second entry would read the file after it
     // was replaced.
     EXPECT_EQ(plan.images[2].refusal, kClashReason);

@@ -22,7 +22,7 @@ class OverwritePromptsTest : public ::testing::Test {
             list.push_back("/pics/a" + std::to_string(i) + ".jpg");
         }
         settings.nameTemplate = "[FileName]";
-        settings.outputFormat = 5;
+        settings.outputFormat = OutputFormat::Png;
         settings.outputFolder = dir.path().string();
     }
     void Existing(int i) { std::ofstream(Output(i)) << "old"; }

@@ -29,7 +29,7 @@ class FirstFinishesLast final : public ImageProcessor {
     explicit FirstFinishesLast(bool together) : together_(together) {}
     ImageOutcome Process(const ImageTask& task) override {
         ImageOutcome outcome = inner_.Process(task);
-        if (task.metadataOnly || !together_) {
+        if (task.kind == TaskKind::CarryMetadataOnly || !together_) {
             return outcome;
         }
         std::unique_lock lock(mutex_);
@@ -90,7 +90,7 @@ TEST(ParallelJob, AFailedSaveOfTheImageThatFinishesLastStillEndsTheMetadataOfThe
     EXPECT_FALSE(two.allSucceeded);
     EXPECT_EQ(two.images[0].outcome.status, ImageStatus::Failed);
     EXPECT_EQ(two.images[1].outcome.status, ImageStatus::Written);
-    EXPECT_EQ(two.images[0].outcome.reason, one.images[0].outcome.reason);
+    EXPECT_EQ(two.images[0].outcome.Reason(), one.images[0].outcome.Reason());
     // No metadata for the second image: the first, before it in the list,
     // failed, however late.
     const std::string second = dir.File("two/Canon_40D.jpg");

@@ -20,8 +20,9 @@ void ExpectCropMatchesMagick(const std::string& path, Region region) {
     const LoadResult loaded = ImageTools::LoadImage(path);
     ASSERT_TRUE(loaded) << path << ": " << loaded.reason();
     const int imageHeight = static_cast<int>(loaded->Height());
-    const Image cut =
-        ImageTools::CropImage(*loaded, region.x, region.y, region.width, region.height);
+    const Image cut = ImageTools::CropImage(
+        *loaded, {static_cast<double>(region.x), static_cast<double>(region.y),
+                  static_cast<double>(region.width), static_cast<double>(region.height)});
     const vips::VImage pixels = test::PixelsOf(cut);
     ASSERT_EQ(pixels.width(), region.width) << path;
     ASSERT_EQ(pixels.height(), region.height) << path;

@@ -15,7 +15,7 @@ namespace {
 CropSettings Unusual() {
     CropSettings s;
     s.mode = CropMode::Auto;
-    s.autoCropFormat = 2;
+    s.autoCropRatio = RatioChoice::Ratio3x2;
     s.pixelsOriginX = -3.5f;
     s.pixelsOriginY = 12.25f;
     s.pixelsWidth = 640.75f;
@@ -24,7 +24,7 @@ CropSettings Unusual() {
     s.percentsOriginY = 0.1f;
     s.percentsWidth = 150.0f;
     s.percentsHeight = 33.333f;
-    s.outputFormat = 7;
+    s.outputFormat = OutputFormat::Tif;
     s.quality = 42.5f;
     s.nameTemplate = "photo [FileIndex] – \"é\"";
     s.outputFolder = "/tmp/out folder";
@@ -39,7 +39,7 @@ CropSettings Unusual() {
 
 void ExpectSame(const CropSettings& a, const CropSettings& b) {
     EXPECT_EQ(a.mode, b.mode);
-    EXPECT_EQ(a.autoCropFormat, b.autoCropFormat);
+    EXPECT_EQ(a.autoCropRatio, b.autoCropRatio);
     EXPECT_EQ(a.pixelsOriginX, b.pixelsOriginX);
     EXPECT_EQ(a.pixelsOriginY, b.pixelsOriginY);
     EXPECT_EQ(a.pixelsWidth, b.pixelsWidth);
@@ -131,7 +131,7 @@ TEST(Profile, ProfilesNamingTheRadioButtonsStillRead) {
 TEST(Profile, FormatNamesInAnyCase) {
     const auto loaded = SettingsFromProfileText(R"({"version": 1, "format": "png"})", {});
     ASSERT_TRUE(loaded);
-    EXPECT_EQ(loaded->outputFormat, 5);
+    EXPECT_EQ(loaded->outputFormat, OutputFormat::Png);
 }
 
 TEST(Profile, BadFilesGiveAReasonAndNoSettings) {
@@ -193,7 +193,7 @@ TEST(Profile, VersionOneTakesTheDefaultRules) {
     const auto loaded = SettingsFromProfileText(
         R"({"version": 1, "cropMode": "auto", "autoCropRatio": "16:9"})", current);
     ASSERT_TRUE(loaded) << loaded.reason();
-    EXPECT_EQ(loaded->autoCropFormat, 3);
+    EXPECT_EQ(loaded->autoCropRatio, RatioChoice::Ratio16x9);
     EXPECT_EQ(loaded->anchor, CropAnchor::Centre);
     EXPECT_TRUE(loaded->matchOrientation);
     EXPECT_EQ(loaded->resize, ResizeRule{});

@@ -40,12 +40,12 @@ class CropImageTest : public ::testing::Test {
 };
 
 TEST_F(CropImageTest, WidthBelowOneReturnsTheSameImage) {
-    EXPECT_TRUE(ImageTools::CropImage(source, 10, 10, 0.5, 100).IsSameImage(source));
-    EXPECT_TRUE(ImageTools::CropImage(source, 10, 10, 100, 0.5).IsSameImage(source));
+    EXPECT_TRUE(ImageTools::CropImage(source, {10, 10, 0.5, 100}).IsSameImage(source));
+    EXPECT_TRUE(ImageTools::CropImage(source, {10, 10, 100, 0.5}).IsSameImage(source));
 }
 
 TEST_F(CropImageTest, NegativeOriginGivesTheLowerLeftCorner) {
-    const Image cut = ImageTools::CropImage(source, -50, -50, 100, 100);
+    const Image cut = ImageTools::CropImage(source, {-50, -50, 100, 100});
     EXPECT_FALSE(cut.IsSameImage(source));
     EXPECT_EQ(cut.Width(), 50);
     EXPECT_EQ(cut.Height(), 50);
@@ -57,33 +57,33 @@ TEST_F(CropImageTest, NegativeOriginGivesTheLowerLeftCorner) {
 }
 
 TEST_F(CropImageTest, OriginOnTheRightEdgeReturnsTheInput) {
-    EXPECT_TRUE(ImageTools::CropImage(source, 1000, 0, 10, 10).IsSameImage(source));
+    EXPECT_TRUE(ImageTools::CropImage(source, {1000, 0, 10, 10}).IsSameImage(source));
 }
 
 TEST_F(CropImageTest, OriginBeyondTheImageReturnsTheInput) {
-    EXPECT_TRUE(ImageTools::CropImage(source, 1001, 0, 10, 10).IsSameImage(source));
-    EXPECT_TRUE(ImageTools::CropImage(source, 0, 1001, 10, 10).IsSameImage(source));
+    EXPECT_TRUE(ImageTools::CropImage(source, {1001, 0, 10, 10}).IsSameImage(source));
+    EXPECT_TRUE(ImageTools::CropImage(source, {0, 1001, 10, 10}).IsSameImage(source));
 }
 
 TEST_F(CropImageTest, NegativeOriginsAreComparedWithTheRequestedSize) {
     // Far to the left and below: the sign tests pass, the clipping leaves
     // nothing, and the input comes back.
-    EXPECT_TRUE(ImageTools::CropImage(source, -500, 10, 100, 10).IsSameImage(source));
-    EXPECT_TRUE(ImageTools::CropImage(source, 10, -500, 10, 100).IsSameImage(source));
+    EXPECT_TRUE(ImageTools::CropImage(source, {-500, 10, 100, 10}).IsSameImage(source));
+    EXPECT_TRUE(ImageTools::CropImage(source, {10, -500, 10, 100}).IsSameImage(source));
 }
 
 TEST_F(CropImageTest, IntegerRectangleCutsExactlyThosePixels) {
     // Origin (100, 200) from the lower left, 300 x 150: the top row of the
     // cut is 1000 - 200 - 150 = 650 from the top.
-    const Image cut = ImageTools::CropImage(source, 100, 200, 300, 150);
+    const Image cut = ImageTools::CropImage(source, {100, 200, 300, 150});
     EXPECT_EQ(cut.Width(), 300);
     EXPECT_EQ(cut.Height(), 150);
     ExpectCutOf(PixelsOf(cut), 100, 650);
 }
 
 TEST_F(CropImageTest, SixteenByNineOfASquareCutsCentredRowsWithoutResampling) {
-    const Rect r = ImageTools::CalculateAutoCropRectangleWithImage(source, 3);
-    const Image cut = ImageTools::CropImage(source, r.x, r.y, r.width, r.height);
+    const Rect r = ImageTools::AutoCropRectangle(source, ClassicRatio::SixteenNine);
+    const Image cut = ImageTools::CropImage(source, r);
     EXPECT_EQ(cut.Width(), 1000);
     EXPECT_EQ(cut.Height(), 562.5);
     const vips::VImage pixels = PixelsOf(cut);
@@ -93,21 +93,21 @@ TEST_F(CropImageTest, SixteenByNineOfASquareCutsCentredRowsWithoutResampling) {
 }
 
 TEST_F(CropImageTest, ClippedSizeAtTheTopRight) {
-    const Image cut = ImageTools::CropImage(source, 950, 980, 100, 50);
+    const Image cut = ImageTools::CropImage(source, {950, 980, 100, 50});
     EXPECT_EQ(cut.Width(), 50);
     EXPECT_EQ(cut.Height(), 20);
     ExpectCutOf(PixelsOf(cut), 950, 0);
 }
 
 TEST_F(CropImageTest, LessThanOneWholePixelOnTheImageHasNoPixels) {
-    const Image cut = ImageTools::CropImage(source, 999.5, 0, 10, 10);
+    const Image cut = ImageTools::CropImage(source, {999.5, 0, 10, 10});
     EXPECT_EQ(cut.Width(), 0.5);
     EXPECT_EQ(cut.Height(), 10);
     EXPECT_THROW(PixelsOf(cut), std::runtime_error);
 }
 
 TEST_F(CropImageTest, DoesNotChangeItsInput) {
-    const Image cut = ImageTools::CropImage(source, 10, 10, 20, 20);
+    const Image cut = ImageTools::CropImage(source, {10, 10, 20, 20});
     EXPECT_EQ(source.Width(), 1000);
     ExpectCutOf(PixelsOf(source), 0, 0);
     EXPECT_EQ(cut.Width(), 20);
@@ -115,7 +115,7 @@ TEST_F(CropImageTest, DoesNotChangeItsInput) {
 
 TEST(ResizeImage, GivesExactlyTheRequestedSize) {
     const Image source = MakeImage(CoordinateImage(101, 77));
-    const Image resized = ImageTools::ResizeImage(source, 333, 45);
+    const Image resized = ImageTools::ResizeImage(source, {333, 45});
     EXPECT_EQ(resized.Width(), 333);
     EXPECT_EQ(resized.Height(), 45);
     const vips::VImage pixels = PixelsOf(resized);
@@ -125,7 +125,7 @@ TEST(ResizeImage, GivesExactlyTheRequestedSize) {
 }
 
 TEST(ResizeImage, OfAnEmptyImageIsATransparentCanvas) {
-    const Image resized = ImageTools::ResizeImage(Image(), 4, 3);
+    const Image resized = ImageTools::ResizeImage(Image(), {4, 3});
     const vips::VImage pixels = PixelsOf(resized);
     EXPECT_EQ(pixels.bands(), 4);
     EXPECT_EQ(pixels.max(), 0);
@@ -144,7 +144,7 @@ TEST(BringImageToActualSize, ARecordedSizeThatDiffersIsRedrawnAtThePixelSize) {
     // when a file records a smaller point size) is measured in pixels.
     test::TempDir dir;
     CoordinateImage(400, 300).pngsave(dir.File("big.png").c_str());
-    const Image small = ImageTools::ResizeImage(MakeImage(CoordinateImage(400, 300)), 200, 150);
+    const Image small = ImageTools::ResizeImage(MakeImage(CoordinateImage(400, 300)), {200, 150});
     const Image actual = ImageTools::BringImageToActualSize(small, dir.File("big.png"));
     EXPECT_FALSE(actual.IsSameImage(small));
     EXPECT_EQ(actual.Width(), 400);
@@ -168,8 +168,7 @@ class OverlayTest : public ::testing::Test {
 
 TEST_F(OverlayTest, FullRectangleLeavesAnOpaqueImageUnchanged) {
     const Image black = MakeImage(Black(40, 30));
-    const vips::VImage out =
-        PixelsOf(ImageTools::DrawCropRectangleOnImageWithImage(black, 0, 0, 40, 30));
+    const vips::VImage out = PixelsOf(ImageTools::VeilOutsideRectangle(black, {0, 0, 40, 30}));
     ASSERT_EQ(out.bands(), 4);
     EXPECT_EQ(out.width(), 40);
     EXPECT_EQ(out.height(), 30);
@@ -179,8 +178,7 @@ TEST_F(OverlayTest, FullRectangleLeavesAnOpaqueImageUnchanged) {
 
 TEST_F(OverlayTest, EmptyRectangleVeilsEveryPixelToSixtyPercentGrey) {
     const Image black = MakeImage(Black(40, 30));
-    const vips::VImage out =
-        PixelsOf(ImageTools::DrawCropRectangleOnImageWithImage(black, 0, 0, 0, 0));
+    const vips::VImage out = PixelsOf(ImageTools::VeilOutsideRectangle(black, {0, 0, 0, 0}));
     for (int band = 0; band < 3; ++band) {
         EXPECT_EQ(out[band].min(), 153);
         EXPECT_EQ(out[band].max(), 153);
@@ -193,8 +191,7 @@ TEST_F(OverlayTest, InsideUnchangedOutsideVeiledWithLowerLeftOrigin) {
     const Image image = MakeImage(source);
     // 20 x 10 rectangle whose lower edge is 5 rows above the bottom: rows
     // 65 to 74 from the top, columns 30 to 49.
-    const vips::VImage out =
-        PixelsOf(ImageTools::DrawCropRectangleOnImageWithImage(image, 30, 5, 20, 10));
+    const vips::VImage out = PixelsOf(ImageTools::VeilOutsideRectangle(image, {30, 5, 20, 10}));
     for (int y = 0; y < 80; ++y) {
         for (int x = 0; x < 100; x += 7) {
             const bool inside = x >= 30 && x < 50 && y >= 65 && y < 75;
@@ -222,7 +219,7 @@ TEST_F(OverlayTest, TransparentPixelsOutsideBecomeTheVeil) {
             .cast(VIPS_FORMAT_UCHAR)
             .copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
     const vips::VImage out =
-        PixelsOf(ImageTools::DrawCropRectangleOnImageWithImage(MakeImage(clear), 0, 0, 5, 10));
+        PixelsOf(ImageTools::VeilOutsideRectangle(MakeImage(clear), {0, 0, 5, 10}));
     const std::vector<double> outside = out.getpoint(9, 0);
     EXPECT_EQ(outside[0], 255);
     EXPECT_EQ(outside[3], 153);

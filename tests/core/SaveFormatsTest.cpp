@@ -26,23 +26,25 @@ using test::MakeImage;
 using test::TempDir;
 
 struct FormatCase {
-    long format;
+    OutputFormat format;
     const char* extension;  // the lower-cased title in the format list
     const char* family;     // what ImageMagick calls the written file
 };
 
 void PrintTo(const FormatCase& format, std::ostream* out) {
-    *out << format.format << " (" << format.extension << ")";
+    *out << PositionOfOutputFormat(format.format) << " (" << format.extension << ")";
 }
 
 const FormatCase kFormats[] = {
-    {0, "jpg", "JPEG"}, {1, "jpeg", "JPEG"}, {2, "jpe", "JPEG"},  {3, "jp2", "JP2"},
-    {4, "jpx", "JP2"},  {5, "png", "PNG"},   {6, "tiff", "TIFF"}, {7, "tif", "TIFF"},
-    {8, "gif", "GIF"},  {9, "bmp", "BMP3"},
+    {OutputFormat::Jpg, "jpg", "JPEG"},   {OutputFormat::Jpeg, "jpeg", "JPEG"},
+    {OutputFormat::Jpe, "jpe", "JPEG"},   {OutputFormat::Jp2, "jp2", "JP2"},
+    {OutputFormat::Jpx, "jpx", "JP2"},    {OutputFormat::Png, "png", "PNG"},
+    {OutputFormat::Tiff, "tiff", "TIFF"}, {OutputFormat::Tif, "tif", "TIFF"},
+    {OutputFormat::Gif, "gif", "GIF"},    {OutputFormat::Bmp, "bmp", "BMP3"},
 };
 
 std::string CaseName(const ::testing::TestParamInfo<FormatCase>& info) {
-    return std::to_string(info.param.format) + "_" + info.param.extension;
+    return std::to_string(PositionOfOutputFormat(info.param.format)) + "_" + info.param.extension;
 }
 
 // Peak signal-to-noise ratio of two equally long 8-bit sample runs, in dB.
@@ -83,7 +85,7 @@ TEST_P(EveryFormat, WritesAFileOfItsFamilyAndSizeThatImageMagickDecodes) {
 
 TEST_P(EveryFormat, FractionalSizeIsTruncatedTowardZero) {
     const Image source = MakeImage(CoordinateImage(200, 120));
-    const Image cut = ImageTools::CropImage(source, 0, 0, 100.7, 50.2);
+    const Image cut = ImageTools::CropImage(source, {0, 0, 100.7, 50.2});
     ASSERT_DOUBLE_EQ(cut.Width(), 100.7);
     ASSERT_DOUBLE_EQ(cut.Height(), 50.2);
     const test::MagickSize size = test::MagickIdentifySize(Save(cut, 0.8));
@@ -115,7 +117,7 @@ TEST_P(EveryFormat, SizeThatIsNotFiniteIsAFailedSaveThatWritesNothing) {
 
 TEST_P(EveryFormat, SizeTooLargeForAnyPixelsIsAFailedSaveThatWritesNothing) {
     const std::string path = dir.File(std::string("huge.") + GetParam().extension);
-    const Image huge = ImageTools::ResizeImage(test::MakeImage(CoordinateImage(4, 4)), 1e12, 10);
+    const Image huge = ImageTools::ResizeImage(test::MakeImage(CoordinateImage(4, 4)), {1e12, 10});
     const SaveResult result = ImageTools::TrySaveImage(huge, path, GetParam().format, 0.8);
     EXPECT_FALSE(result.saved);
     EXPECT_EQ(result.reason, "the image is too large to write");
@@ -167,7 +169,7 @@ TEST(SaveGif, ImageOfFewColoursKeepsItsExactPixels) {
             .copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB))
             .copy_memory();
     const std::string path = dir.File("blocks.gif");
-    ASSERT_TRUE(ImageTools::SaveImage(MakeImage(pixels), path, 8, 0.8));
+    ASSERT_TRUE(ImageTools::SaveImage(MakeImage(pixels), path, OutputFormat::Gif, 0.8));
     EXPECT_TRUE(MagickPixels(path, "", "rgb", 8) == test::RawBytes(pixels));
 }
 
@@ -199,7 +201,7 @@ TEST(SaveQuality, ReachesTheJpegEncoderUnchanged) {
     for (const auto& [quality, expected] :
          {std::pair{0.0, 1}, {0.01, 1}, {0.5, 50}, {0.8, 80}, {0.93, 93}, {1.0, 100}}) {
         const std::string path = dir.File("q.jpg");
-        ASSERT_TRUE(ImageTools::SaveImage(photo, path, 0, quality));
+        ASSERT_TRUE(ImageTools::SaveImage(photo, path, OutputFormat::Jpg, quality));
         EXPECT_EQ(test::MagickJpegQuality(path), expected) << "quality " << quality;
     }
 }
@@ -208,9 +210,9 @@ TEST(SaveQuality, ReachesTheJpeg2000EncoderUnchanged) {
     TempDir dir;
     const vips::VImage photo = test::PhotoLikeImage(320, 240).copy_memory();
     const Image image = MakeImage(photo);
-    ASSERT_TRUE(ImageTools::SaveImage(image, dir.File("q0.jp2"), 3, 0.0));
-    ASSERT_TRUE(ImageTools::SaveImage(image, dir.File("q80.jp2"), 3, 0.8));
-    ASSERT_TRUE(ImageTools::SaveImage(image, dir.File("q100.jp2"), 3, 1.0));
+    ASSERT_TRUE(ImageTools::SaveImage(image, dir.File("q0.jp2"), OutputFormat::Jp2, 0.0));
+    ASSERT_TRUE(ImageTools::SaveImage(image, dir.File("q80.jp2"), OutputFormat::Jp2, 0.8));
+    ASSERT_TRUE(ImageTools::SaveImage(image, dir.File("q100.jp2"), OutputFormat::Jp2, 1.0));
     const auto size = [&](const char* name) { return std::filesystem::file_size(dir.File(name)); };
     EXPECT_LT(size("q0.jp2") * 4, size("q80.jp2"));
     EXPECT_LT(size("q80.jp2"), size("q100.jp2"));
@@ -240,24 +242,29 @@ INSTANTIATE_TEST_SUITE_P(OutputFormats, QualityIgnored,
 
 // ---- Formats outside the list ------------------------------------------
 
-TEST(SaveFormatIndex, OutsideTheListReturnsFalseAndWritesNothing) {
-    TempDir dir;
-    const Image image = MakeImage(CoordinateImage(40, 30));
-    for (const long format :
+// A position of the format list (the window's box) outside it names no
+// format, so nothing can be asked to be written in one.
+TEST(SaveFormatIndex, OutsideTheListIsNoFormat) {
+    for (const long position :
          {14L, -1L, 15L, std::numeric_limits<long>::min(), std::numeric_limits<long>::max()}) {
-        const std::string path = dir.File("out.jpg");
-        EXPECT_FALSE(ImageTools::SaveImage(image, path, format, 0.8)) << format;
-        EXPECT_FALSE(std::filesystem::exists(path)) << format;
+        EXPECT_FALSE(OutputFormatAtPosition(position).has_value()) << position;
     }
-    EXPECT_TRUE(FolderIsEmpty(dir));
+    for (long position = 0; position < 14; ++position) {
+        const std::optional<OutputFormat> format = OutputFormatAtPosition(position);
+        ASSERT_TRUE(format.has_value()) << position;
+        EXPECT_EQ(PositionOfOutputFormat(*format), position);
+        EXPECT_EQ(InfoOf(*format).title, kOutputFormats[static_cast<std::size_t>(position)].title);
+    }
 }
 
-TEST(SaveFormatIndex, OutsideTheListLeavesAnExistingFileAlone) {
+TEST(SaveFormatIndex, AFailedSaveLeavesAnExistingFileAlone) {
     TempDir dir;
     const std::string path = dir.File("keep.png");
-    ASSERT_TRUE(ImageTools::SaveImage(MakeImage(CoordinateImage(40, 30)), path, 5, 0.8));
+    ASSERT_TRUE(
+        ImageTools::SaveImage(MakeImage(CoordinateImage(40, 30)), path, OutputFormat::Png, 0.8));
     const std::string before = test::ReadFile(path);
-    EXPECT_FALSE(ImageTools::SaveImage(MakeImage(CoordinateImage(90, 90)), path, 14, 0.8));
+    EXPECT_FALSE(
+        ImageTools::SaveImage(test::MakeSizedImage(0.5, 90), path, OutputFormat::Png, 0.8));
     EXPECT_EQ(test::ReadFile(path), before);
 }
 
@@ -289,7 +296,8 @@ std::array<int, 4> MagickRgbaAt(const std::string& path, int width, int x, int y
 TEST(SaveAlpha, JpegIsFlattenedOntoWhite) {
     TempDir dir;
     const std::string path = dir.File("flat.jpg");
-    ASSERT_TRUE(ImageTools::SaveImage(MakeImage(HalfTransparent(64, 32)), path, 0, 1.0));
+    ASSERT_TRUE(
+        ImageTools::SaveImage(MakeImage(HalfTransparent(64, 32)), path, OutputFormat::Jpg, 1.0));
     const auto right = MagickRgbaAt(path, 64, 56, 16);
     EXPECT_NEAR(right[0], 255, 2);
     EXPECT_NEAR(right[1], 255, 2);
@@ -338,7 +346,8 @@ BmpHeader ReadBmpHeader(const std::string& path) {
 TEST(SaveBmp, WithoutAlphaIsA24BitWindows3Bitmap) {
     TempDir dir;
     const std::string path = dir.File("plain.bmp");
-    ASSERT_TRUE(ImageTools::SaveImage(MakeImage(CoordinateImage(33, 17)), path, 9, 0.8));
+    ASSERT_TRUE(
+        ImageTools::SaveImage(MakeImage(CoordinateImage(33, 17)), path, OutputFormat::Bmp, 0.8));
     const BmpHeader header = ReadBmpHeader(path);
     EXPECT_EQ(header.infoSize, 40u);
     EXPECT_EQ(header.bitsPerPixel, 24u);
@@ -349,7 +358,7 @@ TEST(SaveBmp, GreyImageIsStillA24BitBitmap) {
     const vips::VImage grey = CoordinateImage(33, 17)[0].copy(
         vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_B_W));
     const std::string path = dir.File("grey.bmp");
-    ASSERT_TRUE(ImageTools::SaveImage(MakeImage(grey), path, 9, 0.8));
+    ASSERT_TRUE(ImageTools::SaveImage(MakeImage(grey), path, OutputFormat::Bmp, 0.8));
     EXPECT_EQ(ReadBmpHeader(path).bitsPerPixel, 24u);
     std::vector<unsigned char> expected;
     for (unsigned char v : test::RawBytes(grey)) {
@@ -361,7 +370,8 @@ TEST(SaveBmp, GreyImageIsStillA24BitBitmap) {
 TEST(SaveBmp, WithAlphaIsA32BitBitmap) {
     TempDir dir;
     const std::string path = dir.File("alpha.bmp");
-    ASSERT_TRUE(ImageTools::SaveImage(MakeImage(HalfTransparent(64, 32)), path, 9, 0.8));
+    ASSERT_TRUE(
+        ImageTools::SaveImage(MakeImage(HalfTransparent(64, 32)), path, OutputFormat::Bmp, 0.8));
     EXPECT_EQ(ReadBmpHeader(path).bitsPerPixel, 32u);
 }
 
@@ -372,10 +382,10 @@ TEST(SavePixelKinds, GreyStaysGreyWhereTheFormatHasGrey) {
     const vips::VImage grey = CoordinateImage(90, 70)[1].copy(
         vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_B_W));
     const Image image = MakeImage(grey);
-    ASSERT_TRUE(ImageTools::SaveImage(image, dir.File("g.png"), 5, 0.8));
-    ASSERT_TRUE(ImageTools::SaveImage(image, dir.File("g.tif"), 6, 0.8));
-    ASSERT_TRUE(ImageTools::SaveImage(image, dir.File("g.jpg"), 0, 0.8));
-    ASSERT_TRUE(ImageTools::SaveImage(image, dir.File("g.jp2"), 3, 1.0));
+    ASSERT_TRUE(ImageTools::SaveImage(image, dir.File("g.png"), OutputFormat::Png, 0.8));
+    ASSERT_TRUE(ImageTools::SaveImage(image, dir.File("g.tif"), OutputFormat::Tiff, 0.8));
+    ASSERT_TRUE(ImageTools::SaveImage(image, dir.File("g.jpg"), OutputFormat::Jpg, 0.8));
+    ASSERT_TRUE(ImageTools::SaveImage(image, dir.File("g.jp2"), OutputFormat::Jp2, 1.0));
     EXPECT_EQ(test::ExifToolValue(dir.File("g.png"), "ColorType", true), "0");
     EXPECT_EQ(test::ExifToolValue(dir.File("g.tif"), "SamplesPerPixel", true), "1");
     EXPECT_EQ(test::ExifToolValue(dir.File("g.jpg"), "ColorComponents", true), "1");
@@ -403,7 +413,8 @@ TEST(SavePixelKinds, SixteenBitSamplesKeepAllSixteenBitsInPngAndTiff) {
         ASSERT_TRUE(loaded) << loaded.reason();
         const std::vector<unsigned char> wide = MagickPixels(source, "", map, 16);
         ASSERT_FALSE(wide.empty());
-        for (const auto& [format, file] : {std::pair{5L, "out.png"}, std::pair{6L, "out.tif"}}) {
+        for (const auto& [format, file] :
+             {std::pair{OutputFormat::Png, "out.png"}, std::pair{OutputFormat::Tiff, "out.tif"}}) {
             const std::string path = dir.File(file);
             ASSERT_TRUE(ImageTools::SaveImage(*loaded, path, format, 0.8)) << source << file;
             EXPECT_EQ(test::RunCommand("identify -format %z " + test::ShellQuote(path)).out, "16")
@@ -421,7 +432,7 @@ TEST(SavePixelKinds, SixteenBitGreyBecomesEightBitWhereTheFormatHasNoMore) {
     ASSERT_TRUE(loaded) << loaded.reason();
     // WebP at quality 100 is lossless, and has 8 bits only.
     const std::string path = dir.File("ga.webp");
-    ASSERT_TRUE(ImageTools::SaveImage(*loaded, path, OutputFormatNamed("WEBP"), 1.0));
+    ASSERT_TRUE(ImageTools::SaveImage(*loaded, path, OutputFormat::WebP, 1.0));
     // Each 16-bit sample scaled to 8 bits (65535 -> 255), to within one
     // step of rounding; grey becomes equal red, green and blue.
     const std::vector<unsigned char> wide = MagickPixels(source, "", "graya", 16);
@@ -446,7 +457,9 @@ TEST(SavePixelKinds, CmykSourceIsWrittenAsRgbWithoutItsCmykProfile) {
     const LoadResult loaded =
         ImageTools::LoadImage(test::TestDataPath("jpeg/Multiple ICC segments.jpg"));
     ASSERT_TRUE(loaded) << loaded.reason();
-    for (const auto& [format, name] : {std::pair{0L, "c.jpg"}, {5L, "c.png"}, {6L, "c.tif"}}) {
+    for (const auto& [format, name] : {std::pair{OutputFormat::Jpg, "c.jpg"},
+                                       {OutputFormat::Png, "c.png"},
+                                       {OutputFormat::Tiff, "c.tif"}}) {
         const std::string path = dir.File(name);
         ASSERT_TRUE(ImageTools::SaveImage(*loaded, path, format, 0.9)) << name;
         EXPECT_NE(test::ExifToolValue(path, "ColorSpaceData"), "CMYK") << name;

@@ -22,7 +22,7 @@ using test::TempDir;
 const std::string kPhoneFile = "large/sky.jpg";
 
 struct Target {
-    long format;
+    OutputFormat format;
     const char* name;
     bool carriesProfile;
 };
@@ -32,9 +32,16 @@ void PrintTo(const Target& target, std::ostream* out) {
 }
 
 const Target kTargets[] = {
-    {0, "out.jpg", true},  {1, "out.jpeg", true}, {2, "out.jpe", true},  {3, "out.jp2", true},
-    {4, "out.jpx", true},  {5, "out.png", true},  {6, "out.tiff", true}, {7, "out.tif", true},
-    {8, "out.gif", false}, {9, "out.bmp", false},  // 24-bit BMP has no room for a profile
+    {OutputFormat::Jpg, "out.jpg", true},
+    {OutputFormat::Jpeg, "out.jpeg", true},
+    {OutputFormat::Jpe, "out.jpe", true},
+    {OutputFormat::Jp2, "out.jp2", true},
+    {OutputFormat::Jpx, "out.jpx", true},
+    {OutputFormat::Png, "out.png", true},
+    {OutputFormat::Tiff, "out.tiff", true},
+    {OutputFormat::Tif, "out.tif", true},
+    {OutputFormat::Gif, "out.gif", false},
+    {OutputFormat::Bmp, "out.bmp", false},  // 24-bit BMP has no room for a profile
 };
 
 class SaveWithoutMetadata : public ::testing::TestWithParam<Target> {
@@ -45,7 +52,7 @@ class SaveWithoutMetadata : public ::testing::TestWithParam<Target> {
         }
         const LoadResult loaded = ImageTools::LoadImage(test::TestDataPath(kPhoneFile));
         ASSERT_TRUE(loaded) << loaded.reason();
-        cut_ = new Image(ImageTools::CropImage(*loaded, 1000, 800, 600, 400));
+        cut_ = new Image(ImageTools::CropImage(*loaded, {1000, 800, 600, 400}));
     }
     static void TearDownTestSuite() {
         delete cut_;
@@ -70,7 +77,7 @@ TEST_P(SaveWithoutMetadata, WritesNoExifGpsIptcOrXmp) {
                                  "-InteropIFD:all -MakerNotes:all -Make -Model -Software "
                                  "-ModifyDate -Copyright"),
               std::vector<std::string>{});
-    if (GetParam().format != 6 && GetParam().format != 7) {
+    if (GetParam().format != OutputFormat::Tiff && GetParam().format != OutputFormat::Tif) {
         EXPECT_EQ(test::ExifToolTags(path, "-EXIF:all"), std::vector<std::string>{});
     }
 }
@@ -93,17 +100,19 @@ TEST_P(SaveWithoutMetadata, KeepsTheSourcesColourProfileWhereTheFormatCarriesOne
 }
 
 INSTANTIATE_TEST_SUITE_P(OutputFormats, SaveWithoutMetadata, ::testing::ValuesIn(kTargets),
-                         [](const auto& info) { return std::to_string(info.param.format); });
+                         [](const auto& info) {
+                             return std::to_string(PositionOfOutputFormat(info.param.format));
+                         });
 
 TEST(SaveWithoutMetadataBmp, WithAlphaCarriesTheColourProfile) {
     VELLUMO_REQUIRE_TESTDATA();
     const std::string source = test::TestDataPath(kPhoneFile);
     const LoadResult loaded = ImageTools::LoadImage(source);
     ASSERT_TRUE(loaded) << loaded.reason();
-    const Image cut = ImageTools::CropImage(*loaded, 0, 0, 320, 200);
+    const Image cut = ImageTools::CropImage(*loaded, {0, 0, 320, 200});
     const Image withAlpha = test::MakeImage(test::PixelsOf(cut).bandjoin_const({200.0}));
     TempDir dir;
-    ASSERT_TRUE(ImageTools::SaveImage(withAlpha, dir.File("a.bmp"), 9, 0.8));
+    ASSERT_TRUE(ImageTools::SaveImage(withAlpha, dir.File("a.bmp"), OutputFormat::Bmp, 0.8));
     EXPECT_TRUE(test::ExifToolBinary(dir.File("a.bmp"), "ICC_Profile") ==
                 test::ExifToolBinary(source, "ICC_Profile"));
 }
@@ -111,8 +120,11 @@ TEST(SaveWithoutMetadataBmp, WithAlphaCarriesTheColourProfile) {
 TEST(SaveWithoutMetadataProfiles, ImageWithoutProfileGetsNone) {
     TempDir dir;
     const Image plain = test::MakeImage(test::CoordinateImage(40, 30));
-    for (const auto& [format, name] :
-         {std::pair{0L, "p.jpg"}, {3L, "p.jp2"}, {5L, "p.png"}, {6L, "p.tif"}, {9L, "p.bmp"}}) {
+    for (const auto& [format, name] : {std::pair{OutputFormat::Jpg, "p.jpg"},
+                                       {OutputFormat::Jp2, "p.jp2"},
+                                       {OutputFormat::Png, "p.png"},
+                                       {OutputFormat::Tiff, "p.tif"},
+                                       {OutputFormat::Bmp, "p.bmp"}}) {
         ASSERT_TRUE(ImageTools::SaveImage(plain, dir.File(name), format, 0.8));
         EXPECT_TRUE(test::ExifToolBinary(dir.File(name), "ICC_Profile").empty()) << name;
     }
@@ -153,8 +165,10 @@ TEST(SaveWithoutMetadataProfiles, LargeProfileTravelsWhole) {
     vips::VImage pixels = test::CoordinateImage(64, 48).copy();
     pixels.set(VIPS_META_ICC_NAME, nullptr, const_cast<char*>(profile.data()), profile.size());
     const Image image = test::MakeImage(pixels);
-    for (const auto& [format, name] :
-         {std::pair{0L, "big.jpg"}, {3L, "big.jp2"}, {5L, "big.png"}, {6L, "big.tif"}}) {
+    for (const auto& [format, name] : {std::pair{OutputFormat::Jpg, "big.jpg"},
+                                       {OutputFormat::Jp2, "big.jp2"},
+                                       {OutputFormat::Png, "big.png"},
+                                       {OutputFormat::Tiff, "big.tif"}}) {
         ASSERT_TRUE(ImageTools::SaveImage(image, dir.File(name), format, 0.8)) << name;
         EXPECT_TRUE(test::ExifToolBinary(dir.File(name), "ICC_Profile") == profile) << name;
         EXPECT_EQ(test::MagickIdentifySize(dir.File(name)).width, 64) << name;
@@ -168,8 +182,8 @@ TEST(SaveWithoutMetadataProfiles, GreyProfileStaysWithGreyPixelsOnly) {
     const LoadResult loaded = ImageTools::LoadImage(source);
     ASSERT_TRUE(loaded) << loaded.reason();
     TempDir dir;
-    ASSERT_TRUE(ImageTools::SaveImage(*loaded, dir.File("g.png"), 5, 0.8));
-    ASSERT_TRUE(ImageTools::SaveImage(*loaded, dir.File("g.jpg"), 0, 0.8));
+    ASSERT_TRUE(ImageTools::SaveImage(*loaded, dir.File("g.png"), OutputFormat::Png, 0.8));
+    ASSERT_TRUE(ImageTools::SaveImage(*loaded, dir.File("g.jpg"), OutputFormat::Jpg, 0.8));
     EXPECT_TRUE(test::ExifToolBinary(dir.File("g.png"), "ICC_Profile") ==
                 test::ExifToolBinary(source, "ICC_Profile"));
     EXPECT_TRUE(test::ExifToolBinary(dir.File("g.jpg"), "ICC_Profile") ==
@@ -179,9 +193,11 @@ TEST(SaveWithoutMetadataProfiles, GreyProfileStaysWithGreyPixelsOnly) {
     const vips::VImage greyAlpha = test::PixelsOf(*loaded).bandjoin_const({255.0});
     ASSERT_EQ(greyAlpha.bands(), 2);
     ASSERT_NE(greyAlpha.get_typeof(VIPS_META_ICC_NAME), 0u);
-    ASSERT_TRUE(ImageTools::SaveImage(test::MakeImage(greyAlpha), dir.File("ga.bmp"), 9, 0.8));
+    ASSERT_TRUE(ImageTools::SaveImage(test::MakeImage(greyAlpha), dir.File("ga.bmp"),
+                                      OutputFormat::Bmp, 0.8));
     EXPECT_TRUE(test::ExifToolBinary(dir.File("ga.bmp"), "ICC_Profile").empty());
-    ASSERT_TRUE(ImageTools::SaveImage(test::MakeImage(greyAlpha), dir.File("ga.png"), 5, 0.8));
+    ASSERT_TRUE(ImageTools::SaveImage(test::MakeImage(greyAlpha), dir.File("ga.png"),
+                                      OutputFormat::Png, 0.8));
     EXPECT_TRUE(test::ExifToolBinary(dir.File("ga.png"), "ICC_Profile") ==
                 test::ExifToolBinary(source, "ICC_Profile"));
 }

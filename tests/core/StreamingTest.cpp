@@ -46,7 +46,7 @@ TEST_P(Streaming, CropOfA400MegapixelFileHoldsOnlyTheRegion) {
     const LoadResult loaded = ImageTools::LoadImage(path);
     ASSERT_TRUE(loaded) << loaded.reason();
     EXPECT_EQ(loaded->Width(), 20000);
-    const Image cut = ImageTools::CropImage(*loaded, 9500, 9500, 1000, 1000);
+    const Image cut = ImageTools::CropImage(*loaded, {9500, 9500, 1000, 1000});
     const vips::VImage held = test::PixelsOf(cut);
     ASSERT_EQ(held.width(), 1000);
     ASSERT_EQ(held.height(), 1000);
@@ -70,7 +70,7 @@ TEST(StreamingTiffStrips, ACropAtTheBottomOfAHugePageHoldsOnlyTheStripsItCovers)
     const LoadResult once = ImageTools::OpenImage(path);
     ASSERT_TRUE(once) << once.reason();
     // The lowest 1,000 rows: libvips' own decoder passes the 19,000 above.
-    const vips::VImage cut = test::PixelsOf(ImageTools::CropImage(*once, 0, 0, 20000, 1000));
+    const vips::VImage cut = test::PixelsOf(ImageTools::CropImage(*once, {0, 0, 20000, 1000}));
     ASSERT_EQ(cut.height(), 1000);
     const std::vector<double> corner = cut.getpoint(5, 0);
     EXPECT_EQ(corner[0], 5);

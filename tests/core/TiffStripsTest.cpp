@@ -78,7 +78,7 @@ TEST(TiffStrips, EveryLayoutCropsToTheExactPixels) {
         const LoadResult once = ImageTools::OpenImage(path);
         ASSERT_TRUE(once) << once.reason();
         const vips::VImage cut =
-            test::PixelsOf(ImageTools::CropImage(*once, 300, 333 - 300, 101, 100));
+            test::PixelsOf(ImageTools::CropImage(*once, {300, 333 - 300, 101, 100}));
         ASSERT_EQ(cut.width(), 101);
         ASSERT_EQ(cut.height(), 100);
         const std::vector<double> corner = cut.getpoint(0, 0);

@@ -22,11 +22,37 @@ ImageTask SomeTask() {
     task.settings.mode = CropMode::Percents;
     task.settings.percentsOriginX = 12.5f;
     task.settings.quality = 67;
-    task.settings.outputFormat = 5;
+    task.settings.outputFormat = OutputFormat::Png;
     task.adjustedRect = Rect{1.5, 2.25, 300, 200.125};
-    task.carryMetadata = true;
-    task.replacesSource = true;
+    task.kind = TaskKind::CropCarryingMetadata;
+    task.target = OutputTarget::Source;
     return task;
+}
+
+TEST(WorkerProtocol, EveryTaskKindAndTargetReadsBackByItsName) {
+    for (const TaskKind kind : {TaskKind::Crop, TaskKind::CropCarryingMetadata, TaskKind::DryRun,
+                                TaskKind::CarryMetadataOnly}) {
+        EXPECT_EQ(TaskKindFromName(TaskKindName(kind)), kind) << TaskKindName(kind);
+        for (const OutputTarget target : {OutputTarget::NewFile, OutputTarget::Source}) {
+            ImageTask task = SomeTask();
+            task.kind = kind;
+            task.target = target;
+            const std::optional<Request> read =
+                DecodeRequest(Encode(Request(ImageRequest{task, 1, false})));
+            ASSERT_TRUE(read);
+            const auto* back = std::get_if<ImageRequest>(&*read);
+            ASSERT_NE(back, nullptr);
+            EXPECT_EQ(back->task.kind, kind);
+            EXPECT_EQ(back->task.target, target);
+        }
+    }
+    EXPECT_EQ(std::string(TaskKindName(TaskKind::CarryMetadataOnly)), "carry-metadata-only");
+    EXPECT_FALSE(TaskKindFromName("crop-everything").has_value());
+    EXPECT_FALSE(OutputTargetFromName("elsewhere").has_value());
+    EXPECT_TRUE(CarriesMetadata(TaskKind::CropCarryingMetadata));
+    EXPECT_TRUE(CarriesMetadata(TaskKind::CarryMetadataOnly));
+    EXPECT_FALSE(CarriesMetadata(TaskKind::Crop));
+    EXPECT_FALSE(CarriesMetadata(TaskKind::DryRun));
 }
 
 TEST(WorkerProtocol, ARequestReadsBackAsItWasSent) {
@@ -45,9 +71,8 @@ TEST(WorkerProtocol, ARequestReadsBackAsItWasSent) {
     EXPECT_EQ(back->task.settings.percentsOriginX, 12.5f);
     EXPECT_EQ(back->task.settings.quality, 67.0f);
     EXPECT_EQ(back->task.adjustedRect, image.task.adjustedRect);
-    EXPECT_TRUE(back->task.carryMetadata);
-    EXPECT_FALSE(back->task.dryRun);
-    EXPECT_TRUE(back->task.replacesSource);
+    EXPECT_EQ(back->task.kind, TaskKind::CropCarryingMetadata);
+    EXPECT_EQ(back->task.target, OutputTarget::Source);
 
     const std::optional<Request> preview =
         DecodeRequest(Encode(Request(PreviewRequest{"/a b.png", 512, 99, false})));

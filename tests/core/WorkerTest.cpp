@@ -35,10 +35,10 @@ class WorkerTest : public ::testing::Test {
     WorkerTest() {
         settings.outputFolder = dir.File("out");
         fs::create_directory(settings.outputFolder);
-        settings.outputFormat = 5;  // PNG
+        settings.outputFormat = OutputFormat::Png;  // PNG
         settings.nameTemplate = "[FileName]";
         settings.mode = CropMode::Auto;
-        settings.autoCropFormat = 3;
+        settings.autoCropRatio = RatioChoice::Ratio16x9;
     }
     // A quickly made PNG: coordinates as colours.
     std::string Picture(const std::string& name, int w, int h) {
@@ -147,7 +147,7 @@ TEST_F(WorkerTest, AFileWhoseDecodersBothCrashFailsAloneWithTheCrashAsReason) {
     ASSERT_EQ(crashed.size(), 2u);
     EXPECT_NE(crashed[0], crashed[1]);
     EXPECT_EQ(report.images[0].outcome.status, ImageStatus::Failed);
-    EXPECT_EQ(report.images[0].outcome.reason,
+    EXPECT_EQ(report.images[0].outcome.Reason(),
               "cannot decode: the image decoder crashed on this file");
     EXPECT_EQ(report.images[1].outcome.status, ImageStatus::Written);
     // Neither dead worker left its temporary file.
@@ -188,7 +188,7 @@ TEST_F(WorkerTest, AWorkerKilledMidImageFailsThatImageAndTheJobGoesOn) {
     EXPECT_FALSE(report.allSucceeded);
     EXPECT_EQ(report.images[1].outcome.status, ImageStatus::Failed);
     EXPECT_EQ(
-        report.images[1].outcome.reason,
+        report.images[1].outcome.Reason(),
         "cannot decode: the image worker was stopped from outside while working on this file");
     for (int i : {0, 2, 3})
         EXPECT_EQ(report.images[i].outcome.status, ImageStatus::Written) << i;
@@ -206,7 +206,7 @@ TEST_F(WorkerTest, AnImageOverTheTimeLimitFailsWithTheLimitInItsReason) {
     limits.timeout = std::chrono::milliseconds(150);
     WorkerImageProcessor processor(limits);
     const JobReport report = RunCropJob(settings, list, {D::NoConflict, D::NoConflict}, processor);
-    EXPECT_EQ(report.images[0].outcome.reason, "cannot decode: decoding took longer than 0.15 s");
+    EXPECT_EQ(report.images[0].outcome.Reason(), "cannot decode: decoding took longer than 0.15 s");
     EXPECT_EQ(report.images[1].outcome.status, ImageStatus::Written);
     EXPECT_EQ(OutputFolder(), (std::vector<std::string>{"quick.png"}));
 }
@@ -233,7 +233,7 @@ TEST_F(WorkerTest, AFileDeclaringMorePixelsThanTheLimitFailsFromItsHeader) {
     const std::string huge = DeclaringPng(dir, 100000, 100000);
     WorkerImageProcessor processor;
     const JobReport report = RunCropJob(settings, {huge}, {D::NoConflict}, processor);
-    EXPECT_EQ(report.images[0].outcome.reason,
+    EXPECT_EQ(report.images[0].outcome.Reason(),
               "cannot decode: the image declares 100000 x 100000 pixels, more than the limit of "
               "1000 megapixels");
 }
@@ -252,7 +252,7 @@ TEST_F(WorkerTest, AHeicLargerThanThePixelLimitIsRefusedFromItsHeader) {
     limits.maxPixels = 50'000;
     WorkerImageProcessor processor(limits);
     const JobReport report = RunCropJob(settings, {heic}, {D::NoConflict}, processor);
-    EXPECT_EQ(report.images[0].outcome.reason,
+    EXPECT_EQ(report.images[0].outcome.Reason(),
               "cannot decode: the image declares 300 x 200 pixels, more than the limit of "
               "0.05 megapixels");
 }
@@ -269,9 +269,9 @@ TEST_F(WorkerTest, AnImageNeedingMoreMemoryThanTheWorkerMayHaveFailsAlone) {
     WorkerImageProcessor processor(limits);
     const JobReport report = RunCropJob(settings, list, {D::NoConflict, D::NoConflict}, processor);
     EXPECT_EQ(report.images[0].outcome.status, ImageStatus::Failed);
-    EXPECT_EQ(report.images[0].outcome.reason.rfind("cannot decode: ", 0), 0u);
-    EXPECT_NE(report.images[0].outcome.reason.find("memory"), std::string::npos)
-        << report.images[0].outcome.reason;
+    EXPECT_EQ(report.images[0].outcome.Reason().rfind("cannot decode: ", 0), 0u);
+    EXPECT_NE(report.images[0].outcome.Reason().find("memory"), std::string::npos)
+        << report.images[0].outcome.Reason();
     EXPECT_EQ(report.images[1].outcome.status, ImageStatus::Written);
 }
 

@@ -33,7 +33,8 @@ CropSettings SettingsBinding::Read() const {
     s.mode = CropModeOfRadios(c_.radioAutoCrop.isChecked(), c_.radioCustomCrop.isChecked(),
                               c_.radioCustomCropPixels.isChecked(),
                               c_.radioCustomCropPercents.isChecked());
-    s.autoCropFormat = c_.comboAutoCropFormat.currentIndex();
+    s.autoCropRatio =
+        RatioChoiceAtPosition(c_.comboAutoCropFormat.currentIndex()).value_or(s.autoCropRatio);
     c_.autoCropRule.Read(s);
     c_.resizeRule.Read(s);
     s.pixelsOriginX = TextFieldFloatValue(c_.pixelsOriginX);
@@ -44,7 +45,7 @@ CropSettings SettingsBinding::Read() const {
     s.percentsOriginY = TextFieldFloatValue(c_.percentsOriginY);
     s.percentsWidth = TextFieldFloatValue(c_.percentsWidth);
     s.percentsHeight = TextFieldFloatValue(c_.percentsHeight);
-    s.outputFormat = c_.comboFormat.currentIndex();
+    s.outputFormat = OutputFormatAtPosition(c_.comboFormat.currentIndex()).value_or(s.outputFormat);
     s.quality = static_cast<float>(c_.sliderQuality.doubleValue());
     s.nameTemplate = Bytes(c_.textFieldName.text());
     s.outputFolder = Bytes(c_.textFieldOutputFolder.text());
@@ -61,9 +62,10 @@ void SettingsBinding::Write(const CropSettings& s) const {
         c_.radioCustomCropPixels.setChecked(s.mode == CropMode::Pixels);
         c_.radioCustomCropPercents.setChecked(s.mode == CropMode::Percents);
     }
-    c_.comboAutoCropFormat.setCurrentIndex(static_cast<int>(s.autoCropFormat));
+    c_.comboAutoCropFormat.setCurrentIndex(
+        static_cast<int>(PositionOfRatioChoice(s.autoCropRatio)));
     c_.autoCropRule.Write(s);
-    c_.autoCropRule.SetCustomRatioChosen(s.autoCropFormat == kCustomRatioIndex);
+    c_.autoCropRule.SetCustomRatioChosen(s.autoCropRatio == RatioChoice::Custom);
     c_.resizeRule.Write(s);
 
     SetTextFieldFloat(c_.pixelsOriginX, s.pixelsOriginX);
@@ -80,7 +82,7 @@ void SettingsBinding::Write(const CropSettings& s) const {
     c_.stepperPercentsWidth.setValue(s.percentsWidth);
     c_.stepperPercentsHeight.setValue(s.percentsHeight);
 
-    c_.comboFormat.setCurrentIndex(static_cast<int>(s.outputFormat));
+    c_.comboFormat.setCurrentIndex(static_cast<int>(PositionOfOutputFormat(s.outputFormat)));
     c_.sliderQuality.setDoubleValue(s.quality);
     c_.labelQuality.setText(QualityText(s.quality));
     c_.textFieldName.setText(Text(s.nameTemplate));

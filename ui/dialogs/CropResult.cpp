@@ -37,7 +37,7 @@ MessageBoxRequest CropResultRequest(const JobReport& report) {
             case ImageStatus::Failed:
                 lines << QStringLiteral("Not cropped: %1 (%2)")
                              .arg(PathText(image.source),
-                                  QString::fromStdString(image.outcome.reason));
+                                  QString::fromStdString(image.outcome.Reason()));
                 break;
             case ImageStatus::Skipped:
                 lines << QStringLiteral("Skipped: %1 (%2 already exists and was kept)")

@@ -31,21 +31,21 @@ int WindowCropQuestions::Ask(const MessageBoxRequest& request) {
     return answer;
 }
 
-bool WindowCropQuestions::ReplaceOriginals(std::size_t count) {
-    return Ask(ReplaceOriginalsRequest(count)) == kFirstButtonAnswer;
+Answer WindowCropQuestions::ReplaceOriginals(std::size_t count) {
+    return Ask(ReplaceOriginalsRequest(count)) == kFirstButtonAnswer ? Answer::Yes : Answer::No;
 }
 
-bool WindowCropQuestions::CreateFolder(const std::string& folder) {
-    return Ask(CreateFolderRequest(folder)) == kFirstButtonAnswer;
+Answer WindowCropQuestions::CreateFolder(const std::string& folder) {
+    return Ask(CreateFolderRequest(folder)) == kFirstButtonAnswer ? Answer::Yes : Answer::No;
 }
 
-bool WindowCropQuestions::WriteUncroppedCopies() {
-    return Ask(UncroppedCopiesRequest()) == kFirstButtonAnswer;
+Answer WindowCropQuestions::WriteUncroppedCopies() {
+    return Ask(UncroppedCopiesRequest()) == kFirstButtonAnswer ? Answer::Yes : Answer::No;
 }
 
-bool WindowCropQuestions::NumberClashes(const std::vector<OutputClash>& clashes,
-                                        const std::vector<std::string>& list) {
-    return Ask(ClashWarningRequest(clashes, list)) == kFirstButtonAnswer;
+Answer WindowCropQuestions::NumberClashes(const std::vector<OutputClash>& clashes,
+                                          const std::vector<std::string>& list) {
+    return Ask(ClashWarningRequest(clashes, list)) == kFirstButtonAnswer ? Answer::Yes : Answer::No;
 }
 
 OverwriteAnswer WindowCropQuestions::Overwrite(const std::string& question) {

@@ -21,11 +21,11 @@ class WindowCropQuestions final : public CropQuestions {
     WindowCropQuestions(QObject& context, WindowServices& services,
                         std::function<void()> beforeQuestion = {});
 
-    bool ReplaceOriginals(std::size_t count) override;
-    bool CreateFolder(const std::string& folder) override;
-    bool WriteUncroppedCopies() override;
-    bool NumberClashes(const std::vector<OutputClash>& clashes,
-                       const std::vector<std::string>& list) override;
+    Answer ReplaceOriginals(std::size_t count) override;
+    Answer CreateFolder(const std::string& folder) override;
+    Answer WriteUncroppedCopies() override;
+    Answer NumberClashes(const std::vector<OutputClash>& clashes,
+                         const std::vector<std::string>& list) override;
     OverwriteAnswer Overwrite(const std::string& question) override;
 
   private:

@@ -25,8 +25,8 @@ QStringList OpenFilesImageExtensions() {
     // The output formats' extensions, in their list's order, then those
     // only read ("heif").
     QStringList extensions;
-    for (long i = 0; i < static_cast<long>(kOutputFormats.size()); ++i) {
-        extensions << QString::fromStdString(OutputFormatExtension(i));
+    for (const OutputFormatInfo& row : kOutputFormats) {
+        extensions << QString::fromStdString(OutputFormatExtension(row.format));
     }
     for (const QString& extension : AcceptedImageExtensions()) {
         if (!extensions.contains(extension)) {

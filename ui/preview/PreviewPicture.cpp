@@ -14,8 +14,8 @@ QImage VeiledPreviewPicture(const Image& picture, Size fullSize, Rect rect) {
     // pixels when it was made, so one factor would leave the far edges off.
     const double sx = picture.Width() / fullSize.width;
     const double sy = picture.Height() / fullSize.height;
-    const Image veiled = ImageTools::DrawCropRectangleOnImageWithImage(
-        picture, rect.x * sx, rect.y * sy, rect.width * sx, rect.height * sy);
+    const Image veiled = ImageTools::VeilOutsideRectangle(
+        picture, {rect.x * sx, rect.y * sy, rect.width * sx, rect.height * sy});
     return PictureAsQImage(veiled);
 }
 

@@ -3,7 +3,7 @@
 namespace vellumo::test {
 
 ImageOutcome RecordingProcessor::Process(const ImageTask& task) {
-    if (task.dryRun) {
+    if (task.kind == TaskKind::DryRun) {
         {
             const std::lock_guard lock(mutex_);
             ++measured_;
@@ -17,7 +17,7 @@ ImageOutcome RecordingProcessor::Process(const ImageTask& task) {
         if (cancelled_) {
             cancelled_ = false;
             ImageOutcome ended;
-            ended.reason = "cannot decode: the image worker was stopped";
+            ended.failure = Failure::At(FailureStage::Decode, "the image worker was stopped");
             return ended;
         }
     }
