@@ -45,7 +45,7 @@ class GateToTheWorker final : public vellumo::ImageProcessor {
 
     vellumo::ImageOutcome Process(const vellumo::ImageTask& task) override {
         // Dry runs read the images' headers before the job's questions.
-        if (task.dryRun) {
+        if (task.kind == vellumo::TaskKind::DryRun) {
             return worker_.Process(task);
         }
         begun_ = true;
