@@ -19,7 +19,7 @@
 #include "ui/controls/SettingsBinding.h"
 #include "ui/controls/Stepper.h"
 #include "ui/controls/TextFieldNumber.h"
-#include "ui/list/ImageListModel.h"
+#include "ui/list/ImageList.h"
 #include "ui/list/ImagePaths.h"
 #include "ui/preview/CropAdjustmentStore.h"
 #include "ui/preview/CropPreviewView.h"
@@ -31,8 +31,7 @@ namespace vellumo {
 
 ViewController::ViewController(QObject* parent)
     : QObject(parent),
-      acceptedExtensions_(AcceptedImageExtensions()),
-      imageListModel_(new ImageListModel(listImagePaths_, this)),
+      imageList_(new ImageList(this)),
       services_(WindowServices::Desktop(
           [this]() -> QWidget* { return view_.isNull() ? nullptr : view_->window(); })),
       // Decoding and encoding happen in worker processes: a file that crashes
@@ -58,9 +57,6 @@ ViewController::~ViewController() {
     // The window and the table may outlive their delegate.
     if (auto* window = qobject_cast<MainWindow*>(view_.data())) {
         window->SetDelegate(nullptr);
-    }
-    if ((ui_ != nullptr)) {
-        ui_->tableViewImage->SetDropHandler(nullptr);
     }
 }
 
@@ -108,11 +104,9 @@ void ViewController::SetUpControls() {
         window->SetDelegate(this);
     }
 
-    // Files dragged from a file manager arrive as a list of file URLs.
-    ui_->tableViewImage->AcceptDraggedTypes({QStringLiteral("text/uri-list")});
-
-    ui_->tableViewImage->SetDropHandler(this);
-    ui_->tableViewImage->SetImageListModel(imageListModel_);
+    // The table shows the list and takes its drops (files dragged from a
+    // file manager arrive as a list of file URLs).
+    ui_->tableViewImage->SetImageList(imageList_);
 
     ui_->comboAutoCropFormat->clear();
     ui_->comboAutoCropFormat->addItems(AutoCropFormatTitles());
@@ -153,7 +147,7 @@ void ViewController::SetImageProcessor(std::shared_ptr<ImageProcessor> processor
 }
 
 int ViewController::imageCount() const {
-    return static_cast<int>(listImagePaths_.size());
+    return imageList_->count();
 }
 
 void ViewController::ConnectCommands() {
@@ -183,10 +177,9 @@ void ViewController::ConnectCommands() {
             &ViewController::OnRemoveSelected);
     // However the list changed (added, dropped, removed, reset), its count
     // follows.
-    connect(imageListModel_, &QAbstractItemModel::modelReset, this,
-            &ViewController::ShowImageCount);
-    connect(imageListModel_, &QAbstractItemModel::rowsInserted, this,
-            &ViewController::ShowImageCount);
+    connect(imageList_, &QAbstractItemModel::modelReset, this, &ViewController::ShowImageCount);
+    connect(imageList_, &QAbstractItemModel::rowsInserted, this, &ViewController::ShowImageCount);
+    connect(imageList_, &QAbstractItemModel::rowsRemoved, this, &ViewController::ShowImageCount);
     connect(ui_->imageViewCropPreview, &CropPreviewView::resized, &previewResizeSettle_,
             qOverload<>(&QTimer::start));
     ConnectSettingControls();

@@ -32,6 +32,7 @@
 #include "imaging/Image.h"
 #include "ui/MainWindow.h"
 #include "ui/WindowServices.h"
+#include "ui/list/ImageList.h"
 #include "ui/list/ImageTableView.h"
 #include "ui/preview/CropFrame.h"
 #include "ui/sheet/CellCrop.h"
@@ -55,7 +56,6 @@ class CropAdjustmentStore;
 class ContactSheetParts;
 class CropPreviewView;
 class PreviewPrefetch;
-class ImageListModel;
 class LatchingRadioButton;
 class QualitySlider;
 class SettingsBinding;
@@ -63,7 +63,7 @@ class AutoCropRuleBox;
 class ResizeRuleBox;
 class Stepper;
 
-class ViewController : public QObject, public WindowDelegate, public ListDropHandler {
+class ViewController : public QObject, public WindowDelegate {
     Q_OBJECT
 
   public:
@@ -89,13 +89,14 @@ class ViewController : public QObject, public WindowDelegate, public ListDropHan
 
     // ---- State ------------------------------------------------------------
 
-    const QStringList& listImagePaths() const { return listImagePaths_; }
+    // The list of images, which the table and the contact sheet show.
+    ImageList& imageList() { return *imageList_; }
+    const ImageList& imageList() const { return *imageList_; }
     // The selected image as the labels and the crop rule see it: its full
     // pixel size (the pixels shown are a smaller picture of it).
     const Image& currentImage() const { return currentImage_; }
     // Makes `image` current, shown as it is.
     void setCurrentImage(const Image& image);
-    const QStringList& acceptedExtensions() const { return acceptedExtensions_; }
     const QString& currentProfilePath() const { return currentProfilePath_; }
     void setCurrentProfilePath(const QString& path) { currentProfilePath_ = path; }
 
@@ -129,7 +130,6 @@ class ViewController : public QObject, public WindowDelegate, public ListDropHan
 
     // ---- Image list (ViewControllerImageList.cpp) -------------------------
 
-    void RefreshImageList();
     // Empties the current image and the preview and refreshes the dimension
     // labels; the table's selected rows stay as they are.
     void ClearImageListSelection();
@@ -185,10 +185,6 @@ class ViewController : public QObject, public WindowDelegate, public ListDropHan
     // ---- Window and table delegate ----------------------------------------
 
     bool windowShouldClose(QWidget& window) override;
-    bool canDropMimeData(ImageTableView& table, const DragInfo& info, int proposedRow,
-                         DropPosition operation) override;
-    bool dropMimeData(ImageTableView& table, const DragInfo& info, int row,
-                      DropPosition operation) override;
 
   public Q_SLOTS:
     // ---- Window commands (ViewControllerWindowCommands.cpp) ---------------
@@ -331,9 +327,7 @@ class ViewController : public QObject, public WindowDelegate, public ListDropHan
     void AbandonCropCommand();
 
     // State, in declaration order.
-    QStringList listImagePaths_;
     Image currentImage_;
-    const QStringList acceptedExtensions_;
     QString currentProfilePath_;
 
     // The line under the progress bar: which image the job is at, and how
@@ -352,7 +346,8 @@ class ViewController : public QObject, public WindowDelegate, public ListDropHan
     std::unique_ptr<SettingsBinding> settingsBinding_;
     // A child of the controller, made by ConnectContactSheet.
     ContactSheetParts* contactSheet_ = nullptr;
-    ImageListModel* imageListModel_ = nullptr;
+    // The list of images; a child of the controller.
+    ImageList* imageList_ = nullptr;
     WindowServices services_;
     std::shared_ptr<PreviewDecoder> previewDecoder_;
     std::shared_ptr<ImageProcessor> imageProcessor_;

@@ -9,7 +9,7 @@
 
 #include "batch/CropPlan.h"
 #include "ui/ViewController.h"
-#include "ui/list/ImageListModel.h"
+#include "ui/list/ImageList.h"
 #include "ui/list/ImagePaths.h"
 #include "ui/preview/CropAdjustmentStore.h"
 #include "ui/preview/CropPreviewView.h"
@@ -70,7 +70,7 @@ void ViewController::OnCropAdjusted(const Rect& rect, bool byKeys) {
 
 void ViewController::OnAdjustmentsChanged(const QStringList& paths) {
     for (const QString& path : paths) {
-        imageListModel_->SetAdjusted(path, cropAdjustments_->IsAdjusted(path));
+        imageList_->SetAdjusted(path, cropAdjustments_->IsAdjusted(path));
     }
     // The preview's refresh redraws the contact sheet too.
     if (!currentPath_.isEmpty() && paths.contains(currentPath_)) {
@@ -83,15 +83,15 @@ void ViewController::OnAdjustmentsChanged(const QStringList& paths) {
 void ViewController::OnResetCrop() {
     QStringList selected;
     for (const int row : ui_->tableViewImage->SelectedRows()) {
-        if (row >= 0 && row < listImagePaths_.size()) {
-            selected.push_back(listImagePaths_[row]);
+        if (row >= 0 && row < imageList_->count()) {
+            selected.push_back(imageList_->pathAt(row));
         }
     }
     cropAdjustments_->Reset(selected, QStringLiteral("Reset Crop"));
 }
 
 void ViewController::OnResetAllCrops() {
-    cropAdjustments_->Reset(listImagePaths_, QStringLiteral("Reset All Crops"));
+    cropAdjustments_->Reset(imageList_->paths(), QStringLiteral("Reset All Crops"));
 }
 
 bool ViewController::AgreeToLeaveAdjustments() {
@@ -126,8 +126,8 @@ bool ViewController::SaveCropPlan() {
     if (!path.endsWith(QString::fromLatin1(kCropPlanExtension), Qt::CaseInsensitive)) {
         path += QString::fromLatin1(kCropPlanExtension);
     }
-    const CropPlan plan = MakeCropPlan(CropSettingsFromControls(), NativePaths(listImagePaths_),
-                                       cropAdjustments_->ForJob(listImagePaths_));
+    const CropPlan plan = MakeCropPlan(CropSettingsFromControls(), NativePaths(imageList_->paths()),
+                                       cropAdjustments_->ForJob(imageList_->paths()));
     const SaveResult saved = WriteCropPlan(QFile::encodeName(path).toStdString(), plan);
     if (!saved.saved) {
         services_.showMessageBox(
@@ -177,17 +177,16 @@ void ViewController::OnOpenCropPlan() {
             rects.insert(path, *image.rect);
         }
     }
-    listImagePaths_ = paths;
+    imageList_->ReplaceAll(paths);
     cropAdjustments_->ReplaceAll(rects);
     ApplySettingsToControls(plan->settings);
-    ui_->tableViewImage->RefreshRows();
     ClearImageListSelection();
 
     // Images that have gone stay in the list, marked; the job fails them.
     QStringList missing;
     for (const QString& path : paths) {
         if (!QFileInfo::exists(path)) {
-            imageListModel_->MarkUnreadable(path, QString::fromLatin1(kNoLongerExists));
+            imageList_->MarkUnreadable(path, QString::fromLatin1(kNoLongerExists));
             missing.push_back(path);
         }
     }

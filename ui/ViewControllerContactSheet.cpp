@@ -20,7 +20,7 @@
 
 #include "batch/CropRectangle.h"
 #include "ui/ViewController.h"
-#include "ui/list/ImageListModel.h"
+#include "ui/list/ImageList.h"
 #include "ui/sheet/ContactSheetCellDelegate.h"
 #include "ui/sheet/ContactSheetView.h"
 #include "ui/sheet/ViewModeIcons.h"
@@ -49,7 +49,6 @@ class ContactSheetParts : public QObject {
     ~ContactSheetParts() override {
         // The window may outlive the controller.
         if (!sheet.isNull()) {
-            sheet->SetDropHandler(nullptr);
             sheet->SetCellCropProvider({});
             sheet->SetThumbnailLoader(nullptr);
         }
@@ -59,7 +58,7 @@ class ContactSheetParts : public QObject {
     }
 
     ThumbnailLoader loader;
-    QPointer<ImageListModel> model;
+    QPointer<ImageList> model;
     QPointer<ContactSheetView> sheet;
     // Gathers the table's reasons to ask for thumbnails (scrolled, resized,
     // rows changed) into one wish per turn of the event loop.
@@ -73,7 +72,7 @@ void ViewController::ConnectContactSheet() {
     contactSheet_ = new ContactSheetParts(
         *this, std::make_shared<WorkerPreviewDecoder>(WorkerLimits::Background()));
     ContactSheetParts& parts = *contactSheet_;
-    parts.model = imageListModel_;
+    parts.model = imageList_;
     parts.sheet = ui_->contactSheetImages;
 
     ContactSheetView& sheet = *ui_->contactSheetImages;
@@ -84,18 +83,15 @@ void ViewController::ConnectContactSheet() {
                        static_cast<int>(std::ceil(kRowIconSide * ratio)), ratio});
 
     sheet.PairWith(*ui_->tableViewImage);
-    sheet.AcceptDraggedTypes({QStringLiteral("text/uri-list")});
-    sheet.SetDropHandler(this);
     sheet.SetThumbnailLoader(&loader);
     sheet.SetCellCropProvider([this](const QString& path, Size fullSize) {
         return ContactSheetCellCrop(path, fullSize);
     });
-    imageListModel_->SetThumbnailIcons([&loader](const QString& path) {
+    imageList_->SetThumbnailIcons([&loader](const QString& path) {
         const Thumbnail* thumbnail = loader.Find(path);
         return thumbnail != nullptr ? thumbnail->rowIcon : QImage();
     });
-    connect(&loader, &ThumbnailLoader::thumbnailChanged, imageListModel_,
-            &ImageListModel::ThumbnailChanged);
+    connect(&loader, &ThumbnailLoader::thumbnailChanged, imageList_, &ImageList::ThumbnailChanged);
     connect(&sheet, &ContactSheetView::deletePressed, this, &ViewController::OnRemoveSelected);
     ConnectViewChoice();
     ConnectTableThumbnails();
@@ -145,22 +141,22 @@ void ViewController::ConnectTableThumbnails() {
         if (ui_->stackImageViews->currentWidget() != &table) {
             return;
         }
-        const int rows = imageListModel_->rowCount();
+        const int rows = imageList_->rowCount();
         const int first = std::max(0, table.rowAt(0));
         int last = table.rowAt(table.viewport()->height() - 1);
         last = last < 0 ? rows - 1 : last;
         const int end = std::min(rows, last + 1 + (last - first + 1));
         QStringList paths;
         for (int row = first; row < end; ++row) {
-            paths << listImagePaths_[row];
+            paths << imageList_->pathAt(row);
         }
         contactSheet_->loader.Want(paths);
     });
     const auto wish = [&wishes] { wishes.start(); };
     connect(ui_->tableViewImage->verticalScrollBar(), &QScrollBar::valueChanged, &wishes, wish);
     connect(ui_->tableViewImage->verticalScrollBar(), &QScrollBar::rangeChanged, &wishes, wish);
-    connect(imageListModel_, &QAbstractItemModel::modelReset, &wishes, wish);
-    connect(imageListModel_, &QAbstractItemModel::rowsInserted, &wishes, wish);
+    connect(imageList_, &QAbstractItemModel::modelReset, &wishes, wish);
+    connect(imageList_, &QAbstractItemModel::rowsInserted, &wishes, wish);
 }
 
 std::optional<CellCrop> ViewController::ContactSheetCellCrop(const QString& path,

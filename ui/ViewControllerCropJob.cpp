@@ -40,8 +40,8 @@ void ViewController::OnCropImages() {
     // does not change what it writes.
     CropRequest request;
     request.settings = CropSettingsFromControls();
-    request.images = NativePaths(listImagePaths_);
-    request.adjustments = cropAdjustments_->ForJob(listImagePaths_);
+    request.images = NativePaths(imageList_->paths());
+    request.adjustments = cropAdjustments_->ForJob(imageList_->paths());
     // Every core at work, each image in a worker process of its own.
     request.jobs = std::max(1, QThread::idealThreadCount());
     auto command = std::make_shared<const CropCommand>(std::move(request), *imageProcessor_);

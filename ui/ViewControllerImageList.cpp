@@ -43,38 +43,25 @@ void ViewController::OnAddImages() {
 }
 
 void ViewController::AppendImages(const QStringList& paths) {
-    // Each path is compared with the list as it has grown so far, so a path
-    // is never added twice, not even within one choice. Files are not opened
-    // here: an unreadable image is found when it is previewed or cropped.
-    AppendNewPaths(listImagePaths_, paths);
-    ui_->tableViewImage->RefreshRows();
+    imageList_->Append(paths);
     ClearImageListSelection();
 }
 
 void ViewController::OnRemoveSelected() {
-    if (listImagePaths_.isEmpty()) {
+    if (imageList_->isEmpty()) {
         return;
     }
-    // Every selected row goes, from the last up so the row numbers hold.
     const QList<int> rows = ui_->tableViewImage->SelectedRows();
     if (!rows.isEmpty()) {
-        QStringList removed;
-        for (qsizetype k = rows.size(); k-- > 0;) {
-            const int row = rows[k];
-            if (row >= 0 && row < listImagePaths_.size()) {
-                removed.push_back(listImagePaths_.takeAt(row));
-            }
-        }
-        cropAdjustments_->Forget(removed);
         ui_->tableViewImage->clearSelection();
-        ui_->tableViewImage->RefreshRows();
+        cropAdjustments_->Forget(imageList_->RemoveRows(rows));
         ClearImageListSelection();
     }
     EmptyPreview();
 }
 
 bool ViewController::AgreeToEmptyTheList() {
-    if (listImagePaths_.isEmpty()) {
+    if (imageList_->isEmpty()) {
         return true;
     }
     const MessageBoxRequest question{QString::fromLatin1(kRemoveAllQuestion),
@@ -84,18 +71,17 @@ bool ViewController::AgreeToEmptyTheList() {
 }
 
 void ViewController::OnRemoveAll() {
-    if (listImagePaths_.isEmpty() || !AgreeToEmptyTheList()) {
+    if (imageList_->isEmpty() || !AgreeToEmptyTheList()) {
         return;
     }
-    listImagePaths_.clear();
+    imageList_->Clear();
     cropAdjustments_->ReplaceAll({});
-    ui_->tableViewImage->RefreshRows();
     ClearImageListSelection();
     EmptyPreview();
 }
 
 void ViewController::ShowImageCount() {
-    const qsizetype count = listImagePaths_.size();
+    const int count = imageList_->count();
     QString text = count == 0   ? QStringLiteral("No images")
                    : count == 1 ? QStringLiteral("1 image")
                                 : QStringLiteral("%1 images").arg(count);
@@ -104,11 +90,6 @@ void ViewController::ShowImageCount() {
         text += QStringLiteral(", %1 selected").arg(selected);
     }
     ui_->labelImageCount->setText(text);
-}
-
-void ViewController::RefreshImageList() {
-    ui_->tableViewImage->RefreshRows();
-    ClearImageListSelection();
 }
 
 void ViewController::ClearImageListSelection() {

@@ -33,7 +33,7 @@ constexpr char kCropImagesTitle[] = "Crop Images";
 }  // namespace
 
 void ViewController::ResetInterface() {
-    listImagePaths_.clear();
+    imageList_->Clear();
     cropAdjustments_->ReplaceAll({});
 
     ui_->tabView->setCurrentIndex(0);
@@ -58,7 +58,6 @@ void ViewController::ResetInterface() {
         SettleOutputControls();
     }
 
-    ui_->tableViewImage->RefreshRows();
     ClearImageListSelection();
     EmptyPreview();
 }

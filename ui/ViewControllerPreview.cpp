@@ -18,7 +18,7 @@
 #include "batch/OutputPlan.h"
 #include "ui/ViewController.h"
 #include "ui/controls/LatchingRadioButton.h"
-#include "ui/list/ImageListModel.h"
+#include "ui/list/ImageList.h"
 #include "ui/preview/CropAdjustmentStore.h"
 #include "ui/preview/CropPreviewView.h"
 #include "ui/preview/DimensionText.h"
@@ -39,12 +39,12 @@ constexpr int kLargestPictureSide = 4096;
 
 void ViewController::ShowSelectedImage() {
     const int row = ui_->tableViewImage->SelectedRow();
-    if (row < 0 || row >= listImagePaths_.size()) {
+    if (row < 0 || row >= imageList_->count()) {
         ClearImageListSelection();
         return;
     }
     const quint64 selection = ++selectionCount_;
-    const QString path = listImagePaths_[row];
+    const QString path = imageList_->pathAt(row);
     const int side = std::clamp(ui_->imageViewCropPreview->LongestPictureSide(),
                                 kSmallestPictureSide, kLargestPictureSide);
     // Pictures of earlier selections not yet begun are not needed any more.
@@ -85,15 +85,15 @@ void ViewController::ShowSelectedImage() {
 }
 
 void ViewController::PrefetchAround(const QString& path, int side) {
-    const qsizetype row = listImagePaths_.indexOf(path);
+    const qsizetype row = imageList_->paths().indexOf(path);
     if (row < 0) {
         return;
     }
     // The next and the previous two, nearest first.
     QStringList around;
     for (const qsizetype step : {1, -1, 2, -2}) {
-        if (row + step >= 0 && row + step < listImagePaths_.size()) {
-            around << listImagePaths_[row + step];
+        if (row + step >= 0 && row + step < imageList_->count()) {
+            around << imageList_->pathAt(static_cast<int>(row + step));
         }
     }
     prefetch_->Prefetch(around, side, prefetchDecoder_);
@@ -110,11 +110,11 @@ void ViewController::ShowDecodedPreview(quint64 selection, const QString& path,
     ui_->imageViewCropPreview->SetBusy(false);
     if (!result) {
         // The program goes on; the row tells why there is nothing to see.
-        imageListModel_->MarkUnreadable(path, QString::fromStdString(result.reason()));
+        imageList_->MarkUnreadable(path, QString::fromStdString(result.reason()));
         ClearImageListSelection();
         return;
     }
-    imageListModel_->ClearUnreadable(path);
+    imageList_->ClearUnreadable(path);
     currentPath_ = path;
     currentImage_ = Image::OfSize(result->fullSize.width, result->fullSize.height);
     ui_->imageViewCropPreview->SetPlainPicture(plainPicture);

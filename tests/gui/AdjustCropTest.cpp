@@ -19,7 +19,7 @@
 #include "tests/support/Commands.h"
 #include "tests/support/TestImages.h"
 #include "ui/controls/LatchingRadioButton.h"
-#include "ui/list/ImageListModel.h"
+#include "ui/list/ImageList.h"
 #include "ui/preview/CropAdjustmentStore.h"
 #include "ui/preview/CropPreviewView.h"
 
@@ -128,7 +128,7 @@ class AdjustCropTest : public QObject {
             // The row carries the mark.
             const QModelIndex row =
                 f.loaded.Control<QAbstractItemView>("tableViewImage").model()->index(0, 0);
-            QVERIFY(row.data(vellumo::ImageListModel::kAdjustedRole).toBool());
+            QVERIFY(row.data(vellumo::ImageList::kAdjustedRole).toBool());
             QVERIFY(!f.View().liveRect().has_value());
         }
     }
@@ -308,10 +308,9 @@ class AdjustCropTest : public QObject {
         second.Show();
         second.openDialogAnswers.push_back(QStringList{plan});
         second.Control<QAction>("actionOpenCropPlan").trigger();
-        QCOMPARE(second.controller().listImagePaths().size(), 2);
+        QCOMPARE(second.imageList().paths().size(), 2);
         QCOMPARE(second.controller().CropSettingsFromControls().mode, vellumo::CropMode::Auto);
-        QCOMPARE(second.controller().cropAdjustments().Adjustment(
-                     second.controller().listImagePaths()[0]),
+        QCOMPARE(second.controller().cropAdjustments().Adjustment(second.imageList().paths()[0]),
                  std::optional<Rect>(adjusted));
         QVERIFY(!second.controller().cropAdjustments().HasUnsavedAdjustments());
 
@@ -343,7 +342,7 @@ class AdjustCropTest : public QObject {
                  QStringLiteral("The crop plan %1 could not be opened: the rectangle of image 1 "
                                 "has a negative width.")
                      .arg(plan));
-        QCOMPARE(f.loaded.controller().listImagePaths(), f.paths);
+        QCOMPARE(f.loaded.imageList().paths(), f.paths);
         QCOMPARE(f.Adjusted(), std::optional<Rect>(adjusted));
     }
 
@@ -361,7 +360,7 @@ class AdjustCropTest : public QObject {
         loaded.Show();
         loaded.openDialogAnswers.push_back(QStringList{plan});
         loaded.Control<QAction>("actionOpenCropPlan").trigger();
-        QCOMPARE(loaded.controller().listImagePaths().size(), 2);
+        QCOMPARE(loaded.imageList().paths().size(), 2);
         QCOMPARE(loaded.boxes.back().text, QStringLiteral("1 image of the crop plan no longer "
                                                           "exists: %1")
                                                .arg(dir.filePath("gone.png")));

@@ -51,7 +51,7 @@ ImageTableView& Table(LoadedWindow& loaded) {
 }
 
 QStringList List(LoadedWindow& loaded) {
-    return loaded.controller().listImagePaths();
+    return loaded.imageList().paths();
 }
 
 QStringList TableRows(LoadedWindow& loaded) {

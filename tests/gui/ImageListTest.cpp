@@ -37,7 +37,7 @@ QImage IconPixels(const QIcon& icon) {
 QImage RowIcon(LoadedWindow& loaded, const QString& path) {
     loaded.AddImages({path});
     auto& table = loaded.Control<ImageTableView>("tableViewImage");
-    const int row = static_cast<int>(loaded.controller().listImagePaths().indexOf(path));
+    const int row = static_cast<int>(loaded.imageList().paths().indexOf(path));
     const QVariant decoration = table.model()->index(row, 0).data(Qt::DecorationRole);
     if (!decoration.isValid()) {
         return {};
@@ -115,7 +115,7 @@ class ImageListTest : public QObject {
         loaded.AddImages({"/more/z.tif", "/more/c.gif", "/more/y.bmp"});
         const QStringList expected = {"/pics/a.jpg", "/pics/b.png", "/more/c.gif", "/more/y.bmp",
                                       "/more/z.tif"};
-        QCOMPARE(loaded.controller().listImagePaths(), expected);
+        QCOMPARE(loaded.imageList().paths(), expected);
         QCOMPARE(loaded.controller().imageCount(), 5);
         QCOMPARE(TableRows(loaded), expected);
         QVERIFY(loaded.boxes.empty());
@@ -125,10 +125,10 @@ class ImageListTest : public QObject {
         LoadedWindow loaded;
         loaded.AddImages({"/pics/a.jpg", "/pics/b.png"});
         loaded.AddImages({"/pics/b.png"});
-        QCOMPARE(loaded.controller().listImagePaths(), QStringList({"/pics/a.jpg", "/pics/b.png"}));
+        QCOMPARE(loaded.imageList().paths(), QStringList({"/pics/a.jpg", "/pics/b.png"}));
         // Within one choice too.
         loaded.AddImages({"/pics/c.png", "/pics/c.png", "/pics/a.jpg"});
-        QCOMPARE(loaded.controller().listImagePaths(),
+        QCOMPARE(loaded.imageList().paths(),
                  QStringList({"/pics/a.jpg", "/pics/b.png", "/pics/c.png"}));
         QVERIFY(loaded.boxes.empty());
     }
@@ -136,12 +136,11 @@ class ImageListTest : public QObject {
     void numbersInNamesChosenTogetherCountAsNumbers() {
         LoadedWindow loaded;
         loaded.AddImages({"/s/p1.jpg", "/s/p10.jpg", "/s/p100.jpg", "/s/p2.jpg", "/s/p20.jpg"});
-        QCOMPARE(
-            loaded.controller().listImagePaths(),
-            QStringList({"/s/p1.jpg", "/s/p2.jpg", "/s/p10.jpg", "/s/p20.jpg", "/s/p100.jpg"}));
+        QCOMPARE(loaded.imageList().paths(), QStringList({"/s/p1.jpg", "/s/p2.jpg", "/s/p10.jpg",
+                                                          "/s/p20.jpg", "/s/p100.jpg"}));
         // A later choice still goes after the earlier ones.
         loaded.AddImages({"/s/p3.jpg"});
-        QCOMPARE(loaded.controller().listImagePaths().last(), QStringLiteral("/s/p3.jpg"));
+        QCOMPARE(loaded.imageList().paths().last(), QStringLiteral("/s/p3.jpg"));
     }
 
     void pathsThatDifferOnlyInCaseAreTwoEntries() {
@@ -149,7 +148,7 @@ class ImageListTest : public QObject {
         loaded.AddImages({"/pics/Photo.jpg"});
         loaded.AddImages({"/pics/photo.jpg"});
         loaded.AddImages({"/Pics/Photo.jpg"});
-        QCOMPARE(loaded.controller().listImagePaths(),
+        QCOMPARE(loaded.imageList().paths(),
                  QStringList({"/pics/Photo.jpg", "/pics/photo.jpg", "/Pics/Photo.jpg"}));
     }
 
@@ -160,16 +159,16 @@ class ImageListTest : public QObject {
         QVERIFY(precomposed != decomposed);
         loaded.AddImages({precomposed});
         loaded.AddImages({decomposed});
-        QCOMPARE(loaded.controller().listImagePaths(), QStringList({precomposed}));
+        QCOMPARE(loaded.imageList().paths(), QStringList({precomposed}));
         // Spellings of one file that are different texts stay two entries.
         loaded.AddImages({"/pics/../pics/caf\u00e9.png"});
-        QCOMPARE(loaded.controller().listImagePaths().size(), 2);
+        QCOMPARE(loaded.imageList().paths().size(), 2);
     }
 
     void anEmptyPathIsSkipped() {
         LoadedWindow loaded;
         loaded.AddImages({"", "/pics/a.jpg"});
-        QCOMPARE(loaded.controller().listImagePaths(), QStringList({"/pics/a.jpg"}));
+        QCOMPARE(loaded.imageList().paths(), QStringList({"/pics/a.jpg"}));
     }
 
     void addingEmptiesThePreviewWhicheverRowIsSelected() {
@@ -191,7 +190,7 @@ class ImageListTest : public QObject {
         ShowSomethingInThePreview(loaded);
         loaded.openDialogAnswers.push_back(std::nullopt);
         loaded.controller().OnAddImages();
-        QCOMPARE(loaded.controller().listImagePaths(), QStringList({"/pics/a.jpg"}));
+        QCOMPARE(loaded.imageList().paths(), QStringList({"/pics/a.jpg"}));
         QVERIFY(loaded.boxes.empty());
         QCOMPARE(loaded.Control<QLabel>("labelOriginalDimensionsWidth").text(), "Width: 4000");
     }
@@ -204,7 +203,7 @@ class ImageListTest : public QObject {
         QCOMPARE(loaded.boxes.front(),
                  (MessageBoxRequest{
                      "The images could not be loaded.", MessageBoxStyle::Warning, {"OK"}}));
-        QCOMPARE(loaded.controller().listImagePaths(), QStringList({"/pics/a.jpg"}));
+        QCOMPARE(loaded.imageList().paths(), QStringList({"/pics/a.jpg"}));
     }
 
     void removeSelectedRemovesTheSelectedRow() {
@@ -215,7 +214,7 @@ class ImageListTest : public QObject {
 
         loaded.Control<QPushButton>("buttonRemoveSelected").click();
 
-        QCOMPARE(loaded.controller().listImagePaths(), QStringList({"/pics/a.jpg", "/pics/c.gif"}));
+        QCOMPARE(loaded.imageList().paths(), QStringList({"/pics/a.jpg", "/pics/c.gif"}));
         QCOMPARE(TableRows(loaded), QStringList({"/pics/a.jpg", "/pics/c.gif"}));
         VerifyPreviewEmptied(loaded);
     }
@@ -237,7 +236,7 @@ class ImageListTest : public QObject {
 
         table.setFocus();
         QTest::keyClick(&table, Qt::Key_Delete);
-        QCOMPARE(loaded.controller().listImagePaths(), QStringList({"/p/2.jpg", "/p/6.jpg"}));
+        QCOMPARE(loaded.imageList().paths(), QStringList({"/p/2.jpg", "/p/6.jpg"}));
         QCOMPARE(TableRows(loaded), QStringList({"/p/2.jpg", "/p/6.jpg"}));
         QCOMPARE(loaded.Control<QLabel>("labelImageCount").text(), "2 images");
         VerifyPreviewEmptied(loaded);
@@ -245,7 +244,7 @@ class ImageListTest : public QObject {
         QTest::keyClick(&table, Qt::Key_A, Qt::ControlModifier);
         QCOMPARE(table.SelectedRows(), QList<int>({0, 1}));
         loaded.Control<QPushButton>("buttonRemoveSelected").click();
-        QVERIFY(loaded.controller().listImagePaths().isEmpty());
+        QVERIFY(loaded.imageList().paths().isEmpty());
         QCOMPARE(loaded.Control<QLabel>("labelImageCount").text(), "No images");
         QVERIFY(loaded.boxes.empty());
     }
@@ -277,12 +276,12 @@ class ImageListTest : public QObject {
                  (MessageBoxRequest{"Are you sure you want to remove all the images from the list?",
                                     MessageBoxStyle::Warning,
                                     {"Yes", "No"}}));
-        QCOMPARE(loaded.controller().listImagePaths().size(), 2);
+        QCOMPARE(loaded.imageList().paths().size(), 2);
         QCOMPARE(loaded.Control<QLineEdit>("textFieldName").text(), "kept");
 
         loaded.boxAnswers.push_back(1000);  // "Yes"
         loaded.Control<QAction>("actionNew").trigger();
-        QVERIFY(loaded.controller().listImagePaths().isEmpty());
+        QVERIFY(loaded.imageList().paths().isEmpty());
         QCOMPARE(loaded.Control<QLineEdit>("textFieldName").text(),
                  "[FileName]_cropped ([FileIndex])");
 
@@ -300,7 +299,7 @@ class ImageListTest : public QObject {
 
         loaded.controller().OnRemoveSelected();
 
-        QCOMPARE(loaded.controller().listImagePaths(), QStringList({"/pics/a.jpg", "/pics/b.png"}));
+        QCOMPARE(loaded.imageList().paths(), QStringList({"/pics/a.jpg", "/pics/b.png"}));
         QVERIFY(loaded.Control<CropPreviewView>("imageViewCropPreview").image().isNull());
     }
 
@@ -331,7 +330,7 @@ class ImageListTest : public QObject {
                  (MessageBoxRequest{"Are you sure you want to remove all the images from the list?",
                                     MessageBoxStyle::Warning,
                                     {"Yes", "No"}}));
-        QCOMPARE(loaded.controller().listImagePaths(), QStringList({"/pics/a.jpg", "/pics/b.png"}));
+        QCOMPARE(loaded.imageList().paths(), QStringList({"/pics/a.jpg", "/pics/b.png"}));
         QCOMPARE(TableRows(loaded).size(), 2);
         QCOMPARE(loaded.Control<QLabel>("labelOriginalDimensionsWidth").text(), "Width: 4000");
     }
@@ -344,7 +343,7 @@ class ImageListTest : public QObject {
 
         loaded.controller().OnRemoveAll();
 
-        QVERIFY(loaded.controller().listImagePaths().isEmpty());
+        QVERIFY(loaded.imageList().paths().isEmpty());
         QVERIFY(TableRows(loaded).isEmpty());
         VerifyPreviewEmptied(loaded);
     }
@@ -464,7 +463,7 @@ class ImageListTest : public QObject {
         QVERIFY(readOnly);
         QVERIFY2(filter.contains("*.[jJ][pP][gG]") && filter.contains("*.[bB][mM][pP]"),
                  qPrintable(filter));
-        QCOMPARE(loaded.controller().listImagePaths(), QStringList({folder.filePath("b.JPG")}));
+        QCOMPARE(loaded.imageList().paths(), QStringList({folder.filePath("b.JPG")}));
     }
 };
 

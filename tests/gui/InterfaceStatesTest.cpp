@@ -117,7 +117,7 @@ QStringList Items(const QComboBox& combo) {
 
 void VerifyStartValues(LoadedWindow& loaded) {
     ViewController& controller = loaded.controller();
-    QVERIFY(controller.listImagePaths().isEmpty());
+    QVERIFY(controller.imageList().paths().isEmpty());
     QCOMPARE(loaded.Control<ImageTableView>("tableViewImage").model()->rowCount(), 0);
     QCOMPARE(loaded.Control<QTabWidget>("tabView").currentIndex(), 0);
 
@@ -175,7 +175,7 @@ class InterfaceStatesTest : public QObject {
         LoadedWindow loaded;
         VerifyStartValues(loaded);
         ViewController& controller = loaded.controller();
-        QCOMPARE(controller.acceptedExtensions(),
+        QCOMPARE(controller.imageList().acceptedExtensions(),
                  QStringList({"jpg", "jpeg", "jpe", "jp2", "jpx", "png", "gif", "tif", "tiff",
                               "bmp", "heic", "heif", "avif", "webp", "jxl"}));
         QCOMPARE(controller.currentProfilePath(), QString());
@@ -199,7 +199,7 @@ class InterfaceStatesTest : public QObject {
 
         // Change everything the user can change.
         loaded.AddImages({folder.filePath("a.png"), folder.filePath("b.jpg")});
-        QCOMPARE(controller.listImagePaths().size(), 2);
+        QCOMPARE(controller.imageList().paths().size(), 2);
         loaded.Control<QTabWidget>("tabView").setCurrentIndex(1);
         loaded.Control<LatchingRadioButton>("radioAutoCrop").setChecked(true);
         loaded.Control<LatchingRadioButton>("radioCustomCrop").setChecked(false);

@@ -197,11 +197,11 @@ class MessageBoxTest : public QObject {
         QCOMPARE(seen.text,
                  QStringLiteral("Are you sure you want to remove all the images from the list?"));
         QCOMPARE(seen.buttonsLeftToRight, QStringList({"Yes", "No"}));
-        QCOMPARE(loaded.controller().listImagePaths().size(), 2);
+        QCOMPARE(loaded.imageList().paths().size(), 2);
 
         AnswerTheModalBox(seen, [](QMessageBox& box) { Press(box, "Yes"); });
         loaded.controller().OnRemoveAll();
-        QVERIFY(loaded.controller().listImagePaths().isEmpty());
+        QVERIFY(loaded.imageList().paths().isEmpty());
     }
 };
 

@@ -288,10 +288,9 @@ class PreviewTest : public QObject {
             const QModelIndex index = table.model()->index(row, 0);
             QCOMPARE(IconImage(index.data(Qt::DecorationRole).value<QIcon>()), warning);
             const QString tip = index.data(Qt::ToolTipRole).toString();
-            QVERIFY2(
-                tip.startsWith(loaded.controller().listImagePaths()[row] + "\nCannot be shown: ") &&
-                    tip.size() > loaded.controller().listImagePaths()[row].size() + 20,
-                qPrintable(tip));
+            QVERIFY2(tip.startsWith(loaded.imageList().paths()[row] + "\nCannot be shown: ") &&
+                         tip.size() > loaded.imageList().paths()[row].size() + 20,
+                     qPrintable(tip));
         }
         QVERIFY2(table.model()->index(2, 0).data(Qt::ToolTipRole).toString().contains("text"),
                  qPrintable(table.model()->index(2, 0).data(Qt::ToolTipRole).toString()));

@@ -11,6 +11,7 @@
 #include "ui/MainWindow.h"
 #include "ui/ViewController.h"
 #include "ui/WindowServices.h"
+#include "ui/list/ImageList.h"
 
 namespace vellumo::test {
 
@@ -27,6 +28,8 @@ class LoadedWindow {
 
     MainWindow& window() { return *window_; }
     ViewController& controller() { return *controller_; }
+    // The window's list of images (the model of the table and the sheet).
+    ImageList& imageList() { return controller_->imageList(); }
 
     // Shows the window and waits until it is laid out on the screen.
     void Show();
