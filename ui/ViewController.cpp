@@ -23,7 +23,7 @@
 #include "ui/list/ImagePaths.h"
 #include "ui/preview/CropAdjustmentStore.h"
 #include "ui/preview/CropPreviewView.h"
-#include "ui/preview/PreviewPrefetch.h"
+#include "ui/preview/PreviewSession.h"
 #include "ui_MainWindow.h"
 #include "worker/WorkerImageProcessor.h"
 
@@ -36,15 +36,9 @@ ViewController::ViewController(QObject* parent)
           [this]() -> QWidget* { return view_.isNull() ? nullptr : view_->window(); })),
       // Decoding and encoding happen in worker processes: a file that crashes
       // an image library takes down a worker, never the window.
-      previewDecoder_(std::make_shared<WorkerPreviewDecoder>()),
       imageProcessor_(std::make_shared<WorkerImageProcessor>()),
-      // Pictures made ahead come from workers at the lowest priority, so
-      // they never take a core from the picture of the row just selected.
-      prefetchDecoder_(std::make_shared<WorkerPreviewDecoder>(WorkerLimits::Background())),
-      prefetch_(new PreviewPrefetch(this)),
+      preview_(new PreviewSession(this)),
       cropAdjustments_(new CropAdjustmentStore(this)) {
-    // A long decode (a huge PNG) must not hold up the next selection's.
-    previewWork_.setMaxThreadCount(2);
     // One job at a time, its images one after another.
     jobWork_.setMaxThreadCount(1);
     previewResizeSettle_.setSingleShot(true);
@@ -125,20 +119,6 @@ void ViewController::SetUpControls() {
     ResetInterface();
 }
 
-void ViewController::setCurrentImage(const Image& image) {
-    currentImage_ = image;
-    previewPicture_ = image;
-}
-
-void ViewController::SetPreviewDecoder(std::shared_ptr<PreviewDecoder> decoder) {
-    if (!decoder) {
-        Fatal("the window needs a preview decoder");
-    }
-    previewDecoder_ = std::move(decoder);
-    prefetchDecoder_ = previewDecoder_;
-    prefetch_->Clear();
-}
-
 void ViewController::SetImageProcessor(std::shared_ptr<ImageProcessor> processor) {
     if (!processor) {
         Fatal("the window needs an image processor");
@@ -180,8 +160,7 @@ void ViewController::ConnectCommands() {
     connect(imageList_, &QAbstractItemModel::modelReset, this, &ViewController::ShowImageCount);
     connect(imageList_, &QAbstractItemModel::rowsInserted, this, &ViewController::ShowImageCount);
     connect(imageList_, &QAbstractItemModel::rowsRemoved, this, &ViewController::ShowImageCount);
-    connect(ui_->imageViewCropPreview, &CropPreviewView::resized, &previewResizeSettle_,
-            qOverload<>(&QTimer::start));
+    ConnectPreview();
     ConnectSettingControls();
     connect(ui_->buttonCropImages, &QPushButton::clicked, this, &ViewController::OnCropImages);
     connect(ui_->buttonStopCropping, &QPushButton::clicked, this, &ViewController::OnStopCropping);
@@ -241,12 +220,6 @@ void ViewController::ConnectSettingControls() {
             &ViewController::OnReplaceOriginalsSelected);
     connect(ui_->checkCropJPEGFilesWithoutReencoding, &QAbstractButton::clicked, this,
             &ViewController::OnCropJPEGFilesWithoutReencodingSelected);
-}
-
-void ViewController::EmptyPreview() {
-    shownRefresh_ = ++refreshCount_;
-    currentPath_.clear();
-    ui_->imageViewCropPreview->SetImage(QImage());
 }
 
 }  // namespace vellumo

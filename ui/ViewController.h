@@ -35,6 +35,7 @@
 #include "ui/list/ImageList.h"
 #include "ui/list/ImageTableView.h"
 #include "ui/preview/CropFrame.h"
+#include "ui/preview/PreviewSession.h"
 #include "ui/sheet/CellCrop.h"
 
 class QAction;
@@ -55,7 +56,6 @@ namespace vellumo {
 class CropAdjustmentStore;
 class ContactSheetParts;
 class CropPreviewView;
-class PreviewPrefetch;
 class LatchingRadioButton;
 class QualitySlider;
 class SettingsBinding;
@@ -92,21 +92,17 @@ class ViewController : public QObject, public WindowDelegate {
     // The list of images, which the table and the contact sheet show.
     ImageList& imageList() { return *imageList_; }
     const ImageList& imageList() const { return *imageList_; }
-    // The selected image as the labels and the crop rule see it: its full
-    // pixel size (the pixels shown are a smaller picture of it).
-    const Image& currentImage() const { return currentImage_; }
-    // Makes `image` current, shown as it is.
-    void setCurrentImage(const Image& image);
+    // The image shown in the preview: the selected row's file, its decoding
+    // and the drawing of its crop.
+    PreviewSession& preview() { return *preview_; }
     const QString& currentProfilePath() const { return currentProfilePath_; }
     void setCurrentProfilePath(const QString& path) { currentProfilePath_ = path; }
 
     // The desktop services the commands use; tests replace them.
     WindowServices& services() { return services_; }
 
-    // What decodes the previews and what crops each image of a job; both
-    // work in this process unless replaced. A replacement is used from the
-    // next preview or job on.
-    void SetPreviewDecoder(std::shared_ptr<PreviewDecoder> decoder);
+    // What crops each image of a job (worker processes unless replaced); a
+    // replacement is used from the next job on.
     void SetImageProcessor(std::shared_ptr<ImageProcessor> processor);
 
     // ---- Crop settings (ViewControllerCropModes.cpp) ----------------------
@@ -145,26 +141,13 @@ class ViewController : public QObject, public WindowDelegate {
     // Redraws the preview with the crop marked (away from the GUI thread) and
     // refreshes the labels. Nothing without a current image.
     void UpdateCropPreview();
+    // The four dimension labels and the note under the preview, for the
+    // current image under the settings as they are now.
     void UpdateImageSize();
-    // True while the preview still waits for a decode or a picture that was
-    // asked for last.
-    bool isPreviewPending() const;
-
-    // What has come back to the GUI thread for the preview, used or dropped
-    // as stale, and how often its size was checked after the view grew or
-    // shrank: something to wait for instead of waiting a while.
-    struct PreviewDeliveries {
-        quint64 decodes = 0;
-        quint64 pictures = 0;
-        quint64 sizeChecks = 0;
-    };
-    const PreviewDeliveries& previewDeliveries() const { return previewDeliveries_; }
 
     // ---- Rectangles adjusted by hand (ViewControllerAdjustments.cpp) -------
 
     CropAdjustmentStore& cropAdjustments() { return *cropAdjustments_; }
-    // The pictures made ahead for browsing (ViewControllerPreview.cpp).
-    PreviewPrefetch& previewPrefetch() { return *prefetch_; }
     // What the job does with the image at `path` of `fullSize` pixels under
     // `settings`: its adjusted rectangle if it has one, else the rule's.
     ResolvedCrop CropOfImage(const CropSettings& settings, const QString& path,
@@ -292,18 +275,10 @@ class ViewController : public QObject, public WindowDelegate {
     bool AgreeToEmptyTheList();
     // Empties the preview; pictures still being made for it are dropped.
     void EmptyPreview();
-
-    // Back on the GUI thread with a decoded preview or a veiled picture;
-    // results of a selection or refresh that is no longer the latest are
-    // dropped.
-    void ShowDecodedPreview(quint64 selection, const QString& path, const PreviewResult& result,
-                            const std::optional<Image>& placementPicture,
-                            const QImage& plainPicture);
-    // Decodes the rows around `path` ahead, for pictures of `side` pixels.
-    void PrefetchAround(const QString& path, int side);
+    // The preview session's results to the view, the list and the labels.
+    void ConnectPreview();
     // A change of ratio, orientation or anchor.
     void OnCropRuleChanged();
-    void ShowCropPreview(quint64 refresh, const QImage& picture, const CropFrame& frame);
     // After the preview has grown: decodes the current image again when its
     // picture would now be shown enlarged.
     void DecodeAgainIfPictureTooSmall();
@@ -327,7 +302,6 @@ class ViewController : public QObject, public WindowDelegate {
     void AbandonCropCommand();
 
     // State, in declaration order.
-    Image currentImage_;
     QString currentProfilePath_;
 
     // The line under the progress bar: which image the job is at, and how
@@ -349,30 +323,11 @@ class ViewController : public QObject, public WindowDelegate {
     // The list of images; a child of the controller.
     ImageList* imageList_ = nullptr;
     WindowServices services_;
-    std::shared_ptr<PreviewDecoder> previewDecoder_;
     std::shared_ptr<ImageProcessor> imageProcessor_;
-    std::shared_ptr<PreviewDecoder> prefetchDecoder_;
-
-    // Pictures of the rows around the selected one, made ahead.
-    PreviewPrefetch* prefetch_ = nullptr;
+    // The current image; a child of the controller.
+    PreviewSession* preview_ = nullptr;
     // Rectangles adjusted by hand, and their history.
     CropAdjustmentStore* cropAdjustments_ = nullptr;
-    // Where the current image comes from.
-    QString currentPath_;
-
-    // The current image's picture, as decoded for the preview, and how many
-    // pages or frames its file has.
-    Image previewPicture_;
-    // The reduced picture smart anchors judge, decoded with the selection
-    // while one is chosen (kPlacementPictureSide).
-    std::optional<Image> placementPicture_;
-    int currentPages_ = 1;
-    std::optional<JpegGrid> currentJpegGrid_;  // of the selected JPEG
-    // Counters that tell the latest selection and refresh from older ones.
-    quint64 selectionCount_ = 0;
-    quint64 refreshCount_ = 0;
-    quint64 shownRefresh_ = 0;
-    PreviewDeliveries previewDeliveries_;
     // Waits for the preview's size to settle before decoding again.
     QTimer previewResizeSettle_;
 
@@ -387,10 +342,9 @@ class ViewController : public QObject, public WindowDelegate {
     QString jobFolder_;
     QElapsedTimer jobClock_;
 
-    // Last, so that they go first: a controller that is destroyed waits for
-    // its workers (the application itself ends without destroying it, so it
-    // never waits for a job).
-    QThreadPool previewWork_;
+    // Last, so that it goes first: a controller that is destroyed waits for
+    // its job's worker (the application itself ends without destroying it,
+    // so it never waits for a job). The preview session waits for its own.
     QThreadPool jobWork_;
 };
 

@@ -62,10 +62,10 @@ ResolvedCrop ViewController::CropOfImage(const CropSettings& settings, const QSt
 }
 
 void ViewController::OnCropAdjusted(const Rect& rect, bool byKeys) {
-    if (currentPath_.isEmpty() || cropping_) {
+    if (preview_->path().isEmpty() || cropping_) {
         return;
     }
-    cropAdjustments_->Adjust(currentPath_, rect, byKeys);
+    cropAdjustments_->Adjust(preview_->path(), rect, byKeys);
 }
 
 void ViewController::OnAdjustmentsChanged(const QStringList& paths) {
@@ -73,7 +73,7 @@ void ViewController::OnAdjustmentsChanged(const QStringList& paths) {
         imageList_->SetAdjusted(path, cropAdjustments_->IsAdjusted(path));
     }
     // The preview's refresh redraws the contact sheet too.
-    if (!currentPath_.isEmpty() && paths.contains(currentPath_)) {
+    if (!preview_->path().isEmpty() && paths.contains(preview_->path())) {
         UpdateCropPreview();
     } else {
         RefreshContactSheet();

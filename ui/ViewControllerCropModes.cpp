@@ -54,8 +54,8 @@ void ViewController::OnAutoCropFormatSelected() {
 // A smart anchor judges a reduced picture of the file, which the selection
 // decodes only while one is chosen: choosing one decodes it now.
 void ViewController::OnCropRuleChanged() {
-    if (UsesPlacementPicture(CropSettingsFromControls()) && !placementPicture_ &&
-        !currentImage_.IsEmpty()) {
+    if (UsesPlacementPicture(CropSettingsFromControls()) && !preview_->placementPicture() &&
+        !preview_->image().IsEmpty()) {
         ShowSelectedImage();
         return;
     }

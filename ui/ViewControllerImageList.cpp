@@ -92,17 +92,4 @@ void ViewController::ShowImageCount() {
     ui_->labelImageCount->setText(text);
 }
 
-void ViewController::ClearImageListSelection() {
-    // A preview still being decoded belongs to a selection that is over.
-    ++selectionCount_;
-    ui_->imageViewCropPreview->SetBusy(false);
-    currentImage_ = Image();
-    previewPicture_ = Image();
-    placementPicture_.reset();
-    currentPages_ = 1;
-    currentJpegGrid_.reset();
-    EmptyPreview();
-    UpdateImageSize();
-}
-
 }  // namespace vellumo

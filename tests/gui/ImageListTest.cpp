@@ -57,7 +57,7 @@ bool HasVisiblePixels(const QImage& image) {
 }
 
 void ShowSomethingInThePreview(LoadedWindow& loaded) {
-    loaded.controller().setCurrentImage(vellumo::test::SizedImage(4000, 3000));
+    loaded.preview().SetImage(vellumo::test::SizedImage(4000, 3000));
     loaded.controller().UpdateImageSize();
     loaded.Control<CropPreviewView>("imageViewCropPreview")
         .SetImage(QImage(40, 30, QImage::Format_RGB32));
@@ -65,7 +65,7 @@ void ShowSomethingInThePreview(LoadedWindow& loaded) {
 }
 
 void VerifyPreviewEmptied(LoadedWindow& loaded) {
-    QVERIFY(loaded.controller().currentImage().IsEmpty());
+    QVERIFY(loaded.preview().image().IsEmpty());
     QVERIFY(loaded.Control<CropPreviewView>("imageViewCropPreview").image().isNull());
     QCOMPARE(loaded.Control<QLabel>("labelOriginalDimensionsWidth").text(), "Width: 0");
     QCOMPARE(loaded.Control<QLabel>("labelOriginalDimensionsHeight").text(), "Height: 0");

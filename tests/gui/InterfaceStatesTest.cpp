@@ -157,7 +157,7 @@ void VerifyStartValues(LoadedWindow& loaded) {
     QCOMPARE(loaded.Control<QLabel>("labelImageCount").text(), QStringLiteral("No images"));
     QCOMPARE(loaded.Control<QLabel>("labelPreviewNote").text(), QString());
 
-    QVERIFY(controller.currentImage().IsEmpty());
+    QVERIFY(controller.preview().image().IsEmpty());
     QVERIFY(loaded.Control<CropPreviewView>("imageViewCropPreview").image().isNull());
     QCOMPARE(loaded.Control<QLabel>("labelOriginalDimensionsWidth").text(), "Width: 0");
     QCOMPARE(loaded.Control<QLabel>("labelOriginalDimensionsHeight").text(), "Height: 0");
@@ -225,7 +225,7 @@ class InterfaceStatesTest : public QObject {
         loaded.Control<QLineEdit>("textFieldOutputFolder").setText("/out");
         loaded.Control<QCheckBox>("checkKeepEXIFInformationAndCreationDate").setChecked(true);
         vellumo::SetProgressFraction(loaded.Control<QProgressBar>("progressIndicator"), 0.5);
-        controller.setCurrentImage(vellumo::test::SizedImage(400, 300));
+        controller.preview().SetImage(vellumo::test::SizedImage(400, 300));
         controller.UpdateImageSize();
         QCOMPARE(loaded.Control<QLabel>("labelOriginalDimensionsWidth").text(), "Width: 400");
         loaded.Control<CropPreviewView>("imageViewCropPreview")

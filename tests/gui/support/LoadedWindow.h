@@ -12,6 +12,7 @@
 #include "ui/ViewController.h"
 #include "ui/WindowServices.h"
 #include "ui/list/ImageList.h"
+#include "ui/preview/PreviewSession.h"
 
 namespace vellumo::test {
 
@@ -30,6 +31,8 @@ class LoadedWindow {
     ViewController& controller() { return *controller_; }
     // The window's list of images (the model of the table and the sheet).
     ImageList& imageList() { return controller_->imageList(); }
+    // The image shown in the preview.
+    PreviewSession& preview() { return controller_->preview(); }
 
     // Shows the window and waits until it is laid out on the screen.
     void Show();
