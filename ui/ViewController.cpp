@@ -10,15 +10,8 @@
 #include <QShortcut>
 #include <QTabWidget>
 
-#include "ui/controls/AutoCropRuleBox.h"
 #include "ui/controls/ButtonAction.h"
-#include "ui/controls/LatchingRadioButton.h"
-#include "ui/controls/PopUpChoices.h"
-#include "ui/controls/QualitySlider.h"
-#include "ui/controls/ResizeRuleBox.h"
-#include "ui/controls/SettingsBinding.h"
-#include "ui/controls/Stepper.h"
-#include "ui/controls/TextFieldNumber.h"
+#include "ui/controls/SettingsPanel.h"
 #include "ui/list/ImageList.h"
 #include "ui/list/ImagePaths.h"
 #include "ui/preview/CropAdjustmentStore.h"
@@ -57,35 +50,7 @@ ViewController::~ViewController() {
 void ViewController::LoadView(MainWindow& window) {
     view_ = &window;
     ui_ = &window.ui();
-    settingsBinding_ = std::make_unique<SettingsBinding>(SettingsBinding::Controls{
-        *ui_->radioAutoCrop,
-        *ui_->comboAutoCropFormat,
-        *ui_->autoCropRule,
-        *ui_->radioCustomCrop,
-        *ui_->radioCustomCropPixels,
-        *ui_->radioCustomCropPercents,
-        *ui_->textFieldCustomCropPixelsOriginX,
-        *ui_->textFieldCustomCropPixelsOriginY,
-        *ui_->textFieldCustomCropPixelsWidth,
-        *ui_->textFieldCustomCropPixelsHeight,
-        *ui_->textFieldCustomCropPercentsOriginX,
-        *ui_->textFieldCustomCropPercentsOriginY,
-        *ui_->textFieldCustomCropPercentsWidth,
-        *ui_->textFieldCustomCropPercentsHeight,
-        *ui_->stepperCustomCropPercentsOriginX,
-        *ui_->stepperCustomCropPercentsOriginY,
-        *ui_->stepperCustomCropPercentsWidth,
-        *ui_->stepperCustomCropPercentsHeight,
-        *ui_->resizeRule,
-        *ui_->comboFormat,
-        *ui_->sliderQuality,
-        *ui_->labelQuality,
-        *ui_->textFieldName,
-        *ui_->textFieldOutputFolder,
-        *ui_->checkKeepEXIFInformationAndCreationDate,
-        *ui_->checkReplaceOriginals,
-        *ui_->checkCropJPEGFilesWithoutReencoding,
-    });
+    settings_ = new SettingsPanel(*ui_, services_, this);
     ConnectCommands();
     SetUpControls();
     ConnectContactSheet();
@@ -101,20 +66,6 @@ void ViewController::SetUpControls() {
     // The table shows the list and takes its drops (files dragged from a
     // file manager arrive as a list of file URLs).
     ui_->tableViewImage->SetImageList(imageList_);
-
-    ui_->comboAutoCropFormat->clear();
-    ui_->comboAutoCropFormat->addItems(AutoCropFormatTitles());
-
-    ui_->comboFormat->clear();
-    ui_->comboFormat->addItems(OutputFormatTitles());
-
-    for (QLineEdit* field :
-         {ui_->textFieldCustomCropPixelsOriginX, ui_->textFieldCustomCropPixelsOriginY,
-          ui_->textFieldCustomCropPixelsWidth, ui_->textFieldCustomCropPixelsHeight,
-          ui_->textFieldCustomCropPercentsOriginX, ui_->textFieldCustomCropPercentsOriginY,
-          ui_->textFieldCustomCropPercentsWidth, ui_->textFieldCustomCropPercentsHeight}) {
-        AcceptNumbersOnly(*field);
-    }
 
     ResetInterface();
 }
@@ -161,7 +112,7 @@ void ViewController::ConnectCommands() {
     connect(imageList_, &QAbstractItemModel::rowsInserted, this, &ViewController::ShowImageCount);
     connect(imageList_, &QAbstractItemModel::rowsRemoved, this, &ViewController::ShowImageCount);
     ConnectPreview();
-    ConnectSettingControls();
+    ConnectSettings();
     connect(ui_->buttonCropImages, &QPushButton::clicked, this, &ViewController::OnCropImages);
     connect(ui_->buttonStopCropping, &QPushButton::clicked, this, &ViewController::OnStopCropping);
     auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), view_->window());
@@ -169,57 +120,10 @@ void ViewController::ConnectCommands() {
     connect(escape, &QShortcut::activated, this, &ViewController::OnStopCropping);
 }
 
-void ViewController::ConnectSettingControls() {
-    // Only what the user does reaches the handlers: clicks, choices from a
-    // list, typing, steps. Values the program sets send nothing.
-    connect(ui_->radioAutoCrop, &QAbstractButton::clicked, this,
-            &ViewController::OnAutoCropSelected);
-    connect(ui_->comboAutoCropFormat, &QComboBox::activated, this,
-            &ViewController::OnAutoCropFormatSelected);
-    connect(ui_->autoCropRule, &AutoCropRuleBox::changed, this, &ViewController::OnCropRuleChanged);
-    connect(ui_->resizeRule, &ResizeRuleBox::changed, this, &ViewController::UpdateCropPreview);
-    connect(ui_->radioCustomCrop, &QAbstractButton::clicked, this,
-            &ViewController::OnCustomCropSelected);
-    connect(ui_->radioCustomCropPixels, &QAbstractButton::clicked, this,
-            &ViewController::OnCustomCropPixelsSelected);
-    connect(ui_->textFieldCustomCropPixelsOriginX, &QLineEdit::textEdited, this,
-            &ViewController::OnCustomCropPixelsOriginXChanged);
-    connect(ui_->textFieldCustomCropPixelsOriginY, &QLineEdit::textEdited, this,
-            &ViewController::OnCustomCropPixelsOriginYChanged);
-    connect(ui_->textFieldCustomCropPixelsWidth, &QLineEdit::textEdited, this,
-            &ViewController::OnCustomCropPixelsWidthChanged);
-    connect(ui_->textFieldCustomCropPixelsHeight, &QLineEdit::textEdited, this,
-            &ViewController::OnCustomCropPixelsHeightChanged);
-    connect(ui_->radioCustomCropPercents, &QAbstractButton::clicked, this,
-            &ViewController::OnCustomCropPercentsSelected);
-    connect(ui_->textFieldCustomCropPercentsOriginX, &QLineEdit::textEdited, this,
-            &ViewController::OnCustomCropPercentsOriginXChanged);
-    connect(ui_->textFieldCustomCropPercentsOriginY, &QLineEdit::textEdited, this,
-            &ViewController::OnCustomCropPercentsOriginYChanged);
-    connect(ui_->textFieldCustomCropPercentsWidth, &QLineEdit::textEdited, this,
-            &ViewController::OnCustomCropPercentsWidthChanged);
-    connect(ui_->textFieldCustomCropPercentsHeight, &QLineEdit::textEdited, this,
-            &ViewController::OnCustomCropPercentsHeightChanged);
-    connect(ui_->stepperCustomCropPercentsOriginX, &Stepper::valueStepped, this,
-            &ViewController::OnStepperCustomCropPercentsOriginXChanged);
-    connect(ui_->stepperCustomCropPercentsOriginY, &Stepper::valueStepped, this,
-            &ViewController::OnStepperCustomCropPercentsOriginYChanged);
-    connect(ui_->stepperCustomCropPercentsWidth, &Stepper::valueStepped, this,
-            &ViewController::OnStepperCustomCropPercentsWidthChanged);
-    connect(ui_->stepperCustomCropPercentsHeight, &Stepper::valueStepped, this,
-            &ViewController::OnStepperCustomCropPercentsHeightChanged);
-
-    connect(ui_->comboFormat, &QComboBox::activated, this, &ViewController::OnFormatSelected);
-    connect(ui_->sliderQuality, &QualitySlider::doubleValueMoved, this,
-            &ViewController::OnQualityChanged);
-    connect(ui_->textFieldName, &QLineEdit::textEdited, this, &ViewController::OnNameChanged);
-    connect(ui_->buttonBrowse, &QPushButton::clicked, this, &ViewController::OnBrowse);
-    connect(ui_->checkKeepEXIFInformationAndCreationDate, &QAbstractButton::clicked, this,
-            &ViewController::OnKeepEXIFInformationAndCreationDateSelected);
-    connect(ui_->checkReplaceOriginals, &QAbstractButton::clicked, this,
-            &ViewController::OnReplaceOriginalsSelected);
-    connect(ui_->checkCropJPEGFilesWithoutReencoding, &QAbstractButton::clicked, this,
-            &ViewController::OnCropJPEGFilesWithoutReencodingSelected);
+void ViewController::ConnectSettings() {
+    connect(settings_, &SettingsPanel::cropChanged, this, &ViewController::UpdateCropPreview);
+    connect(settings_, &SettingsPanel::cropRuleChanged, this, &ViewController::OnCropRuleChanged);
+    connect(settings_, &SettingsPanel::outputChanged, this, &ViewController::UpdateImageSize);
 }
 
 }  // namespace vellumo

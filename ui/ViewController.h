@@ -32,20 +32,12 @@
 #include "imaging/Image.h"
 #include "ui/MainWindow.h"
 #include "ui/WindowServices.h"
+#include "ui/controls/SettingsPanel.h"
 #include "ui/list/ImageList.h"
 #include "ui/list/ImageTableView.h"
 #include "ui/preview/CropFrame.h"
 #include "ui/preview/PreviewSession.h"
 #include "ui/sheet/CellCrop.h"
-
-class QAction;
-class QCheckBox;
-class QComboBox;
-class QLabel;
-class QLineEdit;
-class QProgressBar;
-class QPushButton;
-class QTabWidget;
 
 namespace Ui {
 class MainWindow;
@@ -55,13 +47,6 @@ namespace vellumo {
 
 class CropAdjustmentStore;
 class ContactSheetParts;
-class CropPreviewView;
-class LatchingRadioButton;
-class QualitySlider;
-class SettingsBinding;
-class AutoCropRuleBox;
-class ResizeRuleBox;
-class Stepper;
 
 class ViewController : public QObject, public WindowDelegate {
     Q_OBJECT
@@ -105,23 +90,20 @@ class ViewController : public QObject, public WindowDelegate {
     // replacement is used from the next job on.
     void SetImageProcessor(std::shared_ptr<ImageProcessor> processor);
 
-    // ---- Crop settings (ViewControllerCropModes.cpp) ----------------------
-
-    // Everything the crop rule and the job read from the controls, as they
-    // are now. The preview, the labels and the job all go through this.
-    CropSettings CropSettingsFromControls() const;
-    // Puts every setting into the controls (a loaded profile), then
-    // refreshes the preview.
-    void ApplySettingsToControls(const CropSettings& settings);
+    // The setting controls, read and written as CropSettings.
+    SettingsPanel& settings() { return *settings_; }
 
     // ---- Interface states (ViewControllerInterfaceStates.cpp) -------------
 
     // Puts every value back to its start value; enabled states are kept.
     void ResetInterface();
-    // While a crop job runs: 27 controls disabled, the crop button "Cropping...".
+    // While a crop job runs: the settings panel locked (the controls that
+    // change the list or the settings disabled, the crop button
+    // "Cropping..."), no crop plan to open, the preview's rectangle not
+    // adjustable.
     void DisableInterface();
-    // After a crop job: the 27 controls enabled, the crop button "Crop Images",
-    // the quality slider by the output format.
+    // After a crop job: all of that undone, the output controls settled by
+    // the format.
     void EnableInterface();
 
     // ---- Image list (ViewControllerImageList.cpp) -------------------------
@@ -195,39 +177,6 @@ class ViewController : public QObject, public WindowDelegate {
     void OnRemoveSelected();
     void OnRemoveAll();
 
-    // ---- Crop modes (ViewControllerCropModes.cpp) -------------------------
-
-    void OnAutoCropSelected();
-    void OnAutoCropFormatSelected();
-    void OnCustomCropSelected();
-    void OnCustomCropPixelsSelected();
-    void OnCustomCropPixelsOriginXChanged();
-    void OnCustomCropPixelsOriginYChanged();
-    void OnCustomCropPixelsWidthChanged();
-    void OnCustomCropPixelsHeightChanged();
-    void OnCustomCropPercentsSelected();
-    void OnStepperCustomCropPercentsOriginXChanged();
-    void OnStepperCustomCropPercentsOriginYChanged();
-    void OnStepperCustomCropPercentsWidthChanged();
-    void OnStepperCustomCropPercentsHeightChanged();
-    // The percent fields refresh the preview as they are typed in.
-    void OnCustomCropPercentsOriginXChanged();
-    void OnCustomCropPercentsOriginYChanged();
-    void OnCustomCropPercentsWidthChanged();
-    void OnCustomCropPercentsHeightChanged();
-
-    // ---- Output settings (ViewControllerOutputSettings.cpp) ---------------
-
-    void OnFormatSelected();
-    void OnQualityChanged();
-    void OnNameChanged();
-    void OnBrowse();
-    void OnKeepEXIFInformationAndCreationDateSelected();
-    // Each image's crop to replace its own file: the name, folder and format
-    // are then not used.
-    void OnReplaceOriginalsSelected();
-    void OnCropJPEGFilesWithoutReencodingSelected();
-
     // ---- The crop command (ViewControllerCropJob.cpp) ---------------------
 
     // Checks that there are images and an output folder (offering to make a
@@ -260,15 +209,8 @@ class ViewController : public QObject, public WindowDelegate {
     void ConnectViewChoice();
     void ConnectTableThumbnails();
     void ConnectCommands();
-    // The crop and output controls to their handlers.
-    void ConnectSettingControls();
-    // The controls a crop job disables, in the order it disables them.
-    std::vector<QWidget*> ControlsLockedWhileCropping() const;
-    // Enables the output controls that the format and the choice to replace
-    // the originals leave in use: the quality slider for formats with a
-    // quality, the metadata option for formats that carry metadata, the
-    // name, folder and format while the originals are not replaced.
-    void SettleOutputControls();
+    // The settings panel's changes to the preview and the labels.
+    void ConnectSettings();
     // The count under the list: "120 images", "120 images, 3 selected".
     void ShowImageCount();
     // Asks before a non-empty list is emptied; true when it may be.
@@ -316,8 +258,8 @@ class ViewController : public QObject, public WindowDelegate {
     // owned by the window.
     Ui::MainWindow* ui_ = nullptr;
     QPointer<QWidget> view_;
-    // Between the setting controls and CropSettings, once they are connected.
-    std::unique_ptr<SettingsBinding> settingsBinding_;
+    // The setting controls; a child of the controller, made by LoadView.
+    SettingsPanel* settings_ = nullptr;
     // A child of the controller, made by ConnectContactSheet.
     ContactSheetParts* contactSheet_ = nullptr;
     // The list of images; a child of the controller.
@@ -332,8 +274,6 @@ class ViewController : public QObject, public WindowDelegate {
     QTimer previewResizeSettle_;
 
     bool cropping_ = false;
-    // Between DisableInterface and EnableInterface.
-    bool interfaceLocked_ = false;
     long jobImageCount_ = 0;
     long jobImagesHandled_ = 0;
     // Stops the running job.

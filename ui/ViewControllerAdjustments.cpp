@@ -126,7 +126,7 @@ bool ViewController::SaveCropPlan() {
     if (!path.endsWith(QString::fromLatin1(kCropPlanExtension), Qt::CaseInsensitive)) {
         path += QString::fromLatin1(kCropPlanExtension);
     }
-    const CropPlan plan = MakeCropPlan(CropSettingsFromControls(), NativePaths(imageList_->paths()),
+    const CropPlan plan = MakeCropPlan(settings_->Read(), NativePaths(imageList_->paths()),
                                        cropAdjustments_->ForJob(imageList_->paths()));
     const SaveResult saved = WriteCropPlan(QFile::encodeName(path).toStdString(), plan);
     if (!saved.saved) {
@@ -157,7 +157,7 @@ void ViewController::OnOpenCropPlan() {
     const QString file = chosen->constFirst();
     // All or nothing: a plan that cannot be read changes nothing.
     const Loaded<CropPlan> plan =
-        ReadCropPlan(QFile::encodeName(file).toStdString(), CropSettingsFromControls());
+        ReadCropPlan(QFile::encodeName(file).toStdString(), settings_->Read());
     if (!plan) {
         services_.showMessageBox(
             NoticeRequest(QStringLiteral("The crop plan %1 could not be opened: %2.")
@@ -179,7 +179,7 @@ void ViewController::OnOpenCropPlan() {
     }
     imageList_->ReplaceAll(paths);
     cropAdjustments_->ReplaceAll(rects);
-    ApplySettingsToControls(plan->settings);
+    settings_->Write(plan->settings);
     ClearImageListSelection();
 
     // Images that have gone stay in the list, marked; the job fails them.

@@ -167,7 +167,7 @@ std::optional<CellCrop> ViewController::ContactSheetCellCrop(const QString& path
     // The image's adjusted rectangle, or the crop rule as the settings
     // stand; a smart anchor, which needs each image's pixels, is shown
     // centred here.
-    const ResolvedCrop crop = CropOfImage(CropSettingsFromControls(), path, fullSize);
+    const ResolvedCrop crop = CropOfImage(settings_->Read(), path, fullSize);
     return CellCrop{crop.cut, crop.outputSize, crop.adjusted};
 }
 

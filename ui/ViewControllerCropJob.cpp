@@ -39,7 +39,7 @@ void ViewController::OnCropImages() {
     // Adjusted rectangles are part of it: undoing one while the job runs
     // does not change what it writes.
     CropRequest request;
-    request.settings = CropSettingsFromControls();
+    request.settings = settings_->Read();
     request.images = NativePaths(imageList_->paths());
     request.adjustments = cropAdjustments_->ForJob(imageList_->paths());
     // Every core at work, each image in a worker process of its own.

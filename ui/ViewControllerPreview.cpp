@@ -10,6 +10,7 @@
 #include "batch/LosslessCrop.h"
 #include "batch/OutputPlan.h"
 #include "ui/ViewController.h"
+#include "ui/controls/SettingsPanel.h"
 #include "ui/list/ImageList.h"
 #include "ui/preview/CropAdjustmentStore.h"
 #include "ui/preview/CropPreviewView.h"
@@ -55,6 +56,17 @@ void ViewController::ConnectPreview() {
     connect(&view, &CropPreviewView::resized, &previewResizeSettle_, qOverload<>(&QTimer::start));
 }
 
+// A smart anchor judges a reduced picture of the file, which the selection
+// decodes only while one is chosen: choosing one decodes it now.
+void ViewController::OnCropRuleChanged() {
+    if (UsesPlacementPicture(settings_->Read()) && !preview_->placementPicture() &&
+        !preview_->image().IsEmpty()) {
+        ShowSelectedImage();
+        return;
+    }
+    UpdateCropPreview();
+}
+
 void ViewController::ShowSelectedImage() {
     const int row = ui_->tableViewImage->SelectedRow();
     if (row < 0 || row >= imageList_->count()) {
@@ -63,7 +75,7 @@ void ViewController::ShowSelectedImage() {
     }
     const int side =
         PreviewSession::PictureSideFor(ui_->imageViewCropPreview->LongestPictureSide());
-    preview_->Open(imageList_->pathAt(row), side, UsesPlacementPicture(CropSettingsFromControls()));
+    preview_->Open(imageList_->pathAt(row), side, UsesPlacementPicture(settings_->Read()));
 }
 
 void ViewController::ClearImageListSelection() {
@@ -86,7 +98,7 @@ void ViewController::UpdateCropPreview() {
     if (!(image.Width() > 0.0) || !(image.Height() > 0.0)) {
         return;
     }
-    preview_->Redraw(CropSettingsFromControls(), cropAdjustments_->Adjustment(preview_->path()));
+    preview_->Redraw(settings_->Read(), cropAdjustments_->Adjustment(preview_->path()));
     UpdateImageSize();
 }
 
@@ -113,7 +125,7 @@ void ViewController::UpdateImageSize() {
 
     // The output labels are the size the job writes for this image, in every
     // mode; the note says when that is the whole image or a clipped part.
-    const CropSettings settings = CropSettingsFromControls();
+    const CropSettings settings = settings_->Read();
     // A smart anchor's picture is judged off this thread, and only where the
     // rectangle sits depends on it: the sizes and notes here are the same
     // (the note of a failed placement aside, which the picture's absence

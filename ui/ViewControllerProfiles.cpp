@@ -26,12 +26,6 @@ constexpr char kProfilesDialog[] = "profiles";
 
 }  // namespace
 
-void ViewController::ApplySettingsToControls(const CropSettings& settings) {
-    settingsBinding_->Write(settings);
-    SettleOutputControls();
-    UpdateCropPreview();
-}
-
 void ViewController::ProfileIsNow(const QString& path) {
     currentProfilePath_ = path;
     if (!view_.isNull()) {
@@ -42,8 +36,7 @@ void ViewController::ProfileIsNow(const QString& path) {
 }
 
 void ViewController::SaveProfileTo(const QString& path) {
-    const SaveResult saved =
-        WriteProfile(QFile::encodeName(path).toStdString(), CropSettingsFromControls());
+    const SaveResult saved = WriteProfile(QFile::encodeName(path).toStdString(), settings_->Read());
     if (!saved.saved) {
         services_.showMessageBox({"The profile could not be saved to " + path + ": " +
                                       QString::fromStdString(saved.reason) + ".",
@@ -96,7 +89,7 @@ void ViewController::OnLoadProfile() {
     const QString path = chosen->constFirst();
     // All or nothing: a profile that cannot be read changes no setting.
     const Loaded<CropSettings> loaded =
-        ReadProfile(QFile::encodeName(path).toStdString(), CropSettingsFromControls());
+        ReadProfile(QFile::encodeName(path).toStdString(), settings_->Read());
     if (!loaded) {
         services_.showMessageBox({"The profile " + path + " could not be loaded: " +
                                       QString::fromStdString(loaded.reason()) + ".",
@@ -104,7 +97,7 @@ void ViewController::OnLoadProfile() {
                                   {QStringLiteral("OK")}});
         return;
     }
-    ApplySettingsToControls(*loaded);
+    settings_->Write(*loaded);
     ProfileIsNow(path);
 }
 

@@ -309,7 +309,7 @@ class AdjustCropTest : public QObject {
         second.openDialogAnswers.push_back(QStringList{plan});
         second.Control<QAction>("actionOpenCropPlan").trigger();
         QCOMPARE(second.imageList().paths().size(), 2);
-        QCOMPARE(second.controller().CropSettingsFromControls().mode, vellumo::CropMode::Auto);
+        QCOMPARE(second.settings().Read().mode, vellumo::CropMode::Auto);
         QCOMPARE(second.controller().cropAdjustments().Adjustment(second.imageList().paths()[0]),
                  std::optional<Rect>(adjusted));
         QVERIFY(!second.controller().cropAdjustments().HasUnsavedAdjustments());

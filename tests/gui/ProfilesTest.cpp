@@ -78,7 +78,7 @@ void ChangeEverything(LoadedWindow& w) {
     w.Control<QLineEdit>("textFieldCustomCropPercentsHeight").setText("33.333");
     vellumo::test::Choose(w.Control<QComboBox>("comboFormat"), "TIF");
     w.Control<vellumo::QualitySlider>("sliderQuality").setDoubleValue(42.5);
-    w.controller().OnQualityChanged();
+    w.settings().ShowQuality();
     w.Control<QLineEdit>("textFieldName").setText("shot [FileIndex] é");
     w.Control<QLineEdit>("textFieldOutputFolder").setText("/somewhere/out");
     Click(w.Control<QCheckBox>("checkKeepEXIFInformationAndCreationDate"));
@@ -98,7 +98,7 @@ class ProfilesTest : public QObject {
         loaded.Show();
         ChangeEverything(loaded);
         const QStringList changed = Controls(loaded);
-        const vellumo::CropSettings settings = loaded.controller().CropSettingsFromControls();
+        const vellumo::CropSettings settings = loaded.settings().Read();
 
         // Save As adds the extension.
         loaded.saveDialogAnswers.push_back(dir.filePath("mine"));
@@ -111,7 +111,7 @@ class ProfilesTest : public QObject {
         loaded.openDialogAnswers.push_back(QStringList{dir.filePath("mine.vellumo")});
         loaded.controller().OnLoadProfile();
         QCOMPARE(Controls(loaded), changed);
-        const vellumo::CropSettings back = loaded.controller().CropSettingsFromControls();
+        const vellumo::CropSettings back = loaded.settings().Read();
         QCOMPARE(back.percentsOriginX, settings.percentsOriginX);  // 12.3f, exactly
         QCOMPARE(back.percentsHeight, settings.percentsHeight);
         QCOMPARE(back.quality, 42.5f);

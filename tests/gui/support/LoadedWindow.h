@@ -11,6 +11,7 @@
 #include "ui/MainWindow.h"
 #include "ui/ViewController.h"
 #include "ui/WindowServices.h"
+#include "ui/controls/SettingsPanel.h"
 #include "ui/list/ImageList.h"
 #include "ui/preview/PreviewSession.h"
 
@@ -33,6 +34,8 @@ class LoadedWindow {
     ImageList& imageList() { return controller_->imageList(); }
     // The image shown in the preview.
     PreviewSession& preview() { return controller_->preview(); }
+    // The setting controls, read and written as CropSettings.
+    SettingsPanel& settings() { return controller_->settings(); }
 
     // Shows the window and waits until it is laid out on the screen.
     void Show();
