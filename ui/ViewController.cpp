@@ -17,6 +17,7 @@
 #include "ui/preview/CropAdjustmentStore.h"
 #include "ui/preview/CropPreviewView.h"
 #include "ui/preview/PreviewSession.h"
+#include "ui/sheet/ContactSheetController.h"
 #include "ui_MainWindow.h"
 #include "worker/WorkerImageProcessor.h"
 
@@ -118,6 +119,23 @@ void ViewController::ConnectCommands() {
     auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), view_->window());
     escape->setContext(Qt::WindowShortcut);
     connect(escape, &QShortcut::activated, this, &ViewController::OnStopCropping);
+}
+
+void ViewController::ConnectContactSheet() {
+    contactSheet_ = new ContactSheetController(
+        *ui_, *imageList_,
+        [this](const QString& path, Size fullSize) {
+            return CropOfImage(settings_->Read(), path, fullSize);
+        },
+        this);
+    connect(contactSheet_, &ContactSheetController::deletePressed, this,
+            &ViewController::OnRemoveSelected);
+}
+
+void ViewController::RefreshContactSheet() {
+    if (contactSheet_ != nullptr) {
+        contactSheet_->RefreshCells();
+    }
 }
 
 void ViewController::ConnectSettings() {

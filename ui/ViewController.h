@@ -37,7 +37,6 @@
 #include "ui/list/ImageTableView.h"
 #include "ui/preview/CropFrame.h"
 #include "ui/preview/PreviewSession.h"
-#include "ui/sheet/CellCrop.h"
 
 namespace Ui {
 class MainWindow;
@@ -46,7 +45,7 @@ class MainWindow;
 namespace vellumo {
 
 class CropAdjustmentStore;
-class ContactSheetParts;
+class ContactSheetController;
 
 class ViewController : public QObject, public WindowDelegate {
     Q_OBJECT
@@ -134,13 +133,9 @@ class ViewController : public QObject, public WindowDelegate {
     // `settings`: its adjusted rectangle if it has one, else the rule's.
     ResolvedCrop CropOfImage(const CropSettings& settings, const QString& path,
                              Size fullSize) const;
-    // ---- Contact sheet (ViewControllerContactSheet.cpp) --------------------
-
-    // The crop a contact sheet cell shows for the file at `path`, of
-    // `fullSize` upright pixels: the one place the sheet learns crops from.
-    std::optional<CellCrop> ContactSheetCellCrop(const QString& path, Size fullSize) const;
-    // Every cell's crop worked out afresh (the settings changed).
-    void RefreshContactSheet();
+    // The contact sheet, the list/sheet switch and the thumbnails; null
+    // before LoadView.
+    ContactSheetController* contactSheet() { return contactSheet_; }
 
     // ---- Crop job (ViewControllerCropJob.cpp) -----------------------------
 
@@ -205,9 +200,8 @@ class ViewController : public QObject, public WindowDelegate {
     bool SaveCropPlan();
     // The contact sheet, its commands and the thumbnails, after SetUpControls.
     void ConnectContactSheet();
-    // The list/contact sheet switch, and the table's wishes for thumbnails.
-    void ConnectViewChoice();
-    void ConnectTableThumbnails();
+    // Every contact sheet cell's crop worked out afresh.
+    void RefreshContactSheet();
     void ConnectCommands();
     // The settings panel's changes to the preview and the labels.
     void ConnectSettings();
@@ -261,7 +255,7 @@ class ViewController : public QObject, public WindowDelegate {
     // The setting controls; a child of the controller, made by LoadView.
     SettingsPanel* settings_ = nullptr;
     // A child of the controller, made by ConnectContactSheet.
-    ContactSheetParts* contactSheet_ = nullptr;
+    ContactSheetController* contactSheet_ = nullptr;
     // The list of images; a child of the controller.
     ImageList* imageList_ = nullptr;
     WindowServices services_;

@@ -458,7 +458,7 @@ class ContactSheetTest : public QObject {
         // Auto crop to 1:1 on a 2:1 image: the sides are veiled.
         Choose(loaded.Control<QComboBox>("comboAutoCropFormat"), "1:1");
         Click(loaded.Control<QAbstractButton>("radioAutoCrop"));
-        const auto crop = loaded.controller().ContactSheetCellCrop(wide, Size{400, 200});
+        const auto crop = loaded.contactSheet().CellCropOf(wide, Size{400, 200});
         QVERIFY(crop.has_value());
         QCOMPARE(crop->cut, (vellumo::Rect{100, 0, 200, 200}));
         QCOMPARE(crop->outputSize, (Size{200, 200}));

@@ -14,6 +14,7 @@
 #include "ui/controls/SettingsPanel.h"
 #include "ui/list/ImageList.h"
 #include "ui/preview/PreviewSession.h"
+#include "ui/sheet/ContactSheetController.h"
 
 namespace vellumo::test {
 
@@ -36,6 +37,8 @@ class LoadedWindow {
     PreviewSession& preview() { return controller_->preview(); }
     // The setting controls, read and written as CropSettings.
     SettingsPanel& settings() { return controller_->settings(); }
+    // The contact sheet and the thumbnails.
+    ContactSheetController& contactSheet() { return *controller_->contactSheet(); }
 
     // Shows the window and waits until it is laid out on the screen.
     void Show();
