@@ -12,6 +12,8 @@
 
 #include "ui/controls/ButtonAction.h"
 #include "ui/controls/SettingsPanel.h"
+#include "ui/files/PlanFiles.h"
+#include "ui/files/ProfileFiles.h"
 #include "ui/list/ImageList.h"
 #include "ui/list/ImagePaths.h"
 #include "ui/preview/CropAdjustmentStore.h"
@@ -52,6 +54,8 @@ void ViewController::LoadView(MainWindow& window) {
     view_ = &window;
     ui_ = &window.ui();
     settings_ = new SettingsPanel(*ui_, services_, this);
+    profiles_ = new ProfileFiles(*settings_, services_, this);
+    plans_ = new PlanFiles(*imageList_, *settings_, *cropAdjustments_, services_, this);
     ConnectCommands();
     SetUpControls();
     ConnectContactSheet();
@@ -85,9 +89,7 @@ int ViewController::imageCount() const {
 void ViewController::ConnectCommands() {
     ConnectAdjustments();
     connect(ui_->actionNew, &QAction::triggered, this, &ViewController::OnFileNew);
-    connect(ui_->actionLoadProfile, &QAction::triggered, this, &ViewController::OnLoadProfile);
-    connect(ui_->actionSaveProfile, &QAction::triggered, this, &ViewController::OnSaveProfile);
-    connect(ui_->actionSaveProfileAs, &QAction::triggered, this, &ViewController::OnSaveProfileAs);
+    ConnectProfiles();
     connect(ui_->actionQuit, &QAction::triggered, this, &ViewController::OnAppQuit);
     connect(ui_->actionVideoTutorial, &QAction::triggered, this, &ViewController::OnVideoTutorial);
 

@@ -46,6 +46,8 @@ namespace vellumo {
 
 class CropAdjustmentStore;
 class ContactSheetController;
+class PlanFiles;
+class ProfileFiles;
 
 class ViewController : public QObject, public WindowDelegate {
     Q_OBJECT
@@ -79,8 +81,9 @@ class ViewController : public QObject, public WindowDelegate {
     // The image shown in the preview: the selected row's file, its decoding
     // and the drawing of its crop.
     PreviewSession& preview() { return *preview_; }
-    const QString& currentProfilePath() const { return currentProfilePath_; }
-    void setCurrentProfilePath(const QString& path) { currentProfilePath_ = path; }
+    // Profiles and crop plans: their files and the questions around them.
+    ProfileFiles& profiles() { return *profiles_; }
+    PlanFiles& plans() { return *plans_; }
 
     // The desktop services the commands use; tests replace them.
     WindowServices& services() { return services_; }
@@ -152,16 +155,11 @@ class ViewController : public QObject, public WindowDelegate {
     void OnAppQuit();
     void OnFileNew();
     void OnVideoTutorial();
-    void OnLoadProfile();
-    void OnSaveProfile();
-    void OnSaveProfileAs();
 
     // ---- Adjustments and crop plans (ViewControllerAdjustments.cpp) -------
 
     void OnResetCrop();
     void OnResetAllCrops();
-    void OnOpenCropPlan();
-    void OnSaveCropPlan();
 
     // ---- Image list commands (ViewControllerImageList.cpp) ----------------
 
@@ -191,13 +189,6 @@ class ViewController : public QObject, public WindowDelegate {
     // The preview's rectangle moved or resized by a person.
     void OnCropAdjusted(const Rect& rect, bool byKeys);
     void OnAdjustmentsChanged(const QStringList& paths);
-    // Asks whether adjustments not yet saved in a plan should be, before
-    // they are thrown away; false when the person cancels (or the plan could
-    // not be saved).
-    bool AgreeToLeaveAdjustments();
-    // Saves a plan of the window's list, settings and adjustments; false
-    // when the person cancels or the file cannot be written.
-    bool SaveCropPlan();
     // The contact sheet, its commands and the thumbnails, after SetUpControls.
     void ConnectContactSheet();
     // Every contact sheet cell's crop worked out afresh.
@@ -219,10 +210,8 @@ class ViewController : public QObject, public WindowDelegate {
     // picture would now be shown enlarged.
     void DecodeAgainIfPictureTooSmall();
 
-    // Profiles (ViewControllerProfiles.cpp): the window's settings to the
-    // file at `path`; afterwards the window speaks of that profile.
-    void SaveProfileTo(const QString& path);
-    void ProfileIsNow(const QString& path);
+    // The profile commands, and the title that names the current profile.
+    void ConnectProfiles();
 
     // The crop command's steps, in order (ViewControllerCropJob.cpp): run
     // on the job's thread once agreed to, the job started, each image
@@ -238,7 +227,6 @@ class ViewController : public QObject, public WindowDelegate {
     void AbandonCropCommand();
 
     // State, in declaration order.
-    QString currentProfilePath_;
 
     // The line under the progress bar: which image the job is at, and how
     // long it will take.
@@ -254,6 +242,8 @@ class ViewController : public QObject, public WindowDelegate {
     QPointer<QWidget> view_;
     // The setting controls; a child of the controller, made by LoadView.
     SettingsPanel* settings_ = nullptr;
+    ProfileFiles* profiles_ = nullptr;
+    PlanFiles* plans_ = nullptr;
     // A child of the controller, made by ConnectContactSheet.
     ContactSheetController* contactSheet_ = nullptr;
     // The list of images; a child of the controller.

@@ -1,10 +1,15 @@
 // Window-level commands: quit, close, new, the tutorial and the profiles.
 
+#include <QAction>
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QUrl>
 
 #include "ui/ViewController.h"
+#include "ui/files/PlanFiles.h"
+#include "ui/files/ProfileFiles.h"
 #include "ui/preview/CropAdjustmentStore.h"
+#include "ui_MainWindow.h"
 
 namespace vellumo {
 
@@ -12,12 +17,12 @@ bool ViewController::windowShouldClose(QWidget&) {
     // Nothing else is ever saved or asked, also while a crop job runs:
     // closing the one window ends the application. Only rectangles adjusted
     // by hand, which took a person's work, are offered to be kept.
-    return AgreeToLeaveAdjustments();
+    return plans_->AgreeToLeaveAdjustments();
 }
 
 void ViewController::OnAppQuit() {
     // Quitting closes the window: the same one question first.
-    if (!AgreeToLeaveAdjustments()) {
+    if (!plans_->AgreeToLeaveAdjustments()) {
         return;
     }
     QCoreApplication::quit();
@@ -26,15 +31,29 @@ void ViewController::OnAppQuit() {
 void ViewController::OnFileNew() {
     // A list a person has built is not thrown away unasked; with unsaved
     // adjustments, the question about them is the one asked.
-    if (cropAdjustments_->HasUnsavedAdjustments() ? !AgreeToLeaveAdjustments()
+    if (cropAdjustments_->HasUnsavedAdjustments() ? !plans_->AgreeToLeaveAdjustments()
                                                   : !AgreeToEmptyTheList()) {
         return;
     }
     ResetInterface();
-    currentProfilePath_.clear();
-    if (!view_.isNull()) {
-        view_->window()->setWindowTitle(QString::fromLatin1(kWindowTitle));
-    }
+    profiles_->Forget();
+}
+
+void ViewController::ConnectProfiles() {
+    connect(ui_->actionLoadProfile, &QAction::triggered, profiles_, &ProfileFiles::Load);
+    connect(ui_->actionSaveProfile, &QAction::triggered, profiles_, &ProfileFiles::Save);
+    connect(ui_->actionSaveProfileAs, &QAction::triggered, profiles_, &ProfileFiles::SaveAs);
+    // The title names the current profile: "Vellumo — Portraits".
+    connect(profiles_, &ProfileFiles::currentPathChanged, this, [this](const QString& path) {
+        if (view_.isNull()) {
+            return;
+        }
+        QString title = QString::fromLatin1(kWindowTitle);
+        if (!path.isEmpty()) {
+            title += QStringLiteral(" \u2014 ") + QFileInfo(path).completeBaseName();
+        }
+        view_->window()->setWindowTitle(title);
+    });
 }
 
 void ViewController::OnVideoTutorial() {

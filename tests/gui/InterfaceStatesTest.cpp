@@ -178,7 +178,7 @@ class InterfaceStatesTest : public QObject {
         QCOMPARE(controller.imageList().acceptedExtensions(),
                  QStringList({"jpg", "jpeg", "jpe", "jp2", "jpx", "png", "gif", "tif", "tiff",
                               "bmp", "heic", "heif", "avif", "webp", "jxl"}));
-        QCOMPARE(controller.currentProfilePath(), QString());
+        QCOMPARE(controller.profiles().currentPath(), QString());
         QCOMPARE(loaded.window().windowTitle(), QStringLiteral("Vellumo"));
         QCOMPARE(Items(loaded.Control<QComboBox>("comboAutoCropFormat")).mid(0, 4),
                  QStringList({"1:1", "4:3", "3:2", "16:9"}));
@@ -230,7 +230,7 @@ class InterfaceStatesTest : public QObject {
         QCOMPARE(loaded.Control<QLabel>("labelOriginalDimensionsWidth").text(), "Width: 400");
         loaded.Control<CropPreviewView>("imageViewCropPreview")
             .SetImage(QImage(40, 30, QImage::Format_RGB32));
-        controller.setCurrentProfilePath("/profiles/mine.vellumo");
+        controller.profiles().setCurrentPath("/profiles/mine.vellumo");
         loaded.window().setWindowTitle("mine — Vellumo");
         // A job is running: the controls are locked, the slider too.
         controller.DisableInterface();
@@ -239,7 +239,7 @@ class InterfaceStatesTest : public QObject {
 
         VerifyStartValues(loaded);
         QCOMPARE(loaded.Control<QComboBox>("comboAutoCropFormat").currentIndex(), 2);
-        QCOMPARE(controller.currentProfilePath(), QString());
+        QCOMPARE(controller.profiles().currentPath(), QString());
         QCOMPARE(loaded.window().windowTitle(), QStringLiteral("Vellumo"));
         // Enabled states are kept (the slider is enabled: "JPG" takes a
         // quality), and the crop button keeps its title.

@@ -12,6 +12,8 @@
 #include "ui/ViewController.h"
 #include "ui/WindowServices.h"
 #include "ui/controls/SettingsPanel.h"
+#include "ui/files/PlanFiles.h"
+#include "ui/files/ProfileFiles.h"
 #include "ui/list/ImageList.h"
 #include "ui/preview/PreviewSession.h"
 #include "ui/sheet/ContactSheetController.h"
@@ -39,6 +41,9 @@ class LoadedWindow {
     SettingsPanel& settings() { return controller_->settings(); }
     // The contact sheet and the thumbnails.
     ContactSheetController& contactSheet() { return *controller_->contactSheet(); }
+    // Profiles and crop plans.
+    ProfileFiles& profiles() { return controller_->profiles(); }
+    PlanFiles& plans() { return controller_->plans(); }
 
     // Shows the window and waits until it is laid out on the screen.
     void Show();
