@@ -1,19 +1,25 @@
+// The window's controller: building and connecting the parts, the
+// interface's three states (start values, locked while a crop job runs, idle
+// again afterwards) and the window-level commands (quit, close, new, the
+// tutorial, the profiles' title).
+
 #include "ui/ViewController.h"
 
 #include <QAction>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
+#include <QCoreApplication>
+#include <QFileInfo>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QShortcut>
 #include <QTabWidget>
+#include <QUrl>
 
+#include "ui/ProgressFraction.h"
 #include "ui/controls/ButtonAction.h"
 #include "ui/controls/SettingsPanel.h"
 #include "ui/files/PlanFiles.h"
 #include "ui/files/ProfileFiles.h"
+#include "ui/job/WindowCropJob.h"
 #include "ui/list/ImageList.h"
 #include "ui/list/ImagePaths.h"
 #include "ui/preview/CropAdjustmentStore.h"
@@ -35,8 +41,6 @@ ViewController::ViewController(QObject* parent)
       imageProcessor_(std::make_shared<WorkerImageProcessor>()),
       preview_(new PreviewSession(this)),
       cropAdjustments_(new CropAdjustmentStore(this)) {
-    // One job at a time, its images one after another.
-    jobWork_.setMaxThreadCount(1);
     previewResizeSettle_.setSingleShot(true);
     previewResizeSettle_.setInterval(kPreviewResizeSettleMs);
     connect(&previewResizeSettle_, &QTimer::timeout, this,
@@ -44,6 +48,8 @@ ViewController::ViewController(QObject* parent)
 }
 
 ViewController::~ViewController() {
+    // A job under way uses the services: it ends first.
+    delete cropJob_;
     // The window and the table may outlive their delegate.
     if (auto* window = qobject_cast<MainWindow*>(view_.data())) {
         window->SetDelegate(nullptr);
@@ -56,6 +62,7 @@ void ViewController::LoadView(MainWindow& window) {
     settings_ = new SettingsPanel(*ui_, services_, this);
     profiles_ = new ProfileFiles(*settings_, services_, this);
     plans_ = new PlanFiles(*imageList_, *settings_, *cropAdjustments_, services_, this);
+    cropJob_ = new WindowCropJob(*ui_, services_, this);
     ConnectCommands();
     SetUpControls();
     ConnectContactSheet();
@@ -80,6 +87,26 @@ void ViewController::SetImageProcessor(std::shared_ptr<ImageProcessor> processor
         Fatal("the window needs an image processor");
     }
     imageProcessor_ = std::move(processor);
+}
+
+void ViewController::OnCropImages() {
+    // One snapshot for the checks, the questions and the job: the interface
+    // is locked from the questions on, so the controls cannot change after.
+    // Adjusted rectangles are part of it: undoing one while the job runs
+    // does not change what it writes.
+    CropRequest request;
+    request.settings = settings_->Read();
+    request.images = NativePaths(imageList_->paths());
+    request.adjustments = cropAdjustments_->ForJob(imageList_->paths());
+    cropJob_->Crop(std::move(request), imageProcessor_);
+}
+
+void ViewController::OnStopCropping() {
+    cropJob_->Stop();
+}
+
+bool ViewController::isCropping() const {
+    return cropJob_ != nullptr && cropJob_->isCropping();
 }
 
 int ViewController::imageCount() const {
@@ -118,6 +145,8 @@ void ViewController::ConnectCommands() {
     ConnectSettings();
     connect(ui_->buttonCropImages, &QPushButton::clicked, this, &ViewController::OnCropImages);
     connect(ui_->buttonStopCropping, &QPushButton::clicked, this, &ViewController::OnStopCropping);
+    connect(cropJob_, &WindowCropJob::cropStarted, this, &ViewController::DisableInterface);
+    connect(cropJob_, &WindowCropJob::cropEnded, this, &ViewController::EnableInterface);
     auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), view_->window());
     escape->setContext(Qt::WindowShortcut);
     connect(escape, &QShortcut::activated, this, &ViewController::OnStopCropping);
@@ -144,6 +173,89 @@ void ViewController::ConnectSettings() {
     connect(settings_, &SettingsPanel::cropChanged, this, &ViewController::UpdateCropPreview);
     connect(settings_, &SettingsPanel::cropRuleChanged, this, &ViewController::OnCropRuleChanged);
     connect(settings_, &SettingsPanel::outputChanged, this, &ViewController::UpdateImageSize);
+}
+
+void ViewController::ResetInterface() {
+    imageList_->Clear();
+    cropAdjustments_->ReplaceAll({});
+    ui_->tabView->setCurrentIndex(0);
+    settings_->Reset();
+    SetProgressFraction(*ui_->progressIndicator, 0.0);
+    ClearImageListSelection();
+    EmptyPreview();
+}
+
+void ViewController::DisableInterface() {
+    // The job reads the list and the settings while it runs, so nothing that
+    // changes them may be used meanwhile. The table, the tabs, the preview,
+    // the labels, the progress bar and the menu stay as they are.
+    settings_->Lock();
+    // A plan opened would replace the list; the rectangle on the preview is
+    // shown, not adjusted (the job has its own copy of the adjustments).
+    ui_->actionOpenCropPlan->setEnabled(false);
+    ui_->imageViewCropPreview->SetFrameAdjustable(false);
+}
+
+void ViewController::EnableInterface() {
+    settings_->Unlock();
+    ui_->actionOpenCropPlan->setEnabled(true);
+    ui_->imageViewCropPreview->SetFrameAdjustable(true);
+}
+
+bool ViewController::windowShouldClose(QWidget&) {
+    // Nothing else is ever saved or asked, also while a crop job runs:
+    // closing the one window ends the application. Only rectangles adjusted
+    // by hand, which took a person's work, are offered to be kept.
+    return plans_->AgreeToLeaveAdjustments();
+}
+
+void ViewController::OnAppQuit() {
+    // Quitting closes the window: the same one question first.
+    if (!plans_->AgreeToLeaveAdjustments()) {
+        return;
+    }
+    QCoreApplication::quit();
+}
+
+void ViewController::OnFileNew() {
+    // A list a person has built is not thrown away unasked; with unsaved
+    // adjustments, the question about them is the one asked.
+    if (cropAdjustments_->HasUnsavedAdjustments() ? !plans_->AgreeToLeaveAdjustments()
+                                                  : !AgreeToEmptyTheList()) {
+        return;
+    }
+    ResetInterface();
+    profiles_->Forget();
+}
+
+void ViewController::ConnectProfiles() {
+    connect(ui_->actionLoadProfile, &QAction::triggered, profiles_, &ProfileFiles::Load);
+    connect(ui_->actionSaveProfile, &QAction::triggered, profiles_, &ProfileFiles::Save);
+    connect(ui_->actionSaveProfileAs, &QAction::triggered, profiles_, &ProfileFiles::SaveAs);
+    // The title names the current profile: "Vellumo — Portraits".
+    connect(profiles_, &ProfileFiles::currentPathChanged, this, [this](const QString& path) {
+        if (view_.isNull()) {
+            return;
+        }
+        QString title = QString::fromLatin1(kWindowTitle);
+        if (!path.isEmpty()) {
+            title += QStringLiteral(" \u2014 ") + QFileInfo(path).completeBaseName();
+        }
+        view_->window()->setWindowTitle(title);
+    });
+}
+
+void ViewController::OnVideoTutorial() {
+    const QUrl address(QString::fromLatin1(kVideoTutorialAddress), QUrl::StrictMode);
+    if (!address.isValid()) {
+        return;
+    }
+    // Without a browser the address is given, so it can be opened elsewhere.
+    if (!services_.openUrl(address)) {
+        services_.showMessageBox(NoticeRequest(
+            QStringLiteral("No web browser could be opened. The video tutorial is at %1")
+                .arg(address.toString())));
+    }
 }
 
 }  // namespace vellumo

@@ -19,15 +19,7 @@ constexpr char kRemoveAllQuestion[] =
 }  // namespace
 
 void ViewController::OnAddImages() {
-    OpenFilesRequest request;
-    request.allowsMultipleSelection = true;
-    request.canChooseDirectories = false;
-    request.canCreateDirectories = false;
-    request.canChooseFiles = true;
-    request.allowedFileTypes = OpenFilesImageExtensions();
-    request.memoryKey = QStringLiteral("addImages");
-
-    const OpenFilesResult chosen = services_.chooseFilesToOpen(request);
+    const OpenFilesResult chosen = services_.chooseFilesToOpen(AddImagesRequest());
     if (!chosen) {
         return;
     }
@@ -81,15 +73,8 @@ void ViewController::OnRemoveAll() {
 }
 
 void ViewController::ShowImageCount() {
-    const int count = imageList_->count();
-    QString text = count == 0   ? QStringLiteral("No images")
-                   : count == 1 ? QStringLiteral("1 image")
-                                : QStringLiteral("%1 images").arg(count);
-    const qsizetype selected = ui_->tableViewImage->SelectedRows().size();
-    if (selected > 1) {
-        text += QStringLiteral(", %1 selected").arg(selected);
-    }
-    ui_->labelImageCount->setText(text);
+    const auto selected = static_cast<int>(ui_->tableViewImage->SelectedRows().size());
+    ui_->labelImageCount->setText(imageList_->CountText(selected));
 }
 
 }  // namespace vellumo

@@ -1,20 +1,19 @@
-// The preview of the selected image with its crop marked, and the four
-// dimension labels. The image itself, its decoding and the drawing of its
-// crop are the PreviewSession's; here the selection opens it and its
-// results reach the view, the list and the labels.
+// The selection's way to the preview and the labels, and the rectangles
+// adjusted by hand on the preview (Edit → Undo, Redo, Reset Crop, Reset All
+// Crops; crop plans keep them). The image itself, its decoding and the
+// drawing of its crop are the PreviewSession's; here the selection opens it
+// and its results reach the view, the list and the labels.
 
-#include <QFile>
-#include <QLabel>
+#include <QAction>
 
 #include "batch/CropRectangle.h"
-#include "batch/LosslessCrop.h"
-#include "batch/OutputPlan.h"
 #include "ui/ViewController.h"
 #include "ui/controls/SettingsPanel.h"
+#include "ui/files/PlanFiles.h"
 #include "ui/list/ImageList.h"
 #include "ui/preview/CropAdjustmentStore.h"
 #include "ui/preview/CropPreviewView.h"
-#include "ui/preview/DimensionText.h"
+#include "ui/preview/DimensionLabels.h"
 #include "ui_MainWindow.h"
 
 namespace vellumo {
@@ -109,46 +108,65 @@ void ViewController::DecodeAgainIfPictureTooSmall() {
 }
 
 void ViewController::UpdateImageSize() {
-    const Image& image = preview_->image();
-    const double width = image.Width();
-    const double height = image.Height();
-    if (!(width > 0.0) || !(height > 0.0)) {
-        ui_->labelOriginalDimensionsWidth->setText(DimensionText(kWidthCaption, 0));
-        ui_->labelOriginalDimensionsHeight->setText(DimensionText(kHeightCaption, 0));
-        ui_->labelOutputDimensionsWidth->setText(DimensionText(kWidthCaption, 0));
-        ui_->labelOutputDimensionsHeight->setText(DimensionText(kHeightCaption, 0));
-        ui_->labelPreviewNote->clear();
+    ShowDimensions(*ui_, *preview_, settings_->Read(),
+                   cropAdjustments_->Adjustment(preview_->path()));
+}
+
+void ViewController::ConnectAdjustments() {
+    connect(ui_->imageViewCropPreview, &CropPreviewView::cropAdjusted, this,
+            &ViewController::OnCropAdjusted);
+    connect(cropAdjustments_, &CropAdjustmentStore::adjustmentsChanged, this,
+            &ViewController::OnAdjustmentsChanged);
+
+    cropAdjustments_->ConnectUndoActions(*ui_->actionUndo, *ui_->actionRedo);
+    connect(ui_->actionResetCrop, &QAction::triggered, this, &ViewController::OnResetCrop);
+    connect(ui_->actionResetAllCrops, &QAction::triggered, this, &ViewController::OnResetAllCrops);
+    connect(ui_->actionOpenCropPlan, &QAction::triggered, this, [this] {
+        if (!isCropping()) {
+            plans_->Open();
+        }
+    });
+    connect(ui_->actionSaveCropPlan, &QAction::triggered, plans_, &PlanFiles::Save);
+    connect(plans_, &PlanFiles::opened, this, &ViewController::ClearImageListSelection);
+}
+
+ResolvedCrop ViewController::CropOfImage(const CropSettings& settings, const QString& path,
+                                         Size fullSize) const {
+    return ResolveCrop(settings, Image::OfSize(fullSize.width, fullSize.height), nullptr,
+                       cropAdjustments_->Adjustment(path));
+}
+
+void ViewController::OnCropAdjusted(const Rect& rect, bool byKeys) {
+    if (preview_->path().isEmpty() || isCropping()) {
         return;
     }
-    ui_->labelOriginalDimensionsWidth->setText(DimensionText(kWidthCaption, width));
-    ui_->labelOriginalDimensionsHeight->setText(DimensionText(kHeightCaption, height));
+    cropAdjustments_->Adjust(preview_->path(), rect, byKeys);
+}
 
-    // The output labels are the size the job writes for this image, in every
-    // mode; the note says when that is the whole image or a clipped part.
-    const CropSettings settings = settings_->Read();
-    // A smart anchor's picture is judged off this thread, and only where the
-    // rectangle sits depends on it: the sizes and notes here are the same
-    // (the note of a failed placement aside, which the picture's absence
-    // would give wrongly).
-    CropSettings sized = settings;
-    if (UsesPlacementPicture(settings) && preview_->placementPicture()) {
-        sized.anchor = CropAnchor::Centre;
+void ViewController::OnAdjustmentsChanged(const QStringList& paths) {
+    for (const QString& path : paths) {
+        imageList_->SetAdjusted(path, cropAdjustments_->IsAdjusted(path));
     }
-    const QString& path = preview_->path();
-    ResolvedCrop crop = ResolveCrop(sized, image, nullptr, cropAdjustments_->Adjustment(path));
-    // A JPEG cropped without re-encoding holds the rectangle on its block
-    // grid, and the labels say what the file will hold. Replaced originals
-    // are written in their own format.
-    const long format = settings.replaceOriginals
-                            ? OutputFormatOfPath(QFile::encodeName(path).toStdString())
-                            : settings.outputFormat;
-    const std::optional<JpegGrid>& grid = preview_->jpegGrid();
-    DecideLosslessCrop(settings, format, grid.has_value(), grid, crop);
-    ui_->labelOutputDimensionsWidth->setText(DimensionText(kWidthCaption, crop.outputSize.width));
-    ui_->labelOutputDimensionsHeight->setText(
-        DimensionText(kHeightCaption, crop.outputSize.height));
-    const std::string note = JoinNotes(CropExtentNote(crop), FirstPageNote(preview_->pages()));
-    ui_->labelPreviewNote->setText(QString::fromStdString(note));
+    // The preview's refresh redraws the contact sheet too.
+    if (!preview_->path().isEmpty() && paths.contains(preview_->path())) {
+        UpdateCropPreview();
+    } else {
+        RefreshContactSheet();
+    }
+}
+
+void ViewController::OnResetCrop() {
+    QStringList selected;
+    for (const int row : ui_->tableViewImage->SelectedRows()) {
+        if (row >= 0 && row < imageList_->count()) {
+            selected.push_back(imageList_->pathAt(row));
+        }
+    }
+    cropAdjustments_->Reset(selected, QStringLiteral("Reset Crop"));
+}
+
+void ViewController::OnResetAllCrops() {
+    cropAdjustments_->Reset(imageList_->paths(), QStringLiteral("Reset All Crops"));
 }
 
 }  // namespace vellumo

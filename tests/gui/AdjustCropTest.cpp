@@ -4,6 +4,7 @@
 // rule, crop plans, and the question before unsaved adjustments are left.
 // The suite also runs at a device pixel ratio of 2.
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QComboBox>
 #include <QFile>

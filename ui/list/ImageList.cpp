@@ -32,6 +32,16 @@ QString ImageList::pathAt(int row) const {
     return row >= 0 && row < paths_.size() ? paths_[row] : QString();
 }
 
+QString ImageList::CountText(int selected) const {
+    QString text = count() == 0   ? QStringLiteral("No images")
+                   : count() == 1 ? QStringLiteral("1 image")
+                                  : QStringLiteral("%1 images").arg(count());
+    if (selected > 1) {
+        text += QStringLiteral(", %1 selected").arg(selected);
+    }
+    return text;
+}
+
 void ImageList::Append(const QStringList& paths) {
     // Each path is compared with the list as it has grown so far, so a path
     // is never added twice, not even within one choice.

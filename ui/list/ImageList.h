@@ -31,6 +31,10 @@ class ImageList : public QAbstractListModel {
     const QStringList& paths() const { return paths_; }
     int count() const { return static_cast<int>(paths_.size()); }
     bool isEmpty() const { return paths_.isEmpty(); }
+    // The count as the window shows it under the list, with `selected`
+    // rows: "No images", "1 image", "120 images", "120 images, 3 selected"
+    // (a selection of one is not counted).
+    QString CountText(int selected) const;
     // The path of `row`; empty for a row outside the list.
     QString pathAt(int row) const;
     // The lower-case extensions a drop accepts (AcceptedImageExtensions).
