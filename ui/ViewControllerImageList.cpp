@@ -3,6 +3,7 @@
 #include <QLabel>
 
 #include "ui/ViewController.h"
+#include "ui/dialogs/ListQuestions.h"
 #include "ui/list/ImagePaths.h"
 #include "ui/preview/CropAdjustmentStore.h"
 #include "ui/preview/CropPreviewView.h"
@@ -13,8 +14,6 @@ namespace vellumo {
 namespace {
 
 constexpr char kNoImagesChosen[] = "The images could not be loaded.";
-constexpr char kRemoveAllQuestion[] =
-    "Are you sure you want to remove all the images from the list?";
 
 }  // namespace
 
@@ -56,10 +55,7 @@ bool ViewController::AgreeToEmptyTheList() {
     if (imageList_->isEmpty()) {
         return true;
     }
-    const MessageBoxRequest question{QString::fromLatin1(kRemoveAllQuestion),
-                                     MessageBoxStyle::Warning,
-                                     {QStringLiteral("Yes"), QStringLiteral("No")}};
-    return services_.showMessageBox(question) != kFirstButtonAnswer + 1;
+    return services_.showMessageBox(RemoveAllRequest()) != kRemoveAllNo;
 }
 
 void ViewController::OnRemoveAll() {

@@ -334,7 +334,7 @@ class AdjustCropTest : public QObject {
         file.write(R"({"version": 1, "images": [{"path": "/a.jpg",
             "rect": {"x": 0, "y": 0, "width": -3, "height": 5}}]})");
         file.close();
-        f.loaded.boxAnswers.push_back(vellumo::kFirstButtonAnswer + 1);  // Don't Save
+        f.loaded.boxAnswers.push_back(vellumo::PlanFiles::kDontSaveAdjustments);
         f.loaded.openDialogAnswers.push_back(QStringList{plan});
         const std::size_t before = f.loaded.boxes.size();
         f.Action("actionOpenCropPlan").trigger();
@@ -376,12 +376,12 @@ class AdjustCropTest : public QObject {
         const std::size_t quiet = f.loaded.boxes.size();
         QCOMPARE(quiet, f.loaded.boxes.size());
         f.Drag(f.Centre(), QPoint(-25, 0));
-        f.loaded.boxAnswers.push_back(vellumo::kFirstButtonAnswer + 2);  // Cancel
+        f.loaded.boxAnswers.push_back(vellumo::PlanFiles::kKeepAdjustments);
         QVERIFY(!f.loaded.controller().windowShouldClose(f.loaded.window()));
         QCOMPARE(f.loaded.boxes.back().text,
                  QStringLiteral("Save the crop adjustments before closing?"));
         QCOMPARE(f.loaded.boxes.back().buttons, (QStringList{"Save", "Don't Save", "Cancel"}));
-        f.loaded.boxAnswers.push_back(vellumo::kFirstButtonAnswer + 1);  // Don't Save
+        f.loaded.boxAnswers.push_back(vellumo::PlanFiles::kDontSaveAdjustments);
         QVERIFY(f.loaded.controller().windowShouldClose(f.loaded.window()));
         // Undone back to the state saved (none): nothing to ask.
         f.Action("actionUndo").trigger();

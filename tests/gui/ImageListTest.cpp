@@ -15,6 +15,7 @@
 
 #include "tests/gui/support/LoadedWindow.h"
 #include "tests/gui/support/SizedImage.h"
+#include "ui/dialogs/ListQuestions.h"
 #include "ui/dialogs/MessageBox.h"
 #include "ui/list/FileKindIcons.h"
 #include "ui/list/ImageTableView.h"
@@ -22,6 +23,8 @@
 
 using vellumo::CropPreviewView;
 using vellumo::ImageTableView;
+using vellumo::kRemoveAllNo;
+using vellumo::kRemoveAllYes;
 using vellumo::MessageBoxRequest;
 using vellumo::MessageBoxStyle;
 using vellumo::ViewController;
@@ -269,7 +272,7 @@ class ImageListTest : public QObject {
         LoadedWindow loaded;
         loaded.AddImages({"/pics/a.jpg", "/pics/b.png"});
         loaded.Control<QLineEdit>("textFieldName").setText("kept");
-        loaded.boxAnswers.push_back(1001);  // "No"
+        loaded.boxAnswers.push_back(kRemoveAllNo);
         loaded.Control<QAction>("actionNew").trigger();
         QCOMPARE(loaded.boxes.size(), 1u);
         QCOMPARE(loaded.boxes.front(),
@@ -279,7 +282,7 @@ class ImageListTest : public QObject {
         QCOMPARE(loaded.imageList().paths().size(), 2);
         QCOMPARE(loaded.Control<QLineEdit>("textFieldName").text(), "kept");
 
-        loaded.boxAnswers.push_back(1000);  // "Yes"
+        loaded.boxAnswers.push_back(kRemoveAllYes);
         loaded.Control<QAction>("actionNew").trigger();
         QVERIFY(loaded.imageList().paths().isEmpty());
         QCOMPARE(loaded.Control<QLineEdit>("textFieldName").text(),
@@ -321,7 +324,7 @@ class ImageListTest : public QObject {
         LoadedWindow loaded;
         loaded.AddImages({"/pics/a.jpg", "/pics/b.png"});
         ShowSomethingInThePreview(loaded);
-        loaded.boxAnswers.push_back(1001);
+        loaded.boxAnswers.push_back(kRemoveAllNo);
 
         loaded.Control<QPushButton>("buttonRemoveAll").click();
 
@@ -339,7 +342,7 @@ class ImageListTest : public QObject {
         LoadedWindow loaded;
         loaded.AddImages({"/pics/a.jpg", "/pics/b.png"});
         ShowSomethingInThePreview(loaded);
-        loaded.boxAnswers.push_back(1000);
+        loaded.boxAnswers.push_back(kRemoveAllYes);
 
         loaded.controller().OnRemoveAll();
 

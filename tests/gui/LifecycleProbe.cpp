@@ -25,6 +25,7 @@
 #include "app/ApplicationMain.h"
 #include "ui/MainWindow.h"
 #include "ui/ViewController.h"
+#include "ui/dialogs/CropQuestions.h"
 
 namespace {
 
@@ -54,7 +55,7 @@ void CropThenEnd(const char* mode, const QString& out, const QStringList& images
     };
     // Whole copies are written: the question about them is answered yes.
     controller.services().showMessageBox = [](const vellumo::MessageBoxRequest&) {
-        return vellumo::kFirstButtonAnswer;
+        return vellumo::kGoOnAnswer;
     };
     controller.OnAddImages();
     window.findChild<QLineEdit*>("textFieldOutputFolder")->setText(out);

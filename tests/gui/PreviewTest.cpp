@@ -20,6 +20,7 @@
 #include "tests/gui/support/Workers.h"
 #include "tests/support/Commands.h"
 #include "ui/controls/LatchingRadioButton.h"
+#include "ui/dialogs/ListQuestions.h"
 #include "ui/list/ImageTableView.h"
 #include "ui/preview/CropPreviewView.h"
 
@@ -303,7 +304,7 @@ class PreviewTest : public QObject {
                 warning);
 
         // The mark goes with the file: listed anew, it starts afresh.
-        loaded.boxAnswers.push_back(1000);
+        loaded.boxAnswers.push_back(vellumo::kRemoveAllYes);
         loaded.controller().OnRemoveAll();
         loaded.AddImages({bad});
         QCOMPARE(IconImage(table.model()->index(0, 0).data(Qt::DecorationRole).value<QIcon>()),

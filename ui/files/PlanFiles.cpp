@@ -33,14 +33,14 @@ bool PlanFiles::AgreeToLeaveAdjustments() {
     if (!adjustments_.HasUnsavedAdjustments()) {
         return true;
     }
-    const int answer = services_.showMessageBox(
+    const BoxAnswer answer = services_.showMessageBox(
         {QString::fromLatin1(kLeaveAdjustmentsQuestion),
          MessageBoxStyle::Warning,
          {QStringLiteral("Save"), QStringLiteral("Don't Save"), QStringLiteral("Cancel")}});
-    if (answer == kFirstButtonAnswer) {
+    if (answer == kSaveAdjustments) {
         return Save();
     }
-    return answer == kFirstButtonAnswer + 1;
+    return answer == kDontSaveAdjustments;
 }
 
 bool PlanFiles::Save() {

@@ -8,6 +8,8 @@
 
 #include <QObject>
 
+#include "ui/dialogs/MessageBox.h"
+
 namespace vellumo {
 
 class CropAdjustmentStore;
@@ -19,6 +21,11 @@ class PlanFiles : public QObject {
     Q_OBJECT
 
   public:
+    // The answers of the question about unsaved adjustments.
+    static constexpr BoxAnswer kSaveAdjustments{0};
+    static constexpr BoxAnswer kDontSaveAdjustments{1};
+    static constexpr BoxAnswer kKeepAdjustments{2};  // "Cancel"
+
     PlanFiles(ImageList& list, SettingsPanel& settings, CropAdjustmentStore& adjustments,
               WindowServices& services, QObject* parent = nullptr);
 

@@ -64,7 +64,7 @@ class LoadedWindow {
     void AddImages(const QStringList& paths);
 
     std::vector<MessageBoxRequest> boxes;
-    std::deque<int> boxAnswers;
+    std::deque<BoxAnswer> boxAnswers;
     std::vector<OpenFilesRequest> openDialogs;
     std::deque<OpenFilesResult> openDialogAnswers;
     std::vector<SaveFileRequest> saveDialogs;
