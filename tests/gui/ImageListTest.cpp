@@ -8,10 +8,13 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QUrl>
 
 #include "tests/gui/support/LoadedWindow.h"
 #include "tests/gui/support/SizedImage.h"
@@ -97,6 +100,53 @@ class ImageListTest : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
+    // The model on its own, without a window.
+    void theListRefusesDuplicatesAndAnnouncesItsRows() {
+        vellumo::ImageList list;
+        QSignalSpy inserted(&list, &QAbstractItemModel::rowsInserted);
+        QSignalSpy removed(&list, &QAbstractItemModel::rowsRemoved);
+        list.Append({"/p/a.jpg", "/p/b.png", "/p/a.jpg"});
+        list.Append({"/p/b.png", "/p/c.gif"});
+        QCOMPARE(list.paths(), QStringList({"/p/a.jpg", "/p/b.png", "/p/c.gif"}));
+        QCOMPARE(list.rowCount(), 3);
+        QCOMPARE(inserted.size(), 2);
+        QCOMPARE(list.index(2, 0).data().toString(), QStringLiteral("/p/c.gif"));
+
+        list.MarkUnreadable("/p/b.png", "broken");
+        QCOMPARE(list.RemoveRows({0, 1}), QStringList({"/p/b.png", "/p/a.jpg"}));
+        QCOMPARE(list.paths(), QStringList({"/p/c.gif"}));
+        QCOMPARE(removed.size(), 2);
+        // A file that left the list starts afresh when it comes back.
+        list.Append({"/p/b.png"});
+        QCOMPARE(list.UnreadableReason("/p/b.png"), QString());
+        QCOMPARE(list.CountText(2), QStringLiteral("2 images, 2 selected"));
+    }
+
+    void theListTakesDroppedFilesBetweenRowsOnly() {
+        QTemporaryDir dir;
+        const QString png = dir.filePath("new.png");
+        const QString text = dir.filePath("notes.txt");
+        for (const QString& path : {png, text}) {
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::WriteOnly));
+        }
+        vellumo::ImageList list;
+        list.Append({"/p/a.jpg", "/p/b.jpg"});
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(png), QUrl::fromLocalFile(text),
+                      QUrl::fromLocalFile(dir.filePath("gone.png"))});
+        QCOMPARE(list.mimeTypes(), QStringList({"text/uri-list"}));
+        QVERIFY(!list.canDropMimeData(&data, Qt::CopyAction, -1, -1, list.index(0, 0)));
+        QVERIFY(!list.canDropMimeData(&data, Qt::MoveAction, 1, 0, QModelIndex()));
+        QVERIFY(list.canDropMimeData(&data, Qt::CopyAction, 1, 0, QModelIndex()));
+        // Only the existing file of an accepted kind is inserted, where dropped.
+        QVERIFY(list.dropMimeData(&data, Qt::CopyAction, 1, 0, QModelIndex()));
+        QCOMPARE(list.paths(), QStringList({"/p/a.jpg", png, "/p/b.jpg"}));
+        // Dropped again, it is already listed.
+        QVERIFY(list.dropMimeData(&data, Qt::CopyAction, 3, 0, QModelIndex()));
+        QCOMPARE(list.rowCount(), 3);
+    }
+
     void addingAsksForSeveralImageFilesOfTheTenExtensions() {
         LoadedWindow loaded;
         loaded.AddImages({"/pics/a.jpg"});
