@@ -63,7 +63,8 @@ void Report(const char* what, std::vector<double> times) {
 void WaitForPicture(vellumo::ViewController& controller, vellumo::CropPreviewView& view) {
     QElapsedTimer waited;
     waited.start();
-    while ((view.image().isNull() || controller.isPreviewPending()) && waited.elapsed() < 60000) {
+    while ((view.image().isNull() || controller.preview().isPending()) &&
+           waited.elapsed() < 60000) {
         QApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
     }
 }

@@ -39,14 +39,14 @@ double PressAndWait(vellumo::ViewController& controller, QTableView& table,
     QElapsedTimer clock;
     vellumo::bench::StallWatch watch;
     const auto connection = QObject::connect(&view, &vellumo::CropPreviewView::imageChanged, [&] {
-        if (!view.image().isNull() && !controller.isPreviewPending()) {
+        if (!view.image().isNull() && !controller.preview().isPending()) {
             loop.quit();
         }
     });
     watch.Start();
     clock.start();
     QTest::keyClick(&table, key);
-    if (controller.isPreviewPending() || view.image().isNull()) {
+    if (controller.preview().isPending() || view.image().isNull()) {
         loop.exec();
     }
     const double milliseconds = clock.nsecsElapsed() / 1e6;
@@ -87,7 +87,7 @@ int main(int argc, char** argv) {
     QElapsedTimer first;
     first.start();
     table.selectRow(0);
-    while (controller.isPreviewPending() || view.image().isNull()) {
+    while (controller.preview().isPending() || view.image().isNull()) {
         QApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
     }
     std::printf("first photo, decoded on demand: %.1f ms\n", first.nsecsElapsed() / 1e6);

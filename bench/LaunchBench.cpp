@@ -45,9 +45,9 @@ int main(int argc, char** argv) {
     clock.start();
     launch.launched(window, controller);
     const double listed = clock.nsecsElapsed() / 1e6;
-    if (controller.listImagePaths().size() != count) {
+    if (controller.imageList().paths().size() != count) {
         std::fprintf(stderr, "listed %lld of %d\n",
-                     static_cast<long long>(controller.listImagePaths().size()), count);
+                     static_cast<long long>(controller.imageList().paths().size()), count);
         return 1;
     }
     watch.Start();

@@ -65,7 +65,7 @@ int main(int argc, char** argv) {
     vellumo::ViewController& controller = shown.controller;
     // Every question gets its default answer; the report is closed.
     controller.services().showMessageBox = [](const vellumo::MessageBoxRequest& request) {
-        return vellumo::kFirstButtonAnswer + request.defaultButton;
+        return vellumo::BoxAnswer{request.defaultButton};
     };
     controller.services().chooseFilesToOpen = [&](const vellumo::OpenFilesRequest&) {
         return vellumo::OpenFilesResult(sources);

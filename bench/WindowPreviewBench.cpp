@@ -41,13 +41,13 @@ Timing SelectAndWait(vellumo::ViewController& controller, QTableView& table,
     table.clearSelection();
     // A picture kept from an earlier selection would be shown at once: this
     // times the decode (vellumo_bench_browsing times the kept pictures).
-    controller.previewPrefetch().Clear();
+    controller.preview().prefetch().Clear();
     QApplication::processEvents();
     vellumo::bench::StallWatch watch;
     QEventLoop loop;
     QElapsedTimer clock;
     const auto connection = QObject::connect(&view, &vellumo::CropPreviewView::imageChanged, [&] {
-        if (!view.image().isNull() && !controller.isPreviewPending()) {
+        if (!view.image().isNull() && !controller.preview().isPending()) {
             loop.quit();
         }
     });

@@ -1,29 +1,31 @@
+// The window's controller: building and connecting the parts, the
+// interface's three states (start values, locked while a crop job runs, idle
+// again afterwards) and the window-level commands (quit, close, new, the
+// tutorial, the profiles' title).
+
 #include "ui/ViewController.h"
 
 #include <QAction>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
+#include <QCoreApplication>
+#include <QFileInfo>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QShortcut>
 #include <QTabWidget>
+#include <QUrl>
 
-#include "ui/controls/AutoCropRuleBox.h"
+#include "ui/ProgressFraction.h"
 #include "ui/controls/ButtonAction.h"
-#include "ui/controls/LatchingRadioButton.h"
-#include "ui/controls/PopUpChoices.h"
-#include "ui/controls/QualitySlider.h"
-#include "ui/controls/ResizeRuleBox.h"
-#include "ui/controls/SettingsBinding.h"
-#include "ui/controls/Stepper.h"
-#include "ui/controls/TextFieldNumber.h"
-#include "ui/list/ImageListModel.h"
+#include "ui/controls/SettingsPanel.h"
+#include "ui/files/PlanFiles.h"
+#include "ui/files/ProfileFiles.h"
+#include "ui/job/WindowCropJob.h"
+#include "ui/list/ImageList.h"
 #include "ui/list/ImagePaths.h"
 #include "ui/preview/CropAdjustmentStore.h"
 #include "ui/preview/CropPreviewView.h"
-#include "ui/preview/PreviewPrefetch.h"
+#include "ui/preview/PreviewSession.h"
+#include "ui/sheet/ContactSheetController.h"
 #include "ui_MainWindow.h"
 #include "worker/WorkerImageProcessor.h"
 
@@ -31,23 +33,14 @@ namespace vellumo {
 
 ViewController::ViewController(QObject* parent)
     : QObject(parent),
-      acceptedExtensions_(AcceptedImageExtensions()),
-      imageListModel_(new ImageListModel(listImagePaths_, this)),
+      imageList_(new ImageList(this)),
       services_(WindowServices::Desktop(
           [this]() -> QWidget* { return view_.isNull() ? nullptr : view_->window(); })),
       // Decoding and encoding happen in worker processes: a file that crashes
       // an image library takes down a worker, never the window.
-      previewDecoder_(std::make_shared<WorkerPreviewDecoder>()),
       imageProcessor_(std::make_shared<WorkerImageProcessor>()),
-      // Pictures made ahead come from workers at the lowest priority, so
-      // they never take a core from the picture of the row just selected.
-      prefetchDecoder_(std::make_shared<WorkerPreviewDecoder>(WorkerLimits::Background())),
-      prefetch_(new PreviewPrefetch(this)),
+      preview_(new PreviewSession(this)),
       cropAdjustments_(new CropAdjustmentStore(this)) {
-    // A long decode (a huge PNG) must not hold up the next selection's.
-    previewWork_.setMaxThreadCount(2);
-    // One job at a time, its images one after another.
-    jobWork_.setMaxThreadCount(1);
     previewResizeSettle_.setSingleShot(true);
     previewResizeSettle_.setInterval(kPreviewResizeSettleMs);
     connect(&previewResizeSettle_, &QTimer::timeout, this,
@@ -55,47 +48,21 @@ ViewController::ViewController(QObject* parent)
 }
 
 ViewController::~ViewController() {
+    // A job under way uses the services: it ends first.
+    delete cropJob_;
     // The window and the table may outlive their delegate.
     if (auto* window = qobject_cast<MainWindow*>(view_.data())) {
         window->SetDelegate(nullptr);
-    }
-    if ((ui_ != nullptr)) {
-        ui_->tableViewImage->SetDropHandler(nullptr);
     }
 }
 
 void ViewController::LoadView(MainWindow& window) {
     view_ = &window;
     ui_ = &window.ui();
-    settingsBinding_ = std::make_unique<SettingsBinding>(SettingsBinding::Controls{
-        *ui_->radioAutoCrop,
-        *ui_->comboAutoCropFormat,
-        *ui_->autoCropRule,
-        *ui_->radioCustomCrop,
-        *ui_->radioCustomCropPixels,
-        *ui_->radioCustomCropPercents,
-        *ui_->textFieldCustomCropPixelsOriginX,
-        *ui_->textFieldCustomCropPixelsOriginY,
-        *ui_->textFieldCustomCropPixelsWidth,
-        *ui_->textFieldCustomCropPixelsHeight,
-        *ui_->textFieldCustomCropPercentsOriginX,
-        *ui_->textFieldCustomCropPercentsOriginY,
-        *ui_->textFieldCustomCropPercentsWidth,
-        *ui_->textFieldCustomCropPercentsHeight,
-        *ui_->stepperCustomCropPercentsOriginX,
-        *ui_->stepperCustomCropPercentsOriginY,
-        *ui_->stepperCustomCropPercentsWidth,
-        *ui_->stepperCustomCropPercentsHeight,
-        *ui_->resizeRule,
-        *ui_->comboFormat,
-        *ui_->sliderQuality,
-        *ui_->labelQuality,
-        *ui_->textFieldName,
-        *ui_->textFieldOutputFolder,
-        *ui_->checkKeepEXIFInformationAndCreationDate,
-        *ui_->checkReplaceOriginals,
-        *ui_->checkCropJPEGFilesWithoutReencoding,
-    });
+    settings_ = new SettingsPanel(*ui_, services_, this);
+    profiles_ = new ProfileFiles(*settings_, services_, this);
+    plans_ = new PlanFiles(*imageList_, *settings_, *cropAdjustments_, services_, this);
+    cropJob_ = new WindowCropJob(*ui_, services_, this);
     ConnectCommands();
     SetUpControls();
     ConnectContactSheet();
@@ -108,41 +75,11 @@ void ViewController::SetUpControls() {
         window->SetDelegate(this);
     }
 
-    // Files dragged from a file manager arrive as a list of file URLs.
-    ui_->tableViewImage->AcceptDraggedTypes({QStringLiteral("text/uri-list")});
-
-    ui_->tableViewImage->SetDropHandler(this);
-    ui_->tableViewImage->SetImageListModel(imageListModel_);
-
-    ui_->comboAutoCropFormat->clear();
-    ui_->comboAutoCropFormat->addItems(AutoCropFormatTitles());
-
-    ui_->comboFormat->clear();
-    ui_->comboFormat->addItems(OutputFormatTitles());
-
-    for (QLineEdit* field :
-         {ui_->textFieldCustomCropPixelsOriginX, ui_->textFieldCustomCropPixelsOriginY,
-          ui_->textFieldCustomCropPixelsWidth, ui_->textFieldCustomCropPixelsHeight,
-          ui_->textFieldCustomCropPercentsOriginX, ui_->textFieldCustomCropPercentsOriginY,
-          ui_->textFieldCustomCropPercentsWidth, ui_->textFieldCustomCropPercentsHeight}) {
-        AcceptNumbersOnly(*field);
-    }
+    // The table shows the list and takes its drops (files dragged from a
+    // file manager arrive as a list of file URLs).
+    ui_->tableViewImage->SetImageList(imageList_);
 
     ResetInterface();
-}
-
-void ViewController::setCurrentImage(const Image& image) {
-    currentImage_ = image;
-    previewPicture_ = image;
-}
-
-void ViewController::SetPreviewDecoder(std::shared_ptr<PreviewDecoder> decoder) {
-    if (!decoder) {
-        Fatal("the window needs a preview decoder");
-    }
-    previewDecoder_ = std::move(decoder);
-    prefetchDecoder_ = previewDecoder_;
-    prefetch_->Clear();
 }
 
 void ViewController::SetImageProcessor(std::shared_ptr<ImageProcessor> processor) {
@@ -152,16 +89,34 @@ void ViewController::SetImageProcessor(std::shared_ptr<ImageProcessor> processor
     imageProcessor_ = std::move(processor);
 }
 
+void ViewController::OnCropImages() {
+    // One snapshot for the checks, the questions and the job: the interface
+    // is locked from the questions on, so the controls cannot change after.
+    // Adjusted rectangles are part of it: undoing one while the job runs
+    // does not change what it writes.
+    CropRequest request;
+    request.settings = settings_->Read();
+    request.images = NativePaths(imageList_->paths());
+    request.adjustments = cropAdjustments_->ForJob(imageList_->paths());
+    cropJob_->Crop(std::move(request), imageProcessor_);
+}
+
+void ViewController::OnStopCropping() {
+    cropJob_->Stop();
+}
+
+bool ViewController::isCropping() const {
+    return cropJob_ != nullptr && cropJob_->isCropping();
+}
+
 int ViewController::imageCount() const {
-    return static_cast<int>(listImagePaths_.size());
+    return imageList_->count();
 }
 
 void ViewController::ConnectCommands() {
     ConnectAdjustments();
     connect(ui_->actionNew, &QAction::triggered, this, &ViewController::OnFileNew);
-    connect(ui_->actionLoadProfile, &QAction::triggered, this, &ViewController::OnLoadProfile);
-    connect(ui_->actionSaveProfile, &QAction::triggered, this, &ViewController::OnSaveProfile);
-    connect(ui_->actionSaveProfileAs, &QAction::triggered, this, &ViewController::OnSaveProfileAs);
+    ConnectProfiles();
     connect(ui_->actionQuit, &QAction::triggered, this, &ViewController::OnAppQuit);
     connect(ui_->actionVideoTutorial, &QAction::triggered, this, &ViewController::OnVideoTutorial);
 
@@ -183,77 +138,124 @@ void ViewController::ConnectCommands() {
             &ViewController::OnRemoveSelected);
     // However the list changed (added, dropped, removed, reset), its count
     // follows.
-    connect(imageListModel_, &QAbstractItemModel::modelReset, this,
-            &ViewController::ShowImageCount);
-    connect(imageListModel_, &QAbstractItemModel::rowsInserted, this,
-            &ViewController::ShowImageCount);
-    connect(ui_->imageViewCropPreview, &CropPreviewView::resized, &previewResizeSettle_,
-            qOverload<>(&QTimer::start));
-    ConnectSettingControls();
+    connect(imageList_, &QAbstractItemModel::modelReset, this, &ViewController::ShowImageCount);
+    connect(imageList_, &QAbstractItemModel::rowsInserted, this, &ViewController::ShowImageCount);
+    connect(imageList_, &QAbstractItemModel::rowsRemoved, this, &ViewController::ShowImageCount);
+    ConnectPreview();
+    ConnectSettings();
     connect(ui_->buttonCropImages, &QPushButton::clicked, this, &ViewController::OnCropImages);
     connect(ui_->buttonStopCropping, &QPushButton::clicked, this, &ViewController::OnStopCropping);
+    connect(cropJob_, &WindowCropJob::cropStarted, this, &ViewController::DisableInterface);
+    connect(cropJob_, &WindowCropJob::cropEnded, this, &ViewController::EnableInterface);
     auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), view_->window());
     escape->setContext(Qt::WindowShortcut);
     connect(escape, &QShortcut::activated, this, &ViewController::OnStopCropping);
 }
 
-void ViewController::ConnectSettingControls() {
-    // Only what the user does reaches the handlers: clicks, choices from a
-    // list, typing, steps. Values the program sets send nothing.
-    connect(ui_->radioAutoCrop, &QAbstractButton::clicked, this,
-            &ViewController::OnAutoCropSelected);
-    connect(ui_->comboAutoCropFormat, &QComboBox::activated, this,
-            &ViewController::OnAutoCropFormatSelected);
-    connect(ui_->autoCropRule, &AutoCropRuleBox::changed, this, &ViewController::OnCropRuleChanged);
-    connect(ui_->resizeRule, &ResizeRuleBox::changed, this, &ViewController::UpdateCropPreview);
-    connect(ui_->radioCustomCrop, &QAbstractButton::clicked, this,
-            &ViewController::OnCustomCropSelected);
-    connect(ui_->radioCustomCropPixels, &QAbstractButton::clicked, this,
-            &ViewController::OnCustomCropPixelsSelected);
-    connect(ui_->textFieldCustomCropPixelsOriginX, &QLineEdit::textEdited, this,
-            &ViewController::OnCustomCropPixelsOriginXChanged);
-    connect(ui_->textFieldCustomCropPixelsOriginY, &QLineEdit::textEdited, this,
-            &ViewController::OnCustomCropPixelsOriginYChanged);
-    connect(ui_->textFieldCustomCropPixelsWidth, &QLineEdit::textEdited, this,
-            &ViewController::OnCustomCropPixelsWidthChanged);
-    connect(ui_->textFieldCustomCropPixelsHeight, &QLineEdit::textEdited, this,
-            &ViewController::OnCustomCropPixelsHeightChanged);
-    connect(ui_->radioCustomCropPercents, &QAbstractButton::clicked, this,
-            &ViewController::OnCustomCropPercentsSelected);
-    connect(ui_->textFieldCustomCropPercentsOriginX, &QLineEdit::textEdited, this,
-            &ViewController::OnCustomCropPercentsOriginXChanged);
-    connect(ui_->textFieldCustomCropPercentsOriginY, &QLineEdit::textEdited, this,
-            &ViewController::OnCustomCropPercentsOriginYChanged);
-    connect(ui_->textFieldCustomCropPercentsWidth, &QLineEdit::textEdited, this,
-            &ViewController::OnCustomCropPercentsWidthChanged);
-    connect(ui_->textFieldCustomCropPercentsHeight, &QLineEdit::textEdited, this,
-            &ViewController::OnCustomCropPercentsHeightChanged);
-    connect(ui_->stepperCustomCropPercentsOriginX, &Stepper::valueStepped, this,
-            &ViewController::OnStepperCustomCropPercentsOriginXChanged);
-    connect(ui_->stepperCustomCropPercentsOriginY, &Stepper::valueStepped, this,
-            &ViewController::OnStepperCustomCropPercentsOriginYChanged);
-    connect(ui_->stepperCustomCropPercentsWidth, &Stepper::valueStepped, this,
-            &ViewController::OnStepperCustomCropPercentsWidthChanged);
-    connect(ui_->stepperCustomCropPercentsHeight, &Stepper::valueStepped, this,
-            &ViewController::OnStepperCustomCropPercentsHeightChanged);
-
-    connect(ui_->comboFormat, &QComboBox::activated, this, &ViewController::OnFormatSelected);
-    connect(ui_->sliderQuality, &QualitySlider::doubleValueMoved, this,
-            &ViewController::OnQualityChanged);
-    connect(ui_->textFieldName, &QLineEdit::textEdited, this, &ViewController::OnNameChanged);
-    connect(ui_->buttonBrowse, &QPushButton::clicked, this, &ViewController::OnBrowse);
-    connect(ui_->checkKeepEXIFInformationAndCreationDate, &QAbstractButton::clicked, this,
-            &ViewController::OnKeepEXIFInformationAndCreationDateSelected);
-    connect(ui_->checkReplaceOriginals, &QAbstractButton::clicked, this,
-            &ViewController::OnReplaceOriginalsSelected);
-    connect(ui_->checkCropJPEGFilesWithoutReencoding, &QAbstractButton::clicked, this,
-            &ViewController::OnCropJPEGFilesWithoutReencodingSelected);
+void ViewController::ConnectContactSheet() {
+    contactSheet_ = new ContactSheetController(
+        *ui_, *imageList_,
+        [this](const QString& path, Size fullSize) {
+            return CropOfImage(settings_->Read(), path, fullSize);
+        },
+        this);
+    connect(contactSheet_, &ContactSheetController::deletePressed, this,
+            &ViewController::OnRemoveSelected);
 }
 
-void ViewController::EmptyPreview() {
-    shownRefresh_ = ++refreshCount_;
-    currentPath_.clear();
-    ui_->imageViewCropPreview->SetImage(QImage());
+void ViewController::RefreshContactSheet() {
+    if (contactSheet_ != nullptr) {
+        contactSheet_->RefreshCells();
+    }
+}
+
+void ViewController::ConnectSettings() {
+    connect(settings_, &SettingsPanel::cropChanged, this, &ViewController::UpdateCropPreview);
+    connect(settings_, &SettingsPanel::cropRuleChanged, this, &ViewController::OnCropRuleChanged);
+    connect(settings_, &SettingsPanel::outputChanged, this, &ViewController::UpdateImageSize);
+}
+
+void ViewController::ResetInterface() {
+    imageList_->Clear();
+    cropAdjustments_->ReplaceAll({});
+    ui_->tabView->setCurrentIndex(0);
+    settings_->Reset();
+    SetProgressFraction(*ui_->progressIndicator, 0.0);
+    ClearImageListSelection();
+    EmptyPreview();
+}
+
+void ViewController::DisableInterface() {
+    // The job reads the list and the settings while it runs, so nothing that
+    // changes them may be used meanwhile. The table, the tabs, the preview,
+    // the labels, the progress bar and the menu stay as they are.
+    settings_->Lock();
+    // A plan opened would replace the list; the rectangle on the preview is
+    // shown, not adjusted (the job has its own copy of the adjustments).
+    ui_->actionOpenCropPlan->setEnabled(false);
+    ui_->imageViewCropPreview->SetFrameAdjustable(false);
+}
+
+void ViewController::EnableInterface() {
+    settings_->Unlock();
+    ui_->actionOpenCropPlan->setEnabled(true);
+    ui_->imageViewCropPreview->SetFrameAdjustable(true);
+}
+
+bool ViewController::windowShouldClose(QWidget&) {
+    // Nothing else is ever saved or asked, also while a crop job runs:
+    // closing the one window ends the application. Only rectangles adjusted
+    // by hand, which took a person's work, are offered to be kept.
+    return plans_->AgreeToLeaveAdjustments();
+}
+
+void ViewController::OnAppQuit() {
+    // Quitting closes the window: the same one question first.
+    if (!plans_->AgreeToLeaveAdjustments()) {
+        return;
+    }
+    QCoreApplication::quit();
+}
+
+void ViewController::OnFileNew() {
+    // A list a person has built is not thrown away unasked; with unsaved
+    // adjustments, the question about them is the one asked.
+    if (cropAdjustments_->HasUnsavedAdjustments() ? !plans_->AgreeToLeaveAdjustments()
+                                                  : !AgreeToEmptyTheList()) {
+        return;
+    }
+    ResetInterface();
+    profiles_->Forget();
+}
+
+void ViewController::ConnectProfiles() {
+    connect(ui_->actionLoadProfile, &QAction::triggered, profiles_, &ProfileFiles::Load);
+    connect(ui_->actionSaveProfile, &QAction::triggered, profiles_, &ProfileFiles::Save);
+    connect(ui_->actionSaveProfileAs, &QAction::triggered, profiles_, &ProfileFiles::SaveAs);
+    // The title names the current profile: "Vellumo — Portraits".
+    connect(profiles_, &ProfileFiles::currentPathChanged, this, [this](const QString& path) {
+        if (view_.isNull()) {
+            return;
+        }
+        QString title = QString::fromLatin1(kWindowTitle);
+        if (!path.isEmpty()) {
+            title += QStringLiteral(" \u2014 ") + QFileInfo(path).completeBaseName();
+        }
+        view_->window()->setWindowTitle(title);
+    });
+}
+
+void ViewController::OnVideoTutorial() {
+    const QUrl address(QString::fromLatin1(kVideoTutorialAddress), QUrl::StrictMode);
+    if (!address.isValid()) {
+        return;
+    }
+    // Without a browser the address is given, so it can be opened elsewhere.
+    if (!services_.openUrl(address)) {
+        services_.showMessageBox(NoticeRequest(
+            QStringLiteral("No web browser could be opened. The video tutorial is at %1")
+                .arg(address.toString())));
+    }
 }
 
 }  // namespace vellumo

@@ -1,49 +1,35 @@
 #pragma once
 
-// The main window's controller. It owns everything the user works with in
-// the window: the ordered list of image paths, the image shown in the
-// preview, and the window's typed controls (Ui::MainWindow, from the
-// interface description). Every command of the window arrives here. All of it runs
-// on the GUI thread; decoding previews and the crop job run on worker
-// threads, which never touch a control: they get plain values taken on the
-// GUI thread and hand their results back to it as queued calls.
+// The main window's controller. It builds the parts of the window and
+// connects them; each part owns one thing:
+// - ImageList: the ordered image paths and their marks (the model of the
+//   table and of the contact sheet, which share one selection);
+// - PreviewSession: the selected image, decoded and drawn off the GUI thread;
+// - SettingsPanel: the setting controls, read and written as CropSettings;
+// - ContactSheetController: the contact sheet, the list/sheet switch and the
+//   thumbnails;
+// - ProfileFiles and PlanFiles: profiles and crop plans;
+// - WindowCropJob: the crop command, its questions, progress and report;
+// - CropAdjustmentStore: rectangles adjusted by hand, and their history.
+// What is left here: the list's commands, the selection travelling to the
+// preview and the labels, the interface's states and the window commands.
+// All of it runs on the GUI thread.
 
-#include <QElapsedTimer>
-#include <QImage>
 #include <QObject>
 #include <QPointer>
 #include <QString>
 #include <QStringList>
-#include <QThreadPool>
 #include <QTimer>
 #include <memory>
-#include <optional>
-#include <stop_token>
-#include <string>
-#include <vector>
 
-#include "batch/CropCommand.h"
-#include "batch/CropJob.h"
 #include "batch/CropRectangle.h"
 #include "batch/CropSettings.h"
 #include "batch/ImageProcessor.h"
-#include "batch/OutputPlan.h"
-#include "batch/PreviewDecoder.h"
-#include "imaging/Image.h"
 #include "ui/MainWindow.h"
 #include "ui/WindowServices.h"
-#include "ui/list/ImageTableView.h"
-#include "ui/preview/CropFrame.h"
-#include "ui/sheet/CellCrop.h"
-
-class QAction;
-class QCheckBox;
-class QComboBox;
-class QLabel;
-class QLineEdit;
-class QProgressBar;
-class QPushButton;
-class QTabWidget;
+#include "ui/controls/SettingsPanel.h"
+#include "ui/list/ImageList.h"
+#include "ui/preview/PreviewSession.h"
 
 namespace Ui {
 class MainWindow;
@@ -51,19 +37,13 @@ class MainWindow;
 
 namespace vellumo {
 
+class ContactSheetController;
 class CropAdjustmentStore;
-class ContactSheetParts;
-class CropPreviewView;
-class PreviewPrefetch;
-class ImageListModel;
-class LatchingRadioButton;
-class QualitySlider;
-class SettingsBinding;
-class AutoCropRuleBox;
-class ResizeRuleBox;
-class Stepper;
+class PlanFiles;
+class ProfileFiles;
+class WindowCropJob;
 
-class ViewController : public QObject, public WindowDelegate, public ListDropHandler {
+class ViewController : public QObject, public WindowDelegate {
     Q_OBJECT
 
   public:
@@ -73,141 +53,77 @@ class ViewController : public QObject, public WindowDelegate, public ListDropHan
     // become too small for it is decoded again.
     static constexpr int kPreviewResizeSettleMs = 200;
 
-    // Starts with an empty list, an empty current image, the accepted
-    // extensions, no profile, and no window yet.
+    // Starts with an empty list, no image, no profile, and no window yet.
     explicit ViewController(QObject* parent = nullptr);
+    // Ends a crop job under way first (it uses the services).
     ~ViewController() override;
 
-    // ---- Loading the window -----------------------------------------------
-
-    // Works with the controls of `window` (its typed Ui::MainWindow),
-    // connects the commands, then runs SetUpControls.
+    // Builds the window's parts over the controls of `window` (its typed
+    // Ui::MainWindow), connects them and the commands, then SetUpControls.
     void LoadView(MainWindow& window);
-    // Becomes the window's and the table's delegate, fills the two pop-up
-    // lists and resets the interface.
+    // Answers the window's close question, shows the list in the table and
+    // resets the interface.
     void SetUpControls();
 
-    // ---- State ------------------------------------------------------------
-
-    const QStringList& listImagePaths() const { return listImagePaths_; }
-    // The selected image as the labels and the crop rule see it: its full
-    // pixel size (the pixels shown are a smaller picture of it).
-    const Image& currentImage() const { return currentImage_; }
-    // Makes `image` current, shown as it is.
-    void setCurrentImage(const Image& image);
-    const QStringList& acceptedExtensions() const { return acceptedExtensions_; }
-    const QString& currentProfilePath() const { return currentProfilePath_; }
-    void setCurrentProfilePath(const QString& path) { currentProfilePath_ = path; }
-
+    ImageList& imageList() { return *imageList_; }
+    const ImageList& imageList() const { return *imageList_; }
+    PreviewSession& preview() { return *preview_; }
+    SettingsPanel& settings() { return *settings_; }
+    ProfileFiles& profiles() { return *profiles_; }
+    PlanFiles& plans() { return *plans_; }
+    CropAdjustmentStore& cropAdjustments() { return *cropAdjustments_; }
+    // Null before LoadView.
+    ContactSheetController* contactSheet() { return contactSheet_; }
     // The desktop services the commands use; tests replace them.
     WindowServices& services() { return services_; }
-
-    // What decodes the previews and what crops each image of a job; both
-    // work in this process unless replaced. A replacement is used from the
-    // next preview or job on.
-    void SetPreviewDecoder(std::shared_ptr<PreviewDecoder> decoder);
+    // What crops each image of a job (worker processes unless replaced); a
+    // replacement is used from the next job on.
     void SetImageProcessor(std::shared_ptr<ImageProcessor> processor);
 
-    // ---- Crop settings (ViewControllerCropModes.cpp) ----------------------
-
-    // Everything the crop rule and the job read from the controls, as they
-    // are now. The preview, the labels and the job all go through this.
-    CropSettings CropSettingsFromControls() const;
-    // Puts every setting into the controls (a loaded profile), then
-    // refreshes the preview.
-    void ApplySettingsToControls(const CropSettings& settings);
-
-    // ---- Interface states (ViewControllerInterfaceStates.cpp) -------------
-
-    // Puts every value back to its start value; enabled states are kept.
-    void ResetInterface();
-    // While a crop job runs: 27 controls disabled, the crop button "Cropping...".
-    void DisableInterface();
-    // After a crop job: the 27 controls enabled, the crop button "Crop Images",
-    // the quality slider by the output format.
-    void EnableInterface();
-
-    // ---- Image list (ViewControllerImageList.cpp) -------------------------
-
-    void RefreshImageList();
-    // Empties the current image and the preview and refreshes the dimension
-    // labels; the table's selected rows stay as they are.
-    void ClearImageListSelection();
-    int imageCount() const;
-
-    // ---- Preview and dimension labels (ViewControllerPreview.cpp) ---------
-
-    // The selected row's file becomes the current image (decoded away from
-    // the GUI thread, the preview busy meanwhile), then the preview and the
-    // labels are refreshed. No row, or one that cannot be decoded, clears
-    // them as ClearImageListSelection does; an undecodable row is marked.
-    void ShowSelectedImage();
-    // Redraws the preview with the crop marked (away from the GUI thread) and
-    // refreshes the labels. Nothing without a current image.
-    void UpdateCropPreview();
-    void UpdateImageSize();
-    // True while the preview still waits for a decode or a picture that was
-    // asked for last.
-    bool isPreviewPending() const;
-
-    // What has come back to the GUI thread for the preview, used or dropped
-    // as stale, and how often its size was checked after the view grew or
-    // shrank: something to wait for instead of waiting a while.
-    struct PreviewDeliveries {
-        quint64 decodes = 0;
-        quint64 pictures = 0;
-        quint64 sizeChecks = 0;
-    };
-    const PreviewDeliveries& previewDeliveries() const { return previewDeliveries_; }
-
-    // ---- Rectangles adjusted by hand (ViewControllerAdjustments.cpp) -------
-
-    CropAdjustmentStore& cropAdjustments() { return *cropAdjustments_; }
-    // The pictures made ahead for browsing (ViewControllerPreview.cpp).
-    PreviewPrefetch& previewPrefetch() { return *prefetch_; }
     // What the job does with the image at `path` of `fullSize` pixels under
     // `settings`: its adjusted rectangle if it has one, else the rule's.
     ResolvedCrop CropOfImage(const CropSettings& settings, const QString& path,
                              Size fullSize) const;
-    // ---- Contact sheet (ViewControllerContactSheet.cpp) --------------------
+    int imageCount() const;
+    // True from the moment a job is agreed to until its report is shown.
+    bool isCropping() const;
 
-    // The crop a contact sheet cell shows for the file at `path`, of
-    // `fullSize` upright pixels: the one place the sheet learns crops from.
-    std::optional<CellCrop> ContactSheetCellCrop(const QString& path, Size fullSize) const;
-    // Every cell's crop worked out afresh (the settings changed).
-    void RefreshContactSheet();
+    // Empties the list, the adjustments and the preview; every setting back
+    // to its start value (SettingsPanel::Reset); enabled states are kept.
+    void ResetInterface();
+    // While a crop job runs: the settings panel locked (the controls that
+    // change the list or the settings disabled, the crop button
+    // "Cropping..."), no crop plan to open, the preview's rectangle shown
+    // but not adjustable.
+    void DisableInterface();
+    // After a crop job: all of that undone, the output controls settled.
+    void EnableInterface();
 
-    // ---- Crop job (ViewControllerCropJob.cpp) -----------------------------
-
-    // True from the moment a job starts until its report is shown.
-    bool isCropping() const { return cropping_; }
-
-    // ---- Window and table delegate ----------------------------------------
+    // The selected row's file is opened in the preview (decoded away from the
+    // GUI thread, the preview busy meanwhile), then the preview and the labels
+    // are refreshed. No row, or one that cannot be decoded, clears them as
+    // ClearImageListSelection does; an undecodable row is marked.
+    void ShowSelectedImage();
+    // Closes the preview's image and empties the preview and the labels; the
+    // selected rows stay as they are.
+    void ClearImageListSelection();
+    // Redraws the preview with the crop marked (away from the GUI thread),
+    // the contact sheet's cells and the labels. No preview without an image.
+    void UpdateCropPreview();
+    // The four dimension labels and the note under the preview, for the
+    // current image under the settings as they are now.
+    void UpdateImageSize();
 
     bool windowShouldClose(QWidget& window) override;
-    bool canDropMimeData(ImageTableView& table, const DragInfo& info, int proposedRow,
-                         DropPosition operation) override;
-    bool dropMimeData(ImageTableView& table, const DragInfo& info, int row,
-                      DropPosition operation) override;
 
   public Q_SLOTS:
-    // ---- Window commands (ViewControllerWindowCommands.cpp) ---------------
 
     void OnAppQuit();
     void OnFileNew();
     void OnVideoTutorial();
-    void OnLoadProfile();
-    void OnSaveProfile();
-    void OnSaveProfileAs();
-
-    // ---- Adjustments and crop plans (ViewControllerAdjustments.cpp) -------
 
     void OnResetCrop();
     void OnResetAllCrops();
-    void OnOpenCropPlan();
-    void OnSaveCropPlan();
-
-    // ---- Image list commands (ViewControllerImageList.cpp) ----------------
 
     void OnAddImages();
     // Appends these images to the list in their order, leaving out those it
@@ -216,187 +132,55 @@ class ViewController : public QObject, public WindowDelegate, public ListDropHan
     void OnRemoveSelected();
     void OnRemoveAll();
 
-    // ---- Crop modes (ViewControllerCropModes.cpp) -------------------------
-
-    void OnAutoCropSelected();
-    void OnAutoCropFormatSelected();
-    void OnCustomCropSelected();
-    void OnCustomCropPixelsSelected();
-    void OnCustomCropPixelsOriginXChanged();
-    void OnCustomCropPixelsOriginYChanged();
-    void OnCustomCropPixelsWidthChanged();
-    void OnCustomCropPixelsHeightChanged();
-    void OnCustomCropPercentsSelected();
-    void OnStepperCustomCropPercentsOriginXChanged();
-    void OnStepperCustomCropPercentsOriginYChanged();
-    void OnStepperCustomCropPercentsWidthChanged();
-    void OnStepperCustomCropPercentsHeightChanged();
-    // The percent fields refresh the preview as they are typed in.
-    void OnCustomCropPercentsOriginXChanged();
-    void OnCustomCropPercentsOriginYChanged();
-    void OnCustomCropPercentsWidthChanged();
-    void OnCustomCropPercentsHeightChanged();
-
-    // ---- Output settings (ViewControllerOutputSettings.cpp) ---------------
-
-    void OnFormatSelected();
-    void OnQualityChanged();
-    void OnNameChanged();
-    void OnBrowse();
-    void OnKeepEXIFInformationAndCreationDateSelected();
-    // Each image's crop to replace its own file: the name, folder and format
-    // are then not used.
-    void OnReplaceOriginalsSelected();
-    void OnCropJPEGFilesWithoutReencodingSelected();
-
-    // ---- The crop command (ViewControllerCropJob.cpp) ---------------------
-
-    // Checks that there are images and an output folder (offering to make a
-    // missing one), asks before the originals are replaced, locks the
-    // interface, asks before writing only uncropped copies (after the
-    // images' sizes were read away from the GUI thread), settles images that
-    // would share an output path, asks about every existing output file,
-    // then starts the job on a worker thread and returns.
+    // Takes one snapshot of the list, the settings and the adjustments and
+    // hands it to the crop job (WindowCropJob::Crop).
     void OnCropImages();
-    // While a job runs (the Stop button, Esc): no new image begins, the
-    // images under way end without leaving a partial file, and the report
-    // says how many were written.
+    // Stops the running job (the Stop button, Esc).
     void OnStopCropping();
 
   private:
+    void ConnectCommands();
     void ConnectAdjustments();
+    void ConnectContactSheet();
+    void ConnectPreview();
+    void ConnectProfiles();
+    // The settings panel's changes to the preview and the labels.
+    void ConnectSettings();
     // The preview's rectangle moved or resized by a person.
     void OnCropAdjusted(const Rect& rect, bool byKeys);
     void OnAdjustmentsChanged(const QStringList& paths);
-    // Asks whether adjustments not yet saved in a plan should be, before
-    // they are thrown away; false when the person cancels (or the plan could
-    // not be saved).
-    bool AgreeToLeaveAdjustments();
-    // Saves a plan of the window's list, settings and adjustments; false
-    // when the person cancels or the file cannot be written.
-    bool SaveCropPlan();
-    // The contact sheet, its commands and the thumbnails, after SetUpControls.
-    void ConnectContactSheet();
-    // The list/contact sheet switch, and the table's wishes for thumbnails.
-    void ConnectViewChoice();
-    void ConnectTableThumbnails();
-    void ConnectCommands();
-    // The crop and output controls to their handlers.
-    void ConnectSettingControls();
-    // The controls a crop job disables, in the order it disables them.
-    std::vector<QWidget*> ControlsLockedWhileCropping() const;
-    // Enables the output controls that the format and the choice to replace
-    // the originals leave in use: the quality slider for formats with a
-    // quality, the metadata option for formats that carry metadata, the
-    // name, folder and format while the originals are not replaced.
-    void SettleOutputControls();
+    // Every contact sheet cell's crop worked out afresh.
+    void RefreshContactSheet();
     // The count under the list: "120 images", "120 images, 3 selected".
     void ShowImageCount();
     // Asks before a non-empty list is emptied; true when it may be.
     bool AgreeToEmptyTheList();
     // Empties the preview; pictures still being made for it are dropped.
     void EmptyPreview();
-
-    // Back on the GUI thread with a decoded preview or a veiled picture;
-    // results of a selection or refresh that is no longer the latest are
-    // dropped.
-    void ShowDecodedPreview(quint64 selection, const QString& path, const PreviewResult& result,
-                            const std::optional<Image>& placementPicture,
-                            const QImage& plainPicture);
-    // Decodes the rows around `path` ahead, for pictures of `side` pixels.
-    void PrefetchAround(const QString& path, int side);
     // A change of ratio, orientation or anchor.
     void OnCropRuleChanged();
-    void ShowCropPreview(quint64 refresh, const QImage& picture, const CropFrame& frame);
     // After the preview has grown: decodes the current image again when its
     // picture would now be shown enlarged.
     void DecodeAgainIfPictureTooSmall();
-
-    // Profiles (ViewControllerProfiles.cpp): the window's settings to the
-    // file at `path`; afterwards the window speaks of that profile.
-    void SaveProfileTo(const QString& path);
-    void ProfileIsNow(const QString& path);
-
-    // The crop command's steps, in order (ViewControllerCropJob.cpp): run
-    // on the job's thread once agreed to, the job started, each image
-    // reported, the end.
-    void RunCropCommand(std::shared_ptr<const CropCommand> command);
-    void StartCropJob(long count, const QString& folder);
-    void ReportCropProgress(long index);
-    void FinishCropCommand(const CropCommandResult& result);
-    void FinishCropJob(const JobReport& report);
-    void ShowCropResult(const JobReport& report);
-    void ShowCropRefusal(const CropRefusal& refusal);
-    // Ends the command before the job started, the interface unlocked.
-    void AbandonCropCommand();
-
-    // State, in declaration order.
-    QStringList listImagePaths_;
-    Image currentImage_;
-    const QStringList acceptedExtensions_;
-    QString currentProfilePath_;
-
-    // The line under the progress bar: which image the job is at, and how
-    // long it will take.
-    // How many images the list holds, under it.
-    // Under the preview: why the selected image is written whole or clipped,
-    // and whether only its first frame is.
-
-    // The menu commands.
 
     // The window's controls, as the interface description declares them;
     // owned by the window.
     Ui::MainWindow* ui_ = nullptr;
     QPointer<QWidget> view_;
-    // Between the setting controls and CropSettings, once they are connected.
-    std::unique_ptr<SettingsBinding> settingsBinding_;
-    // A child of the controller, made by ConnectContactSheet.
-    ContactSheetParts* contactSheet_ = nullptr;
-    ImageListModel* imageListModel_ = nullptr;
+    // The parts; children of the controller.
+    ImageList* imageList_ = nullptr;
     WindowServices services_;
-    std::shared_ptr<PreviewDecoder> previewDecoder_;
     std::shared_ptr<ImageProcessor> imageProcessor_;
-    std::shared_ptr<PreviewDecoder> prefetchDecoder_;
-
-    // Pictures of the rows around the selected one, made ahead.
-    PreviewPrefetch* prefetch_ = nullptr;
-    // Rectangles adjusted by hand, and their history.
+    PreviewSession* preview_ = nullptr;
     CropAdjustmentStore* cropAdjustments_ = nullptr;
-    // Where the current image comes from.
-    QString currentPath_;
-
-    // The current image's picture, as decoded for the preview, and how many
-    // pages or frames its file has.
-    Image previewPicture_;
-    // The reduced picture smart anchors judge, decoded with the selection
-    // while one is chosen (kPlacementPictureSide).
-    std::optional<Image> placementPicture_;
-    int currentPages_ = 1;
-    std::optional<JpegGrid> currentJpegGrid_;  // of the selected JPEG
-    // Counters that tell the latest selection and refresh from older ones.
-    quint64 selectionCount_ = 0;
-    quint64 refreshCount_ = 0;
-    quint64 shownRefresh_ = 0;
-    PreviewDeliveries previewDeliveries_;
+    // Made by LoadView, over the window's controls.
+    SettingsPanel* settings_ = nullptr;
+    ProfileFiles* profiles_ = nullptr;
+    PlanFiles* plans_ = nullptr;
+    WindowCropJob* cropJob_ = nullptr;
+    ContactSheetController* contactSheet_ = nullptr;
     // Waits for the preview's size to settle before decoding again.
     QTimer previewResizeSettle_;
-
-    bool cropping_ = false;
-    // Between DisableInterface and EnableInterface.
-    bool interfaceLocked_ = false;
-    long jobImageCount_ = 0;
-    long jobImagesHandled_ = 0;
-    // Stops the running job.
-    std::stop_source jobStop_;
-    // Where the report's "Show in Folder" leads.
-    QString jobFolder_;
-    QElapsedTimer jobClock_;
-
-    // Last, so that they go first: a controller that is destroyed waits for
-    // its workers (the application itself ends without destroying it, so it
-    // never waits for a job).
-    QThreadPool previewWork_;
-    QThreadPool jobWork_;
 };
 
 }  // namespace vellumo

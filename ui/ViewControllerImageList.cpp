@@ -3,6 +3,7 @@
 #include <QLabel>
 
 #include "ui/ViewController.h"
+#include "ui/dialogs/ListQuestions.h"
 #include "ui/list/ImagePaths.h"
 #include "ui/preview/CropAdjustmentStore.h"
 #include "ui/preview/CropPreviewView.h"
@@ -13,21 +14,11 @@ namespace vellumo {
 namespace {
 
 constexpr char kNoImagesChosen[] = "The images could not be loaded.";
-constexpr char kRemoveAllQuestion[] =
-    "Are you sure you want to remove all the images from the list?";
 
 }  // namespace
 
 void ViewController::OnAddImages() {
-    OpenFilesRequest request;
-    request.allowsMultipleSelection = true;
-    request.canChooseDirectories = false;
-    request.canCreateDirectories = false;
-    request.canChooseFiles = true;
-    request.allowedFileTypes = OpenFilesImageExtensions();
-    request.memoryKey = QStringLiteral("addImages");
-
-    const OpenFilesResult chosen = services_.chooseFilesToOpen(request);
+    const OpenFilesResult chosen = services_.chooseFilesToOpen(AddImagesRequest());
     if (!chosen) {
         return;
     }
@@ -43,85 +34,43 @@ void ViewController::OnAddImages() {
 }
 
 void ViewController::AppendImages(const QStringList& paths) {
-    // Each path is compared with the list as it has grown so far, so a path
-    // is never added twice, not even within one choice. Files are not opened
-    // here: an unreadable image is found when it is previewed or cropped.
-    AppendNewPaths(listImagePaths_, paths);
-    ui_->tableViewImage->RefreshRows();
+    imageList_->Append(paths);
     ClearImageListSelection();
 }
 
 void ViewController::OnRemoveSelected() {
-    if (listImagePaths_.isEmpty()) {
+    if (imageList_->isEmpty()) {
         return;
     }
-    // Every selected row goes, from the last up so the row numbers hold.
     const QList<int> rows = ui_->tableViewImage->SelectedRows();
     if (!rows.isEmpty()) {
-        QStringList removed;
-        for (qsizetype k = rows.size(); k-- > 0;) {
-            const int row = rows[k];
-            if (row >= 0 && row < listImagePaths_.size()) {
-                removed.push_back(listImagePaths_.takeAt(row));
-            }
-        }
-        cropAdjustments_->Forget(removed);
         ui_->tableViewImage->clearSelection();
-        ui_->tableViewImage->RefreshRows();
+        cropAdjustments_->Forget(imageList_->RemoveRows(rows));
         ClearImageListSelection();
     }
     EmptyPreview();
 }
 
 bool ViewController::AgreeToEmptyTheList() {
-    if (listImagePaths_.isEmpty()) {
+    if (imageList_->isEmpty()) {
         return true;
     }
-    const MessageBoxRequest question{QString::fromLatin1(kRemoveAllQuestion),
-                                     MessageBoxStyle::Warning,
-                                     {QStringLiteral("Yes"), QStringLiteral("No")}};
-    return services_.showMessageBox(question) != kFirstButtonAnswer + 1;
+    return services_.showMessageBox(RemoveAllRequest()) != kRemoveAllNo;
 }
 
 void ViewController::OnRemoveAll() {
-    if (listImagePaths_.isEmpty() || !AgreeToEmptyTheList()) {
+    if (imageList_->isEmpty() || !AgreeToEmptyTheList()) {
         return;
     }
-    listImagePaths_.clear();
+    imageList_->Clear();
     cropAdjustments_->ReplaceAll({});
-    ui_->tableViewImage->RefreshRows();
     ClearImageListSelection();
     EmptyPreview();
 }
 
 void ViewController::ShowImageCount() {
-    const qsizetype count = listImagePaths_.size();
-    QString text = count == 0   ? QStringLiteral("No images")
-                   : count == 1 ? QStringLiteral("1 image")
-                                : QStringLiteral("%1 images").arg(count);
-    const qsizetype selected = ui_->tableViewImage->SelectedRows().size();
-    if (selected > 1) {
-        text += QStringLiteral(", %1 selected").arg(selected);
-    }
-    ui_->labelImageCount->setText(text);
-}
-
-void ViewController::RefreshImageList() {
-    ui_->tableViewImage->RefreshRows();
-    ClearImageListSelection();
-}
-
-void ViewController::ClearImageListSelection() {
-    // A preview still being decoded belongs to a selection that is over.
-    ++selectionCount_;
-    ui_->imageViewCropPreview->SetBusy(false);
-    currentImage_ = Image();
-    previewPicture_ = Image();
-    placementPicture_.reset();
-    currentPages_ = 1;
-    currentJpegGrid_.reset();
-    EmptyPreview();
-    UpdateImageSize();
+    const auto selected = static_cast<int>(ui_->tableViewImage->SelectedRows().size());
+    ui_->labelImageCount->setText(imageList_->CountText(selected));
 }
 
 }  // namespace vellumo

@@ -16,8 +16,8 @@ class QWidget;
 namespace vellumo {
 
 struct WindowServices {
-    // Shows a modal box; returns the pressed button's answer (1000, 1001, ...).
-    std::function<int(const MessageBoxRequest&)> showMessageBox;
+    // Shows a modal box; returns which of its buttons was pressed.
+    std::function<BoxAnswer(const MessageBoxRequest&)> showMessageBox;
     // Runs a modal file dialog.
     std::function<OpenFilesResult(const OpenFilesRequest&)> chooseFilesToOpen;
     // Runs a modal save dialog.

@@ -4,6 +4,7 @@
 // rule, crop plans, and the question before unsaved adjustments are left.
 // The suite also runs at a device pixel ratio of 2.
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QComboBox>
 #include <QFile>
@@ -19,7 +20,7 @@
 #include "tests/support/Commands.h"
 #include "tests/support/TestImages.h"
 #include "ui/controls/LatchingRadioButton.h"
-#include "ui/list/ImageListModel.h"
+#include "ui/list/ImageList.h"
 #include "ui/preview/CropAdjustmentStore.h"
 #include "ui/preview/CropPreviewView.h"
 
@@ -128,7 +129,7 @@ class AdjustCropTest : public QObject {
             // The row carries the mark.
             const QModelIndex row =
                 f.loaded.Control<QAbstractItemView>("tableViewImage").model()->index(0, 0);
-            QVERIFY(row.data(vellumo::ImageListModel::kAdjustedRole).toBool());
+            QVERIFY(row.data(vellumo::ImageList::kAdjustedRole).toBool());
             QVERIFY(!f.View().liveRect().has_value());
         }
     }
@@ -308,10 +309,9 @@ class AdjustCropTest : public QObject {
         second.Show();
         second.openDialogAnswers.push_back(QStringList{plan});
         second.Control<QAction>("actionOpenCropPlan").trigger();
-        QCOMPARE(second.controller().listImagePaths().size(), 2);
-        QCOMPARE(second.controller().CropSettingsFromControls().mode, vellumo::CropMode::Auto);
-        QCOMPARE(second.controller().cropAdjustments().Adjustment(
-                     second.controller().listImagePaths()[0]),
+        QCOMPARE(second.imageList().paths().size(), 2);
+        QCOMPARE(second.settings().Read().mode, vellumo::CropMode::Auto);
+        QCOMPARE(second.controller().cropAdjustments().Adjustment(second.imageList().paths()[0]),
                  std::optional<Rect>(adjusted));
         QVERIFY(!second.controller().cropAdjustments().HasUnsavedAdjustments());
 
@@ -334,7 +334,7 @@ class AdjustCropTest : public QObject {
         file.write(R"({"version": 1, "images": [{"path": "/a.jpg",
             "rect": {"x": 0, "y": 0, "width": -3, "height": 5}}]})");
         file.close();
-        f.loaded.boxAnswers.push_back(vellumo::kFirstButtonAnswer + 1);  // Don't Save
+        f.loaded.boxAnswers.push_back(vellumo::PlanFiles::kDontSaveAdjustments);
         f.loaded.openDialogAnswers.push_back(QStringList{plan});
         const std::size_t before = f.loaded.boxes.size();
         f.Action("actionOpenCropPlan").trigger();
@@ -343,7 +343,7 @@ class AdjustCropTest : public QObject {
                  QStringLiteral("The crop plan %1 could not be opened: the rectangle of image 1 "
                                 "has a negative width.")
                      .arg(plan));
-        QCOMPARE(f.loaded.controller().listImagePaths(), f.paths);
+        QCOMPARE(f.loaded.imageList().paths(), f.paths);
         QCOMPARE(f.Adjusted(), std::optional<Rect>(adjusted));
     }
 
@@ -361,7 +361,7 @@ class AdjustCropTest : public QObject {
         loaded.Show();
         loaded.openDialogAnswers.push_back(QStringList{plan});
         loaded.Control<QAction>("actionOpenCropPlan").trigger();
-        QCOMPARE(loaded.controller().listImagePaths().size(), 2);
+        QCOMPARE(loaded.imageList().paths().size(), 2);
         QCOMPARE(loaded.boxes.back().text, QStringLiteral("1 image of the crop plan no longer "
                                                           "exists: %1")
                                                .arg(dir.filePath("gone.png")));
@@ -376,12 +376,12 @@ class AdjustCropTest : public QObject {
         const std::size_t quiet = f.loaded.boxes.size();
         QCOMPARE(quiet, f.loaded.boxes.size());
         f.Drag(f.Centre(), QPoint(-25, 0));
-        f.loaded.boxAnswers.push_back(vellumo::kFirstButtonAnswer + 2);  // Cancel
+        f.loaded.boxAnswers.push_back(vellumo::PlanFiles::kKeepAdjustments);
         QVERIFY(!f.loaded.controller().windowShouldClose(f.loaded.window()));
         QCOMPARE(f.loaded.boxes.back().text,
                  QStringLiteral("Save the crop adjustments before closing?"));
         QCOMPARE(f.loaded.boxes.back().buttons, (QStringList{"Save", "Don't Save", "Cancel"}));
-        f.loaded.boxAnswers.push_back(vellumo::kFirstButtonAnswer + 1);  // Don't Save
+        f.loaded.boxAnswers.push_back(vellumo::PlanFiles::kDontSaveAdjustments);
         QVERIFY(f.loaded.controller().windowShouldClose(f.loaded.window()));
         // Undone back to the state saved (none): nothing to ask.
         f.Action("actionUndo").trigger();

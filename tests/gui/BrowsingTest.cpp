@@ -31,7 +31,7 @@ struct Browsing {
     QStringList paths;
 
     Browsing() {
-        loaded.controller().SetPreviewDecoder(decoder);
+        loaded.preview().SetDecoder(decoder);
         loaded.Show();
         for (int i = 0; i < 6; ++i) {
             paths << vellumo::test::Write(vellumo::test::Plain(400, 300, kColours[i]),
@@ -48,7 +48,7 @@ struct Browsing {
         const auto& view = loaded.Control<vellumo::CropPreviewView>("imageViewCropPreview");
         return std::clamp(view.LongestPictureSide(), 256, 4096);
     }
-    PreviewPrefetch& Prefetch() { return loaded.controller().previewPrefetch(); }
+    PreviewPrefetch& Prefetch() { return loaded.preview().prefetch(); }
     bool Kept(int row) { return Prefetch().Find(paths[row], Side()).has_value(); }
 };
 

@@ -222,7 +222,7 @@ class ContactSheetTest : public QObject {
         // Delete in the sheet removes the selected rows from the list.
         sheet.setFocus();
         QTest::keyClick(sheet.viewport(), Qt::Key_Delete);
-        QCOMPARE(loaded.controller().listImagePaths(), QStringList({b}));
+        QCOMPARE(loaded.imageList().paths(), QStringList({b}));
         QCOMPARE(sheet.model()->rowCount(), 1);
     }
 
@@ -232,7 +232,7 @@ class ContactSheetTest : public QObject {
         const QString red = Picture("red.png", 400, 200, QColor(220, 30, 40));
         const QString blue = Picture("blue.jpg", 100, 200, QColor(30, 60, 220));
         loaded.AddImages({red, blue});
-        const int redRow = static_cast<int>(loaded.controller().listImagePaths().indexOf(red));
+        const int redRow = static_cast<int>(loaded.imageList().paths().indexOf(red));
         const QIcon kindIcon =
             Table(loaded).model()->index(redRow, 0).data(Qt::DecorationRole).value<QIcon>();
         ShowSheet(loaded);
@@ -252,7 +252,7 @@ class ContactSheetTest : public QObject {
 
         // The cell draws it.
         // (The list is in name order: blue, then red.)
-        const int row = static_cast<int>(loaded.controller().listImagePaths().indexOf(red));
+        const int row = static_cast<int>(loaded.imageList().paths().indexOf(red));
         QTRY_VERIFY(!Sheet(loaded).PictureRectOfRow(row).isEmpty());
         const QRect picture = Sheet(loaded).PictureRectOfRow(row);
         QCOMPARE(picture.size(), QSize(160, 80));
@@ -425,7 +425,7 @@ class ContactSheetTest : public QObject {
         const QRect cellB = sheet.visualRect(sheet.model()->index(1, 0));
         const auto data = FileUrlData({dropped});
         QVERIFY(DropOnSheet(sheet, cellB.center() - QPoint(cellB.width() / 4, 0), *data));
-        QCOMPARE(loaded.controller().listImagePaths(), QStringList({a, dropped, b}));
+        QCOMPARE(loaded.imageList().paths(), QStringList({a, dropped, b}));
         QCOMPARE(sheet.model()->rowCount(), 3);
         QVERIFY(!sheet.DropIndicatorRow());
 
@@ -433,12 +433,12 @@ class ContactSheetTest : public QObject {
         const QRect lastCell = sheet.visualRect(sheet.model()->index(2, 0));
         const auto more = FileUrlData({last});
         QVERIFY(DropOnSheet(sheet, lastCell.center() + QPoint(lastCell.width() / 4, 0), *more));
-        QCOMPARE(loaded.controller().listImagePaths(), QStringList({a, dropped, b, last}));
+        QCOMPARE(loaded.imageList().paths(), QStringList({a, dropped, b, last}));
 
         // What the list refuses, the sheet refuses: a file already listed.
         const auto again = FileUrlData({a});
         DropOnSheet(sheet, QPoint(5, 5), *again);
-        QCOMPARE(loaded.controller().listImagePaths().size(), 4);
+        QCOMPARE(loaded.imageList().paths().size(), 4);
     }
 
     void theVeilFollowsTheCropRule() {
@@ -458,7 +458,7 @@ class ContactSheetTest : public QObject {
         // Auto crop to 1:1 on a 2:1 image: the sides are veiled.
         Choose(loaded.Control<QComboBox>("comboAutoCropFormat"), "1:1");
         Click(loaded.Control<QAbstractButton>("radioAutoCrop"));
-        const auto crop = loaded.controller().ContactSheetCellCrop(wide, Size{400, 200});
+        const auto crop = loaded.contactSheet().CellCropOf(wide, Size{400, 200});
         QVERIFY(crop.has_value());
         QCOMPARE(crop->cut, (vellumo::Rect{100, 0, 200, 200}));
         QCOMPARE(crop->outputSize, (Size{200, 200}));

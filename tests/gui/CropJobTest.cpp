@@ -528,7 +528,7 @@ class CropJobTest : public QObject {
         const QString shared = w.dir.filePath("out/same.png");
 
         // Cancelled: nothing is written, and the window is as before.
-        w.loaded.boxAnswers = {vellumo::kFirstButtonAnswer + 1};
+        w.loaded.boxAnswers = {vellumo::kCancelAnswer};
         QVERIFY(CropAndWait(w.loaded));
         QCOMPARE(w.loaded.boxes.size(), std::size_t{1});
         const MessageBoxRequest warning = w.loaded.boxes.front();
@@ -543,7 +543,7 @@ class CropJobTest : public QObject {
         QVERIFY(w.loaded.Control<QPushButton>("buttonCropImages").isEnabled());
 
         // Numbered: the later image gets " (2)", as a file manager names a copy.
-        w.loaded.boxAnswers = {vellumo::kFirstButtonAnswer};
+        w.loaded.boxAnswers = {vellumo::kGoOnAnswer};
         QVERIFY(CropAndWait(w.loaded));
         QCOMPARE(w.Questions().size(), std::size_t{0});
         QCOMPARE(w.processor->decisions(), (std::vector<D>{D::NoConflict, D::NoConflict}));

@@ -46,8 +46,6 @@ using vellumo::test::Type;
 
 namespace {
 
-constexpr int kFirst = vellumo::kFirstButtonAnswer;
-
 // The window, shown, with `count` plain 120 x 80 pictures listed, writing
 // PNG into `out` (not made yet).
 struct Window {
@@ -92,7 +90,7 @@ class CropSafeguardsTest : public QObject {
         QVERIFY(QDir().mkpath(w.Out()));
         w.SetFolder(w.Out());
         // The start values: pixels 0, 0, 0, 0 crop none of the images.
-        w.loaded.boxAnswers = {kFirst + 1};  // "Cancel"
+        w.loaded.boxAnswers = {vellumo::kCancelAnswer};  // "Cancel"
         QVERIFY(CropAndWait(w.loaded));
         QCOMPARE(w.loaded.boxes.size(), 1u);
         QCOMPARE(w.loaded.boxes[0],
@@ -105,7 +103,7 @@ class CropSafeguardsTest : public QObject {
         QVERIFY(QDir(w.Out()).isEmpty());
         QVERIFY(w.Idle());
 
-        w.loaded.boxAnswers = {kFirst};  // "Write Copies"
+        w.loaded.boxAnswers = {vellumo::kGoOnAnswer};  // "Write Copies"
         QVERIFY(CropAndWait(w.loaded));
         QCOMPARE(QDir(w.Out()).entryList(QDir::Files).size(), 3);
         const MessageBoxRequest& report = w.loaded.boxes.back();
@@ -140,7 +138,7 @@ class CropSafeguardsTest : public QObject {
         const QString deep = w.dir.filePath("new/deeper/out");
         w.SetFolder(deep);
 
-        w.loaded.boxAnswers = {kFirst + 1};  // "Cancel"
+        w.loaded.boxAnswers = {vellumo::kCancelAnswer};  // "Cancel"
         QVERIFY(CropAndWait(w.loaded));
         QCOMPARE(w.loaded.boxes.back(),
                  (MessageBoxRequest{"The folder " + deep + " does not exist. Create it?",
@@ -150,7 +148,7 @@ class CropSafeguardsTest : public QObject {
         QVERIFY(w.Idle());
         QVERIFY(w.loaded.Control<QPushButton>("buttonAddImages").isEnabled());
 
-        w.loaded.boxAnswers = {kFirst};  // "Create"
+        w.loaded.boxAnswers = {vellumo::kGoOnAnswer};  // "Create"
         QVERIFY(CropAndWait(w.loaded));
         QVERIFY(QFileInfo(deep).isDir());
         QCOMPARE(QImage(deep + "/p2_cropped (2).png").size(), QSize(60, 80));
@@ -213,7 +211,7 @@ class CropSafeguardsTest : public QObject {
         }
         QVERIFY(w.loaded.Control<QWidget>("sliderQuality").isEnabled());
 
-        w.loaded.boxAnswers = {kFirst + 1};  // "Cancel"
+        w.loaded.boxAnswers = {vellumo::kCancelAnswer};  // "Cancel"
         QVERIFY(CropAndWait(w.loaded));
         QCOMPARE(w.loaded.boxes.back(),
                  (MessageBoxRequest{"Replace the original files of the 2 listed images by their "
@@ -225,7 +223,7 @@ class CropSafeguardsTest : public QObject {
 
         // No output folder is needed, and no overwrite is asked about.
         QCOMPARE(w.loaded.Control<QLineEdit>("textFieldOutputFolder").text(), QString());
-        w.loaded.boxAnswers = {kFirst};
+        w.loaded.boxAnswers = {vellumo::kGoOnAnswer};
         QVERIFY(CropAndWait(w.loaded));
         QCOMPARE(w.loaded.boxes.back().text, QStringLiteral("Images cropped successfully."));
         for (const QString& source : w.sources) {

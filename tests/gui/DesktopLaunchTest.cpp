@@ -82,7 +82,7 @@ class DesktopLaunchTest : public QObject {
                         dir.filePath(QStringLiteral("empty"))});
         // The folder's images sorted by name (p2 before p10), without its
         // subfolder; a path given twice is listed once.
-        QCOMPARE(loaded.controller().listImagePaths(), (QStringList{c, p2, p10, a, b}));
+        QCOMPARE(loaded.imageList().paths(), (QStringList{c, p2, p10, a, b}));
         // What gave nothing is named in one warning, once the window shows.
         QTRY_COMPARE(loaded.boxes.size(), std::size_t{1});
         QCOMPARE(loaded.boxes[0].text, QStringLiteral("Some items could not be added."));
@@ -119,7 +119,7 @@ class DesktopLaunchTest : public QObject {
         QTRY_VERIFY_WITH_TIMEOUT(start.state() == QProcess::NotRunning, 20000);
         QCOMPARE(start.exitStatus(), QProcess::NormalExit);
         QCOMPARE(start.exitCode(), 0);
-        QCOMPARE(loaded.controller().listImagePaths(), (QStringList{first, second}));
+        QCOMPARE(loaded.imageList().paths(), (QStringList{first, second}));
     }
 
     void theMenuShortcutsTriggerTheirCommands() {
@@ -148,10 +148,10 @@ class DesktopLaunchTest : public QObject {
         // Delete: the selected row goes.
         vellumo::test::ClickRow(loaded, 0);
         QTest::keyClick(&loaded.Control<QAbstractItemView>("tableViewImage"), Qt::Key_Delete);
-        QCOMPARE(loaded.controller().listImagePaths(), QStringList{b});
+        QCOMPARE(loaded.imageList().paths(), QStringList{b});
         // Ctrl+Shift+Delete: all of them (after the question, answered Return).
         QTest::keyClick(&loaded.window(), Qt::Key_Delete, Qt::ControlModifier | Qt::ShiftModifier);
-        QCOMPARE(loaded.controller().listImagePaths(), QStringList());
+        QCOMPARE(loaded.imageList().paths(), QStringList());
         loaded.AddImages({a, b});
         // A command is offered exactly when its button is (a job disables
         // the buttons).

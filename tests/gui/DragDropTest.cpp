@@ -51,7 +51,7 @@ ImageTableView& Table(LoadedWindow& loaded) {
 }
 
 QStringList List(LoadedWindow& loaded) {
-    return loaded.controller().listImagePaths();
+    return loaded.imageList().paths();
 }
 
 QStringList TableRows(LoadedWindow& loaded) {
@@ -253,7 +253,7 @@ class DragDropTest : public QObject {
         int notices = 0;
         connect(&table, &ImageTableView::selectedRowsChanged, [&] { ++notices; });
         const vellumo::Image current = vellumo::test::SizedImage(640, 480);
-        loaded.controller().setCurrentImage(current);
+        loaded.preview().SetImage(current);
         auto& preview = loaded.Control<CropPreviewView>("imageViewCropPreview");
         preview.SetImage(QImage(64, 48, QImage::Format_RGB32));
 
@@ -264,7 +264,7 @@ class DragDropTest : public QObject {
         // The same image is still selected (it moved down with its row).
         QCOMPARE(List(loaded)[table.SelectedRow()], before[1]);
         QCOMPARE(notices, 0);
-        QVERIFY(loaded.controller().currentImage().IsSameImage(current));
+        QVERIFY(loaded.preview().image().IsSameImage(current));
         QCOMPARE(preview.image().size(), QSize(64, 48));
     }
 

@@ -101,7 +101,7 @@ class DragSourceTest : public QObject {
         QVERIFY(!other.move.accepted);
         QVERIFY(!other.drop.accepted);
 
-        QCOMPARE(loaded.controller().listImagePaths().size(), 2);
+        QCOMPARE(loaded.imageList().paths().size(), 2);
     }
 
     void aDragFromAnotherKindOfControlIsJudgedByItsFiles() {
@@ -117,8 +117,8 @@ class DragSourceTest : public QObject {
         QVERIFY(fromLabel.dragWasRunning);
         QVERIFY(fromLabel.move.accepted);
         QVERIFY(fromLabel.drop.accepted);
-        QCOMPARE(loaded.controller().listImagePaths().size(), 3);
-        QCOMPARE(loaded.controller().listImagePaths()[1], png);
+        QCOMPARE(loaded.imageList().paths().size(), 3);
+        QCOMPARE(loaded.imageList().paths()[1], png);
     }
 };
 

@@ -149,7 +149,7 @@ class EndToEndTest : public QObject {
             loaded.openDialogAnswers.push_back(QStringList{source});
             vellumo::test::Click(loaded.Control<QPushButton>("buttonAddImages"));
         }
-        QCOMPARE(loaded.controller().listImagePaths(), sources);
+        QCOMPARE(loaded.imageList().paths(), sources);
 
         vellumo::test::Choose(loaded.Control<QComboBox>("comboAutoCropFormat"), "16:9");
         vellumo::test::Click(loaded.Control<vellumo::LatchingRadioButton>("radioAutoCrop"));

@@ -54,7 +54,7 @@ class HiDpiTest : public QObject {
         QTemporaryDir dir;
         vellumo::test::LoadedWindow loaded;
         auto decoder = std::make_shared<vellumo::test::GatedPreviewDecoder>();
-        loaded.controller().SetPreviewDecoder(decoder);
+        loaded.preview().SetDecoder(decoder);
         loaded.Show();
         loaded.AddImages(
             {vellumo::test::Write(vellumo::test::Quarters(4000, 2000), dir.filePath("wide.png"))});

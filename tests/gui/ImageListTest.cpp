@@ -8,13 +8,17 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QUrl>
 
 #include "tests/gui/support/LoadedWindow.h"
 #include "tests/gui/support/SizedImage.h"
+#include "ui/dialogs/ListQuestions.h"
 #include "ui/dialogs/MessageBox.h"
 #include "ui/list/FileKindIcons.h"
 #include "ui/list/ImageTableView.h"
@@ -22,6 +26,8 @@
 
 using vellumo::CropPreviewView;
 using vellumo::ImageTableView;
+using vellumo::kRemoveAllNo;
+using vellumo::kRemoveAllYes;
 using vellumo::MessageBoxRequest;
 using vellumo::MessageBoxStyle;
 using vellumo::ViewController;
@@ -37,7 +43,7 @@ QImage IconPixels(const QIcon& icon) {
 QImage RowIcon(LoadedWindow& loaded, const QString& path) {
     loaded.AddImages({path});
     auto& table = loaded.Control<ImageTableView>("tableViewImage");
-    const int row = static_cast<int>(loaded.controller().listImagePaths().indexOf(path));
+    const int row = static_cast<int>(loaded.imageList().paths().indexOf(path));
     const QVariant decoration = table.model()->index(row, 0).data(Qt::DecorationRole);
     if (!decoration.isValid()) {
         return {};
@@ -57,7 +63,7 @@ bool HasVisiblePixels(const QImage& image) {
 }
 
 void ShowSomethingInThePreview(LoadedWindow& loaded) {
-    loaded.controller().setCurrentImage(vellumo::test::SizedImage(4000, 3000));
+    loaded.preview().SetImage(vellumo::test::SizedImage(4000, 3000));
     loaded.controller().UpdateImageSize();
     loaded.Control<CropPreviewView>("imageViewCropPreview")
         .SetImage(QImage(40, 30, QImage::Format_RGB32));
@@ -65,7 +71,7 @@ void ShowSomethingInThePreview(LoadedWindow& loaded) {
 }
 
 void VerifyPreviewEmptied(LoadedWindow& loaded) {
-    QVERIFY(loaded.controller().currentImage().IsEmpty());
+    QVERIFY(loaded.preview().image().IsEmpty());
     QVERIFY(loaded.Control<CropPreviewView>("imageViewCropPreview").image().isNull());
     QCOMPARE(loaded.Control<QLabel>("labelOriginalDimensionsWidth").text(), "Width: 0");
     QCOMPARE(loaded.Control<QLabel>("labelOriginalDimensionsHeight").text(), "Height: 0");
@@ -94,6 +100,53 @@ class ImageListTest : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
+    // The model on its own, without a window.
+    void theListRefusesDuplicatesAndAnnouncesItsRows() {
+        vellumo::ImageList list;
+        QSignalSpy inserted(&list, &QAbstractItemModel::rowsInserted);
+        QSignalSpy removed(&list, &QAbstractItemModel::rowsRemoved);
+        list.Append({"/p/a.jpg", "/p/b.png", "/p/a.jpg"});
+        list.Append({"/p/b.png", "/p/c.gif"});
+        QCOMPARE(list.paths(), QStringList({"/p/a.jpg", "/p/b.png", "/p/c.gif"}));
+        QCOMPARE(list.rowCount(), 3);
+        QCOMPARE(inserted.size(), 2);
+        QCOMPARE(list.index(2, 0).data().toString(), QStringLiteral("/p/c.gif"));
+
+        list.MarkUnreadable("/p/b.png", "broken");
+        QCOMPARE(list.RemoveRows({0, 1}), QStringList({"/p/b.png", "/p/a.jpg"}));
+        QCOMPARE(list.paths(), QStringList({"/p/c.gif"}));
+        QCOMPARE(removed.size(), 2);
+        // A file that left the list starts afresh when it comes back.
+        list.Append({"/p/b.png"});
+        QCOMPARE(list.UnreadableReason("/p/b.png"), QString());
+        QCOMPARE(list.CountText(2), QStringLiteral("2 images, 2 selected"));
+    }
+
+    void theListTakesDroppedFilesBetweenRowsOnly() {
+        QTemporaryDir dir;
+        const QString png = dir.filePath("new.png");
+        const QString text = dir.filePath("notes.txt");
+        for (const QString& path : {png, text}) {
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::WriteOnly));
+        }
+        vellumo::ImageList list;
+        list.Append({"/p/a.jpg", "/p/b.jpg"});
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(png), QUrl::fromLocalFile(text),
+                      QUrl::fromLocalFile(dir.filePath("gone.png"))});
+        QCOMPARE(list.mimeTypes(), QStringList({"text/uri-list"}));
+        QVERIFY(!list.canDropMimeData(&data, Qt::CopyAction, -1, -1, list.index(0, 0)));
+        QVERIFY(!list.canDropMimeData(&data, Qt::MoveAction, 1, 0, QModelIndex()));
+        QVERIFY(list.canDropMimeData(&data, Qt::CopyAction, 1, 0, QModelIndex()));
+        // Only the existing file of an accepted kind is inserted, where dropped.
+        QVERIFY(list.dropMimeData(&data, Qt::CopyAction, 1, 0, QModelIndex()));
+        QCOMPARE(list.paths(), QStringList({"/p/a.jpg", png, "/p/b.jpg"}));
+        // Dropped again, it is already listed.
+        QVERIFY(list.dropMimeData(&data, Qt::CopyAction, 3, 0, QModelIndex()));
+        QCOMPARE(list.rowCount(), 3);
+    }
+
     void addingAsksForSeveralImageFilesOfTheTenExtensions() {
         LoadedWindow loaded;
         loaded.AddImages({"/pics/a.jpg"});
@@ -115,7 +168,7 @@ class ImageListTest : public QObject {
         loaded.AddImages({"/more/z.tif", "/more/c.gif", "/more/y.bmp"});
         const QStringList expected = {"/pics/a.jpg", "/pics/b.png", "/more/c.gif", "/more/y.bmp",
                                       "/more/z.tif"};
-        QCOMPARE(loaded.controller().listImagePaths(), expected);
+        QCOMPARE(loaded.imageList().paths(), expected);
         QCOMPARE(loaded.controller().imageCount(), 5);
         QCOMPARE(TableRows(loaded), expected);
         QVERIFY(loaded.boxes.empty());
@@ -125,10 +178,10 @@ class ImageListTest : public QObject {
         LoadedWindow loaded;
         loaded.AddImages({"/pics/a.jpg", "/pics/b.png"});
         loaded.AddImages({"/pics/b.png"});
-        QCOMPARE(loaded.controller().listImagePaths(), QStringList({"/pics/a.jpg", "/pics/b.png"}));
+        QCOMPARE(loaded.imageList().paths(), QStringList({"/pics/a.jpg", "/pics/b.png"}));
         // Within one choice too.
         loaded.AddImages({"/pics/c.png", "/pics/c.png", "/pics/a.jpg"});
-        QCOMPARE(loaded.controller().listImagePaths(),
+        QCOMPARE(loaded.imageList().paths(),
                  QStringList({"/pics/a.jpg", "/pics/b.png", "/pics/c.png"}));
         QVERIFY(loaded.boxes.empty());
     }
@@ -136,12 +189,11 @@ class ImageListTest : public QObject {
     void numbersInNamesChosenTogetherCountAsNumbers() {
         LoadedWindow loaded;
         loaded.AddImages({"/s/p1.jpg", "/s/p10.jpg", "/s/p100.jpg", "/s/p2.jpg", "/s/p20.jpg"});
-        QCOMPARE(
-            loaded.controller().listImagePaths(),
-            QStringList({"/s/p1.jpg", "/s/p2.jpg", "/s/p10.jpg", "/s/p20.jpg", "/s/p100.jpg"}));
+        QCOMPARE(loaded.imageList().paths(), QStringList({"/s/p1.jpg", "/s/p2.jpg", "/s/p10.jpg",
+                                                          "/s/p20.jpg", "/s/p100.jpg"}));
         // A later choice still goes after the earlier ones.
         loaded.AddImages({"/s/p3.jpg"});
-        QCOMPARE(loaded.controller().listImagePaths().last(), QStringLiteral("/s/p3.jpg"));
+        QCOMPARE(loaded.imageList().paths().last(), QStringLiteral("/s/p3.jpg"));
     }
 
     void pathsThatDifferOnlyInCaseAreTwoEntries() {
@@ -149,7 +201,7 @@ class ImageListTest : public QObject {
         loaded.AddImages({"/pics/Photo.jpg"});
         loaded.AddImages({"/pics/photo.jpg"});
         loaded.AddImages({"/Pics/Photo.jpg"});
-        QCOMPARE(loaded.controller().listImagePaths(),
+        QCOMPARE(loaded.imageList().paths(),
                  QStringList({"/pics/Photo.jpg", "/pics/photo.jpg", "/Pics/Photo.jpg"}));
     }
 
@@ -160,16 +212,16 @@ class ImageListTest : public QObject {
         QVERIFY(precomposed != decomposed);
         loaded.AddImages({precomposed});
         loaded.AddImages({decomposed});
-        QCOMPARE(loaded.controller().listImagePaths(), QStringList({precomposed}));
+        QCOMPARE(loaded.imageList().paths(), QStringList({precomposed}));
         // Spellings of one file that are different texts stay two entries.
         loaded.AddImages({"/pics/../pics/caf\u00e9.png"});
-        QCOMPARE(loaded.controller().listImagePaths().size(), 2);
+        QCOMPARE(loaded.imageList().paths().size(), 2);
     }
 
     void anEmptyPathIsSkipped() {
         LoadedWindow loaded;
         loaded.AddImages({"", "/pics/a.jpg"});
-        QCOMPARE(loaded.controller().listImagePaths(), QStringList({"/pics/a.jpg"}));
+        QCOMPARE(loaded.imageList().paths(), QStringList({"/pics/a.jpg"}));
     }
 
     void addingEmptiesThePreviewWhicheverRowIsSelected() {
@@ -191,7 +243,7 @@ class ImageListTest : public QObject {
         ShowSomethingInThePreview(loaded);
         loaded.openDialogAnswers.push_back(std::nullopt);
         loaded.controller().OnAddImages();
-        QCOMPARE(loaded.controller().listImagePaths(), QStringList({"/pics/a.jpg"}));
+        QCOMPARE(loaded.imageList().paths(), QStringList({"/pics/a.jpg"}));
         QVERIFY(loaded.boxes.empty());
         QCOMPARE(loaded.Control<QLabel>("labelOriginalDimensionsWidth").text(), "Width: 4000");
     }
@@ -204,7 +256,7 @@ class ImageListTest : public QObject {
         QCOMPARE(loaded.boxes.front(),
                  (MessageBoxRequest{
                      "The images could not be loaded.", MessageBoxStyle::Warning, {"OK"}}));
-        QCOMPARE(loaded.controller().listImagePaths(), QStringList({"/pics/a.jpg"}));
+        QCOMPARE(loaded.imageList().paths(), QStringList({"/pics/a.jpg"}));
     }
 
     void removeSelectedRemovesTheSelectedRow() {
@@ -215,7 +267,7 @@ class ImageListTest : public QObject {
 
         loaded.Control<QPushButton>("buttonRemoveSelected").click();
 
-        QCOMPARE(loaded.controller().listImagePaths(), QStringList({"/pics/a.jpg", "/pics/c.gif"}));
+        QCOMPARE(loaded.imageList().paths(), QStringList({"/pics/a.jpg", "/pics/c.gif"}));
         QCOMPARE(TableRows(loaded), QStringList({"/pics/a.jpg", "/pics/c.gif"}));
         VerifyPreviewEmptied(loaded);
     }
@@ -237,7 +289,7 @@ class ImageListTest : public QObject {
 
         table.setFocus();
         QTest::keyClick(&table, Qt::Key_Delete);
-        QCOMPARE(loaded.controller().listImagePaths(), QStringList({"/p/2.jpg", "/p/6.jpg"}));
+        QCOMPARE(loaded.imageList().paths(), QStringList({"/p/2.jpg", "/p/6.jpg"}));
         QCOMPARE(TableRows(loaded), QStringList({"/p/2.jpg", "/p/6.jpg"}));
         QCOMPARE(loaded.Control<QLabel>("labelImageCount").text(), "2 images");
         VerifyPreviewEmptied(loaded);
@@ -245,7 +297,7 @@ class ImageListTest : public QObject {
         QTest::keyClick(&table, Qt::Key_A, Qt::ControlModifier);
         QCOMPARE(table.SelectedRows(), QList<int>({0, 1}));
         loaded.Control<QPushButton>("buttonRemoveSelected").click();
-        QVERIFY(loaded.controller().listImagePaths().isEmpty());
+        QVERIFY(loaded.imageList().paths().isEmpty());
         QCOMPARE(loaded.Control<QLabel>("labelImageCount").text(), "No images");
         QVERIFY(loaded.boxes.empty());
     }
@@ -270,19 +322,19 @@ class ImageListTest : public QObject {
         LoadedWindow loaded;
         loaded.AddImages({"/pics/a.jpg", "/pics/b.png"});
         loaded.Control<QLineEdit>("textFieldName").setText("kept");
-        loaded.boxAnswers.push_back(1001);  // "No"
+        loaded.boxAnswers.push_back(kRemoveAllNo);
         loaded.Control<QAction>("actionNew").trigger();
         QCOMPARE(loaded.boxes.size(), 1u);
         QCOMPARE(loaded.boxes.front(),
                  (MessageBoxRequest{"Are you sure you want to remove all the images from the list?",
                                     MessageBoxStyle::Warning,
                                     {"Yes", "No"}}));
-        QCOMPARE(loaded.controller().listImagePaths().size(), 2);
+        QCOMPARE(loaded.imageList().paths().size(), 2);
         QCOMPARE(loaded.Control<QLineEdit>("textFieldName").text(), "kept");
 
-        loaded.boxAnswers.push_back(1000);  // "Yes"
+        loaded.boxAnswers.push_back(kRemoveAllYes);
         loaded.Control<QAction>("actionNew").trigger();
-        QVERIFY(loaded.controller().listImagePaths().isEmpty());
+        QVERIFY(loaded.imageList().paths().isEmpty());
         QCOMPARE(loaded.Control<QLineEdit>("textFieldName").text(),
                  "[FileName]_cropped ([FileIndex])");
 
@@ -300,7 +352,7 @@ class ImageListTest : public QObject {
 
         loaded.controller().OnRemoveSelected();
 
-        QCOMPARE(loaded.controller().listImagePaths(), QStringList({"/pics/a.jpg", "/pics/b.png"}));
+        QCOMPARE(loaded.imageList().paths(), QStringList({"/pics/a.jpg", "/pics/b.png"}));
         QVERIFY(loaded.Control<CropPreviewView>("imageViewCropPreview").image().isNull());
     }
 
@@ -322,7 +374,7 @@ class ImageListTest : public QObject {
         LoadedWindow loaded;
         loaded.AddImages({"/pics/a.jpg", "/pics/b.png"});
         ShowSomethingInThePreview(loaded);
-        loaded.boxAnswers.push_back(1001);
+        loaded.boxAnswers.push_back(kRemoveAllNo);
 
         loaded.Control<QPushButton>("buttonRemoveAll").click();
 
@@ -331,7 +383,7 @@ class ImageListTest : public QObject {
                  (MessageBoxRequest{"Are you sure you want to remove all the images from the list?",
                                     MessageBoxStyle::Warning,
                                     {"Yes", "No"}}));
-        QCOMPARE(loaded.controller().listImagePaths(), QStringList({"/pics/a.jpg", "/pics/b.png"}));
+        QCOMPARE(loaded.imageList().paths(), QStringList({"/pics/a.jpg", "/pics/b.png"}));
         QCOMPARE(TableRows(loaded).size(), 2);
         QCOMPARE(loaded.Control<QLabel>("labelOriginalDimensionsWidth").text(), "Width: 4000");
     }
@@ -340,11 +392,11 @@ class ImageListTest : public QObject {
         LoadedWindow loaded;
         loaded.AddImages({"/pics/a.jpg", "/pics/b.png"});
         ShowSomethingInThePreview(loaded);
-        loaded.boxAnswers.push_back(1000);
+        loaded.boxAnswers.push_back(kRemoveAllYes);
 
         loaded.controller().OnRemoveAll();
 
-        QVERIFY(loaded.controller().listImagePaths().isEmpty());
+        QVERIFY(loaded.imageList().paths().isEmpty());
         QVERIFY(TableRows(loaded).isEmpty());
         VerifyPreviewEmptied(loaded);
     }
@@ -464,7 +516,7 @@ class ImageListTest : public QObject {
         QVERIFY(readOnly);
         QVERIFY2(filter.contains("*.[jJ][pP][gG]") && filter.contains("*.[bB][mM][pP]"),
                  qPrintable(filter));
-        QCOMPARE(loaded.controller().listImagePaths(), QStringList({folder.filePath("b.JPG")}));
+        QCOMPARE(loaded.imageList().paths(), QStringList({folder.filePath("b.JPG")}));
     }
 };
 

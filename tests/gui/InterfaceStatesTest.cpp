@@ -117,7 +117,7 @@ QStringList Items(const QComboBox& combo) {
 
 void VerifyStartValues(LoadedWindow& loaded) {
     ViewController& controller = loaded.controller();
-    QVERIFY(controller.listImagePaths().isEmpty());
+    QVERIFY(controller.imageList().paths().isEmpty());
     QCOMPARE(loaded.Control<ImageTableView>("tableViewImage").model()->rowCount(), 0);
     QCOMPARE(loaded.Control<QTabWidget>("tabView").currentIndex(), 0);
 
@@ -157,7 +157,7 @@ void VerifyStartValues(LoadedWindow& loaded) {
     QCOMPARE(loaded.Control<QLabel>("labelImageCount").text(), QStringLiteral("No images"));
     QCOMPARE(loaded.Control<QLabel>("labelPreviewNote").text(), QString());
 
-    QVERIFY(controller.currentImage().IsEmpty());
+    QVERIFY(controller.preview().image().IsEmpty());
     QVERIFY(loaded.Control<CropPreviewView>("imageViewCropPreview").image().isNull());
     QCOMPARE(loaded.Control<QLabel>("labelOriginalDimensionsWidth").text(), "Width: 0");
     QCOMPARE(loaded.Control<QLabel>("labelOriginalDimensionsHeight").text(), "Height: 0");
@@ -175,10 +175,10 @@ class InterfaceStatesTest : public QObject {
         LoadedWindow loaded;
         VerifyStartValues(loaded);
         ViewController& controller = loaded.controller();
-        QCOMPARE(controller.acceptedExtensions(),
+        QCOMPARE(controller.imageList().acceptedExtensions(),
                  QStringList({"jpg", "jpeg", "jpe", "jp2", "jpx", "png", "gif", "tif", "tiff",
                               "bmp", "heic", "heif", "avif", "webp", "jxl"}));
-        QCOMPARE(controller.currentProfilePath(), QString());
+        QCOMPARE(controller.profiles().currentPath(), QString());
         QCOMPARE(loaded.window().windowTitle(), QStringLiteral("Vellumo"));
         QCOMPARE(Items(loaded.Control<QComboBox>("comboAutoCropFormat")).mid(0, 4),
                  QStringList({"1:1", "4:3", "3:2", "16:9"}));
@@ -199,7 +199,7 @@ class InterfaceStatesTest : public QObject {
 
         // Change everything the user can change.
         loaded.AddImages({folder.filePath("a.png"), folder.filePath("b.jpg")});
-        QCOMPARE(controller.listImagePaths().size(), 2);
+        QCOMPARE(controller.imageList().paths().size(), 2);
         loaded.Control<QTabWidget>("tabView").setCurrentIndex(1);
         loaded.Control<LatchingRadioButton>("radioAutoCrop").setChecked(true);
         loaded.Control<LatchingRadioButton>("radioCustomCrop").setChecked(false);
@@ -225,12 +225,12 @@ class InterfaceStatesTest : public QObject {
         loaded.Control<QLineEdit>("textFieldOutputFolder").setText("/out");
         loaded.Control<QCheckBox>("checkKeepEXIFInformationAndCreationDate").setChecked(true);
         vellumo::SetProgressFraction(loaded.Control<QProgressBar>("progressIndicator"), 0.5);
-        controller.setCurrentImage(vellumo::test::SizedImage(400, 300));
+        controller.preview().SetImage(vellumo::test::SizedImage(400, 300));
         controller.UpdateImageSize();
         QCOMPARE(loaded.Control<QLabel>("labelOriginalDimensionsWidth").text(), "Width: 400");
         loaded.Control<CropPreviewView>("imageViewCropPreview")
             .SetImage(QImage(40, 30, QImage::Format_RGB32));
-        controller.setCurrentProfilePath("/profiles/mine.vellumo");
+        controller.profiles().setCurrentPath("/profiles/mine.vellumo");
         loaded.window().setWindowTitle("mine — Vellumo");
         // A job is running: the controls are locked, the slider too.
         controller.DisableInterface();
@@ -239,7 +239,7 @@ class InterfaceStatesTest : public QObject {
 
         VerifyStartValues(loaded);
         QCOMPARE(loaded.Control<QComboBox>("comboAutoCropFormat").currentIndex(), 2);
-        QCOMPARE(controller.currentProfilePath(), QString());
+        QCOMPARE(controller.profiles().currentPath(), QString());
         QCOMPARE(loaded.window().windowTitle(), QStringLiteral("Vellumo"));
         // Enabled states are kept (the slider is enabled: "JPG" takes a
         // quality), and the crop button keeps its title.

@@ -32,6 +32,7 @@
 #include "app/ApplicationMain.h"
 #include "ui/MainWindow.h"
 #include "ui/ViewController.h"
+#include "ui/dialogs/CropQuestions.h"
 #include "worker/WorkerImageProcessor.h"
 
 namespace {
@@ -104,7 +105,7 @@ void StartCropJob(const QString& out, const QStringList& images, vellumo::MainWi
     };
     // Whole copies are written: the question about them is answered yes.
     controller.services().showMessageBox = [](const vellumo::MessageBoxRequest&) {
-        return vellumo::kFirstButtonAnswer;
+        return vellumo::kGoOnAnswer;
     };
     controller.OnAddImages();
     window.findChild<QLineEdit*>("textFieldOutputFolder")->setText(out);

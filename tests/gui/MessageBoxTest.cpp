@@ -122,11 +122,11 @@ class MessageBoxTest : public QObject {
 
     void aRealModalBoxAnswersWithThePressedButtonsCode_data() {
         QTest::addColumn<QString>("pressed");
-        QTest::addColumn<int>("answer");
-        QTest::newRow("first") << "Yes" << 1000;
-        QTest::newRow("second") << "Yes to All" << 1001;
-        QTest::newRow("third") << "No" << 1002;
-        QTest::newRow("fourth") << "No to All" << 1003;
+        QTest::addColumn<int>("answer");  // the button's place
+        QTest::newRow("first") << "Yes" << 0;
+        QTest::newRow("second") << "Yes to All" << 1;
+        QTest::newRow("third") << "No" << 2;
+        QTest::newRow("fourth") << "No to All" << 3;
     }
 
     void aRealModalBoxAnswersWithThePressedButtonsCode() {
@@ -140,7 +140,7 @@ class MessageBoxTest : public QObject {
         SeenBox seen;
         AnswerTheModalBox(seen, [&](QMessageBox& box) { Press(box, pressed); });
 
-        QCOMPARE(RunMessageBox(request, nullptr), answer);
+        QCOMPARE(RunMessageBox(request, nullptr).button, answer);
 
         QVERIFY(seen.seen);
         QCOMPARE(seen.title, QStringLiteral("Vellumo"));
@@ -158,15 +158,15 @@ class MessageBoxTest : public QObject {
             {"Yes", "No"}};
         SeenBox seen;
         AnswerTheModalBox(seen, [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
-        QCOMPARE(RunMessageBox(request, nullptr), 1000);
+        QCOMPARE(RunMessageBox(request, nullptr).button, 0);
         QVERIFY(seen.seen);
 
         AnswerTheModalBox(seen, [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
-        QCOMPARE(RunMessageBox(request, nullptr), 1001);
+        QCOMPARE(RunMessageBox(request, nullptr).button, 1);
 
         // However it is closed, the box answers with its last button.
         AnswerTheModalBox(seen, [](QMessageBox& box) { box.close(); });
-        QCOMPARE(RunMessageBox(request, nullptr), 1001);
+        QCOMPARE(RunMessageBox(request, nullptr).button, 1);
     }
 
     void theOverwriteBoxsAnswersAndAnyOtherCodeCountsAsNoToAll() {
@@ -174,12 +174,12 @@ class MessageBoxTest : public QObject {
         using vellumo::OverwriteAnswerOfBox;
         const MessageBoxRequest box = vellumo::OverwriteBoxRequest("The file /a already exists.");
         QCOMPARE(box.buttons, QStringList({"Yes", "Yes to All", "No", "No to All"}));
-        QCOMPARE(OverwriteAnswerOfBox(1000), OverwriteAnswer::Yes);
-        QCOMPARE(OverwriteAnswerOfBox(1001), OverwriteAnswer::YesToAll);
-        QCOMPARE(OverwriteAnswerOfBox(1002), OverwriteAnswer::No);
-        QCOMPARE(OverwriteAnswerOfBox(1003), OverwriteAnswer::NoToAll);
-        QCOMPARE(OverwriteAnswerOfBox(0), OverwriteAnswer::NoToAll);
-        QCOMPARE(OverwriteAnswerOfBox(1004), OverwriteAnswer::NoToAll);
+        QCOMPARE(OverwriteAnswerOfBox(vellumo::kAnswerYes), OverwriteAnswer::Yes);
+        QCOMPARE(OverwriteAnswerOfBox(vellumo::kAnswerYesToAll), OverwriteAnswer::YesToAll);
+        QCOMPARE(OverwriteAnswerOfBox(vellumo::kAnswerNo), OverwriteAnswer::No);
+        QCOMPARE(OverwriteAnswerOfBox(vellumo::kAnswerNoToAll), OverwriteAnswer::NoToAll);
+        QCOMPARE(OverwriteAnswerOfBox(vellumo::kNoButtonPressed), OverwriteAnswer::NoToAll);
+        QCOMPARE(OverwriteAnswerOfBox(vellumo::BoxAnswer{4}), OverwriteAnswer::NoToAll);
     }
 
     void removeAllAsksThroughARealBox() {
@@ -197,11 +197,11 @@ class MessageBoxTest : public QObject {
         QCOMPARE(seen.text,
                  QStringLiteral("Are you sure you want to remove all the images from the list?"));
         QCOMPARE(seen.buttonsLeftToRight, QStringList({"Yes", "No"}));
-        QCOMPARE(loaded.controller().listImagePaths().size(), 2);
+        QCOMPARE(loaded.imageList().paths().size(), 2);
 
         AnswerTheModalBox(seen, [](QMessageBox& box) { Press(box, "Yes"); });
         loaded.controller().OnRemoveAll();
-        QVERIFY(loaded.controller().listImagePaths().isEmpty());
+        QVERIFY(loaded.imageList().paths().isEmpty());
     }
 };
 

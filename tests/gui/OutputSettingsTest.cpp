@@ -279,8 +279,8 @@ class OutputSettingsTest : public QObject {
         QVERIFY(!keep.isChecked());
         Click(keep);
         QVERIFY(keep.isChecked());
-        QCOMPARE(f.loaded.controller().CropSettingsFromControls().nameTemplate, "photo");
-        QVERIFY(f.loaded.controller().CropSettingsFromControls().keepMetadata);
+        QCOMPARE(f.loaded.settings().Read().nameTemplate, "photo");
+        QVERIFY(f.loaded.settings().Read().keepMetadata);
         QVERIFY(vellumo::test::CropAndWait(f.loaded));
         QCOMPARE(QDir(f.dir.filePath("out")).entryList(QDir::Files), QStringList{"photo (1).jpg"});
     }

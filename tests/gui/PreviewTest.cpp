@@ -20,6 +20,7 @@
 #include "tests/gui/support/Workers.h"
 #include "tests/support/Commands.h"
 #include "ui/controls/LatchingRadioButton.h"
+#include "ui/dialogs/ListQuestions.h"
 #include "ui/list/ImageTableView.h"
 #include "ui/preview/CropPreviewView.h"
 
@@ -76,7 +77,7 @@ class PreviewTest : public QObject {
         vellumo::test::DeselectRow(loaded, 0);
         QVERIFY(PreviewPicture(loaded).isNull());
         QCOMPARE(AllLabels(loaded), kNoImageLabels);
-        QVERIFY(loaded.controller().currentImage().IsEmpty());
+        QVERIFY(loaded.preview().image().IsEmpty());
     }
 
     void aPictureOfASmallerPointSizeIsShownAndMeasuredInPixels() {
@@ -97,8 +98,8 @@ class PreviewTest : public QObject {
         ClickRow(loaded, 0);
         QCOMPARE(AllLabels(loaded),
                  QStringLiteral("Width: 4000 / Height: 3000 -> Width: 4000 / Height: 3000"));
-        QCOMPARE(loaded.controller().currentImage().Width(), 4000.0);
-        QCOMPARE(loaded.controller().currentImage().Height(), 3000.0);
+        QCOMPARE(loaded.preview().image().Width(), 4000.0);
+        QCOMPARE(loaded.preview().image().Height(), 3000.0);
         // The picture is the whole image at the preview's size.
         const QImage shown = PreviewPicture(loaded);
         QVERIFY(shown.width() < 4000);
@@ -158,7 +159,7 @@ class PreviewTest : public QObject {
         VELLUMO_QSKIP_WITHOUT_TESTDATA();
         LoadedWindow loaded;
         auto decoder = std::make_shared<GatedPreviewDecoder>();
-        loaded.controller().SetPreviewDecoder(decoder);
+        loaded.preview().SetDecoder(decoder);
         loaded.Show();
         loaded.AddImages({vellumo::test::RealImage("large/sky.jpg")});
         ClickRow(loaded, 0);
@@ -187,7 +188,7 @@ class PreviewTest : public QObject {
                                                    dir.filePath("t-quick.png"));
         LoadedWindow loaded;
         auto decoder = std::make_shared<GatedPreviewDecoder>();
-        loaded.controller().SetPreviewDecoder(decoder);
+        loaded.preview().SetDecoder(decoder);
         loaded.Show();
         loaded.AddImages({slow, quick});
 
@@ -199,9 +200,9 @@ class PreviewTest : public QObject {
                  QStringLiteral("Width: 300 / Height: 200 -> Width: 300 / Height: 200"));
 
         // The slow picture comes back and is dropped.
-        const quint64 arrived = loaded.controller().previewDeliveries().decodes;
+        const quint64 arrived = loaded.preview().deliveries().decodes;
         decoder->Release(slow.toStdString());
-        QTRY_COMPARE(loaded.controller().previewDeliveries().decodes, arrived + 1);
+        QTRY_COMPARE(loaded.preview().deliveries().decodes, arrived + 1);
         QCOMPARE(AllLabels(loaded),
                  QStringLiteral("Width: 300 / Height: 200 -> Width: 300 / Height: 200"));
         QCOMPARE(PreviewPicture(loaded).pixelColor(150, 100), QColor(Qt::blue));
@@ -213,7 +214,7 @@ class PreviewTest : public QObject {
             vellumo::test::Write(vellumo::test::Plain(800, 600, Qt::red), dir.filePath("slow.png"));
         LoadedWindow loaded;
         auto decoder = std::make_shared<GatedPreviewDecoder>();
-        loaded.controller().SetPreviewDecoder(decoder);
+        loaded.preview().SetDecoder(decoder);
         loaded.Show();
         loaded.AddImages({slow});
         decoder->Hold(slow.toStdString());
@@ -221,9 +222,9 @@ class PreviewTest : public QObject {
         QTRY_COMPARE(decoder->started(), 1);
         vellumo::test::DeselectRow(loaded, 0);
         QVERIFY(!loaded.Control<CropPreviewView>("imageViewCropPreview").isBusy());
-        const quint64 arrived = loaded.controller().previewDeliveries().decodes;
+        const quint64 arrived = loaded.preview().deliveries().decodes;
         decoder->Release(slow.toStdString());
-        QTRY_COMPARE(loaded.controller().previewDeliveries().decodes, arrived + 1);
+        QTRY_COMPARE(loaded.preview().deliveries().decodes, arrived + 1);
         QVERIFY(PreviewPicture(loaded).isNull());
         QCOMPARE(AllLabels(loaded), kNoImageLabels);
     }
@@ -234,7 +235,7 @@ class PreviewTest : public QObject {
             vellumo::test::Write(vellumo::test::Plain(800, 600, Qt::red), dir.filePath("slow.png"));
         LoadedWindow loaded;
         auto decoder = std::make_shared<GatedPreviewDecoder>();
-        loaded.controller().SetPreviewDecoder(decoder);
+        loaded.preview().SetDecoder(decoder);
         loaded.Show();
         loaded.AddImages({path});
         auto& view = loaded.Control<CropPreviewView>("imageViewCropPreview");
@@ -288,10 +289,9 @@ class PreviewTest : public QObject {
             const QModelIndex index = table.model()->index(row, 0);
             QCOMPARE(IconImage(index.data(Qt::DecorationRole).value<QIcon>()), warning);
             const QString tip = index.data(Qt::ToolTipRole).toString();
-            QVERIFY2(
-                tip.startsWith(loaded.controller().listImagePaths()[row] + "\nCannot be shown: ") &&
-                    tip.size() > loaded.controller().listImagePaths()[row].size() + 20,
-                qPrintable(tip));
+            QVERIFY2(tip.startsWith(loaded.imageList().paths()[row] + "\nCannot be shown: ") &&
+                         tip.size() > loaded.imageList().paths()[row].size() + 20,
+                     qPrintable(tip));
         }
         QVERIFY2(table.model()->index(2, 0).data(Qt::ToolTipRole).toString().contains("text"),
                  qPrintable(table.model()->index(2, 0).data(Qt::ToolTipRole).toString()));
@@ -304,7 +304,7 @@ class PreviewTest : public QObject {
                 warning);
 
         // The mark goes with the file: listed anew, it starts afresh.
-        loaded.boxAnswers.push_back(1000);
+        loaded.boxAnswers.push_back(vellumo::kRemoveAllYes);
         loaded.controller().OnRemoveAll();
         loaded.AddImages({bad});
         QCOMPARE(IconImage(table.model()->index(0, 0).data(Qt::DecorationRole).value<QIcon>()),
@@ -316,7 +316,7 @@ class PreviewTest : public QObject {
         QTemporaryDir dir;
         LoadedWindow loaded;
         auto decoder = std::make_shared<GatedPreviewDecoder>();
-        loaded.controller().SetPreviewDecoder(decoder);
+        loaded.preview().SetDecoder(decoder);
         loaded.Show();
         loaded.window().resize(1000, 700);
         loaded.AddImages(
@@ -337,9 +337,9 @@ class PreviewTest : public QObject {
                  QStringLiteral("Width: 4000 / Height: 2000 -> Width: 4000 / Height: 2000"));
 
         // Smaller again: the picture is only drawn smaller.
-        const quint64 checks = loaded.controller().previewDeliveries().sizeChecks;
+        const quint64 checks = loaded.preview().deliveries().sizeChecks;
         loaded.window().resize(1000, 700);
-        QTRY_COMPARE(loaded.controller().previewDeliveries().sizeChecks, checks + 1);
+        QTRY_COMPARE(loaded.preview().deliveries().sizeChecks, checks + 1);
         QCOMPARE(decoder->started(), 2);
         QCOMPARE(PreviewPicture(loaded).width(), after);
     }

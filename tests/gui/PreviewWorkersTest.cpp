@@ -10,7 +10,7 @@
 #include "tests/gui/support/LoadedWindow.h"
 #include "tests/gui/support/PictureFiles.h"
 #include "tests/gui/support/WindowDriving.h"
-#include "ui/list/ImageListModel.h"
+#include "ui/list/ImageList.h"
 #include "ui/list/ImageTableView.h"
 
 using vellumo::test::LabelText;
@@ -93,7 +93,7 @@ class PreviewWorkersTest : public QObject {
         QVERIFY(vellumo::test::WaitForPreview(loaded));
         VerifyShows(loaded, rows[last]);
         // No good file was ever taken for unreadable.
-        auto* model = qobject_cast<vellumo::ImageListModel*>(
+        auto* model = qobject_cast<vellumo::ImageList*>(
             loaded.Control<vellumo::ImageTableView>("tableViewImage").model());
         QVERIFY(model != nullptr);
         for (const Row& row : rows) {

@@ -78,7 +78,7 @@ void ChangeEverything(LoadedWindow& w) {
     w.Control<QLineEdit>("textFieldCustomCropPercentsHeight").setText("33.333");
     vellumo::test::Choose(w.Control<QComboBox>("comboFormat"), "TIF");
     w.Control<vellumo::QualitySlider>("sliderQuality").setDoubleValue(42.5);
-    w.controller().OnQualityChanged();
+    w.settings().ShowQuality();
     w.Control<QLineEdit>("textFieldName").setText("shot [FileIndex] é");
     w.Control<QLineEdit>("textFieldOutputFolder").setText("/somewhere/out");
     Click(w.Control<QCheckBox>("checkKeepEXIFInformationAndCreationDate"));
@@ -98,20 +98,20 @@ class ProfilesTest : public QObject {
         loaded.Show();
         ChangeEverything(loaded);
         const QStringList changed = Controls(loaded);
-        const vellumo::CropSettings settings = loaded.controller().CropSettingsFromControls();
+        const vellumo::CropSettings settings = loaded.settings().Read();
 
         // Save As adds the extension.
         loaded.saveDialogAnswers.push_back(dir.filePath("mine"));
-        loaded.controller().OnSaveProfileAs();
+        loaded.profiles().SaveAs();
         QVERIFY(QFile::exists(dir.filePath("mine.vellumo")));
         QCOMPARE(loaded.saveDialogs.at(0).fileType, QStringLiteral("vellumo"));
 
         loaded.controller().OnFileNew();
         QVERIFY(Controls(loaded) != changed);
         loaded.openDialogAnswers.push_back(QStringList{dir.filePath("mine.vellumo")});
-        loaded.controller().OnLoadProfile();
+        loaded.profiles().Load();
         QCOMPARE(Controls(loaded), changed);
-        const vellumo::CropSettings back = loaded.controller().CropSettingsFromControls();
+        const vellumo::CropSettings back = loaded.settings().Read();
         QCOMPARE(back.percentsOriginX, settings.percentsOriginX);  // 12.3f, exactly
         QCOMPARE(back.percentsHeight, settings.percentsHeight);
         QCOMPARE(back.quality, 42.5f);
@@ -142,12 +142,12 @@ class ProfilesTest : public QObject {
             out.write(file.text);
             out.close();
             loaded.openDialogAnswers.push_back(QStringList{path});
-            loaded.controller().OnLoadProfile();
+            loaded.profiles().Load();
             QCOMPARE(Controls(loaded), before);
             QCOMPARE(loaded.boxes.back().text,
                      "The profile " + path + " could not be loaded: " + file.problem + ".");
             QCOMPARE(loaded.boxes.back().style, vellumo::MessageBoxStyle::Warning);
-            QCOMPARE(loaded.controller().currentProfilePath(), QString());
+            QCOMPARE(loaded.profiles().currentPath(), QString());
         }
     }
 
@@ -162,7 +162,7 @@ class ProfilesTest : public QObject {
         out.write(R"({"version": 1, "format": "PNG", "whatIsThis": true})");
         out.close();
         loaded.openDialogAnswers.push_back(QStringList{dir.filePath("small.vellumo")});
-        loaded.controller().OnLoadProfile();
+        loaded.profiles().Load();
         expected.replaceInStrings("comboFormat=TIF", "comboFormat=PNG");
         expected.replaceInStrings("enabled=1", "enabled=0");
         QCOMPARE(Controls(loaded), expected);
@@ -176,14 +176,14 @@ class ProfilesTest : public QObject {
 
         // Save with no profile yet acts as Save As.
         loaded.saveDialogAnswers.push_back(dir.filePath("Portraits.vellumo"));
-        loaded.controller().OnSaveProfile();
+        loaded.profiles().Save();
         QCOMPARE(loaded.saveDialogs.size(), std::size_t{1});
         QCOMPARE(loaded.window().windowTitle(), QString::fromUtf8("Vellumo — Portraits"));
-        QCOMPARE(loaded.controller().currentProfilePath(), dir.filePath("Portraits.vellumo"));
+        QCOMPARE(loaded.profiles().currentPath(), dir.filePath("Portraits.vellumo"));
 
         // Save again writes there without asking.
         vellumo::test::Choose(loaded.Control<QComboBox>("comboFormat"), "GIF");
-        loaded.controller().OnSaveProfile();
+        loaded.profiles().Save();
         QCOMPARE(loaded.saveDialogs.size(), std::size_t{1});
         QFile saved(dir.filePath("Portraits.vellumo"));
         QVERIFY(saved.open(QIODevice::ReadOnly));
@@ -191,10 +191,10 @@ class ProfilesTest : public QObject {
 
         loaded.controller().OnFileNew();
         QCOMPARE(loaded.window().windowTitle(), QStringLiteral("Vellumo"));
-        QCOMPARE(loaded.controller().currentProfilePath(), QString());
+        QCOMPARE(loaded.profiles().currentPath(), QString());
 
         loaded.openDialogAnswers.push_back(QStringList{dir.filePath("Portraits.vellumo")});
-        loaded.controller().OnLoadProfile();
+        loaded.profiles().Load();
         QCOMPARE(loaded.window().windowTitle(), QString::fromUtf8("Vellumo — Portraits"));
         QCOMPARE(loaded.Control<QComboBox>("comboFormat").currentText(), QStringLiteral("GIF"));
     }
@@ -203,12 +203,12 @@ class ProfilesTest : public QObject {
         LoadedWindow loaded;
         loaded.Show();
         loaded.saveDialogAnswers.push_back(QStringLiteral("/no/such/folder/p.vellumo"));
-        loaded.controller().OnSaveProfileAs();
+        loaded.profiles().SaveAs();
         QCOMPARE(loaded.boxes.back().text,
                  QStringLiteral("The profile could not be saved to /no/such/folder/p.vellumo: "
                                 "the folder does not exist."));
         QCOMPARE(loaded.window().windowTitle(), QStringLiteral("Vellumo"));
-        QCOMPARE(loaded.controller().currentProfilePath(), QString());
+        QCOMPARE(loaded.profiles().currentPath(), QString());
     }
 
     void theCommandLineWithTheSameProfileWritesTheSameBytes() {
@@ -228,11 +228,11 @@ class ProfilesTest : public QObject {
         loaded.Control<QLineEdit>("textFieldName").setText("[FileName]-profiled");
         loaded.Control<QLineEdit>("textFieldOutputFolder").setText(dir.filePath("window"));
         loaded.saveDialogAnswers.push_back(dir.filePath("job.vellumo"));
-        loaded.controller().OnSaveProfileAs();
+        loaded.profiles().SaveAs();
 
         loaded.controller().OnFileNew();
         loaded.openDialogAnswers.push_back(QStringList{dir.filePath("job.vellumo")});
-        loaded.controller().OnLoadProfile();
+        loaded.profiles().Load();
         loaded.AddImages(sources);
         Click(loaded.Control<QPushButton>("buttonCropImages"));
         QTRY_VERIFY_WITH_TIMEOUT(!loaded.boxes.empty() && !loaded.controller().isCropping(), 60000);

@@ -108,8 +108,8 @@ int main(int argc, char** argv) {
             services.chooseFilesToOpen = realPanel;
 
             for (const auto& [row, rect] : options.adjustments) {
-                if (row >= 0 && row < controller.listImagePaths().size()) {
-                    controller.cropAdjustments().Adjust(controller.listImagePaths()[row], rect,
+                if (row >= 0 && row < controller.imageList().paths().size()) {
+                    controller.cropAdjustments().Adjust(controller.imageList().paths()[row], rect,
                                                         false);
                 }
             }

@@ -18,6 +18,9 @@ inline constexpr char kReplaceOriginals[] = "Replace the Originals";
 inline constexpr char kWriteUncroppedCopies[] = "Write Copies";
 inline constexpr char kNumberTheClashingFiles[] = "Number the Clashing Files";
 inline constexpr char kCancel[] = "Cancel";
+// The answers of these boxes: the first button goes on, "Cancel" does not.
+inline constexpr BoxAnswer kGoOnAnswer{0};
+inline constexpr BoxAnswer kCancelAnswer{1};
 inline constexpr char kUncroppedQuestion[] =
     "The crop rectangle leaves every image uncropped. Write uncropped copies?";
 

@@ -14,7 +14,7 @@ inline constexpr char kSomeImagesNotCropped[] = "Some images could not be croppe
 inline constexpr char kShowInFolder[] = "Show in Folder";
 
 // The answer of the report's "Show in Folder" button (its first).
-inline constexpr int kShowInFolderAnswer = kFirstButtonAnswer;
+inline constexpr BoxAnswer kShowInFolderAnswer{0};
 
 // "Images cropped successfully." in the informational style when every image
 // succeeded (a kept file counts as a success), else "Some images could not

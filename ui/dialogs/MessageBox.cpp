@@ -75,7 +75,7 @@ std::unique_ptr<QMessageBox> BuildMessageBox(const MessageBoxRequest& request, Q
     QPushButton* last = nullptr;
     for (qsizetype i = 0; i < request.buttons.size(); ++i) {
         last = box->addButton(request.buttons[i], QMessageBox::ActionRole);
-        last->setProperty(kAnswerProperty, kFirstButtonAnswer + static_cast<int>(i));
+        last->setProperty(kAnswerProperty, static_cast<int>(i));
         if (i == request.defaultButton) {
             chosen = last;
         }
@@ -85,7 +85,7 @@ std::unique_ptr<QMessageBox> BuildMessageBox(const MessageBoxRequest& request, Q
     return box;
 }
 
-int RunMessageBox(const MessageBoxRequest& request, QWidget* parent) {
+BoxAnswer RunMessageBox(const MessageBoxRequest& request, QWidget* parent) {
     const auto box = BuildMessageBox(request, parent);
     box->exec();
     // The escape button makes sure some button was pressed, however the box
@@ -94,7 +94,7 @@ int RunMessageBox(const MessageBoxRequest& request, QWidget* parent) {
     if (pressed == nullptr) {
         pressed = box->escapeButton();
     }
-    return pressed->property(kAnswerProperty).toInt();
+    return BoxAnswer{pressed->property(kAnswerProperty).toInt()};
 }
 
 }  // namespace vellumo

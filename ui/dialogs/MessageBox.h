@@ -3,9 +3,9 @@
 // Every message box of the window is built here: the sentence as the box's
 // text, "Vellumo" as its title, the warning style except for a success report,
 // the buttons in reading order with the first as the default unless another
-// is named. A box answers with the code of the pressed button: 1000 for the
-// first, 1001 for the second, and so on. Details wrap at the box's width,
-// long paths included, and a box with details can be made larger.
+// is named. A box answers with the pressed button's place among its buttons
+// (BoxAnswer); callers compare it with the named answers of their box. Details wrap at the box's
+// width, long paths included, and a box with details can be made larger.
 
 #include <QString>
 #include <QStringList>
@@ -32,9 +32,18 @@ struct MessageBoxRequest {
     friend bool operator==(const MessageBoxRequest&, const MessageBoxRequest&) = default;
 };
 
-inline constexpr int kFirstButtonAnswer = 1000;
+// Which button of a box was pressed: its place in the request's buttons, 0
+// for the first.
+struct BoxAnswer {
+    int button = 0;
 
-// Each button of a built box carries its answer in this property.
+    friend bool operator==(BoxAnswer, BoxAnswer) = default;
+};
+
+// The answer of a box that was never shown (no window to show it on).
+inline constexpr BoxAnswer kNoButtonPressed{-1};
+
+// Each button of a built box carries its place in this property.
 inline constexpr char kAnswerProperty[] = "vellumoAnswer";
 
 // A one-button "OK" box in the warning style.
@@ -46,6 +55,6 @@ MessageBoxRequest NoticeRequest(const QString& text);
 std::unique_ptr<QMessageBox> BuildMessageBox(const MessageBoxRequest& request, QWidget* parent);
 
 // Shows the box modally and waits for the answer.
-int RunMessageBox(const MessageBoxRequest& request, QWidget* parent);
+BoxAnswer RunMessageBox(const MessageBoxRequest& request, QWidget* parent);
 
 }  // namespace vellumo

@@ -10,17 +10,17 @@ MessageBoxRequest OverwriteBoxRequest(const QString& question) {
     return request;
 }
 
-OverwriteAnswer OverwriteAnswerOfBox(int code) {
-    switch (code) {
-        case kAnswerYes:
-            return OverwriteAnswer::Yes;
-        case kAnswerYesToAll:
-            return OverwriteAnswer::YesToAll;
-        case kAnswerNo:
-            return OverwriteAnswer::No;
-        default:
-            return OverwriteAnswer::NoToAll;
+OverwriteAnswer OverwriteAnswerOfBox(BoxAnswer answer) {
+    if (answer == kAnswerYes) {
+        return OverwriteAnswer::Yes;
     }
+    if (answer == kAnswerYesToAll) {
+        return OverwriteAnswer::YesToAll;
+    }
+    if (answer == kAnswerNo) {
+        return OverwriteAnswer::No;
+    }
+    return OverwriteAnswer::NoToAll;
 }
 
 }  // namespace vellumo

@@ -1,7 +1,7 @@
 #pragma once
 
-// The overwrite question as a message box: its buttons' answers (the box
-// answers 1000 for its first button) and what each means.
+// The overwrite question as a message box: its buttons' answers and what
+// each means.
 
 #include <QString>
 
@@ -10,16 +10,16 @@
 
 namespace vellumo {
 
-inline constexpr int kAnswerYes = kFirstButtonAnswer;
-inline constexpr int kAnswerYesToAll = kFirstButtonAnswer + 1;
-inline constexpr int kAnswerNo = kFirstButtonAnswer + 2;
-inline constexpr int kAnswerNoToAll = kFirstButtonAnswer + 3;
+inline constexpr BoxAnswer kAnswerYes{0};
+inline constexpr BoxAnswer kAnswerYesToAll{1};
+inline constexpr BoxAnswer kAnswerNo{2};
+inline constexpr BoxAnswer kAnswerNoToAll{3};
 
 // The box for `question`: "Yes", "Yes to All", "No", "No to All".
 MessageBoxRequest OverwriteBoxRequest(const QString& question);
 
-// The answer a box's code means; any code but the first three's (a box
-// closed some other way) counts as "No to All".
-OverwriteAnswer OverwriteAnswerOfBox(int code);
+// What a box's answer means; any answer but the first three buttons' (a box
+// never shown) counts as "No to All".
+OverwriteAnswer OverwriteAnswerOfBox(BoxAnswer answer);
 
 }  // namespace vellumo

@@ -2,8 +2,8 @@
 
 // What the window makes of a crop command's progress: each step, told on
 // the thread that runs the command, is handed to the window's thread in
-// order; the job's start is shown before the job's thread goes on. The lines the window has always written on
-// standard output are written as each image is done.
+// order; the job's start is shown before the job's thread goes on. The lines the window has always
+// written on standard output are written as each image is done.
 
 #include <QObject>
 #include <QPointer>

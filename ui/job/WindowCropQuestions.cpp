@@ -12,8 +12,8 @@ WindowCropQuestions::WindowCropQuestions(QObject& context, WindowServices& servi
                                          std::function<void()> beforeQuestion)
     : context_(&context), services_(services), beforeQuestion_(std::move(beforeQuestion)) {}
 
-int WindowCropQuestions::Ask(const MessageBoxRequest& request) {
-    int answer = -1;  // no button: a window that is gone asks nobody
+BoxAnswer WindowCropQuestions::Ask(const MessageBoxRequest& request) {
+    BoxAnswer answer = kNoButtonPressed;  // a window that is gone asks nobody
     const auto ask = [&] {
         if (beforeQuestion_) {
             beforeQuestion_();
@@ -32,20 +32,20 @@ int WindowCropQuestions::Ask(const MessageBoxRequest& request) {
 }
 
 Answer WindowCropQuestions::ReplaceOriginals(std::size_t count) {
-    return Ask(ReplaceOriginalsRequest(count)) == kFirstButtonAnswer ? Answer::Yes : Answer::No;
+    return Ask(ReplaceOriginalsRequest(count)) == kGoOnAnswer ? Answer::Yes : Answer::No;
 }
 
 Answer WindowCropQuestions::CreateFolder(const std::string& folder) {
-    return Ask(CreateFolderRequest(folder)) == kFirstButtonAnswer ? Answer::Yes : Answer::No;
+    return Ask(CreateFolderRequest(folder)) == kGoOnAnswer ? Answer::Yes : Answer::No;
 }
 
 Answer WindowCropQuestions::WriteUncroppedCopies() {
-    return Ask(UncroppedCopiesRequest()) == kFirstButtonAnswer ? Answer::Yes : Answer::No;
+    return Ask(UncroppedCopiesRequest()) == kGoOnAnswer ? Answer::Yes : Answer::No;
 }
 
 Answer WindowCropQuestions::NumberClashes(const std::vector<OutputClash>& clashes,
                                           const std::vector<std::string>& list) {
-    return Ask(ClashWarningRequest(clashes, list)) == kFirstButtonAnswer ? Answer::Yes : Answer::No;
+    return Ask(ClashWarningRequest(clashes, list)) == kGoOnAnswer ? Answer::Yes : Answer::No;
 }
 
 OverwriteAnswer WindowCropQuestions::Overwrite(const std::string& question) {

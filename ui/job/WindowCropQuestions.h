@@ -30,7 +30,7 @@ class WindowCropQuestions final : public CropQuestions {
 
   private:
     // The box's answer, shown on the window's thread.
-    int Ask(const MessageBoxRequest& request);
+    BoxAnswer Ask(const MessageBoxRequest& request);
 
     QPointer<QObject> context_;
     WindowServices& services_;

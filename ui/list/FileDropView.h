@@ -1,11 +1,13 @@
 #pragma once
 
 // Dropping files into the image list, shared by its two views (the table and
-// the contact sheet). A drag of a registered kind is followed when it could
-// be taken in some gap; each position is judged by the drop delegate, an
-// accepted gap shows the view's drop line, the view scrolls near its edges,
-// and the drop is carried out by the delegate where it lands.
+// the contact sheet). A drag of a type the model takes (its mimeTypes) is
+// followed when it could be taken in some gap; each position is judged by
+// the model's canDropMimeData, an accepted gap shows the view's drop line,
+// the view scrolls near its edges, and the drop is carried out by the
+// model's dropMimeData where it lands.
 
+#include <QAbstractItemView>
 #include <QDragEnterEvent>
 #include <QDragLeaveEvent>
 #include <QDragMoveEvent>
@@ -18,34 +20,24 @@
 
 namespace vellumo {
 
-class ImageTableView;
-
 // Where a drop would go: onto a row, or into the gap above a row (the row
 // equal to the number of rows is the gap below the last one), as Qt's item
 // views name the places of their drop indicator.
 enum class DropPosition { OnItem, AboveItem };
 
-// What the list knows of a drag.
-struct DragInfo {
-    const QMimeData* mimeData = nullptr;
-    // The widget of this program the drag started from; null for drags from
-    // other programs.
-    const QObject* source = nullptr;
-};
-
-// Decides about drops onto the image list and carries them out. Both views
-// name the table, whose rows they show.
-class ListDropHandler {
-  public:
-    // Whether the drag's data could be dropped there (its files listed).
-    virtual bool canDropMimeData(ImageTableView& table, const DragInfo& info, int proposedRow,
-                                 DropPosition position) = 0;
-    virtual bool dropMimeData(ImageTableView& table, const DragInfo& info, int row,
-                              DropPosition position) = 0;
-
-  protected:
-    ~ListDropHandler() = default;
-};
+// Rows are not dragged within or between item views, ours included: a drag
+// whose source is an item view of this program (or the viewport of one) is
+// refused.
+inline bool StartedInAnItemView(const QObject* source) {
+    if (source == nullptr) {
+        return false;
+    }
+    if (qobject_cast<const QAbstractItemView*>(source) != nullptr) {
+        return true;
+    }
+    const auto* view = qobject_cast<const QAbstractItemView*>(source->parent());
+    return view != nullptr && view->viewport() == source;
+}
 
 // Accepting a drag of files into the list means only noting their paths.
 // Answering "move" would tell the file manager it may delete its originals
@@ -61,34 +53,29 @@ inline Qt::DropAction ActionForTakingFiles(Qt::DropActions possible) {
 }
 
 // A view of the image list that takes dropped files. `View` is the Qt view
-// it extends; the view says where a position's drop goes (ProposedDrop),
-// which table the delegate is told of (DropTable), and paints the line at
-// DropIndicatorRow.
+// it extends; the view says where a position's drop goes (ProposedDrop) and
+// paints the line at DropIndicatorRow.
 template <class View>
 class FileDropView : public View {
   public:
     using View::View;
 
-    // Drags carrying data of these MIME types are considered; others are not.
-    void AcceptDraggedTypes(const QStringList& mimeTypes) {
-        draggedTypes_ = mimeTypes;
+    // Takes drags of the types the view's model takes (its mimeTypes).
+    void AcceptModelDrops() {
+        const QStringList mimeTypes =
+            this->model() != nullptr ? this->model()->mimeTypes() : QStringList();
         // Drops arrive at the viewport; the view itself stays out of it, or a
         // drag the viewport refused would be offered to the view a second
         // time.
         this->setAcceptDrops(false);
         this->viewport()->setAcceptDrops(!mimeTypes.isEmpty());
     }
-    void SetDropHandler(ListDropHandler* delegate) { dropHandler_ = delegate; }
-
     // The gap where the drop line is shown, if one is.
     std::optional<int> DropIndicatorRow() const { return dropIndicatorRow_; }
 
   protected:
     // The drop a pointer at `position` (viewport coordinates) proposes.
     virtual std::pair<int, DropPosition> ProposedDrop(const QPoint& position) const = 0;
-    // The table the delegate is told of; null while there is none.
-    virtual ImageTableView* DropTable() = 0;
-
     void dragEnterEvent(QDragEnterEvent* event) override {
         if (!CarriesRegisteredType(event->mimeData())) {
             event->ignore();
@@ -98,12 +85,9 @@ class FileDropView : public View {
         // follow. The view follows every drag it could take in some gap, so a
         // pointer that enters over the middle of a row can still move on
         // between rows; each position is then judged as the pointer moves.
-        const DragInfo info{event->mimeData(), event->source()};
-        const int gapAfterLastRow = this->model() != nullptr ? this->model()->rowCount() : 0;
+        const int gapAfterLastRow = this->model()->rowCount();
         const bool takenInSomeGap =
-            dropHandler_->canDropMimeData(*DropTable(), info, gapAfterLastRow,
-                                          DropPosition::AboveItem) &&
-            ActionForTakingFiles(event->possibleActions()) != Qt::IgnoreAction;
+            ModelTakes(*event, gapAfterLastRow, DropPosition::AboveItem) != Qt::IgnoreAction;
         if (!takenInSomeGap) {
             event->ignore();
             return;
@@ -137,8 +121,9 @@ class FileDropView : public View {
         AnswerProposedDrop(*event);
         if (event->isAccepted()) {
             const auto [row, operation] = ProposedDrop(event->position().toPoint());
-            const DragInfo info{event->mimeData(), event->source()};
-            if (!dropHandler_->dropMimeData(*DropTable(), info, row, operation)) {
+            if (!this->model()->dropMimeData(event->mimeData(), event->dropAction(),
+                                             ModelRow(row, operation), 0,
+                                             ModelParent(row, operation))) {
                 event->ignore();
             }
         }
@@ -147,14 +132,39 @@ class FileDropView : public View {
 
   private:
     bool CarriesRegisteredType(const QMimeData* data) {
-        if (data == nullptr || dropHandler_ == nullptr || DropTable() == nullptr) {
+        if (data == nullptr || this->model() == nullptr) {
             return false;
         }
-        return std::any_of(draggedTypes_.begin(), draggedTypes_.end(),
+        const QStringList types = this->model()->mimeTypes();
+        return std::any_of(types.begin(), types.end(),
                            [data](const QString& type) { return data->hasFormat(type); });
     }
 
-    // Asks the delegate about the drop at the event's position, shows or
+    // In Qt's terms, a drop into the gap above `row` is at that row with no
+    // parent; a drop onto `row` is at no row, with that row as its parent.
+    static int ModelRow(int row, DropPosition position) {
+        return position == DropPosition::AboveItem ? row : -1;
+    }
+    QModelIndex ModelParent(int row, DropPosition position) const {
+        return position == DropPosition::OnItem ? this->model()->index(row, 0) : QModelIndex();
+    }
+
+    // The action with which the model would take the drag at `row`
+    // (IgnoreAction when it would not).
+    Qt::DropAction ModelTakes(const QDropEvent& event, int row, DropPosition position) const {
+        if (StartedInAnItemView(event.source())) {
+            return Qt::IgnoreAction;
+        }
+        const Qt::DropAction action = ActionForTakingFiles(event.possibleActions());
+        if (action == Qt::IgnoreAction ||
+            !this->model()->canDropMimeData(event.mimeData(), action, ModelRow(row, position), 0,
+                                            ModelParent(row, position))) {
+            return Qt::IgnoreAction;
+        }
+        return action;
+    }
+
+    // Asks the model about the drop at the event's position, shows or
     // hides the drop line and answers the event.
     void AnswerProposedDrop(QDropEvent& event) {
         if (!CarriesRegisteredType(event.mimeData())) {
@@ -163,10 +173,7 @@ class FileDropView : public View {
             return;
         }
         const auto [row, operation] = ProposedDrop(event.position().toPoint());
-        const DragInfo info{event.mimeData(), event.source()};
-        const bool taken = dropHandler_->canDropMimeData(*DropTable(), info, row, operation);
-        const Qt::DropAction action =
-            taken ? ActionForTakingFiles(event.possibleActions()) : Qt::IgnoreAction;
+        const Qt::DropAction action = ModelTakes(event, row, operation);
         if (action == Qt::IgnoreAction) {
             SetDropIndicatorRow(std::nullopt);
             event.setDropAction(Qt::IgnoreAction);
@@ -192,8 +199,6 @@ class FileDropView : public View {
         this->setState(View::NoState);
     }
 
-    QStringList draggedTypes_;
-    ListDropHandler* dropHandler_ = nullptr;
     std::optional<int> dropIndicatorRow_;
 };
 

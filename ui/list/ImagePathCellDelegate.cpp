@@ -4,7 +4,7 @@
 #include <QPainter>
 #include <QStyle>
 
-#include "ui/list/ImageListModel.h"
+#include "ui/list/ImageList.h"
 #include "ui/preview/CropFrame.h"
 
 namespace vellumo {
@@ -30,7 +30,7 @@ QSize ImagePathCellDelegate::sizeHint(const QStyleOptionViewItem& option,
 
 void ImagePathCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                   const QModelIndex& index) const {
-    if (!index.data(ImageListModel::kAdjustedRole).toBool()) {
+    if (!index.data(ImageList::kAdjustedRole).toBool()) {
         QStyledItemDelegate::paint(painter, option, index);
         return;
     }

@@ -94,4 +94,15 @@ std::vector<std::string> NativePaths(const QStringList& paths) {
     return native;
 }
 
+OpenFilesRequest AddImagesRequest() {
+    OpenFilesRequest request;
+    request.allowsMultipleSelection = true;
+    request.canChooseDirectories = false;
+    request.canCreateDirectories = false;
+    request.canChooseFiles = true;
+    request.allowedFileTypes = OpenFilesImageExtensions();
+    request.memoryKey = QStringLiteral("addImages");
+    return request;
+}
+
 }  // namespace vellumo

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "ui/dialogs/OpenFilesDialog.h"
+
 class QUrl;
 
 namespace vellumo {
@@ -21,6 +23,10 @@ QStringList AcceptedImageExtensions();
 // formats' extensions ("jpg", "jpeg", "jpe", "jp2", "jpx", "png", "tiff",
 // "tif", "gif", "bmp", "webp", "avif", "heic", "jxl"), then "heif".
 QStringList OpenFilesImageExtensions();
+
+// The add-images dialog: several files (no folders) of those extensions,
+// the dialog's folder remembered as "addImages".
+OpenFilesRequest AddImagesRequest();
 
 // The extension of `path` read as a file path (after the last dot of the last
 // component), in lower case; empty when there is none.

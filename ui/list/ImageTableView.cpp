@@ -4,9 +4,10 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <algorithm>
+#include <utility>
 
 #include "imaging/Fatal.h"
-#include "ui/list/ImageListModel.h"
+#include "ui/list/ImageList.h"
 #include "ui/list/ImagePathCellDelegate.h"
 
 namespace vellumo {
@@ -30,37 +31,39 @@ ImageTableView::ImageTableView(QWidget* parent) : FileDropView<QTableView>(paren
     verticalHeader()->setDefaultSectionSize(std::max(28, fontMetrics().height() + 12));
 }
 
-void ImageTableView::SetImageListModel(ImageListModel* model) {
-    imageListModel_ = model;
-    setModel(model);
-}
-
-void ImageTableView::RefreshRows() {
-    if (imageListModel_ == nullptr) {
-        Fatal("the image table has no rows to reload");
+void ImageTableView::SetImageList(ImageList* list) {
+    // Connected before the view's own connections, so the notices are
+    // paused before the selection model follows the change; resumed after
+    // it has.
+    for (const auto about :
+         {&QAbstractItemModel::rowsAboutToBeInserted, &QAbstractItemModel::rowsAboutToBeRemoved}) {
+        connect(list, about, this, &ImageTableView::PauseSelectionNotices);
     }
-    QList<int> selectedRows;
-    for (const QModelIndex& index : selectionModel()->selectedRows()) {
-        selectedRows << index.row();
+    connect(list, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
+        PauseSelectionNotices();
+        rowsSelectedBeforeReset_ = SelectedRows();
+    });
+    setModel(list);
+    for (const auto done : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved}) {
+        connect(list, done, this, &ImageTableView::ResumeSelectionNotices);
     }
-    selectionNoticesPaused_ = true;
-    imageListModel_->Reload();
-    const int rows = imageListModel_->rowCount();
-    for (const int row : selectedRows) {
-        if (row < rows) {
-            selectionModel()->select(imageListModel_->index(row),
-                                     QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    connect(list, &QAbstractItemModel::modelReset, this, [this, list] {
+        for (const int row : std::exchange(rowsSelectedBeforeReset_, {})) {
+            if (row < list->rowCount()) {
+                selectionModel()->select(list->index(row),
+                                         QItemSelectionModel::Select | QItemSelectionModel::Rows);
+            }
         }
-    }
-    selectionNoticesPaused_ = false;
+        ResumeSelectionNotices();
+    });
+    AcceptModelDrops();
 }
 
-void ImageTableView::InsertRow(int row) {
-    if (imageListModel_ == nullptr) {
-        Fatal("the image table has no rows to insert into");
-    }
+void ImageTableView::PauseSelectionNotices() {
     selectionNoticesPaused_ = true;
-    imageListModel_->RowInserted(row);
+}
+
+void ImageTableView::ResumeSelectionNotices() {
     selectionNoticesPaused_ = false;
 }
 
@@ -100,8 +103,7 @@ void ImageTableView::keyPressEvent(QKeyEvent* event) {
     QTableView::keyPressEvent(event);
 }
 
-std::pair<int, DropPosition> ImageTableView::ProposedDropAt(
-    const QPoint& position) const {
+std::pair<int, DropPosition> ImageTableView::ProposedDropAt(const QPoint& position) const {
     const int rows = model() != nullptr ? model()->rowCount() : 0;
     const QModelIndex index = indexAt(position);
     if (!index.isValid()) {

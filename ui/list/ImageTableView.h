@@ -6,26 +6,23 @@
 
 namespace vellumo {
 
-class ImageListModel;
+class ImageList;
 
 // The image list's table. Rows are selected as in any list (a click, Ctrl
-// and Shift with a click, Ctrl+A). It takes drops of the registered kinds,
-// asks its drop delegate about each position, shows a line between rows where
+// and Shift with a click, Ctrl+A). It takes drops of the kinds its model
+// takes, asks the model about each position, shows a line between rows where
 // an accepted drop would go, tells of selection changes made by the user or
-// the program (not of those a reload or an insertion makes) and of the Delete
-// key.
+// the program (not of those the list's own changes make: rows inserted or
+// removed, or the list replaced, after which the selected row numbers that
+// still exist stay selected) and of the Delete key.
 class ImageTableView : public FileDropView<QTableView> {
     Q_OBJECT
 
   public:
     explicit ImageTableView(QWidget* parent = nullptr);
 
-    void SetImageListModel(ImageListModel* model);
-
-    // Reads all rows again, keeping the selected row numbers that still exist.
-    void RefreshRows();
-    // Shows one new row at `row`; selected rows after it move down with it.
-    void InsertRow(int row);
+    // Shows `list`, and takes the drops it takes.
+    void SetImageList(ImageList* list);
 
     // The selected row, the most recently selected where several are; -1 when
     // none is.
@@ -37,8 +34,7 @@ class ImageTableView : public FileDropView<QTableView> {
     // the middle half of a row is onto it, the top and bottom quarters are the
     // gaps above and below it, and anywhere below the rows is the gap after
     // the last row.
-    std::pair<int, DropPosition> ProposedDropAt(
-        const QPoint& position) const;
+    std::pair<int, DropPosition> ProposedDropAt(const QPoint& position) const;
 
   Q_SIGNALS:
     void selectedRowsChanged();
@@ -46,11 +42,9 @@ class ImageTableView : public FileDropView<QTableView> {
     void deletePressed();
 
   protected:
-    std::pair<int, DropPosition> ProposedDrop(
-        const QPoint& position) const override {
+    std::pair<int, DropPosition> ProposedDrop(const QPoint& position) const override {
         return ProposedDropAt(position);
     }
-    ImageTableView* DropTable() override { return this; }
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void selectionChanged(const QItemSelection& selected,
@@ -58,9 +52,13 @@ class ImageTableView : public FileDropView<QTableView> {
 
   private:
     int DropLineY(int row) const;
+    // The list is about to change, or has changed, by itself.
+    void PauseSelectionNotices();
+    void ResumeSelectionNotices();
 
-    ImageListModel* imageListModel_ = nullptr;
     bool selectionNoticesPaused_ = false;
+    // The rows selected when the list was about to be replaced.
+    QList<int> rowsSelectedBeforeReset_;
 };
 
 }  // namespace vellumo

@@ -1,9 +1,32 @@
 #include "ui/preview/CropAdjustmentStore.h"
 
+#include <QAction>
 #include <QFile>
 #include <QUndoCommand>
 
 namespace vellumo {
+
+namespace {
+
+QString MenuText(const char* verb, const QString& step) {
+    const QString text = QString::fromLatin1(verb);
+    return step.isEmpty() ? text : text + QLatin1Char(' ') + step;
+}
+
+}  // namespace
+
+void CropAdjustmentStore::ConnectUndoActions(QAction& undo, QAction& redo) {
+    connect(&undo, &QAction::triggered, &undo_, &QUndoStack::undo);
+    connect(&redo, &QAction::triggered, &undo_, &QUndoStack::redo);
+    undo.setEnabled(undo_.canUndo());
+    redo.setEnabled(undo_.canRedo());
+    connect(&undo_, &QUndoStack::canUndoChanged, &undo, &QAction::setEnabled);
+    connect(&undo_, &QUndoStack::canRedoChanged, &redo, &QAction::setEnabled);
+    connect(&undo_, &QUndoStack::undoTextChanged, &undo,
+            [&undo](const QString& step) { undo.setText(MenuText("&Undo", step)); });
+    connect(&undo_, &QUndoStack::redoTextChanged, &redo,
+            [&redo](const QString& step) { redo.setText(MenuText("&Redo", step)); });
+}
 
 using Changes = QHash<QString, std::optional<Rect>>;
 

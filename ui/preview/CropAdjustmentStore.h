@@ -9,6 +9,8 @@
 #include <QObject>
 #include <QStringList>
 #include <QUndoStack>
+
+class QAction;
 #include <optional>
 
 #include "batch/CropAdjustments.h"
@@ -48,6 +50,9 @@ class CropAdjustmentStore : public QObject {
     void Forget(const QStringList& paths);
 
     QUndoStack& undoStack() { return undo_; }
+    // Edit → Undo and Redo: they undo and redo the history's steps, are
+    // enabled while there is one, and name it ("Undo Move Crop").
+    void ConnectUndoActions(QAction& undo, QAction& redo);
     // Adjustments exist that were made (or reset) since the last save.
     bool HasUnsavedAdjustments() const { return !undo_.isClean() && !rects_.isEmpty(); }
     void MarkSaved() { undo_.setClean(); }

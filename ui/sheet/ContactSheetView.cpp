@@ -35,9 +35,9 @@ ContactSheetView::ContactSheetView(QWidget* parent)
 }
 
 void ContactSheetView::PairWith(ImageTableView& table) {
-    table_ = &table;
     setModel(table.model());
     setSelectionModel(table.selectionModel());
+    AcceptModelDrops();
 }
 
 void ContactSheetView::SetThumbnailLoader(ThumbnailLoader* loader) {

@@ -15,8 +15,8 @@ class ThumbnailLoader;
 // The image list as a contact sheet: a grid of cells, one per row of the
 // image table it is paired with, over the table's own model and selection
 // model, so both views show the same rows in the same order with the same
-// selection. Files dropped between cells are inserted there, through the
-// table's drop delegate, as if dropped on the table at that row. While
+// selection. Files dropped between cells are inserted there by the model, as
+// if dropped on the table at that row. While
 // painting, it asks the thumbnail loader for the thumbnails its visible
 // cells miss (then those of the next screen).
 class ContactSheetView : public FileDropView<QListView> {
@@ -26,7 +26,7 @@ class ContactSheetView : public FileDropView<QListView> {
     explicit ContactSheetView(QWidget* parent = nullptr);
 
     // Shows the rows, and shares the selection, of `table` (which has its
-    // model). Drops are judged and carried out by `table`'s delegate.
+    // model). Drops are judged and carried out by that model.
     void PairWith(ImageTableView& table);
     void SetThumbnailLoader(ThumbnailLoader* loader);
     ThumbnailLoader* thumbnailLoader() const { return loader_; }
@@ -52,11 +52,9 @@ class ContactSheetView : public FileDropView<QListView> {
 
   protected:
     // Files always go between cells.
-    std::pair<int, DropPosition> ProposedDrop(
-        const QPoint& position) const override {
+    std::pair<int, DropPosition> ProposedDrop(const QPoint& position) const override {
         return {ProposedDropRow(position), DropPosition::AboveItem};
     }
-    ImageTableView* DropTable() override { return table_; }
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -70,7 +68,6 @@ class ContactSheetView : public FileDropView<QListView> {
     void UpdateGrid();
 
     ContactSheetCellDelegate* cellDelegate_;
-    ImageTableView* table_ = nullptr;
     ThumbnailLoader* loader_ = nullptr;
     CellCropProvider cropProvider_;
     // The crops of the files painted since the settings last changed.

@@ -11,9 +11,9 @@ LoadedWindow::LoadedWindow()
         boxes.push_back(request);
         // Unanswered boxes get Return: their default button.
         if (boxAnswers.empty()) {
-            return kFirstButtonAnswer + request.defaultButton;
+            return BoxAnswer{request.defaultButton};
         }
-        const int answer = boxAnswers.front();
+        const BoxAnswer answer = boxAnswers.front();
         boxAnswers.pop_front();
         return answer;
     };

@@ -11,6 +11,12 @@
 #include "ui/MainWindow.h"
 #include "ui/ViewController.h"
 #include "ui/WindowServices.h"
+#include "ui/controls/SettingsPanel.h"
+#include "ui/files/PlanFiles.h"
+#include "ui/files/ProfileFiles.h"
+#include "ui/list/ImageList.h"
+#include "ui/preview/PreviewSession.h"
+#include "ui/sheet/ContactSheetController.h"
 
 namespace vellumo::test {
 
@@ -27,6 +33,17 @@ class LoadedWindow {
 
     MainWindow& window() { return *window_; }
     ViewController& controller() { return *controller_; }
+    // The window's list of images (the model of the table and the sheet).
+    ImageList& imageList() { return controller_->imageList(); }
+    // The image shown in the preview.
+    PreviewSession& preview() { return controller_->preview(); }
+    // The setting controls, read and written as CropSettings.
+    SettingsPanel& settings() { return controller_->settings(); }
+    // The contact sheet and the thumbnails.
+    ContactSheetController& contactSheet() { return *controller_->contactSheet(); }
+    // Profiles and crop plans.
+    ProfileFiles& profiles() { return controller_->profiles(); }
+    PlanFiles& plans() { return controller_->plans(); }
 
     // Shows the window and waits until it is laid out on the screen.
     void Show();
@@ -47,7 +64,7 @@ class LoadedWindow {
     void AddImages(const QStringList& paths);
 
     std::vector<MessageBoxRequest> boxes;
-    std::deque<int> boxAnswers;
+    std::deque<BoxAnswer> boxAnswers;
     std::vector<OpenFilesRequest> openDialogs;
     std::deque<OpenFilesResult> openDialogAnswers;
     std::vector<SaveFileRequest> saveDialogs;

@@ -47,8 +47,7 @@ void DeselectRow(LoadedWindow& loaded, int row) {
 }
 
 bool WaitForPreview(LoadedWindow& loaded, int timeoutMs) {
-    return QTest::qWaitFor([&loaded] { return !loaded.controller().isPreviewPending(); },
-                           timeoutMs);
+    return QTest::qWaitFor([&loaded] { return !loaded.preview().isPending(); }, timeoutMs);
 }
 
 QImage PreviewPicture(LoadedWindow& loaded) {

@@ -1,21 +1,11 @@
-// Profiles: every setting of the window saved to a small JSON file and
-// loaded back. The file format is the core's, shared with the command line.
+#include "ui/files/ProfileFiles.h"
 
-#include <QCheckBox>
-#include <QComboBox>
 #include <QFile>
 #include <QFileInfo>
-#include <QLabel>
-#include <QLineEdit>
 
 #include "batch/Profile.h"
-#include "ui/ViewController.h"
-#include "ui/controls/LatchingRadioButton.h"
-#include "ui/controls/QualitySlider.h"
-#include "ui/controls/QualityText.h"
-#include "ui/controls/SettingsBinding.h"
-#include "ui/controls/Stepper.h"
-#include "ui/controls/TextFieldNumber.h"
+#include "ui/WindowServices.h"
+#include "ui/controls/SettingsPanel.h"
 
 namespace vellumo {
 
@@ -26,24 +16,20 @@ constexpr char kProfilesDialog[] = "profiles";
 
 }  // namespace
 
-void ViewController::ApplySettingsToControls(const CropSettings& settings) {
-    settingsBinding_->Write(settings);
-    SettleOutputControls();
-    UpdateCropPreview();
+ProfileFiles::ProfileFiles(SettingsPanel& settings, WindowServices& services, QObject* parent)
+    : QObject(parent), settings_(settings), services_(services) {}
+
+void ProfileFiles::Forget() {
+    BecomeCurrent(QString());
 }
 
-void ViewController::ProfileIsNow(const QString& path) {
-    currentProfilePath_ = path;
-    if (!view_.isNull()) {
-        view_->window()->setWindowTitle(QString::fromLatin1(kWindowTitle) +
-                                        QStringLiteral(" \u2014 ") +
-                                        QFileInfo(path).completeBaseName());
-    }
+void ProfileFiles::BecomeCurrent(const QString& path) {
+    currentPath_ = path;
+    Q_EMIT currentPathChanged(path);
 }
 
-void ViewController::SaveProfileTo(const QString& path) {
-    const SaveResult saved =
-        WriteProfile(QFile::encodeName(path).toStdString(), CropSettingsFromControls());
+void ProfileFiles::SaveTo(const QString& path) {
+    const SaveResult saved = WriteProfile(QFile::encodeName(path).toStdString(), settings_.Read());
     if (!saved.saved) {
         services_.showMessageBox({"The profile could not be saved to " + path + ": " +
                                       QString::fromStdString(saved.reason) + ".",
@@ -51,24 +37,23 @@ void ViewController::SaveProfileTo(const QString& path) {
                                   {QStringLiteral("OK")}});
         return;
     }
-    ProfileIsNow(path);
+    BecomeCurrent(path);
 }
 
-void ViewController::OnSaveProfile() {
-    if (currentProfilePath_.isEmpty()) {
-        OnSaveProfileAs();
+void ProfileFiles::Save() {
+    if (currentPath_.isEmpty()) {
+        SaveAs();
         return;
     }
-    SaveProfileTo(currentProfilePath_);
+    SaveTo(currentPath_);
 }
 
-void ViewController::OnSaveProfileAs() {
+void ProfileFiles::SaveAs() {
     SaveFileRequest request;
     request.title = QStringLiteral("Save Profile");
     request.fileType = QString::fromLatin1(kProfileFileType);
-    request.suggestedName = currentProfilePath_.isEmpty()
-                                ? QStringLiteral("Untitled.vellumo")
-                                : QFileInfo(currentProfilePath_).fileName();
+    request.suggestedName = currentPath_.isEmpty() ? QStringLiteral("Untitled.vellumo")
+                                                   : QFileInfo(currentPath_).fileName();
     request.memoryKey = QString::fromLatin1(kProfilesDialog);
     const SaveFileResult chosen = services_.chooseFileToSave(request);
     if (!chosen || chosen->isEmpty()) {
@@ -78,10 +63,10 @@ void ViewController::OnSaveProfileAs() {
     if (!path.endsWith(QString::fromLatin1(kProfileExtension), Qt::CaseInsensitive)) {
         path += QString::fromLatin1(kProfileExtension);
     }
-    SaveProfileTo(path);
+    SaveTo(path);
 }
 
-void ViewController::OnLoadProfile() {
+void ProfileFiles::Load() {
     OpenFilesRequest request;
     request.allowsMultipleSelection = false;
     request.canChooseFiles = true;
@@ -96,7 +81,7 @@ void ViewController::OnLoadProfile() {
     const QString path = chosen->constFirst();
     // All or nothing: a profile that cannot be read changes no setting.
     const Loaded<CropSettings> loaded =
-        ReadProfile(QFile::encodeName(path).toStdString(), CropSettingsFromControls());
+        ReadProfile(QFile::encodeName(path).toStdString(), settings_.Read());
     if (!loaded) {
         services_.showMessageBox({"The profile " + path + " could not be loaded: " +
                                       QString::fromStdString(loaded.reason()) + ".",
@@ -104,8 +89,8 @@ void ViewController::OnLoadProfile() {
                                   {QStringLiteral("OK")}});
         return;
     }
-    ApplySettingsToControls(*loaded);
-    ProfileIsNow(path);
+    settings_.Write(*loaded);
+    BecomeCurrent(path);
 }
 
 }  // namespace vellumo

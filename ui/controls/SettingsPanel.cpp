@@ -1,0 +1,318 @@
+#include "ui/controls/SettingsPanel.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <utility>
+
+#include "imaging/Formats.h"
+#include "imaging/OutputCodec.h"
+#include "ui/WindowServices.h"
+#include "ui/controls/AutoCropRuleBox.h"
+#include "ui/controls/LatchingRadioButton.h"
+#include "ui/controls/PopUpChoices.h"
+#include "ui/controls/QualitySlider.h"
+#include "ui/controls/QualityText.h"
+#include "ui/controls/ResizeRuleBox.h"
+#include "ui/controls/SettingsBinding.h"
+#include "ui/controls/Stepper.h"
+#include "ui/controls/TextFieldNumber.h"
+#include "ui_MainWindow.h"
+
+namespace vellumo {
+
+namespace {
+
+constexpr char kSelectFolderPrompt[] = "Select Folder";
+constexpr char kCroppingTitle[] = "Cropping...";
+constexpr char kCropImagesTitle[] = "Crop Images";
+
+// Why the metadata option is off for `format`.
+QString CannotCarryText(const OutputFormatInfo* format) {
+    if (format == nullptr || format->codec == OutputCodec::Gif ||
+        format->codec == OutputCodec::Bmp) {
+        return QStringLiteral("GIF and BMP files cannot carry EXIF information");
+    }
+    return QStringLiteral("Vellumo writes only the colour profile into %1 files")
+        .arg(QString::fromLatin1(format->title.data(), static_cast<int>(format->title.size())));
+}
+
+SettingsBinding::Controls BoundControls(Ui::MainWindow& ui) {
+    return SettingsBinding::Controls{
+        *ui.radioAutoCrop,
+        *ui.comboAutoCropFormat,
+        *ui.autoCropRule,
+        *ui.radioCustomCrop,
+        *ui.radioCustomCropPixels,
+        *ui.radioCustomCropPercents,
+        *ui.textFieldCustomCropPixelsOriginX,
+        *ui.textFieldCustomCropPixelsOriginY,
+        *ui.textFieldCustomCropPixelsWidth,
+        *ui.textFieldCustomCropPixelsHeight,
+        *ui.textFieldCustomCropPercentsOriginX,
+        *ui.textFieldCustomCropPercentsOriginY,
+        *ui.textFieldCustomCropPercentsWidth,
+        *ui.textFieldCustomCropPercentsHeight,
+        *ui.stepperCustomCropPercentsOriginX,
+        *ui.stepperCustomCropPercentsOriginY,
+        *ui.stepperCustomCropPercentsWidth,
+        *ui.stepperCustomCropPercentsHeight,
+        *ui.resizeRule,
+        *ui.comboFormat,
+        *ui.sliderQuality,
+        *ui.labelQuality,
+        *ui.textFieldName,
+        *ui.textFieldOutputFolder,
+        *ui.checkKeepEXIFInformationAndCreationDate,
+        *ui.checkReplaceOriginals,
+        *ui.checkCropJPEGFilesWithoutReencoding,
+    };
+}
+
+}  // namespace
+
+SettingsPanel::SettingsPanel(Ui::MainWindow& ui, WindowServices& services, QObject* parent)
+    : QObject(parent),
+      ui_(ui),
+      services_(services),
+      binding_(std::make_unique<SettingsBinding>(BoundControls(ui))) {
+    ui_.comboAutoCropFormat->clear();
+    ui_.comboAutoCropFormat->addItems(AutoCropFormatTitles());
+    ui_.comboFormat->clear();
+    ui_.comboFormat->addItems(OutputFormatTitles());
+    for (QLineEdit* field :
+         {ui_.textFieldCustomCropPixelsOriginX, ui_.textFieldCustomCropPixelsOriginY,
+          ui_.textFieldCustomCropPixelsWidth, ui_.textFieldCustomCropPixelsHeight,
+          ui_.textFieldCustomCropPercentsOriginX, ui_.textFieldCustomCropPercentsOriginY,
+          ui_.textFieldCustomCropPercentsWidth, ui_.textFieldCustomCropPercentsHeight}) {
+        AcceptNumbersOnly(*field);
+    }
+    // Only what the person does reaches the handlers: clicks, choices from a
+    // list, typing, steps. Values the program sets send nothing.
+    ConnectCropControls();
+    ConnectPercentControls();
+    ConnectOutputControls();
+}
+
+SettingsPanel::~SettingsPanel() = default;
+
+CropSettings SettingsPanel::Read() const {
+    return binding_->Read();
+}
+
+void SettingsPanel::Write(const CropSettings& settings) {
+    binding_->Write(settings);
+    SettleOutputControls();
+    Q_EMIT cropChanged();
+}
+
+void SettingsPanel::Reset() {
+    const bool wasReplacingOriginals = ui_.checkReplaceOriginals->isChecked();
+    CropSettings start;
+    start.autoCropRatio = RatioChoiceAtPosition(ui_.comboAutoCropFormat->currentIndex())
+                              .value_or(start.autoCropRatio);
+    binding_->Write(start);
+    // "JPG" takes a quality (the slider is enabled even while a job runs)
+    // and carries metadata; with the originals no longer replaced, the name,
+    // folder and format are used again. Other enabled states stay as they
+    // are.
+    ui_.sliderQuality->setEnabled(true);
+    if (wasReplacingOriginals || !ui_.checkKeepEXIFInformationAndCreationDate->isEnabled()) {
+        SettleOutputControls();
+    }
+}
+
+// A radio turns itself on when clicked; its handler turns the other of its
+// pair off. The two pairs are independent of each other.
+void SettingsPanel::ConnectCropControls() {
+    const auto turnsOff = [this](LatchingRadioButton* clicked, LatchingRadioButton* other) {
+        connect(clicked, &QAbstractButton::clicked, this, [this, other] {
+            other->setChecked(false);
+            Q_EMIT cropChanged();
+        });
+    };
+    turnsOff(ui_.radioAutoCrop, ui_.radioCustomCrop);
+    turnsOff(ui_.radioCustomCrop, ui_.radioAutoCrop);
+    turnsOff(ui_.radioCustomCropPixels, ui_.radioCustomCropPercents);
+    turnsOff(ui_.radioCustomCropPercents, ui_.radioCustomCropPixels);
+    connect(ui_.comboAutoCropFormat, &QComboBox::activated, this,
+            &SettingsPanel::OnAutoCropFormatSelected);
+    connect(ui_.autoCropRule, &AutoCropRuleBox::changed, this, &SettingsPanel::cropRuleChanged);
+    connect(ui_.resizeRule, &ResizeRuleBox::changed, this, &SettingsPanel::cropChanged);
+    for (QLineEdit* field :
+         {ui_.textFieldCustomCropPixelsOriginX, ui_.textFieldCustomCropPixelsOriginY,
+          ui_.textFieldCustomCropPixelsWidth, ui_.textFieldCustomCropPixelsHeight}) {
+        connect(field, &QLineEdit::textEdited, this, &SettingsPanel::cropChanged);
+    }
+}
+
+void SettingsPanel::OnAutoCropFormatSelected() {
+    ui_.autoCropRule->SetCustomRatioChosen(
+        RatioChoiceAtPosition(ui_.comboAutoCropFormat->currentIndex()) == RatioChoice::Custom);
+    Q_EMIT cropRuleChanged();
+}
+
+// A step changes the field beside the stepper, and typing in the field moves
+// the stepper (kept within its range, so the next step goes on from what was
+// typed); either way the preview and the labels follow at once. The field
+// shows the stepper's value in single precision, as the field shows numbers.
+void SettingsPanel::ConnectPercentControls() {
+    const std::pair<QLineEdit*, Stepper*> pairs[] = {
+        {ui_.textFieldCustomCropPercentsOriginX, ui_.stepperCustomCropPercentsOriginX},
+        {ui_.textFieldCustomCropPercentsOriginY, ui_.stepperCustomCropPercentsOriginY},
+        {ui_.textFieldCustomCropPercentsWidth, ui_.stepperCustomCropPercentsWidth},
+        {ui_.textFieldCustomCropPercentsHeight, ui_.stepperCustomCropPercentsHeight},
+    };
+    for (const auto& [field, stepper] : pairs) {
+        connect(stepper, &Stepper::valueStepped, this, [this, field, stepper] {
+            SetTextFieldNumber(*field, static_cast<float>(stepper->value()));
+            Q_EMIT cropChanged();
+        });
+        connect(field, &QLineEdit::textEdited, this, [this, field, stepper] {
+            stepper->setValue(TextFieldFloatValue(*field));
+            Q_EMIT cropChanged();
+        });
+    }
+}
+
+void SettingsPanel::ConnectOutputControls() {
+    // The values are kept, so an earlier quality comes back with a JPEG
+    // format. A JPEG cropped without re-encoding changes the output size, and
+    // the quality label says whether the quality is used.
+    const auto settles = [this] {
+        SettleOutputControls();
+        Q_EMIT outputChanged();
+    };
+    connect(ui_.comboFormat, &QComboBox::activated, this, settles);
+    connect(ui_.checkReplaceOriginals, &QAbstractButton::clicked, this, settles);
+    connect(ui_.checkCropJPEGFilesWithoutReencoding, &QAbstractButton::clicked, this, settles);
+    // The label only: the job reads the slider itself. The name template and
+    // the metadata option are read when the job starts.
+    connect(ui_.sliderQuality, &QualitySlider::doubleValueMoved, this, &SettingsPanel::ShowQuality);
+    connect(ui_.buttonBrowse, &QPushButton::clicked, this, &SettingsPanel::OnBrowse);
+}
+
+const OutputFormatInfo* SettingsPanel::ChosenFormat() const {
+    const std::optional<OutputFormat> chosen =
+        OutputFormatAtPosition(ui_.comboFormat->currentIndex());
+    return chosen ? &InfoOf(*chosen) : nullptr;
+}
+
+void SettingsPanel::SettleOutputControls() {
+    // While a job runs everything stays locked; the job's end settles them.
+    if (locked_) {
+        return;
+    }
+    const bool inPlace = ui_.checkReplaceOriginals->isChecked();
+    const OutputFormatInfo* format = ChosenFormat();
+    // Replacing the originals writes each file in its own format, which may
+    // take a quality or carry metadata.
+    ui_.sliderQuality->setEnabled(inPlace || (format != nullptr && format->takesQuality));
+    const bool carries = inPlace || (format != nullptr && format->carriesMetadata);
+    ui_.checkKeepEXIFInformationAndCreationDate->setEnabled(carries);
+    ui_.checkKeepEXIFInformationAndCreationDate->setToolTip(carries ? QString()
+                                                                    : CannotCarryText(format));
+    // Replaced originals keep their format, so a JPEG among them may be
+    // cropped without re-encoding.
+    const bool jpeg = format != nullptr && format->codec == OutputCodec::Jpeg;
+    ui_.checkCropJPEGFilesWithoutReencoding->setEnabled(inPlace || jpeg);
+    ui_.comboFormat->setEnabled(!inPlace);
+    ui_.textFieldName->setEnabled(!inPlace);
+    ui_.textFieldOutputFolder->setEnabled(!inPlace);
+    ui_.buttonBrowse->setEnabled(!inPlace);
+    ShowQuality();
+}
+
+void SettingsPanel::ShowQuality() {
+    // At the top, WebP and JPEG XL are written without loss, and the label
+    // says so; JPEG files cropped without re-encoding do not use the quality
+    // at all.
+    const double value = ui_.sliderQuality->doubleValue();
+    const OutputFormatInfo* format = ChosenFormat();
+    const bool inPlace = ui_.checkReplaceOriginals->isChecked();
+    const bool lossless =
+        format != nullptr && LosslessAtFullQuality(format->codec) && !inPlace && value >= 100.0;
+    const bool jpegUnused = ui_.checkCropJPEGFilesWithoutReencoding->isChecked() &&
+                            (inPlace || (format != nullptr && format->codec == OutputCodec::Jpeg));
+    QString suffix;
+    if (lossless) {
+        suffix = QStringLiteral(" (lossless)");
+    } else if (jpegUnused) {
+        suffix = inPlace ? QStringLiteral(" (not for JPEG files: lossless)")
+                         : QStringLiteral(" (not used: lossless)");
+    }
+    ui_.labelQuality->setText(QualityText(static_cast<float>(value)) + suffix);
+}
+
+void SettingsPanel::OnBrowse() {
+    OpenFilesRequest request;
+    request.prompt = QString::fromLatin1(kSelectFolderPrompt);
+    request.allowsMultipleSelection = false;
+    request.canCreateDirectories = false;
+    request.canChooseDirectories = true;
+    request.canChooseFiles = false;
+    request.memoryKey = QStringLiteral("outputFolder");
+    const OpenFilesResult chosen = services_.chooseFilesToOpen(request);
+    // A cancel, or no folder, keeps the text. The folder is not checked.
+    if (!chosen || chosen->isEmpty()) {
+        return;
+    }
+    ui_.textFieldOutputFolder->setText(chosen->first());
+}
+
+std::vector<QWidget*> SettingsPanel::LockedWhileCropping() const {
+    return {
+        ui_.buttonAddImages,
+        ui_.buttonRemoveSelected,
+        ui_.buttonRemoveAll,
+        ui_.radioAutoCrop,
+        ui_.comboAutoCropFormat,
+        ui_.autoCropRule,
+        ui_.resizeRule,
+        ui_.radioCustomCrop,
+        ui_.radioCustomCropPixels,
+        ui_.textFieldCustomCropPixelsOriginX,
+        ui_.textFieldCustomCropPixelsOriginY,
+        ui_.textFieldCustomCropPixelsWidth,
+        ui_.textFieldCustomCropPixelsHeight,
+        ui_.radioCustomCropPercents,
+        ui_.textFieldCustomCropPercentsOriginX,
+        ui_.stepperCustomCropPercentsOriginX,
+        ui_.textFieldCustomCropPercentsOriginY,
+        ui_.stepperCustomCropPercentsOriginY,
+        ui_.textFieldCustomCropPercentsWidth,
+        ui_.stepperCustomCropPercentsWidth,
+        ui_.textFieldCustomCropPercentsHeight,
+        ui_.stepperCustomCropPercentsHeight,
+        ui_.comboFormat,
+        ui_.sliderQuality,
+        ui_.textFieldName,
+        ui_.textFieldOutputFolder,
+        ui_.checkKeepEXIFInformationAndCreationDate,
+        ui_.checkCropJPEGFilesWithoutReencoding,
+        ui_.buttonBrowse,
+        ui_.buttonCropImages,
+        ui_.checkReplaceOriginals,
+    };
+}
+
+void SettingsPanel::Lock() {
+    locked_ = true;
+    for (QWidget* control : LockedWhileCropping()) {
+        control->setEnabled(false);
+    }
+    ui_.buttonCropImages->setText(QString::fromLatin1(kCroppingTitle));
+}
+
+void SettingsPanel::Unlock() {
+    locked_ = false;
+    for (QWidget* control : LockedWhileCropping()) {
+        control->setEnabled(true);
+    }
+    ui_.buttonCropImages->setText(QString::fromLatin1(kCropImagesTitle));
+    SettleOutputControls();
+}
+
+}  // namespace vellumo

@@ -1,0 +1,21 @@
+#pragma once
+
+// The question asked before a non-empty image list is emptied (Remove All,
+// File → New), and its answers.
+
+#include "ui/dialogs/MessageBox.h"
+
+namespace vellumo {
+
+inline constexpr BoxAnswer kRemoveAllYes{0};
+inline constexpr BoxAnswer kRemoveAllNo{1};
+
+// "Are you sure you want to remove all the images from the list?": "Yes",
+// "No".
+inline MessageBoxRequest RemoveAllRequest() {
+    return {QStringLiteral("Are you sure you want to remove all the images from the list?"),
+            MessageBoxStyle::Warning,
+            {QStringLiteral("Yes"), QStringLiteral("No")}};
+}
+
+}  // namespace vellumo
