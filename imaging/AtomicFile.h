@@ -39,6 +39,12 @@ int RemoveLeftovers(const std::string& folder, long pid);
 // could be made.
 std::string KeepAside(const std::string& path);
 
+// Removes the temporary files this process is writing right now, from any
+// thread; runs by itself when the program exits. A program that ends in the
+// middle of a write (the command line's second Ctrl+C, a window closed while
+// its job runs) leaves no temporary file behind.
+void RemoveTemporariesInProgress();
+
 // Removes the temporary file this process is writing right now, if any.
 // Safe to call from a signal handler (a process told to stop mid-write).
 void RemoveCurrentTemporaryFromSignalHandler();
