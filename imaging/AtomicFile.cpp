@@ -1,6 +1,7 @@
 #include "imaging/AtomicFile.h"
 
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -164,6 +165,27 @@ SaveResult ReplaceWithBytes(const std::string& target, const void* bytes, std::s
     return Replace(target, [&](const std::string& tempPath) {
         return OverwriteFileBytes(tempPath, bytes, size);
     });
+}
+
+int RemoveLeftoversOfEndedProcesses(const std::string& folder) {
+    static const std::string prefix = TemporaryPrefix(0).substr(1, 9);  // ".vellumo-"
+    std::error_code error;
+    int removed = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
+        const std::string name = entry.path().filename().string();
+        if (name.rfind(prefix, 0) != 0 || name.size() < 4 ||
+            name.compare(name.size() - 4, 4, ".tmp") != 0) {
+            continue;
+        }
+        const long pid = std::strtol(name.c_str() + prefix.size(), nullptr, 10);
+        // Only a process that no longer exists: another's work in progress
+        // stays.
+        if (pid > 0 && kill(static_cast<pid_t>(pid), 0) != 0 && errno == ESRCH &&
+            std::filesystem::remove(entry.path(), error)) {
+            ++removed;
+        }
+    }
+    return removed;
 }
 
 std::string KeepAside(const std::string& path) {

@@ -31,6 +31,10 @@ SaveResult ReplaceWithBytes(const std::string& target, const void* bytes, std::s
 // from `folder`; returns how many.
 int RemoveLeftovers(const std::string& folder, long pid);
 
+// Removes from `folder` the temporary files of processes that no longer
+// exist (a run killed in the middle of a write); returns how many.
+int RemoveLeftoversOfEndedProcesses(const std::string& folder);
+
 // A second name for the file at `path`, in its folder and under this
 // process's temporary naming (so that RemoveLeftovers finds it should the
 // process die): a hard link where the file system has them, else a copy
