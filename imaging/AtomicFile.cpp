@@ -68,7 +68,11 @@ std::set<std::string>& InProgress() {
 
 void Track(const std::string& tempPath, bool writing) {
     static std::once_flag registered;
-    std::call_once(registered, [] { std::atexit(&RemoveTemporariesInProgress); });
+    // The window ends with quick_exit, the rest with exit.
+    std::call_once(registered, [] {
+        std::atexit(&RemoveTemporariesInProgress);
+        std::at_quick_exit(&RemoveTemporariesInProgress);
+    });
     const std::lock_guard<std::mutex> lock(inProgressMutex);
     if (writing) {
         InProgress().insert(tempPath);

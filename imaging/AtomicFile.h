@@ -44,7 +44,7 @@ int RemoveLeftoversOfEndedProcesses(const std::string& folder);
 std::string KeepAside(const std::string& path);
 
 // Removes the temporary files this process is writing right now, from any
-// thread; runs by itself when the program exits. A program that ends in the
+// thread; runs by itself when the program exits (exit or quick_exit). A program that ends in the
 // middle of a write (the command line's second Ctrl+C, a window closed while
 // its job runs) leaves no temporary file behind.
 void RemoveTemporariesInProgress();
