@@ -1,6 +1,7 @@
 #include "worker/MemoryFile.h"
 
 #include <sys/mman.h>
+#include <sys/sendfile.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -19,6 +20,25 @@ MemoryFile::~MemoryFile() {
 bool MemoryFile::CopyFrom(int source) {
     if (fd_ < 0) {
         return false;
+    }
+    // In the kernel, without a copy through this process, when the source
+    // is a regular file (from offset 0; its own offset is left alone).
+    struct stat status {};
+    if (fstat(source, &status) == 0 && S_ISREG(status.st_mode)) {
+        off_t from = 0;
+        while (from < status.st_size) {
+            const ssize_t sent =
+                sendfile(fd_, source, &from, static_cast<std::size_t>(status.st_size - from));
+            if (sent <= 0 && !(sent < 0 && errno == EINTR)) {
+                break;
+            }
+        }
+        if (from == status.st_size) {
+            return true;
+        }
+        if (ftruncate(fd_, 0) != 0 || lseek(fd_, 0, SEEK_SET) != 0) {
+            return false;
+        }
     }
     // pread: the engine's descriptor may be shared, its offset is not ours;
     // read for what has no offset (a named pipe in the list).
