@@ -1,105 +1,82 @@
 #include "batch/ImageTask.h"
 
+#include "imaging/EnumNames.h"
+
 namespace vellumo {
 
+namespace {
+
+constexpr NameTable<OverwriteDecision, 3> kDecisionNames{{
+    {OverwriteDecision::NoConflict, "no-conflict"},
+    {OverwriteDecision::Overwrite, "overwrite"},
+    {OverwriteDecision::Skip, "skip"},
+}};
+
+constexpr NameTable<ImageStatus, 4> kStatusNames{{
+    {ImageStatus::Failed, "failed"},
+    {ImageStatus::Written, "written"},
+    {ImageStatus::Skipped, "skipped"},
+    {ImageStatus::Planned, "planned"},
+}};
+
+constexpr NameTable<TaskKind, 4> kTaskKindNames{{
+    {TaskKind::Crop, "crop"},
+    {TaskKind::CropCarryingMetadata, "crop-carrying-metadata"},
+    {TaskKind::DryRun, "dry-run"},
+    {TaskKind::CarryMetadataOnly, "carry-metadata-only"},
+}};
+
+constexpr NameTable<OutputTarget, 2> kOutputTargetNames{{
+    {OutputTarget::NewFile, "new-file"},
+    {OutputTarget::Source, "source"},
+}};
+
+constexpr NameTable<NoteKind, 3> kNoteKindNames{{
+    {NoteKind::MetadataNotCarried, "metadata-not-carried"},
+    {NoteKind::RemoveFailed, "remove-failed"},
+    {NoteKind::DateNotSet, "date-not-set"},
+}};
+
+}  // namespace
+
 const char* DecisionName(OverwriteDecision decision) {
-    switch (decision) {
-        case OverwriteDecision::Overwrite:
-            return "overwrite";
-        case OverwriteDecision::Skip:
-            return "skip";
-        case OverwriteDecision::NoConflict:
-            break;
-    }
-    return "no-conflict";
+    return NameOf(kDecisionNames, decision);
 }
 
 OverwriteDecision DecisionFromName(const std::string& name) {
-    if (name == "overwrite")
-        return OverwriteDecision::Overwrite;
-    if (name == "skip")
-        return OverwriteDecision::Skip;
-    return OverwriteDecision::NoConflict;
+    return ValueNamed(kDecisionNames, name).value_or(OverwriteDecision::NoConflict);
 }
 
 const char* StatusName(ImageStatus status) {
-    switch (status) {
-        case ImageStatus::Written:
-            return "written";
-        case ImageStatus::Skipped:
-            return "skipped";
-        case ImageStatus::Planned:
-            return "planned";
-        case ImageStatus::Failed:
-            break;
-    }
-    return "failed";
+    return NameOf(kStatusNames, status);
 }
 
 ImageStatus StatusFromName(const std::string& name) {
-    if (name == "written")
-        return ImageStatus::Written;
-    if (name == "skipped")
-        return ImageStatus::Skipped;
-    if (name == "planned")
-        return ImageStatus::Planned;
-    return ImageStatus::Failed;
+    return ValueNamed(kStatusNames, name).value_or(ImageStatus::Failed);
 }
 
 const char* TaskKindName(TaskKind kind) {
-    switch (kind) {
-        case TaskKind::Crop:
-            return "crop";
-        case TaskKind::CropCarryingMetadata:
-            return "crop-carrying-metadata";
-        case TaskKind::DryRun:
-            return "dry-run";
-        case TaskKind::CarryMetadataOnly:
-            break;
-    }
-    return "carry-metadata-only";
+    return NameOf(kTaskKindNames, kind);
 }
 
 std::optional<TaskKind> TaskKindFromName(const std::string& name) {
-    for (const TaskKind kind : {TaskKind::Crop, TaskKind::CropCarryingMetadata, TaskKind::DryRun,
-                                TaskKind::CarryMetadataOnly}) {
-        if (name == TaskKindName(kind)) {
-            return kind;
-        }
-    }
-    return std::nullopt;
+    return ValueNamed(kTaskKindNames, name);
 }
 
 const char* OutputTargetName(OutputTarget target) {
-    return target == OutputTarget::Source ? "source" : "new-file";
+    return NameOf(kOutputTargetNames, target);
 }
 
 std::optional<OutputTarget> OutputTargetFromName(const std::string& name) {
-    if (name == "new-file")
-        return OutputTarget::NewFile;
-    if (name == "source")
-        return OutputTarget::Source;
-    return std::nullopt;
+    return ValueNamed(kOutputTargetNames, name);
 }
 
 const char* NoteKindName(NoteKind kind) {
-    switch (kind) {
-        case NoteKind::RemoveFailed:
-            return "remove-failed";
-        case NoteKind::DateNotSet:
-            return "date-not-set";
-        case NoteKind::MetadataNotCarried:
-            break;
-    }
-    return "metadata-not-carried";
+    return NameOf(kNoteKindNames, kind);
 }
 
 NoteKind NoteKindFromName(const std::string& name) {
-    if (name == "remove-failed")
-        return NoteKind::RemoveFailed;
-    if (name == "date-not-set")
-        return NoteKind::DateNotSet;
-    return NoteKind::MetadataNotCarried;
+    return ValueNamed(kNoteKindNames, name).value_or(NoteKind::MetadataNotCarried);
 }
 
 }  // namespace vellumo

@@ -1,64 +1,46 @@
 #include "imaging/Failure.h"
 
+#include "imaging/EnumNames.h"
+
 namespace vellumo {
 
 namespace {
 
-constexpr FailureStage kStages[] = {FailureStage::Read,  FailureStage::Decode,
-                                    FailureStage::Crop,  FailureStage::Encode,
-                                    FailureStage::Write, FailureStage::Metadata};
+constexpr NameTable<FailureStage, 6> kStageNames{{
+    {FailureStage::Read, "read"},
+    {FailureStage::Decode, "decode"},
+    {FailureStage::Crop, "crop"},
+    {FailureStage::Encode, "encode"},
+    {FailureStage::Write, "write"},
+    {FailureStage::Metadata, "metadata"},
+}};
 
-const char* Verb(FailureStage stage) {
-    switch (stage) {
-        case FailureStage::Read:
-            return "read";
-        case FailureStage::Decode:
-            return "decode";
-        case FailureStage::Crop:
-            return "crop";
-        case FailureStage::Metadata:
-            return "carry metadata";
-        case FailureStage::Encode:
-        case FailureStage::Write:
-            break;
-    }
-    return "write";
-}
+// What a person reads after "cannot ": an encoder's refusal reads as the
+// output not being written, as the file system's does.
+constexpr NameTable<FailureStage, 6> kStageVerbs{{
+    {FailureStage::Read, "read"},
+    {FailureStage::Decode, "decode"},
+    {FailureStage::Crop, "crop"},
+    {FailureStage::Encode, "write"},
+    {FailureStage::Write, "write"},
+    {FailureStage::Metadata, "carry metadata"},
+}};
 
 }  // namespace
 
 const char* StageName(FailureStage stage) {
-    switch (stage) {
-        case FailureStage::Read:
-            return "read";
-        case FailureStage::Decode:
-            return "decode";
-        case FailureStage::Crop:
-            return "crop";
-        case FailureStage::Encode:
-            return "encode";
-        case FailureStage::Write:
-            return "write";
-        case FailureStage::Metadata:
-            break;
-    }
-    return "metadata";
+    return NameOf(kStageNames, stage);
 }
 
 std::optional<FailureStage> StageFromName(const std::string& name) {
-    for (const FailureStage stage : kStages) {
-        if (name == StageName(stage)) {
-            return stage;
-        }
-    }
-    return std::nullopt;
+    return ValueNamed(kStageNames, name);
 }
 
 Failure Failure::At(FailureStage stage, const std::string& detail) {
     if (stage == FailureStage::Read) {
         return {stage, detail};
     }
-    return {stage, std::string("cannot ") + Verb(stage) + ": " + detail};
+    return {stage, std::string("cannot ") + NameOf(kStageVerbs, stage) + ": " + detail};
 }
 
 }  // namespace vellumo
