@@ -19,6 +19,16 @@ struct OpenFilesRequest {
     QString prompt;     // title of the dialog and its confirm button; empty keeps the usual ones
     QString memoryKey;  // the dialog's name for the last folder it was used in
 
+    // One existing file of the type `fileType` (an extension without the dot).
+    static OpenFilesRequest OneFile(const QString& fileType, const QString& prompt,
+                                    const QString& memoryKey) {
+        OpenFilesRequest request;
+        request.allowedFileTypes = {fileType};
+        request.prompt = prompt;
+        request.memoryKey = memoryKey;
+        return request;
+    }
+
     friend bool operator==(const OpenFilesRequest&, const OpenFilesRequest&) = default;
 };
 

@@ -74,14 +74,9 @@ void PlanFiles::Open() {
     if (!AgreeToLeaveAdjustments()) {
         return;
     }
-    OpenFilesRequest request;
-    request.allowsMultipleSelection = false;
-    request.canChooseFiles = true;
-    request.canChooseDirectories = false;
-    request.allowedFileTypes = {QString::fromLatin1(kPlanFileType)};
-    request.prompt = QStringLiteral("Open Crop Plan");
-    request.memoryKey = QString::fromLatin1(kPlansDialog);
-    const OpenFilesResult chosen = services_.chooseFilesToOpen(request);
+    const OpenFilesResult chosen = services_.chooseFilesToOpen(OpenFilesRequest::OneFile(
+        QString::fromLatin1(kPlanFileType), QStringLiteral("Open Crop Plan"),
+        QString::fromLatin1(kPlansDialog)));
     if (!chosen || chosen->isEmpty()) {
         return;
     }

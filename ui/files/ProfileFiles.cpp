@@ -67,14 +67,9 @@ void ProfileFiles::SaveAs() {
 }
 
 void ProfileFiles::Load() {
-    OpenFilesRequest request;
-    request.allowsMultipleSelection = false;
-    request.canChooseFiles = true;
-    request.canChooseDirectories = false;
-    request.allowedFileTypes = {QString::fromLatin1(kProfileFileType)};
-    request.prompt = QStringLiteral("Load Profile");
-    request.memoryKey = QString::fromLatin1(kProfilesDialog);
-    const OpenFilesResult chosen = services_.chooseFilesToOpen(request);
+    const OpenFilesResult chosen = services_.chooseFilesToOpen(OpenFilesRequest::OneFile(
+        QString::fromLatin1(kProfileFileType), QStringLiteral("Load Profile"),
+        QString::fromLatin1(kProfilesDialog)));
     if (!chosen || chosen->isEmpty()) {
         return;
     }
