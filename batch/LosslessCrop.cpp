@@ -16,9 +16,10 @@ std::string Count(int n, const char* one, const char* many) {
 // The whole pixels the job's crop takes for `cut` on the upright image.
 Rect WholePixelCut(const Rect& cut, const JpegGrid& grid) {
     const bool swap = grid.orientation >= 5;
-    return ImageTools::CropPixelArea(
-        {swap ? grid.storedHeight : grid.storedWidth, swap ? grid.storedWidth : grid.storedHeight},
-        {cut.x, cut.y, std::trunc(cut.width), std::trunc(cut.height)});
+    const Size upright{static_cast<double>(swap ? grid.storedHeight : grid.storedWidth),
+                       static_cast<double>(swap ? grid.storedWidth : grid.storedHeight)};
+    return ImageTools::CropPixelArea(upright,
+                                     {cut.x, cut.y, std::trunc(cut.width), std::trunc(cut.height)});
 }
 
 std::string SnapNote(const Rect& chosen, const LosslessCut& cut, const JpegGrid& grid) {
