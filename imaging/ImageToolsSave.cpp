@@ -73,9 +73,11 @@ SaveResult Save(const Image& image, const std::string& path, OutputFormat format
             }
         } catch (const vips::VError& error) {
             // Preparing the encoder's pixels may read the source already.
-            return SaveResult::Failed(scope.Reason(error), sourcetap::DecoderFailed(*pixels)
-                                                               ? FailureStage::Decode
-                                                               : FailureStage::Encode);
+            if (sourcetap::DecoderFailed(*pixels)) {
+                return SaveResult::Failed(scope.Reason(error, sourcetap::DecoderWarning(*pixels)),
+                                          FailureStage::Decode);
+            }
+            return SaveResult::Failed(scope.Reason(error), FailureStage::Encode);
         }
     }
     return atomicfile::Replace(path, [&](const std::string& tempPath) {

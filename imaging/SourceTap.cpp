@@ -1,6 +1,10 @@
 #include "imaging/SourceTap.h"
 
 #include <atomic>
+#include <mutex>
+#include <string>
+
+#include "imaging/VipsRuntime.h"
 
 namespace vellumo::sourcetap {
 
@@ -10,6 +14,18 @@ namespace {
 // every image made from it; freed with the last of them.
 struct TapState {
     std::atomic<bool> failed{false};
+    // The decoder's first warning where it failed (libpng gives its cause
+    // as a warning and then fails with "libpng read error").
+    std::mutex mutex;
+    std::string cause;
+
+    void Fail(const std::string& warning) {
+        std::lock_guard lock(mutex);
+        if (cause.empty()) {
+            cause = warning;
+        }
+        failed.store(true);
+    }
 };
 
 int FreeState(void* state, void* /*unused*/) {
@@ -21,8 +37,9 @@ int FreeState(void* state, void* /*unused*/) {
 int Generate(VipsRegion* out, void* sequence, void* /*input*/, void* state, gboolean* /*stop*/) {
     auto* in = static_cast<VipsRegion*>(sequence);
     const VipsRect* wanted = &out->valid;
+    const vipsruntime::WarningCollector warnings;
     if (vips_region_prepare(in, wanted) != 0) {
-        static_cast<TapState*>(state)->failed.store(true);
+        static_cast<TapState*>(state)->Fail(warnings.First());
         return -1;
     }
     return vips_region_region(out, in, wanted, wanted->left, wanted->top);
@@ -49,17 +66,35 @@ vips::VImage Tap(const vips::VImage& pixels) {
     return vips::VImage(out);
 }
 
-bool DecoderFailed(const vips::VImage& image) {
+namespace {
+
+TapState* StateOf(const vips::VImage& image) {
     VipsImage* raw = image.get_image();
     if (raw == nullptr || vips_image_get_typeof(raw, kTapField) == 0) {
-        return false;
+        return nullptr;
     }
     const void* data = nullptr;
     std::size_t length = 0;
     if (vips_image_get_blob(raw, kTapField, &data, &length) != 0 || data == nullptr) {
-        return false;
+        return nullptr;
     }
-    return static_cast<const TapState*>(data)->failed.load();
+    return static_cast<TapState*>(const_cast<void*>(data));
+}
+
+}  // namespace
+
+bool DecoderFailed(const vips::VImage& image) {
+    const TapState* state = StateOf(image);
+    return state != nullptr && state->failed.load();
+}
+
+std::string DecoderWarning(const vips::VImage& image) {
+    TapState* state = StateOf(image);
+    if (state == nullptr) {
+        return {};
+    }
+    std::lock_guard lock(state->mutex);
+    return state->cause;
 }
 
 }  // namespace vellumo::sourcetap

@@ -6,6 +6,7 @@
 // failure. A tap between the decoder and everything after it notes when the
 // decoder fails; the note travels with every image made from the tapped one.
 
+#include <string>
 #include <vips/vips8>
 
 namespace vellumo::sourcetap {
@@ -20,5 +21,9 @@ vips::VImage Tap(const vips::VImage& pixels);
 // True when the decoder behind `image` (tapped somewhere before it) failed
 // to give the pixels asked of it. False for an image without a tap.
 bool DecoderFailed(const vips::VImage& image);
+
+// The warning the decoder behind `image` raised where it failed, when it
+// raised one: often the only words for what is wrong with the file.
+std::string DecoderWarning(const vips::VImage& image);
 
 }  // namespace vellumo::sourcetap

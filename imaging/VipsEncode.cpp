@@ -148,7 +148,8 @@ SaveResult WriteFile(const vips::VImage& rendered, OutputCodec codec, double qua
         // The pixels are decoded as they are written: damage in the source
         // fails the save, and the decoder's tap tells it.
         if (sourcetap::DecoderFailed(rendered)) {
-            return SaveResult::Failed(scope.Reason(error), FailureStage::Decode);
+            return SaveResult::Failed(scope.Reason(error, sourcetap::DecoderWarning(rendered)),
+                                      FailureStage::Decode);
         }
         std::string reason = ReasonFromSystemErrorText(scope.OwnText(error));
         if (reason.empty()) {

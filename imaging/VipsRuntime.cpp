@@ -83,7 +83,7 @@ std::string FailureScope::OwnText(const vips::VError& error) const {
     return all.size() >= errorTextStart_ ? all.substr(errorTextStart_) : all;
 }
 
-std::string FailureScope::Reason(const vips::VError& error) const {
+std::string FailureScope::Reason(const vips::VError& error, const std::string& elsewhere) const {
     const std::string own = OwnText(error);
     std::string reason = ReasonFromError(own);
     // Some decoders say only that they failed and give the cause as a
@@ -93,7 +93,24 @@ std::string FailureScope::Reason(const vips::VError& error) const {
     if (generic && !collectedWarnings.empty()) {
         return ReasonFromError(collectedWarnings.front());
     }
+    if (generic && !elsewhere.empty()) {
+        return ReasonFromError(elsewhere);
+    }
     return reason;
+}
+
+WarningCollector::WarningCollector() : start_(collectedWarnings.size()) {
+    ++collectorDepth;
+}
+
+WarningCollector::~WarningCollector() {
+    if (--collectorDepth == 0) {
+        collectedWarnings.resize(start_);
+    }
+}
+
+std::string WarningCollector::First() const {
+    return collectedWarnings.size() > start_ ? collectedWarnings[start_] : std::string();
 }
 
 std::string FailureScope::Warnings() const {

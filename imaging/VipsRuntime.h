@@ -32,8 +32,11 @@ class FailureScope {
     FailureScope(const FailureScope&) = delete;
     FailureScope& operator=(const FailureScope&) = delete;
 
-    // The reason for `error`, thrown inside this scope.
-    std::string Reason(const vips::VError& error) const;
+    // The reason for `error`, thrown inside this scope. Where the error only
+    // says that a decoder failed, the first warning before it gives the
+    // cause: this thread's, else `elsewhere` (a warning raised on another
+    // thread that decoded for this one).
+    std::string Reason(const vips::VError& error, const std::string& elsewhere = {}) const;
 
     // The part of `error`'s text that was added inside this scope.
     std::string OwnText(const vips::VError& error) const;
@@ -43,6 +46,23 @@ class FailureScope {
 
   private:
     std::size_t errorTextStart_;
+};
+
+// The libvips warnings raised on this thread while it lives (a decoder's,
+// as the thread asks it for pixels), without touching the error text: for
+// libvips' own worker threads, which have no FailureScope.
+class WarningCollector {
+  public:
+    WarningCollector();
+    ~WarningCollector();
+    WarningCollector(const WarningCollector&) = delete;
+    WarningCollector& operator=(const WarningCollector&) = delete;
+
+    // The first warning raised since it was made, or nothing.
+    std::string First() const;
+
+  private:
+    std::size_t start_;
 };
 
 // A one-line reason from a libvips error text: the most telling line, with

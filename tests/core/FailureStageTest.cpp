@@ -9,6 +9,7 @@
 #include "batch/ImageProcessor.h"
 #include "tests/support/ReadBack.h"
 #include "tests/support/TempDir.h"
+#include "tests/support/TestData.h"
 #include "tests/support/TestImages.h"
 #include "worker/WorkerProtocol.h"
 
@@ -64,6 +65,19 @@ TEST_F(FailureStageTest, ATruncatedJpegFailsAtDecodeWhileItIsWritten) {
     ASSERT_TRUE(outcome.failure);
     EXPECT_EQ(outcome.failure->stage, FailureStage::Decode);
     EXPECT_EQ(outcome.failure->reason, "cannot decode: premature end of input file");
+    EXPECT_FALSE(fs::exists(task.output));
+}
+
+// A PNG whose damage libpng names only in a warning, raised on the thread
+// that decodes for the save, before it fails with "libpng read error".
+TEST_F(FailureStageTest, ADamagedPngIsToldByItsDecodersWarning) {
+    VELLUMO_REQUIRE_TESTDATA();
+    task.source = test::TestDataPath("bad/586914b5d01d3889fb7bb5c44fe29771.png");
+    task.settings.mode = CropMode::Auto;
+    const ImageOutcome outcome = Process();
+    ASSERT_TRUE(outcome.failure);
+    EXPECT_EQ(outcome.failure->stage, FailureStage::Decode);
+    EXPECT_EQ(outcome.failure->reason, "cannot decode: bKGD: CRC error");
     EXPECT_FALSE(fs::exists(task.output));
 }
 
