@@ -165,7 +165,11 @@ void SettingsPanel::ConnectPercentControls() {
         {ui_.textFieldCustomCropPercentsWidth, ui_.stepperCustomCropPercentsWidth},
         {ui_.textFieldCustomCropPercentsHeight, ui_.stepperCustomCropPercentsHeight},
     };
-    for (const auto& [field, stepper] : pairs) {
+    // Plain variables, not a structured binding: Clang 14 (clang-tidy's)
+    // does not let a lambda capture a binding, though C++20 allows it.
+    for (const auto& pair : pairs) {
+        QLineEdit* field = pair.first;
+        Stepper* stepper = pair.second;
         connect(stepper, &Stepper::valueStepped, this, [this, field, stepper] {
             SetTextFieldNumber(*field, static_cast<float>(stepper->value()));
             Q_EMIT cropChanged();

@@ -52,10 +52,10 @@ void WindowCropJob::Crop(CropRequest request, std::shared_ptr<ImageProcessor> pr
     }
     cropping_ = true;
     Q_EMIT cropStarted();
-    Run(std::move(command), std::move(processor));
+    Run(command, std::move(processor));
 }
 
-void WindowCropJob::Run(std::shared_ptr<const CropCommand> command,
+void WindowCropJob::Run(const std::shared_ptr<const CropCommand>& command,
                         std::shared_ptr<ImageProcessor> processor) {
     // Away from this thread: the output paths of the whole list (thousands
     // of lookups on disk), the images' headers where whether the rule crops

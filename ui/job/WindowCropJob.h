@@ -57,7 +57,8 @@ class WindowCropJob : public QObject {
   private:
     // The command's steps, in order: run on the job's thread once agreed
     // to, the job started, each image reported, the end.
-    void Run(std::shared_ptr<const CropCommand> command, std::shared_ptr<ImageProcessor> processor);
+    void Run(const std::shared_ptr<const CropCommand>& command,
+             std::shared_ptr<ImageProcessor> processor);
     void StartJob(long count, const QString& folder);
     void ReportProgress(long index);
     void Finish(const CropCommandResult& result);

@@ -71,10 +71,10 @@ void PreviewSession::Open(const QString& path, int side, bool placement) {
     }
     loading_ = true;
     Q_EMIT loadingStarted();
-    Decode(std::move(request), placement);
+    Decode(request, placement);
 }
 
-void PreviewSession::Decode(std::shared_ptr<const OpenRequest> request, bool placement) {
+void PreviewSession::Decode(const std::shared_ptr<const OpenRequest>& request, bool placement) {
     work_.start([this, decoder = decoder_, request, placement] {
         const std::string file = QFile::encodeName(request->path).toStdString();
         PreviewResult result = decoder->Decode(file, request->side);

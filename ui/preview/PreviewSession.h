@@ -120,7 +120,7 @@ class PreviewSession : public QObject {
     };
     struct RedrawRequest {};
 
-    void Decode(std::shared_ptr<const OpenRequest> request, bool placement);
+    void Decode(const std::shared_ptr<const OpenRequest>& request, bool placement);
     void Deliver(const std::shared_ptr<const OpenRequest>& request, const PreviewResult& result,
                  const std::optional<Image>& placementPicture, const QImage& plain);
     void PrefetchAround(const OpenRequest& request);
