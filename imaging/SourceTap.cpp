@@ -55,6 +55,10 @@ vips::VImage Tap(const vips::VImage& pixels) {
         return pixels;
     }
     auto* state = new TapState;
+    // Taken once here so that the decoding threads, which take it before
+    // they touch the state, are seen to come after its construction (they
+    // are started by GLib, which ThreadSanitizer does not see).
+    { const std::lock_guard lock(state->mutex); }
     vips_image_set_blob(out, kTapField, FreeState, state, sizeof(TapState));
     // The tap keeps the decoder's image for as long as it lives.
     g_object_ref(in);
