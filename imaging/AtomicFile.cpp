@@ -1,14 +1,18 @@
 #include "imaging/AtomicFile.h"
 
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <atomic>
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <mutex>
 #include <random>
+#include <set>
 
 #include "imaging/FileBytes.h"
 #include "imaging/FileErrors.h"
@@ -53,6 +57,30 @@ void SetCurrentTemporary(const std::string& path) {
     }
 }
 
+// Every temporary file being written in this process (the engine writes
+// several at once, one per image in flight), for a program that ends in the
+// middle of one to remove them on its way out.
+std::mutex inProgressMutex;
+std::set<std::string>& InProgress() {
+    static auto* paths = new std::set<std::string>;  // outlives static destructors
+    return *paths;
+}
+
+void Track(const std::string& tempPath, bool writing) {
+    static std::once_flag registered;
+    // The window ends with quick_exit, the rest with exit.
+    std::call_once(registered, [] {
+        std::atexit(&RemoveTemporariesInProgress);
+        std::at_quick_exit(&RemoveTemporariesInProgress);
+    });
+    const std::lock_guard<std::mutex> lock(inProgressMutex);
+    if (writing) {
+        InProgress().insert(tempPath);
+    } else {
+        InProgress().erase(tempPath);
+    }
+}
+
 std::string FolderOf(const std::string& target) {
     const std::filesystem::path folder = std::filesystem::path(target).parent_path();
     return folder.empty() ? std::string(".") : folder.string();
@@ -89,6 +117,12 @@ void FlushFolder(const std::string& folder) {
 }  // namespace
 
 SaveResult Replace(const std::string& target, const Filler& fill) {
+    // A memory file the worker names by its descriptor (worker/MemoryFile.h)
+    // is nobody else's and has no folder to make a second name in: it is
+    // filled in place, and the engine writes its bytes atomically.
+    if (target.rfind("/proc/self/fd/", 0) == 0) {
+        return fill(target);
+    }
     const std::string folder = FolderOf(target);
     std::string tempPath;
     int error = 0;
@@ -97,12 +131,14 @@ SaveResult Replace(const std::string& target, const Filler& fill) {
         return SaveResult::Failed(ReasonFromErrno(error));
     }
     SetCurrentTemporary(tempPath);
+    Track(tempPath, true);
     const auto fail = [&](SaveResult result) {
         if (fd >= 0) {
             close(fd);
         }
         unlink(tempPath.c_str());
         haveCurrentTemporary = false;
+        Track(tempPath, false);
         return result;
     };
 
@@ -124,6 +160,7 @@ SaveResult Replace(const std::string& target, const Filler& fill) {
         return fail(SaveResult::Failed(ReasonFromErrno(errno)));
     }
     haveCurrentTemporary = false;
+    Track(tempPath, false);
     FlushFolder(folder);
     return SaveResult::Saved();
 }
@@ -132,6 +169,27 @@ SaveResult ReplaceWithBytes(const std::string& target, const void* bytes, std::s
     return Replace(target, [&](const std::string& tempPath) {
         return OverwriteFileBytes(tempPath, bytes, size);
     });
+}
+
+int RemoveLeftoversOfEndedProcesses(const std::string& folder) {
+    static const std::string prefix = TemporaryPrefix(0).substr(1, 9);  // ".vellumo-"
+    std::error_code error;
+    int removed = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
+        const std::string name = entry.path().filename().string();
+        if (name.rfind(prefix, 0) != 0 || name.size() < 4 ||
+            name.compare(name.size() - 4, 4, ".tmp") != 0) {
+            continue;
+        }
+        const long pid = std::strtol(name.c_str() + prefix.size(), nullptr, 10);
+        // Only a process that no longer exists: another's work in progress
+        // stays.
+        if (pid > 0 && kill(static_cast<pid_t>(pid), 0) != 0 && errno == ESRCH &&
+            std::filesystem::remove(entry.path(), error)) {
+            ++removed;
+        }
+    }
+    return removed;
 }
 
 std::string KeepAside(const std::string& path) {
@@ -169,6 +227,13 @@ int RemoveLeftovers(const std::string& folder, long pid) {
         }
     }
     return removed;
+}
+
+void RemoveTemporariesInProgress() {
+    const std::lock_guard<std::mutex> lock(inProgressMutex);
+    for (const std::string& path : InProgress()) {
+        unlink(path.c_str());
+    }
 }
 
 void RemoveCurrentTemporaryFromSignalHandler() {

@@ -31,6 +31,10 @@ SaveResult ReplaceWithBytes(const std::string& target, const void* bytes, std::s
 // from `folder`; returns how many.
 int RemoveLeftovers(const std::string& folder, long pid);
 
+// Removes from `folder` the temporary files of processes that no longer
+// exist (a run killed in the middle of a write); returns how many.
+int RemoveLeftoversOfEndedProcesses(const std::string& folder);
+
 // A second name for the file at `path`, in its folder and under this
 // process's temporary naming (so that RemoveLeftovers finds it should the
 // process die): a hard link where the file system has them, else a copy
@@ -38,6 +42,12 @@ int RemoveLeftovers(const std::string& folder, long pid);
 // replaced readable until its caller removes the name. Empty when neither
 // could be made.
 std::string KeepAside(const std::string& path);
+
+// Removes the temporary files this process is writing right now, from any
+// thread; runs by itself when the program exits (exit or quick_exit). A program that ends in the
+// middle of a write (the command line's second Ctrl+C, a window closed while
+// its job runs) leaves no temporary file behind.
+void RemoveTemporariesInProgress();
 
 // Removes the temporary file this process is writing right now, if any.
 // Safe to call from a signal handler (a process told to stop mid-write).

@@ -6,6 +6,7 @@
 #include "imaging/AtomicFile.h"
 #include "imaging/FileKind.h"
 #include "imaging/VipsLoad.h"
+#include "worker/EngineFiles.h"
 
 namespace vellumo {
 
@@ -37,18 +38,20 @@ bool WorthASecondDecoder(const WorkerProcess::Reply& reply, const std::string& p
 
 ImageOutcome WorkerImageProcessor::Process(const ImageTask& task) {
     const WorkerPool::Loan worker = workers_.Borrow();
+    const EngineFiles files(task);
     workerprotocol::ImageRequest request{task, workers_.limits().maxPixels};
-    WorkerProcess::Reply reply = worker->Exchange(request);
+    WorkerProcess::Reply reply = worker->Exchange(request, files.Given());
     if (WorthASecondDecoder(reply, task.source)) {
         atomicfile::RemoveLeftovers(OutputFolder(task), reply.deadWorker);
         request.onlySecondDecoder = true;
-        reply = worker->Exchange(request);
+        reply = worker->Exchange(request, files.Given());
     }
     if (worker->Pid() != 0) {
         lastPid_.store(worker->Pid());
     }
     if (reply.message) {
         if (auto* answer = std::get_if<workerprotocol::OutcomeReply>(&*reply.message)) {
+            files.Finish(task, reply.binary, answer->outcome);
             return std::move(answer->outcome);
         }
     }
@@ -66,11 +69,12 @@ WorkerPreviewDecoder::WorkerPreviewDecoder(WorkerLimits limits) : workers_(limit
 
 PreviewResult WorkerPreviewDecoder::Decode(const std::string& path, int maxSide) {
     const WorkerPool::Loan worker = workers_.Borrow();
+    const EngineFiles files(path);
     workerprotocol::PreviewRequest request{path, maxSide, workers_.limits().maxPixels};
-    WorkerProcess::Reply reply = worker->Exchange(request);
+    WorkerProcess::Reply reply = worker->Exchange(request, files.Given());
     if (WorthASecondDecoder(reply, path)) {
         request.onlySecondDecoder = true;
-        reply = worker->Exchange(request);
+        reply = worker->Exchange(request, files.Given());
     }
     if (reply.message) {
         if (auto* answer = std::get_if<workerprotocol::PreviewReply>(&*reply.message)) {
