@@ -16,6 +16,7 @@
 
 #include "imaging/FileBytes.h"
 #include "imaging/FileErrors.h"
+#include "imaging/FileHandles.h"
 
 namespace vellumo::atomicfile {
 
@@ -41,20 +42,6 @@ std::string RandomSuffix() {
 
 std::string TemporaryPrefix(long pid) {
     return "/.vellumo-" + std::to_string(pid) + "-";
-}
-
-// The temporary file being written, for a signal handler to remove: a fixed
-// buffer, since a handler may not allocate. One write at a time per process
-// is what the worker does; other callers never use the handler.
-char currentTemporary[4096];
-std::atomic<bool> haveCurrentTemporary{false};
-
-void SetCurrentTemporary(const std::string& path) {
-    if (path.size() < sizeof currentTemporary) {
-        haveCurrentTemporary = false;
-        std::memcpy(currentTemporary, path.c_str(), path.size() + 1);
-        haveCurrentTemporary = true;
-    }
 }
 
 // Every temporary file being written in this process (the engine writes
@@ -116,53 +103,65 @@ void FlushFolder(const std::string& folder) {
 
 }  // namespace
 
+Replacement::Replacement(std::string target) : target_(std::move(target)) {
+    int error = 0;
+    fd_ = CreateTemporary(FolderOf(target_), tempPath_, error);
+    if (fd_ < 0) {
+        reason_ = ReasonFromErrno(error);
+        return;
+    }
+    Track(tempPath_, true);
+}
+
+Replacement::~Replacement() {
+    if (fd_ >= 0) {
+        close(fd_);
+    }
+    if (!tempPath_.empty() && !committed_) {
+        unlink(tempPath_.c_str());
+        Track(tempPath_, false);
+    }
+}
+
+SaveResult Replacement::Commit() {
+    if (fd_ < 0) {
+        return SaveResult::Failed(reason_);
+    }
+    // Whoever filled the file wrote through a descriptor of its own;
+    // flushing this one flushes the same file.
+    if (fsync(fd_) != 0) {
+        return SaveResult::Failed(ReasonFromErrno(errno));
+    }
+    const int closed = close(fd_);
+    fd_ = -1;
+    if (closed != 0) {
+        return SaveResult::Failed(ReasonFromErrno(errno));
+    }
+    if (rename(tempPath_.c_str(), target_.c_str()) != 0) {
+        return SaveResult::Failed(ReasonFromErrno(errno));
+    }
+    committed_ = true;
+    Track(tempPath_, false);
+    FlushFolder(FolderOf(target_));
+    return SaveResult::Saved();
+}
+
 SaveResult Replace(const std::string& target, const Filler& fill) {
-    // A memory file the worker names by its descriptor (worker/MemoryFile.h)
-    // is nobody else's and has no folder to make a second name in: it is
-    // filled in place, and the engine writes its bytes atomically.
-    if (target.rfind("/proc/self/fd/", 0) == 0) {
+    // A file named by its descriptor is the sandboxed worker's output, made
+    // by the engine, which puts it in place (worker/EngineFiles.h): it has
+    // no folder the worker may write in, and is filled where it is.
+    if (filehandles::NamedDescriptor(target)) {
         return fill(target);
     }
-    const std::string folder = FolderOf(target);
-    std::string tempPath;
-    int error = 0;
-    int fd = CreateTemporary(folder, tempPath, error);
-    if (fd < 0) {
-        return SaveResult::Failed(ReasonFromErrno(error));
+    Replacement replacement(target);
+    if (replacement.Descriptor() < 0) {
+        return SaveResult::Failed(replacement.Reason());
     }
-    SetCurrentTemporary(tempPath);
-    Track(tempPath, true);
-    const auto fail = [&](SaveResult result) {
-        if (fd >= 0) {
-            close(fd);
-        }
-        unlink(tempPath.c_str());
-        haveCurrentTemporary = false;
-        Track(tempPath, false);
-        return result;
-    };
-
-    SaveResult filled = fill(tempPath);
+    SaveResult filled = fill(replacement.TemporaryPath());
     if (!filled.saved) {
-        return fail(std::move(filled));
+        return filled;
     }
-    // The filler wrote through its own descriptor; flushing ours flushes the
-    // same file.
-    if (fsync(fd) != 0) {
-        return fail(SaveResult::Failed(ReasonFromErrno(errno)));
-    }
-    const int closed = close(fd);
-    fd = -1;
-    if (closed != 0) {
-        return fail(SaveResult::Failed(ReasonFromErrno(errno)));
-    }
-    if (rename(tempPath.c_str(), target.c_str()) != 0) {
-        return fail(SaveResult::Failed(ReasonFromErrno(errno)));
-    }
-    haveCurrentTemporary = false;
-    Track(tempPath, false);
-    FlushFolder(folder);
-    return SaveResult::Saved();
+    return replacement.Commit();
 }
 
 SaveResult ReplaceWithBytes(const std::string& target, const void* bytes, std::size_t size) {
@@ -213,32 +212,10 @@ std::string KeepAside(const std::string& path) {
     return {};
 }
 
-int RemoveLeftovers(const std::string& folder, long pid) {
-    const std::string prefix = TemporaryPrefix(pid).substr(1);
-    std::error_code error;
-    int removed = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
-        const std::string name = entry.path().filename().string();
-        if (name.rfind(prefix, 0) == 0 && name.size() > 4 &&
-            name.compare(name.size() - 4, 4, ".tmp") == 0) {
-            if (std::filesystem::remove(entry.path(), error)) {
-                ++removed;
-            }
-        }
-    }
-    return removed;
-}
-
 void RemoveTemporariesInProgress() {
     const std::lock_guard<std::mutex> lock(inProgressMutex);
     for (const std::string& path : InProgress()) {
         unlink(path.c_str());
-    }
-}
-
-void RemoveCurrentTemporaryFromSignalHandler() {
-    if (haveCurrentTemporary) {
-        unlink(currentTemporary);
     }
 }
 

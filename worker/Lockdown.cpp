@@ -20,8 +20,12 @@ namespace {
 // Enough for the socket, the files of one request and what a decoder
 // opens of its own (libraries, configuration).
 constexpr rlim_t kDescriptors = 64;
-// The largest output the worker can hand back in one message.
-constexpr rlim_t kFileSize = 512ull * 1024 * 1024;
+// The worker writes one file: the output the engine made for it (and, for a
+// named pipe in the list, its copy in memory). The limit lets through the
+// largest output an image under the pixel limit can give (1,000 megapixels
+// of 16-bit RGBA, uncompressed: 8 GB) and stops a runaway decoder filling
+// the disk through it.
+constexpr rlim_t kFileSize = 16ull * 1024 * 1024 * 1024;
 
 SandboxLayer NoNewPrivileges() {
     if (prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0) {
@@ -73,11 +77,9 @@ SandboxLayer Limits(std::uint64_t addressSpace) {
     if (!set) {
         return {"limits", false, std::strerror(errno)};
     }
-    // Files the worker writes are its memory files (see MemoryFile.h), so
-    // the file-size limit is not 0: it is what a reply can carry.
     return {"limits", true,
             "no core files, " + std::to_string(kDescriptors) + " descriptors, files up to " +
-                std::to_string(kFileSize >> 20) + " MB, address space " +
+                std::to_string(kFileSize >> 30) + " GB, address space " +
                 (addressSpace > 0 ? std::to_string(addressSpace >> 20) + " MB"
                                   : std::string("not limited (sanitizer build)"))};
 }

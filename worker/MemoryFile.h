@@ -1,13 +1,10 @@
 #pragma once
 
 // Inside the worker only: a file that lives in memory (memfd) and is named by
-// this process's descriptor ("/proc/self/fd/N"). The worker decodes its
-// inputs and encodes its outputs through such files: every decoder and
-// encoder that wants a file name gets one, yet no name of the user's file
-// system is ever opened (the sandbox forbids it), and the output's bytes go
-// back to the engine, which writes them.
+// this process's descriptor ("/proc/self/fd/N", imaging/FileHandles.h). A
+// source the engine hands over that is no regular file (a named pipe) is
+// copied into one, so that every decoder can read it at any offset.
 
-#include <optional>
 #include <string>
 
 namespace vellumo {
@@ -29,9 +26,6 @@ class MemoryFile {
 
     // The name this process opens the file by.
     std::string Path() const;
-
-    // The whole content, as it is now; nothing when it cannot be read.
-    std::optional<std::string> Bytes() const;
 
   private:
     int fd_ = -1;

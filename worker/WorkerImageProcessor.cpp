@@ -1,9 +1,7 @@
 #include "worker/WorkerImageProcessor.h"
 
-#include <filesystem>
 #include <optional>
 
-#include "imaging/AtomicFile.h"
 #include "imaging/FileKind.h"
 #include "imaging/VipsLoad.h"
 #include "worker/EngineFiles.h"
@@ -17,12 +15,6 @@ void WorkerImageProcessor::CancelAll() {
 }
 
 namespace {
-
-// The folder a worker wrote the output's temporary file in.
-std::string OutputFolder(const ImageTask& task) {
-    const std::filesystem::path folder = std::filesystem::path(task.output).parent_path();
-    return folder.empty() ? std::string(".") : folder.string();
-}
 
 // A decoder that crashed on a file of a kind others read too gets one more
 // try, in a fresh worker, with those others only.
@@ -42,8 +34,8 @@ ImageOutcome WorkerImageProcessor::Process(const ImageTask& task) {
     workerprotocol::ImageRequest request{task, workers_.limits().maxPixels};
     WorkerProcess::Reply reply = worker->Exchange(request, files.Given());
     if (WorthASecondDecoder(reply, task.source)) {
-        atomicfile::RemoveLeftovers(OutputFolder(task), reply.deadWorker);
         request.onlySecondDecoder = true;
+        files.Reset();
         reply = worker->Exchange(request, files.Given());
     }
     if (worker->Pid() != 0) {
@@ -51,12 +43,9 @@ ImageOutcome WorkerImageProcessor::Process(const ImageTask& task) {
     }
     if (reply.message) {
         if (auto* answer = std::get_if<workerprotocol::OutcomeReply>(&*reply.message)) {
-            files.Finish(task, reply.binary, answer->outcome);
+            files.Finish(task, answer->outcome);
             return std::move(answer->outcome);
         }
-    }
-    if (reply.deadWorker != 0) {
-        atomicfile::RemoveLeftovers(OutputFolder(task), reply.deadWorker);
     }
     ImageOutcome failed;
     failed.failure = Failure::At(

@@ -79,7 +79,7 @@ void WaitForRequest(int socket) {
 }
 
 // The reply to one request, worked out here, on the files the engine handed
-// with it; an image's output travels back as the reply's binary part.
+// with it; an image's output is written into the file the engine made for it.
 workerprotocol::Message Answer(int socket, const workerprotocol::Request& request,
                                GivenFiles& given, InProcessImageProcessor& processor,
                                InProcessPreviewDecoder& previews) {
@@ -93,10 +93,7 @@ workerprotocol::Message Answer(int socket, const workerprotocol::Request& reques
         } else {
             outcome = processor.Process(task, checked.header);
         }
-        workerprotocol::Message reply =
-            workerprotocol::Encode(workerprotocol::OutcomeReply{std::move(outcome)});
-        reply.binary = files.ChangedOutput().value_or(std::string());
-        return reply;
+        return workerprotocol::Encode(workerprotocol::OutcomeReply{std::move(outcome)});
     }
     const auto& preview = std::get<workerprotocol::PreviewRequest>(request);
     const std::string source = files.Source(preview.path);

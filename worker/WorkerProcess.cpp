@@ -261,7 +261,6 @@ WorkerProcess::Reply WorkerProcess::Exchange(const workerprotocol::Request& mess
                 reply.failure = "the image worker answered nonsense";
             }
             reply.message = std::move(parsed);
-            reply.binary = std::move(message.binary);
             return reply;
         }
         const bool timedOut = status == workerprotocol::ReceiveStatus::TimedOut;

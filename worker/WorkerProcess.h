@@ -27,7 +27,6 @@ class WorkerProcess {
 
     struct Reply {
         std::optional<workerprotocol::Reply> message;  // the final reply, parsed
-        std::string binary;   // the final reply's binary part (an output's bytes)
         std::string failure;  // why there is none: the worker died, hung or sent nonsense
         long deadWorker = 0;  // the process id of a worker that died doing it
         // It died of a signal of its own (a decoder's crash), not of the

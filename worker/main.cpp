@@ -19,7 +19,6 @@
 #include <string>
 #include <thread>
 
-#include "imaging/AtomicFile.h"
 #include "imaging/ExivRuntime.h"
 #include "imaging/VipsRuntime.h"
 #include "worker/Lockdown.h"
@@ -27,9 +26,9 @@
 
 namespace {
 
-// Told to stop, or the engine went away mid-write: leave no temporary file.
+// Told to stop: at once. The worker owns no file (the engine made its
+// output's and removes it), so there is nothing to tidy.
 void OnTerminate(int) {
-    vellumo::atomicfile::RemoveCurrentTemporaryFromSignalHandler();
     _exit(1);
 }
 

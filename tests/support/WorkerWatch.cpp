@@ -44,7 +44,8 @@ bool WritesOutput(pid_t pid) {
     const fs::path fds = "/proc/" + std::to_string(pid) + "/fd";
     for (const auto& entry : fs::directory_iterator(fds, error)) {
         const fs::path target = fs::read_symlink(entry.path(), error);
-        if (error || target.string().rfind("/memfd:vellumo-output", 0) != 0) {
+        const std::string name = target.filename().string();
+        if (error || name.rfind(".vellumo-", 0) != 0 || target.extension() != ".tmp") {
             continue;
         }
         struct stat status {};

@@ -1,9 +1,10 @@
 #pragma once
 
 // Watching the image workers from a test: which of them is writing an
-// output right now. A worker writes its output into a memory file of its
-// own ("/memfd:vellumo-output"), which the engine writes out once it is
-// complete; a worker whose memory file holds bytes is writing.
+// output right now. A worker writes its output into the temporary file the
+// engine made beside the output (".vellumo-<engine's id>-<random>.tmp"),
+// handed over as a descriptor, which the engine puts in place once it is
+// complete; a worker holding such a file with bytes in it is writing.
 
 #include <sys/types.h>
 
