@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QFontDatabase>
+#include <QFontMetrics>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QVBoxLayout>
@@ -29,7 +30,11 @@ AboutBox::AboutBox(QWidget* parent) : QDialog(parent) {
     layers_->setReadOnly(true);
     layers_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     layers_->setAccessibleName(tr("Sandbox layers"));
-    layers_->setMinimumWidth(560);
+    // Wide and tall enough for the layers' table (DescribeSandbox) unwrapped.
+    const QFontMetrics metrics(layers_->font());
+    layers_->setLineWrapMode(QPlainTextEdit::NoWrap);
+    layers_->setMinimumSize(metrics.horizontalAdvance(QLatin1Char('x')) * 96,
+                            metrics.lineSpacing() * 9);
     auto* require = new QCheckBox(
         tr("Refuse to decode images while a layer is missing (from the next start)"), this);
     require->setObjectName(QStringLiteral("requireSandbox"));
