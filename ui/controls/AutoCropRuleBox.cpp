@@ -48,6 +48,7 @@ QToolButton* Checkable(QWidget* parent, const char* name, const QString& text, c
     button->setObjectName(QString::fromLatin1(name));
     button->setText(text);
     button->setToolTip(tip);
+    button->setAccessibleDescription(tip);
     button->setCheckable(true);
     return button;
 }
@@ -62,6 +63,8 @@ AutoCropRuleBox::AutoCropRuleBox(QWidget* parent)
       anchors_(new QButtonGroup(this)) {
     ratioWidth_->setObjectName(QStringLiteral("textFieldRatioWidth"));
     ratioHeight_->setObjectName(QStringLiteral("textFieldRatioHeight"));
+    ratioWidth_->setAccessibleName(tr("Custom ratio width"));
+    ratioHeight_->setAccessibleName(tr("Custom ratio height"));
     matchOrientation_->setObjectName(QStringLiteral("checkMatchOrientation"));
     matchOrientation_->setToolTip(
         tr("Turn the rectangle so that its longer side follows each image's longer side"));
@@ -84,6 +87,8 @@ AutoCropRuleBox::AutoCropRuleBox(QWidget* parent)
     grid->setSpacing(1);
     for (const AnchorButton& a : kGrid) {
         QToolButton* button = Checkable(this, a.objectName, QString::fromUtf8(a.glyph), tr(a.tip));
+        // A screen reader says the place ("Top left"), not the arrow drawn.
+        button->setAccessibleName(tr(a.tip));
         button->setMinimumWidth(button->sizeHint().height() + 4);
         anchors_->addButton(button, static_cast<int>(a.anchor));
         grid->addWidget(button, a.row, a.column);

@@ -39,6 +39,9 @@ ResizeRuleBox::ResizeRuleBox(QWidget* parent)
     mode_->setToolTip(
         tr("\"To exactly\" crops to the ratio width:height first, so nothing is "
            "distorted"));
+    mode_->setAccessibleName(tr("Resize after cropping"));
+    width_->setAccessibleName(tr("Resize width"));
+    height_->setAccessibleName(tr("Resize height"));
     enlarge_->setObjectName(QStringLiteral("checkAllowEnlarging"));
     enlarge_->setToolTip(tr("Without it, a crop smaller than the size keeps its own size"));
 

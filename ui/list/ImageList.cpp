@@ -162,6 +162,20 @@ QVariant ImageList::data(const QModelIndex& index, int role) const {
             }
             return tip;
         }
+        case Qt::AccessibleTextRole: {
+            // What a screen reader says of a row or a sheet's cell: the
+            // file's name and what is special about it.
+            QString text = QFileInfo(path).fileName();
+            if (adjusted_.contains(path)) {
+                text += tr(", adjusted");
+            }
+            if (unreadable != unreadable_.constEnd()) {
+                text += tr(", cannot be shown: %1").arg(*unreadable);
+            }
+            return text;
+        }
+        case Qt::AccessibleDescriptionRole:
+            return path;
         case kAdjustedRole:
             return adjusted_.contains(path);
         case Qt::DecorationRole:

@@ -84,7 +84,24 @@ void CropPreviewView::PrepareScaledPlain() {
 
 void CropPreviewView::SetCropFrame(const std::optional<CropFrame>& frame) {
     frame_ = frame;
+    Announce(frame_ ? std::optional<Rect>(frame_->rect) : std::nullopt);
     update();
+}
+
+void CropPreviewView::Announce(const std::optional<Rect>& rect) {
+    // Said by a screen reader when the description changes (Qt sends the
+    // event): where the crop is, in the image's pixels from the top left.
+    if (!rect || !frame_) {
+        setAccessibleDescription(tr("No crop to show"));
+        return;
+    }
+    const double top = frame_->imageSize.height - rect->y - rect->height;
+    setAccessibleDescription(tr("Crop %1 by %2 pixels at %3, %4 from the top left; arrow keys "
+                                "move it by one pixel, with Shift by ten")
+                                 .arg(std::lround(rect->width))
+                                 .arg(std::lround(rect->height))
+                                 .arg(std::lround(rect->x))
+                                 .arg(std::lround(top)));
 }
 
 void CropPreviewView::SetFrameAdjustable(bool adjustable) {
@@ -194,6 +211,7 @@ void CropPreviewView::keyPressEvent(QKeyEvent* event) {
         return;
     }
     liveRect_ = moved;
+    Announce(moved);
     update();
     Q_EMIT cropAdjusted(moved, true);
 }

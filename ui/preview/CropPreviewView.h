@@ -85,6 +85,8 @@ class CropPreviewView : public QWidget {
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    // Tells assistive technology where the crop is now.
+    void Announce(const std::optional<Rect>& rect);
 
   private:
     // The area inside the margins where pictures go.
