@@ -17,6 +17,8 @@
 #include "ui/ProgressFraction.h"
 #include "ui/controls/ButtonAction.h"
 #include "ui/controls/SettingsPanel.h"
+#include "ui/desktop/BatchNotifier.h"
+#include "ui/desktop/LauncherProgress.h"
 #include "ui/dialogs/AboutBox.h"
 #include "ui/files/PlanFiles.h"
 #include "ui/files/ProfileFiles.h"
@@ -154,9 +156,20 @@ void ViewController::ConnectCommands() {
     connect(ui_->buttonStopCropping, &QPushButton::clicked, this, &ViewController::OnStopCropping);
     connect(cropJob_, &WindowCropJob::cropStarted, this, &ViewController::DisableInterface);
     connect(cropJob_, &WindowCropJob::cropEnded, this, &ViewController::EnableInterface);
+    ConnectDesktop();
     auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), view_->window());
     escape->setContext(Qt::WindowShortcut);
     connect(escape, &QShortcut::activated, this, &ViewController::OnStopCropping);
+}
+
+void ViewController::ConnectDesktop() {
+    auto* launcher = new LauncherProgress(this);
+    connect(cropJob_, &WindowCropJob::progressed, launcher, &LauncherProgress::Show);
+    connect(cropJob_, &WindowCropJob::cropEnded, launcher, &LauncherProgress::Hide);
+    auto* notifier =
+        new BatchNotifier([this] { return !view_.isNull() && view_->window()->isActiveWindow(); },
+                          services_.openUrl, this);
+    connect(cropJob_, &WindowCropJob::batchEnded, notifier, &BatchNotifier::BatchEnded);
 }
 
 void ViewController::ConnectContactSheet() {

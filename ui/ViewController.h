@@ -141,6 +141,8 @@ class ViewController : public QObject, public WindowDelegate {
   private:
     void ConnectCommands();
     void ConnectAdjustments();
+    // The desktop hears of the batch: progress on the dock, a notification.
+    void ConnectDesktop();
     void ConnectContactSheet();
     void ConnectPreview();
     void ConnectProfiles();

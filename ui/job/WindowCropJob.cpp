@@ -100,6 +100,7 @@ void WindowCropJob::StartJob(long count, const QString& folder) {
     folder_ = folder;
     clock_.start();
     ui_.labelJobStatus->setText(JobStatusText(0, imageCount_, std::chrono::milliseconds(0)));
+    Q_EMIT progressed(0.0);
 }
 
 void WindowCropJob::Finish(const CropCommandResult& result) {
@@ -128,10 +129,11 @@ void WindowCropJob::ReportProgress(long) {
     ui_.labelJobStatus->setText(JobStatusText(imagesHandled_, imageCount_, elapsed));
     // The images finished over the images of the job: full when the last
     // is done.
-    SetProgressFraction(*ui_.progressIndicator,
-                        imageCount_ > 0
+    const double done = imageCount_ > 0
                             ? static_cast<double>(imagesHandled_) / static_cast<double>(imageCount_)
-                            : 0.0);
+                            : 0.0;
+    SetProgressFraction(*ui_.progressIndicator, done);
+    Q_EMIT progressed(done);
 }
 
 void WindowCropJob::Stop() {
@@ -149,6 +151,7 @@ void WindowCropJob::FinishJob(const JobReport& report) {
     SetProgressFraction(*ui_.progressIndicator, 0.0);
     cropping_ = false;
     Q_EMIT cropEnded();
+    Q_EMIT batchEnded(report, folder_);
     ShowResult(report);
 }
 

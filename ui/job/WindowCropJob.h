@@ -53,6 +53,11 @@ class WindowCropJob : public QObject {
     // settings, and unlocked again (before the report is shown).
     void cropStarted();
     void cropEnded();
+    // The fraction of the job's images done, as the progress bar shows it.
+    void progressed(double fraction);
+    // The job ended and its report is about to be shown; `folder` is where
+    // it wrote.
+    void batchEnded(const JobReport& report, const QString& folder);
 
   private:
     // The command's steps, in order: run on the job's thread once agreed
