@@ -22,6 +22,7 @@
 #include "ui/dialogs/AboutBox.h"
 #include "ui/files/PlanFiles.h"
 #include "ui/files/ProfileFiles.h"
+#include "ui/files/RecentFiles.h"
 #include "ui/job/WindowCropJob.h"
 #include "ui/job/WorkerSettings.h"
 #include "ui/list/ImageList.h"
@@ -252,6 +253,14 @@ void ViewController::ConnectProfiles() {
     connect(ui_->actionLoadProfile, &QAction::triggered, profiles_, &ProfileFiles::Load);
     connect(ui_->actionSaveProfile, &QAction::triggered, profiles_, &ProfileFiles::Save);
     connect(ui_->actionSaveProfileAs, &QAction::triggered, profiles_, &ProfileFiles::SaveAs);
+    auto* recentProfiles =
+        new RecentFiles(QStringLiteral("recent/profiles"), *ui_->menuRecentProfiles, this);
+    connect(profiles_, &ProfileFiles::used, recentProfiles, &RecentFiles::Use);
+    connect(recentProfiles, &RecentFiles::chosen, profiles_, &ProfileFiles::LoadFile);
+    auto* recentPlans =
+        new RecentFiles(QStringLiteral("recent/plans"), *ui_->menuRecentPlans, this);
+    connect(plans_, &PlanFiles::used, recentPlans, &RecentFiles::Use);
+    connect(recentPlans, &RecentFiles::chosen, plans_, &PlanFiles::OpenRecent);
     // The title names the current profile: "Vellumo — Portraits".
     connect(profiles_, &ProfileFiles::currentPathChanged, this, [this](const QString& path) {
         if (view_.isNull()) {

@@ -10,7 +10,9 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
+#include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
@@ -116,6 +118,61 @@ class ProfilesTest : public QObject {
         QCOMPARE(back.percentsHeight, settings.percentsHeight);
         QCOMPARE(back.quality, 42.5f);
         QVERIFY(loaded.boxes.empty());
+    }
+
+    void aSavedProfileIsOfferedUnderLoadRecentAndLoadsFromThere() {
+        QSettings().remove(QStringLiteral("recent"));
+        QTemporaryDir dir;
+        LoadedWindow loaded;
+        loaded.Show();
+        ChangeEverything(loaded);
+        const QStringList changed = Controls(loaded);
+        loaded.saveDialogAnswers.push_back(dir.filePath("first"));
+        loaded.profiles().SaveAs();
+        loaded.saveDialogAnswers.push_back(dir.filePath("second"));
+        loaded.profiles().SaveAs();
+        QVERIFY(QFile::remove(dir.filePath("second.vellumo")));  // gone: not offered
+
+        auto& menu = loaded.Control<QMenu>("menuRecentProfiles");
+        Q_EMIT menu.aboutToShow();
+        QStringList titles;
+        for (const QAction* action : menu.actions()) {
+            titles << action->text();
+        }
+        QCOMPARE(titles, (QStringList{QStringLiteral("&1 first.vellumo"), QString(),
+                                      QStringLiteral("Clear Menu")}));
+        QCOMPARE(menu.actions().front()->toolTip(), dir.filePath("first.vellumo"));
+
+        loaded.controller().OnFileNew();
+        QVERIFY(Controls(loaded) != changed);
+        menu.actions().front()->trigger();
+        QCOMPARE(Controls(loaded), changed);
+        QVERIFY(loaded.openDialogs.empty());  // no dialog asked
+
+        menu.actions().back()->trigger();  // Clear Menu
+        Q_EMIT menu.aboutToShow();
+        QCOMPARE(menu.actions().size(), 1);
+        QVERIFY(!menu.actions().front()->isEnabled());
+    }
+
+    void aSavedCropPlanIsOfferedUnderOpenRecentAndOpensFromThere() {
+        QSettings().remove(QStringLiteral("recent"));
+        QTemporaryDir dir;
+        LoadedWindow loaded;
+        loaded.Show();
+        const QString picture = vellumo::test::Write(vellumo::test::Plain(40, 30, Qt::blue),
+                                                     dir.filePath(QStringLiteral("a.png")));
+        loaded.AddImages({picture});
+        loaded.saveDialogAnswers.push_back(dir.filePath("batch"));
+        QVERIFY(loaded.plans().Save());
+
+        loaded.controller().OnFileNew();
+        QCOMPARE(loaded.imageList().count(), 0);
+        auto& menu = loaded.Control<QMenu>("menuRecentPlans");
+        Q_EMIT menu.aboutToShow();
+        QCOMPARE(menu.actions().front()->text(), QStringLiteral("&1 batch.vellumoplan"));
+        menu.actions().front()->trigger();
+        QCOMPARE(loaded.imageList().paths(), QStringList{picture});
     }
 
     void badProfilesChangeNoSettingAndSayWhy() {

@@ -67,6 +67,7 @@ bool PlanFiles::Save() {
         return false;
     }
     adjustments_.MarkSaved();
+    Q_EMIT used(path);
     return true;
 }
 
@@ -80,7 +81,16 @@ void PlanFiles::Open() {
     if (!chosen || chosen->isEmpty()) {
         return;
     }
-    const QString file = chosen->constFirst();
+    OpenFile(chosen->constFirst());
+}
+
+void PlanFiles::OpenRecent(const QString& file) {
+    if (AgreeToLeaveAdjustments()) {
+        OpenFile(file);
+    }
+}
+
+void PlanFiles::OpenFile(const QString& file) {
     // All or nothing: a plan that cannot be read changes nothing.
     const Loaded<CropPlan> plan =
         ReadCropPlan(QFile::encodeName(file).toStdString(), settings_.Read());
@@ -107,6 +117,7 @@ void PlanFiles::Open() {
     adjustments_.ReplaceAll(rects);
     settings_.Write(plan->settings);
     Q_EMIT opened();
+    Q_EMIT used(file);
     MarkMissingImages();
 }
 

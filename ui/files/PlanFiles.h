@@ -39,6 +39,8 @@ class PlanFiles : public QObject {
     // have gone stay in the list, marked, and a notice names them. A plan
     // that cannot be read changes nothing and says why.
     void Open();
+    // The same for the plan at `file`, chosen from the recent ones.
+    void OpenRecent(const QString& file);
     // Asks whether adjustments not yet saved in a plan should be, before
     // they are thrown away; false when the person cancels (or the plan could
     // not be saved). True at once when there are none.
@@ -47,8 +49,11 @@ class PlanFiles : public QObject {
   Q_SIGNALS:
     // A plan replaced the list, the adjustments and the settings.
     void opened();
+    // The plan at `path` was opened or saved (for the recent plans).
+    void used(const QString& path);
 
   private:
+    void OpenFile(const QString& file);
     void MarkMissingImages();
 
     ImageList& list_;

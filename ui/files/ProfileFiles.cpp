@@ -26,6 +26,9 @@ void ProfileFiles::Forget() {
 void ProfileFiles::BecomeCurrent(const QString& path) {
     currentPath_ = path;
     Q_EMIT currentPathChanged(path);
+    if (!path.isEmpty()) {
+        Q_EMIT used(path);
+    }
 }
 
 void ProfileFiles::SaveTo(const QString& path) {
@@ -73,7 +76,10 @@ void ProfileFiles::Load() {
     if (!chosen || chosen->isEmpty()) {
         return;
     }
-    const QString path = chosen->constFirst();
+    LoadFile(chosen->constFirst());
+}
+
+void ProfileFiles::LoadFile(const QString& path) {
     // All or nothing: a profile that cannot be read changes no setting.
     const Loaded<CropSettings> loaded =
         ReadProfile(QFile::encodeName(path).toStdString(), settings_.Read());

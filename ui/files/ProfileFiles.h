@@ -29,6 +29,8 @@ class ProfileFiles : public QObject {
     // Asks for a profile and puts its settings into the controls; a profile
     // that cannot be read changes no setting and says why.
     void Load();
+    // The same for the profile at `path`, chosen from the recent ones.
+    void LoadFile(const QString& path);
     // Writes the settings to the current profile, or asks where as SaveAs
     // does when there is none.
     void Save();
@@ -39,6 +41,8 @@ class ProfileFiles : public QObject {
   Q_SIGNALS:
     // The current profile is now `path` (empty: none).
     void currentPathChanged(const QString& path);
+    // The profile at `path` was loaded or saved (for the recent profiles).
+    void used(const QString& path);
 
   private:
     void SaveTo(const QString& path);
