@@ -40,6 +40,9 @@ ResizeRuleBox::ResizeRuleBox(QWidget* parent)
         tr("\"To exactly\" crops to the ratio width:height first, so nothing is "
            "distorted"));
     mode_->setAccessibleName(tr("Resize after cropping"));
+    // Tab comes to the box at its first control (the window's tab order
+    // names the box).
+    setFocusProxy(mode_);
     width_->setAccessibleName(tr("Resize width"));
     height_->setAccessibleName(tr("Resize height"));
     enlarge_->setObjectName(QStringLiteral("checkAllowEnlarging"));
