@@ -109,7 +109,11 @@ Loaded<std::vector<ManifestEntry>> ReadManifest(const std::string& path) {
     if (!bytes) {
         return Loaded<std::vector<ManifestEntry>>::Failure(reason);
     }
-    const std::string text(bytes->begin(), bytes->end());
+    return ManifestFromText(std::string(bytes->begin(), bytes->end()));
+}
+
+Loaded<std::vector<ManifestEntry>> ManifestFromText(const std::string& text) {
+    std::vector<ManifestEntry> entries;
     std::size_t start = 0;
     long number = 0;
     while (start < text.size()) {
