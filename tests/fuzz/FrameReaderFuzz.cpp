@@ -9,8 +9,8 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <atomic>
+#include <cstring>
 
 #include "tests/fuzz/FuzzCheck.h"
 #include "worker/WorkerProtocol.h"
@@ -64,8 +64,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                                      message.binary.size() == U32At(data + 4) &&
                                      8 + message.json.size() + message.binary.size() <= size,
                                  "a received frame is the frame declared, all of it there");
-            vellumo::fuzz::Check(std::equal(message.json.begin(), message.json.end(), data + 8),
-                                 "the JSON part is the bytes sent");
+            vellumo::fuzz::Check(
+                std::memcmp(message.json.data(), data + 8, message.json.size()) == 0,
+                "the JSON part is the bytes sent");
         }
     }
     close(ends[1]);
