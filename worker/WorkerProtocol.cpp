@@ -4,6 +4,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <nlohmann/json.hpp>
@@ -71,6 +72,27 @@ void PutU32(char* at, std::uint32_t value) {
         at[i] = static_cast<char>((value >> (8 * i)) & 0xff);
 }
 
+// A part of a frame, read as it comes in pieces of at most this many bytes:
+// the part grows with the bytes that came, so a header declaring more than
+// ever follows (a taken-over worker's) costs no more memory than what did
+// follow, not the 512 MB it declared.
+constexpr std::size_t kReceivePiece = 1u << 20;
+
+ReceiveStatus ReceivePart(int socket, std::string& part, std::uint32_t size) {
+    part.clear();
+    while (part.size() < size) {
+        const std::size_t had = part.size();
+        const std::size_t piece = std::min<std::size_t>(size - had, kReceivePiece);
+        part.resize(had + piece);
+        // Once a frame has begun, the rest follows at once.
+        const ReceiveStatus status = ReceiveAll(socket, part.data() + had, piece, -1);
+        if (status != ReceiveStatus::Received) {
+            return status;
+        }
+    }
+    return ReceiveStatus::Received;
+}
+
 std::uint32_t GetU32(const char* at) {
     std::uint32_t value = 0;
     for (int i = 0; i < 4; ++i)
@@ -103,12 +125,9 @@ ReceiveStatus Receive(int socket, Message& message, int timeoutMilliseconds) {
     if (jsonSize > kMaxPart || binarySize > kMaxPart) {
         return ReceiveStatus::Closed;
     }
-    // Once a frame has begun, the rest follows at once.
-    message.json.assign(jsonSize, '\0');
-    message.binary.assign(binarySize, '\0');
-    status = ReceiveAll(socket, message.json.data(), jsonSize, -1);
+    status = ReceivePart(socket, message.json, jsonSize);
     if (status == ReceiveStatus::Received) {
-        status = ReceiveAll(socket, message.binary.data(), binarySize, -1);
+        status = ReceivePart(socket, message.binary, binarySize);
     }
     return status;
 }
