@@ -8,6 +8,8 @@
 #include <cerrno>
 #include <cstring>
 #include <nlohmann/json.hpp>
+#include <stdexcept>
+#include <utility>
 
 #include "batch/Profile.h"
 #include "imaging/ImageAccess.h"
@@ -134,6 +136,25 @@ ReceiveStatus Receive(int socket, Message& message, int timeoutMilliseconds) {
 
 namespace {
 
+// A whole number of type T, or an exception (read as a message that does
+// not decode, as a missing field is): nlohmann's get<int>() converts a
+// fraction or a number beyond int's range without a check, which is
+// undefined (UBSan: "4e+84 is outside the range of representable values of
+// type 'int'", a preview reply's "bands").
+template <class T>
+T Whole(const Json& value) {
+    if (value.is_number_unsigned()) {
+        if (const auto number = value.get<std::uint64_t>(); std::in_range<T>(number)) {
+            return static_cast<T>(number);
+        }
+    } else if (value.is_number_integer()) {
+        if (const auto number = value.get<std::int64_t>(); std::in_range<T>(number)) {
+            return static_cast<T>(number);
+        }
+    }
+    throw std::invalid_argument("not a whole number within range: " + value.dump());
+}
+
 // A rectangle as [x, y, width, height], exactly (JSON keeps every double).
 Json RectJson(const Rect& r) {
     return {r.x, r.y, r.width, r.height};
@@ -163,7 +184,7 @@ Json TaskJson(const ImageTask& task) {
 
 ImageTask TaskOf(const Json& json) {
     ImageTask task;
-    task.index = json.at("index").get<long>();
+    task.index = Whole<long>(json.at("index"));
     task.source = json.at("source").get<std::string>();
     task.output = json.at("output").get<std::string>();
     task.decision = DecisionFromName(json.at("decision").get<std::string>());
@@ -244,7 +265,7 @@ void to_json(Json& json, const Hello& m) {
     json = {{"type", Hello::kType}, {"version", m.version}};
 }
 void from_json(const Json& json, Hello& m) {
-    m.version = json.at("version").get<int>();
+    m.version = Whole<int>(json.at("version"));
 }
 
 void to_json(Json& json, const ImageRequest& m) {
@@ -255,7 +276,7 @@ void to_json(Json& json, const ImageRequest& m) {
 }
 void from_json(const Json& json, ImageRequest& m) {
     m.task = TaskOf(json.at("task"));
-    m.maxPixels = json.at("maxPixels").get<std::uint64_t>();
+    m.maxPixels = Whole<std::uint64_t>(json.at("maxPixels"));
     m.onlySecondDecoder = json.at("onlySecondDecoder").get<bool>();
 }
 
@@ -268,8 +289,8 @@ void to_json(Json& json, const PreviewRequest& m) {
 }
 void from_json(const Json& json, PreviewRequest& m) {
     m.path = json.at("path").get<std::string>();
-    m.maxSide = json.at("maxSide").get<int>();
-    m.maxPixels = json.at("maxPixels").get<std::uint64_t>();
+    m.maxSide = Whole<int>(json.at("maxSide"));
+    m.maxPixels = Whole<std::uint64_t>(json.at("maxPixels"));
     m.onlySecondDecoder = json.at("onlySecondDecoder").get<bool>();
 }
 
@@ -277,7 +298,7 @@ void to_json(Json& json, const DecodingNote& m) {
     json = {{"type", DecodingNote::kType}, {"bytes", m.bytes}};
 }
 void from_json(const Json& json, DecodingNote& m) {
-    m.bytes = json.at("bytes").get<std::uint64_t>();
+    m.bytes = Whole<std::uint64_t>(json.at("bytes"));
 }
 
 void to_json(Json& json, const OutcomeReply& m) {
@@ -330,9 +351,9 @@ PreviewResult DecodePreview(const Json& json, const std::string& binary) {
     if (json.contains("reason")) {
         return PreviewResult::Failure(json.at("reason").get<std::string>());
     }
-    const int width = json.at("width").get<int>();
-    const int height = json.at("height").get<int>();
-    const int bands = json.at("bands").get<int>();
+    const int width = Whole<int>(json.at("width"));
+    const int height = Whole<int>(json.at("height"));
+    const int bands = Whole<int>(json.at("bands"));
     if (width <= 0 || height <= 0 || (bands != 3 && bands != 4) ||
         binary.size() != static_cast<std::size_t>(width) * height * bands) {
         return PreviewResult::Failure("the image worker sent a damaged picture");
@@ -346,11 +367,12 @@ PreviewResult DecodePreview(const Json& json, const std::string& binary) {
                     json.at("fullSize").at(1).get<double>()};
     std::optional<JpegGrid> grid;
     if (const auto found = json.find("jpegGrid"); found != json.end()) {
-        grid = JpegGrid{found->at(0).get<int>(), found->at(1).get<int>(), found->at(2).get<int>(),
-                        found->at(3).get<int>(), found->at(4).get<int>()};
+        grid =
+            JpegGrid{Whole<int>(found->at(0)), Whole<int>(found->at(1)), Whole<int>(found->at(2)),
+                     Whole<int>(found->at(3)), Whole<int>(found->at(4))};
     }
-    return PreviewResult::Success(
-        Preview{full, ImageAccess::Make(pixels, width, height), json.at("pages").get<int>(), grid});
+    return PreviewResult::Success(Preview{full, ImageAccess::Make(pixels, width, height),
+                                          Whole<int>(json.at("pages")), grid});
 }
 
 // The message of `type` in `json`, or nothing.
