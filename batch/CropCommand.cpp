@@ -4,6 +4,7 @@
 
 #include "batch/OutputFolder.h"
 #include "batch/Preconditions.h"
+#include "imaging/AtomicFile.h"
 
 namespace vellumo {
 
@@ -91,6 +92,10 @@ CropCommandResult CropCommand::Run(CropQuestions& questions, CropObserver& obser
         if (const SaveResult made = CreateOutputFolder(settings.outputFolder); !made.saved) {
             return Refused(CropRefusal::Kind::FolderNotMade, settings.outputFolder, made.reason);
         }
+    }
+    if (!settings.replaceOriginals && !request_.dryRun) {
+        // What a run killed in the middle of a write left there.
+        atomicfile::RemoveLeftoversOfEndedProcesses(settings.outputFolder);
     }
     if (std::string reason; !observer.Starting(*part, reason)) {
         return Refused(CropRefusal::Kind::NotStarted, settings.outputFolder, reason);

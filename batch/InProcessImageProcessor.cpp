@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "batch/ClearForOverwrite.h"
 #include "batch/CropRectangle.h"
 #include "batch/ImageProcessor.h"
 #include "batch/LosslessCrop.h"
@@ -18,34 +19,6 @@
 namespace vellumo {
 
 namespace {
-
-// Before an overwrite, what is in the way must go. A folder is removed now
-// (only an empty one can be); a file stays until the save replaces it in one
-// rename, so that a failed save leaves it as it was; it is only checked that
-// it could be removed. Returns the error's description, or nothing.
-std::string ClearForOverwrite(const std::string& path) {
-    namespace fs = std::filesystem;
-    std::error_code error;
-    const fs::file_status status = fs::symlink_status(path, error);
-    if (error || !fs::exists(status)) {
-        return {};
-    }
-    if (fs::is_directory(status)) {
-        if (!fs::remove(path, error) || error) {
-            return "could not remove " + path + ": " +
-                   (error ? error.message() : std::string("not removed"));
-        }
-        return {};
-    }
-    fs::path folder = fs::path(path).parent_path();
-    if (folder.empty()) {
-        folder = ".";
-    }
-    if (::access(folder.c_str(), W_OK | X_OK) != 0) {
-        return "could not remove " + path + ": " + std::generic_category().message(errno);
-    }
-    return {};
-}
 
 // The reduced picture a smart anchor judges, when the settings use one: the
 // file decoded small, as the window's picture for the same purpose.

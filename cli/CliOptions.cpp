@@ -161,6 +161,9 @@ void AddJob(CLI::App& app, CliOptions& options, double& timeoutSeconds) {
     group->add_option("--timeout", timeoutSeconds, "Give up on an image after this many seconds")
         ->check(CLI::PositiveNumber)
         ->capture_default_str();
+    group->add_flag("--require-sandbox", options.limits.requireSandbox,
+                    "Decode nothing unless every layer of the workers' sandbox is active (see "
+                    "--sandbox-status)");
 }
 
 void AddInputs(CLI::App& app, SourceGroup& g, CliOptions& options) {

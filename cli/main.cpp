@@ -4,7 +4,8 @@
 // nothing was attempted (a usage error, an output folder that is a file or
 // cannot be made, a manifest that cannot be used), 130 when the job was
 // stopped by SIGINT or SIGTERM. `vellumo-cli verify` checks the manifests of
-// a batch (cli/VerifyCommand.h).
+// a batch (cli/VerifyCommand.h); `vellumo-cli --sandbox-status` tells how
+// the image workers lock themselves down (cli/SandboxStatusCommand.h).
 
 #include <pthread.h>
 #include <signal.h>
@@ -22,7 +23,9 @@
 #include "batch/CropCommand.h"
 #include "cli/CliCrop.h"
 #include "cli/CliOptions.h"
+#include "cli/SandboxStatusCommand.h"
 #include "cli/VerifyCommand.h"
+#include "imaging/AtomicFile.h"
 #include "worker/WorkerImageProcessor.h"
 
 namespace {
@@ -30,7 +33,8 @@ namespace {
 // SIGINT and SIGTERM are taken by one thread of their own (blocked in every
 // other): the first stops the job as the window's Stop button does; the
 // second ends the program at once. Either way no output path holds a
-// partial file: the workers, which notice the engine's end, remove theirs.
+// partial file: the workers, which notice the engine's end, end with it, and
+// the temporary files the engine is writing are removed.
 void WatchForStopSignals(const std::stop_source& stop) {
     sigset_t signals;
     sigemptyset(&signals);
@@ -45,6 +49,7 @@ void WatchForStopSignals(const std::stop_source& stop) {
                   << std::endl;
         stop.request_stop();
         sigwait(&signals, &signal);
+        vellumo::atomicfile::RemoveTemporariesInProgress();
         _exit(130);
     }).detach();
 }
@@ -81,6 +86,9 @@ int main(int argc, char** argv) {
     using namespace vellumo;
     if (argc > 1 && std::string_view(argv[1]) == "verify") {
         return cli::RunVerify(argc - 1, argv + 1);
+    }
+    if (argc == 2 && std::string_view(argv[1]) == "--sandbox-status") {
+        return cli::RunSandboxStatus();
     }
     const cli::ParseOutcome parsed =
         cli::ParseCommandLine(argc, argv, isatty(STDIN_FILENO) == 1, &Environment);

@@ -1,17 +1,22 @@
 #include "imaging/AtomicFile.h"
 
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <atomic>
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <mutex>
 #include <random>
+#include <set>
 
 #include "imaging/FileBytes.h"
 #include "imaging/FileErrors.h"
+#include "imaging/FileHandles.h"
 
 namespace vellumo::atomicfile {
 
@@ -39,17 +44,27 @@ std::string TemporaryPrefix(long pid) {
     return "/.vellumo-" + std::to_string(pid) + "-";
 }
 
-// The temporary file being written, for a signal handler to remove: a fixed
-// buffer, since a handler may not allocate. One write at a time per process
-// is what the worker does; other callers never use the handler.
-char currentTemporary[4096];
-std::atomic<bool> haveCurrentTemporary{false};
+// Every temporary file being written in this process (the engine writes
+// several at once, one per image in flight), for a program that ends in the
+// middle of one to remove them on its way out.
+std::mutex inProgressMutex;
+std::set<std::string>& InProgress() {
+    static auto* paths = new std::set<std::string>;  // outlives static destructors
+    return *paths;
+}
 
-void SetCurrentTemporary(const std::string& path) {
-    if (path.size() < sizeof currentTemporary) {
-        haveCurrentTemporary = false;
-        std::memcpy(currentTemporary, path.c_str(), path.size() + 1);
-        haveCurrentTemporary = true;
+void Track(const std::string& tempPath, bool writing) {
+    static std::once_flag registered;
+    // The window ends with quick_exit, the rest with exit.
+    std::call_once(registered, [] {
+        std::atexit(&RemoveTemporariesInProgress);
+        std::at_quick_exit(&RemoveTemporariesInProgress);
+    });
+    const std::lock_guard<std::mutex> lock(inProgressMutex);
+    if (writing) {
+        InProgress().insert(tempPath);
+    } else {
+        InProgress().erase(tempPath);
     }
 }
 
@@ -88,50 +103,92 @@ void FlushFolder(const std::string& folder) {
 
 }  // namespace
 
-SaveResult Replace(const std::string& target, const Filler& fill) {
-    const std::string folder = FolderOf(target);
-    std::string tempPath;
+Replacement::Replacement(std::string target) : target_(std::move(target)) {
     int error = 0;
-    int fd = CreateTemporary(folder, tempPath, error);
-    if (fd < 0) {
-        return SaveResult::Failed(ReasonFromErrno(error));
+    fd_ = CreateTemporary(FolderOf(target_), tempPath_, error);
+    if (fd_ < 0) {
+        reason_ = ReasonFromErrno(error);
+        return;
     }
-    SetCurrentTemporary(tempPath);
-    const auto fail = [&](SaveResult result) {
-        if (fd >= 0) {
-            close(fd);
-        }
-        unlink(tempPath.c_str());
-        haveCurrentTemporary = false;
-        return result;
-    };
+    Track(tempPath_, true);
+}
 
-    SaveResult filled = fill(tempPath);
-    if (!filled.saved) {
-        return fail(std::move(filled));
+Replacement::~Replacement() {
+    if (fd_ >= 0) {
+        close(fd_);
     }
-    // The filler wrote through its own descriptor; flushing ours flushes the
-    // same file.
-    if (fsync(fd) != 0) {
-        return fail(SaveResult::Failed(ReasonFromErrno(errno)));
+    if (!tempPath_.empty() && !committed_) {
+        unlink(tempPath_.c_str());
+        Track(tempPath_, false);
     }
-    const int closed = close(fd);
-    fd = -1;
+}
+
+SaveResult Replacement::Commit() {
+    if (fd_ < 0) {
+        return SaveResult::Failed(reason_);
+    }
+    // Whoever filled the file wrote through a descriptor of its own;
+    // flushing this one flushes the same file.
+    if (fsync(fd_) != 0) {
+        return SaveResult::Failed(ReasonFromErrno(errno));
+    }
+    const int closed = close(fd_);
+    fd_ = -1;
     if (closed != 0) {
-        return fail(SaveResult::Failed(ReasonFromErrno(errno)));
+        return SaveResult::Failed(ReasonFromErrno(errno));
     }
-    if (rename(tempPath.c_str(), target.c_str()) != 0) {
-        return fail(SaveResult::Failed(ReasonFromErrno(errno)));
+    if (rename(tempPath_.c_str(), target_.c_str()) != 0) {
+        return SaveResult::Failed(ReasonFromErrno(errno));
     }
-    haveCurrentTemporary = false;
-    FlushFolder(folder);
+    committed_ = true;
+    Track(tempPath_, false);
+    FlushFolder(FolderOf(target_));
     return SaveResult::Saved();
+}
+
+SaveResult Replace(const std::string& target, const Filler& fill) {
+    // A file named by its descriptor is the sandboxed worker's output, made
+    // by the engine, which puts it in place (worker/EngineFiles.h): it has
+    // no folder the worker may write in, and is filled where it is.
+    if (filehandles::NamedDescriptor(target)) {
+        return fill(target);
+    }
+    Replacement replacement(target);
+    if (replacement.Descriptor() < 0) {
+        return SaveResult::Failed(replacement.Reason());
+    }
+    SaveResult filled = fill(replacement.TemporaryPath());
+    if (!filled.saved) {
+        return filled;
+    }
+    return replacement.Commit();
 }
 
 SaveResult ReplaceWithBytes(const std::string& target, const void* bytes, std::size_t size) {
     return Replace(target, [&](const std::string& tempPath) {
         return OverwriteFileBytes(tempPath, bytes, size);
     });
+}
+
+int RemoveLeftoversOfEndedProcesses(const std::string& folder) {
+    static const std::string prefix = TemporaryPrefix(0).substr(1, 9);  // ".vellumo-"
+    std::error_code error;
+    int removed = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
+        const std::string name = entry.path().filename().string();
+        if (name.rfind(prefix, 0) != 0 || name.size() < 4 ||
+            name.compare(name.size() - 4, 4, ".tmp") != 0) {
+            continue;
+        }
+        const long pid = std::strtol(name.c_str() + prefix.size(), nullptr, 10);
+        // Only a process that no longer exists: another's work in progress
+        // stays.
+        if (pid > 0 && kill(static_cast<pid_t>(pid), 0) != 0 && errno == ESRCH &&
+            std::filesystem::remove(entry.path(), error)) {
+            ++removed;
+        }
+    }
+    return removed;
 }
 
 std::string KeepAside(const std::string& path) {
@@ -155,25 +212,10 @@ std::string KeepAside(const std::string& path) {
     return {};
 }
 
-int RemoveLeftovers(const std::string& folder, long pid) {
-    const std::string prefix = TemporaryPrefix(pid).substr(1);
-    std::error_code error;
-    int removed = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
-        const std::string name = entry.path().filename().string();
-        if (name.rfind(prefix, 0) == 0 && name.size() > 4 &&
-            name.compare(name.size() - 4, 4, ".tmp") == 0) {
-            if (std::filesystem::remove(entry.path(), error)) {
-                ++removed;
-            }
-        }
-    }
-    return removed;
-}
-
-void RemoveCurrentTemporaryFromSignalHandler() {
-    if (haveCurrentTemporary) {
-        unlink(currentTemporary);
+void RemoveTemporariesInProgress() {
+    const std::lock_guard<std::mutex> lock(inProgressMutex);
+    for (const std::string& path : InProgress()) {
+        unlink(path.c_str());
     }
 }
 

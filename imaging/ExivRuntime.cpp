@@ -1,6 +1,10 @@
 #include "imaging/ExivRuntime.h"
 
 #include <mutex>
+#include <optional>
+
+#include "imaging/FileBytes.h"
+#include "imaging/FileHandles.h"
 
 namespace vellumo::exivruntime {
 
@@ -25,6 +29,19 @@ std::vector<unsigned char> BytesOf(Exiv2::Image& image) {
         throw Exiv2::Error(Exiv2::kerFailedToReadImageData);
     }
     return bytes;
+}
+
+std::unique_ptr<Exiv2::Image> OpenFile(const std::string& path, std::vector<unsigned char>& bytes) {
+    if (!filehandles::NamedDescriptor(path)) {
+        return Open(Exiv2::ImageFactory::open(path));
+    }
+    std::string reason;
+    std::optional<std::vector<unsigned char>> read = ReadFileBytes(path, reason);
+    if (!read) {
+        throw Exiv2::Error(Exiv2::kerDataSourceOpenFailed, path, reason);
+    }
+    bytes = std::move(*read);
+    return Open(Exiv2::ImageFactory::open(bytes.data(), static_cast<long>(bytes.size())));
 }
 
 }  // namespace vellumo::exivruntime

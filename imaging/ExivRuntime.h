@@ -4,6 +4,7 @@
 
 #include <exiv2/exiv2.hpp>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace vellumo::exivruntime {
@@ -24,5 +25,11 @@ template <typename Opened>
 std::unique_ptr<Exiv2::Image> Open(Opened opened) {
     return std::unique_ptr<Exiv2::Image>(opened.release());
 }
+
+// The file at `path`, opened by Exiv2, its metadata not read yet. A
+// descriptor's name (FileHandles.h), which Exiv2 would open anew, is read
+// into `bytes` first, which must then outlive the image. Throws
+// Exiv2::Error.
+std::unique_ptr<Exiv2::Image> OpenFile(const std::string& path, std::vector<unsigned char>& bytes);
 
 }  // namespace vellumo::exivruntime

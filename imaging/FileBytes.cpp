@@ -7,12 +7,13 @@
 #include <cerrno>
 
 #include "imaging/FileErrors.h"
+#include "imaging/FileHandles.h"
 
 namespace vellumo {
 
 std::optional<std::vector<unsigned char>> ReadFileBytes(const std::string& path,
                                                         std::string& reason) {
-    const int fd = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    const int fd = filehandles::OpenForReading(path);
     if (fd < 0) {
         reason = ReasonFromErrno(errno);
         return std::nullopt;
@@ -24,17 +25,15 @@ std::optional<std::vector<unsigned char>> ReadFileBytes(const std::string& path,
     }
     unsigned char chunk[65536];
     for (;;) {
-        const ssize_t got = read(fd, chunk, sizeof chunk);
-        if (got == 0) {
-            break;
-        }
+        const ssize_t got =
+            filehandles::ReadAt(fd, chunk, sizeof chunk, static_cast<off_t>(bytes.size()));
         if (got < 0) {
-            if (errno == EINTR) {
-                continue;
-            }
             reason = ReasonFromErrno(errno);
             close(fd);
             return std::nullopt;
+        }
+        if (got == 0) {
+            break;
         }
         bytes.insert(bytes.end(), chunk, chunk + got);
     }
@@ -42,30 +41,43 @@ std::optional<std::vector<unsigned char>> ReadFileBytes(const std::string& path,
     return bytes;
 }
 
-SaveResult OverwriteFileBytes(const std::string& path, const void* bytes, std::size_t size) {
-    const int fd = open(path.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC);
-    if (fd < 0) {
-        return SaveResult::Failed(ReasonFromErrno(errno));
-    }
+namespace {
+
+// Writes all of `bytes` at the start of `fd`, which holds nothing after them.
+SaveResult WriteFromStart(int fd, const void* bytes, std::size_t size) {
     const auto* next = static_cast<const unsigned char*>(bytes);
-    std::size_t left = size;
-    while (left > 0) {
-        const ssize_t written = write(fd, next, left);
+    std::size_t done = 0;
+    while (done < size) {
+        const ssize_t written = pwrite(fd, next + done, size - done, static_cast<off_t>(done));
         if (written < 0) {
             if (errno == EINTR) {
                 continue;
             }
-            const int error = errno;
-            close(fd);
-            return SaveResult::Failed(ReasonFromErrno(error));
+            return SaveResult::Failed(ReasonFromErrno(errno));
         }
-        next += written;
-        left -= static_cast<std::size_t>(written);
-    }
-    if (close(fd) != 0) {
-        return SaveResult::Failed(ReasonFromErrno(errno));
+        done += static_cast<std::size_t>(written);
     }
     return SaveResult::Saved();
+}
+
+}  // namespace
+
+SaveResult OverwriteFileBytes(const std::string& path, const void* bytes, std::size_t size) {
+    if (const std::optional<int> given = filehandles::NamedDescriptor(path)) {
+        if (ftruncate(*given, 0) != 0) {
+            return SaveResult::Failed(ReasonFromErrno(errno));
+        }
+        return WriteFromStart(*given, bytes, size);
+    }
+    const int fd = open(path.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC);
+    if (fd < 0) {
+        return SaveResult::Failed(ReasonFromErrno(errno));
+    }
+    SaveResult written = WriteFromStart(fd, bytes, size);
+    if (close(fd) != 0 && written.saved) {
+        return SaveResult::Failed(ReasonFromErrno(errno));
+    }
+    return written;
 }
 
 }  // namespace vellumo

@@ -1,12 +1,15 @@
 #include "imaging/FileKind.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <filesystem>
-#include <fstream>
 #include <string_view>
 #include <system_error>
+
+#include "imaging/FileHandles.h"
 
 namespace vellumo {
 
@@ -102,22 +105,27 @@ std::optional<FileKind> SniffBytes(const unsigned char* bytes, std::size_t size)
 }
 
 SniffedFile SniffFile(const std::string& path) {
-    std::error_code ec;
-    if (std::filesystem::is_directory(path, ec)) {
-        return {std::nullopt, "a folder, not an image file"};
-    }
-    std::ifstream in(path, std::ios::binary);
-    if (!in) {
+    const int fd = filehandles::OpenForReading(path);
+    if (fd < 0) {
         const int error = errno;
+        if (error == EISDIR) {
+            return {std::nullopt, "a folder, not an image file"};
+        }
         return {std::nullopt, "cannot open: " + std::generic_category().message(error),
                 FailureStage::Read};
     }
+    struct stat status {};
+    if (fstat(fd, &status) == 0 && S_ISDIR(status.st_mode)) {
+        close(fd);
+        return {std::nullopt, "a folder, not an image file"};
+    }
     unsigned char head[64] = {};
-    in.read(reinterpret_cast<char*>(head), sizeof head);
-    const auto size = static_cast<std::size_t>(in.gcount());
-    if (in.bad()) {
+    const ssize_t got = filehandles::ReadAt(fd, head, sizeof head, 0);
+    close(fd);
+    if (got < 0) {
         return {std::nullopt, "cannot read the file", FailureStage::Read};
     }
+    const auto size = static_cast<std::size_t>(got);
     if (auto kind = SniffBytes(head, size)) {
         return {kind, {}};
     }

@@ -14,6 +14,7 @@
 
 #include "imaging/AtomicFile.h"
 #include "imaging/FileBytes.h"
+#include "imaging/FileHandles.h"
 #include "imaging/IccEmbed.h"
 #include "imaging/VipsLoad.h"
 #include "imaging/VipsRuntime.h"
@@ -110,7 +111,7 @@ std::vector<unsigned char> ColourProfileOf(const std::string& source) {
 }  // namespace
 
 std::optional<JpegGrid> ReadJpegGrid(const std::string& path) {
-    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    const int fd = filehandles::OpenForReading(path);
     if (fd < 0) {
         return std::nullopt;
     }
@@ -124,10 +125,8 @@ std::optional<JpegGrid> ReadJpegGrid(const std::string& path) {
     for (;;) {
         const std::size_t had = head.size();
         head.resize(wanted);
-        ssize_t got = 0;
-        do {
-            got = ::read(fd, head.data() + had, wanted - had);
-        } while (got < 0 && errno == EINTR);
+        const ssize_t got =
+            filehandles::ReadAt(fd, head.data() + had, wanted - had, static_cast<off_t>(had));
         head.resize(had + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
         int width = 0;
         int height = 0;

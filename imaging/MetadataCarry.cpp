@@ -156,8 +156,9 @@ std::optional<EncoderMetadata> ForEncoder(const std::string& originalImagePath, 
                                           long height) {
     exivruntime::EnsureStarted();
     try {
+        std::vector<unsigned char> bytes;
         const std::unique_ptr<Exiv2::Image> original =
-            exivruntime::Open(Exiv2::ImageFactory::open(originalImagePath));
+            exivruntime::OpenFile(originalImagePath, bytes);
         original->readMetadata();
         EncoderMetadata metadata;
         const Exiv2::ExifData exif = CarriedExif(original->exifData(), width, height);
@@ -187,8 +188,9 @@ MetadataResult Carry(const std::string& originalImagePath, const std::string& cr
     // them means the file cannot be used here.
     SourceMetadata source;
     try {
+        std::vector<unsigned char> bytes;
         const std::unique_ptr<Exiv2::Image> original =
-            exivruntime::Open(Exiv2::ImageFactory::open(originalImagePath));
+            exivruntime::OpenFile(originalImagePath, bytes);
         original->readMetadata();
         source = {original->exifData(), original->iptcData(), original->xmpData()};
     } catch (const std::exception& error) {

@@ -124,11 +124,13 @@ void Release(VipsImage* /*image*/, StripSource* source) {
     delete source;
 }
 
+// libvips' own TIFF decoder opened the header (from a file, or from a
+// source: the worker reads its descriptors so), not ImageMagick's.
 bool FromTiffDecoder(const vips::VImage& header) {
     const char* loader = nullptr;
     return vips_image_get_typeof(header.get_image(), "vips-loader") != 0 &&
            vips_image_get_string(header.get_image(), "vips-loader", &loader) == 0 &&
-           std::strcmp(loader, "tiffload") == 0;
+           (std::strcmp(loader, "tiffload") == 0 || std::strcmp(loader, "tiffload_source") == 0);
 }
 
 }  // namespace

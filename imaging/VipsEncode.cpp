@@ -1,10 +1,16 @@
 #include "imaging/VipsEncode.h"
 
+#include <unistd.h>
+
+#include <cerrno>
 #include <cmath>
+#include <cstring>
 #include <memory>
+#include <optional>
 
 #include "imaging/FileBytes.h"
 #include "imaging/FileErrors.h"
+#include "imaging/FileHandles.h"
 #include "imaging/IccEmbed.h"
 #include "imaging/SourceTap.h"
 #include "imaging/VipsRuntime.h"
@@ -37,73 +43,93 @@ double CoefficientBytes(const vips::VImage& image, int q) {
     return pixels * samples * 2.0;
 }
 
-// Throws vips::VError. The codecs whose encoders write files themselves.
-void Encode(const vips::VImage& rendered, OutputCodec codec, double quality,
-            const std::string& path) {
-    const char* file = path.c_str();
+// A libvips saver ("jpegsave", ...) and its options.
+struct Saver {
+    const char* operation;
+    vips::VOption* options;
+};
+
+// AVIF keeps 12 of a 16-bit source's bits; HEIC stays at the 8 bits phones
+// write and read.
+Saver HeifSaver(const vips::VImage& rendered, OutputCodec codec, double quality) {
+    const bool avif = codec == OutputCodec::Avif;
+    return {"heifsave",
+            vips::VImage::option()
+                ->set("Q", QualityFactor(quality))
+                ->set("bitdepth", avif && rendered.format() == VIPS_FORMAT_USHORT ? 12 : 8)
+                ->set("compression", avif ? VIPS_FOREIGN_HEIF_COMPRESSION_AV1
+                                          : VIPS_FOREIGN_HEIF_COMPRESSION_HEVC)};
+}
+
+// The saver of each codec whose encoder writes the file itself.
+Saver SaverFor(const vips::VImage& rendered, OutputCodec codec, double quality) {
     switch (codec) {
         case OutputCodec::Jpeg: {
             // Baseline, readable everywhere. `strip`: without it the encoder
             // writes an Exif block of its own; the profile is put back after.
             const int q = QualityFactor(quality);
-            rendered.jpegsave(file, vips::VImage::option()
-                                        ->set("Q", q)
-                                        ->set("optimize_coding", CoefficientBytes(rendered, q) <=
-                                                                     kOptimisedTablesBudget)
-                                        ->set("strip", true));
-            return;
+            return {"jpegsave", vips::VImage::option()
+                                    ->set("Q", q)
+                                    ->set("optimize_coding",
+                                          CoefficientBytes(rendered, q) <= kOptimisedTablesBudget)
+                                    ->set("strip", true)};
         }
         case OutputCodec::Png:
             // Adaptive row filters at a moderate zlib level: on photos about
             // 30 % smaller than the library's default (level 6, no filter)
             // and no slower.
-            rendered.pngsave(file, vips::VImage::option()
-                                       ->set("compression", 3)
-                                       ->set("filter", VIPS_FOREIGN_PNG_FILTER_ALL));
-            return;
+            return {"pngsave", vips::VImage::option()
+                                   ->set("compression", 3)
+                                   ->set("filter", VIPS_FOREIGN_PNG_FILTER_ALL)};
         case OutputCodec::Tiff:
             // LZW with differencing: lossless, and opened by every TIFF
             // reader in use.
-            rendered.tiffsave(file, vips::VImage::option()
-                                        ->set("compression", VIPS_FOREIGN_TIFF_COMPRESSION_LZW)
-                                        ->set("predictor", VIPS_FOREIGN_TIFF_PREDICTOR_HORIZONTAL));
-            return;
+            return {"tiffsave", vips::VImage::option()
+                                    ->set("compression", VIPS_FOREIGN_TIFF_COMPRESSION_LZW)
+                                    ->set("predictor", VIPS_FOREIGN_TIFF_PREDICTOR_HORIZONTAL)};
         case OutputCodec::Gif:
-            rendered.gifsave(
-                file,
-                vips::VImage::option()->set("dither", 1.0)->set("effort", 7)->set("bitdepth", 8));
-            return;
+            return {
+                "gifsave",
+                vips::VImage::option()->set("dither", 1.0)->set("effort", 7)->set("bitdepth", 8)};
         case OutputCodec::WebP:
             // Quality 100 writes without loss.
-            rendered.webpsave(
-                file, vips::VImage::option()
-                          ->set("Q", QualityFactor(quality))
-                          ->set("lossless", LosslessAtFullQuality(codec) && quality >= 1.0));
-            return;
+            return {"webpsave",
+                    vips::VImage::option()
+                        ->set("Q", QualityFactor(quality))
+                        ->set("lossless", LosslessAtFullQuality(codec) && quality >= 1.0)};
         case OutputCodec::Avif:
         case OutputCodec::Heic:
-            // AVIF keeps 12 of a 16-bit source's bits; HEIC stays at the 8
-            // bits phones write and read.
-            rendered.heifsave(
-                file,
-                vips::VImage::option()
-                    ->set("Q", QualityFactor(quality))
-                    ->set("bitdepth",
-                          codec == OutputCodec::Avif && rendered.format() == VIPS_FORMAT_USHORT ? 12
-                                                                                                : 8)
-                    ->set("compression", codec == OutputCodec::Avif
-                                             ? VIPS_FOREIGN_HEIF_COMPRESSION_AV1
-                                             : VIPS_FOREIGN_HEIF_COMPRESSION_HEVC));
-            return;
+            return HeifSaver(rendered, codec, quality);
         case OutputCodec::JpegXl:
-            rendered.jxlsave(file, vips::VImage::option()
-                                       ->set("Q", QualityFactor(quality))
-                                       ->set("lossless", quality >= 1.0));
-            return;
+            return {"jxlsave", vips::VImage::option()
+                                   ->set("Q", QualityFactor(quality))
+                                   ->set("lossless", quality >= 1.0)};
         case OutputCodec::Jpeg2000:
         case OutputCodec::Bmp:
             break;  // see EncodeInMemory()
     }
+    return {nullptr, nullptr};
+}
+
+// Throws vips::VError. Writes the file at `path` with the codec's own
+// encoder; a descriptor's name (FileHandles.h), which the encoder would
+// open anew, is written through the descriptor, from its start.
+void Encode(const vips::VImage& rendered, OutputCodec codec, double quality,
+            const std::string& path) {
+    const Saver saver = SaverFor(rendered, codec, quality);
+    saver.options->set("in", rendered);
+    const std::optional<int> fd = filehandles::NamedDescriptor(path);
+    if (!fd) {
+        vips::VImage::call(saver.operation, saver.options->set("filename", path.c_str()));
+        return;
+    }
+    if (ftruncate(*fd, 0) != 0 || lseek(*fd, 0, SEEK_SET) != 0) {
+        delete saver.options;  // never handed to libvips, which would free it
+        throw vips::VError(std::string("cannot write: ") + std::strerror(errno));
+    }
+    const vips::VTarget target = vips::VTarget::new_to_descriptor(*fd);
+    vips::VImage::call((std::string(saver.operation) + "_target").c_str(),
+                       saver.options->set("target", target));
 }
 
 bool EncodesInMemory(OutputCodec codec) {

@@ -1,9 +1,17 @@
 #include "imaging/VipsLoad.h"
 
-#include <atomic>
-#include <string_view>
+#include <fcntl.h>
+#include <unistd.h>
 
+#include <atomic>
+#include <cerrno>
+#include <optional>
+#include <string_view>
+#include <system_error>
+
+#include "imaging/FileHandles.h"
 #include "imaging/TiffRgba.h"
+#include "imaging/VipsFileSource.h"
 
 namespace vellumo::vipsload {
 
@@ -28,12 +36,75 @@ void UseOnlySecondDecoder(bool only) {
 
 namespace {
 
-vips::VImage OpenWithSecondDecoder(const std::string& path, const OpenOptions& options) {
-    return vips::VImage::magickload(path.c_str(),
-                                    vips::VImage::option()
-                                        ->set("access", static_cast<int>(options.access))
-                                        ->set("fail_on", static_cast<int>(options.failOn))
-                                        ->set("page", options.page));
+// ImageMagick's name for the format of each kind it is given.
+const char* MagickFormat(FileKind kind) {
+    switch (kind) {
+        case FileKind::Jpeg:
+            return "jpeg";
+        case FileKind::Jpeg2000:
+            return "jp2";  // its JPEG 2000 coder reads bare codestreams too
+        case FileKind::Png:
+            return "png";
+        case FileKind::Gif:
+            return "gif";
+        case FileKind::Tiff:
+            return "tiff";
+        case FileKind::Bmp:
+            return "bmp";
+        case FileKind::Heif:
+        case FileKind::WebP:
+        case FileKind::JpegXl:
+            break;
+    }
+    return "";
+}
+
+// Descriptors ImageMagick is given are numbered from here, above those the
+// process opens in the meantime, so that one it left open (a failure before
+// it opened its stream) is not mistaken for another's.
+constexpr int kMagickDescriptors = 40;
+
+// A descriptor's file (FileHandles.h) is given to ImageMagick as "fd:N", a
+// duplicate it reads from the start and closes, with the format named
+// ("jp2:fd:N"): ImageMagick then neither opens a path nor guesses the format
+// (from bytes in memory libvips' bridge takes a JPEG 2000 file for TGA).
+vips::VImage OpenWithImageMagick(FileKind kind, const std::string& path, vips::VOption* options) {
+    const std::optional<int> given = filehandles::NamedDescriptor(path);
+    if (!given) {
+        return vips::VImage::magickload(path.c_str(), options);
+    }
+    const int fd = fcntl(*given, F_DUPFD_CLOEXEC, kMagickDescriptors);
+    if (fd < 0 || lseek(fd, 0, SEEK_SET) != 0) {
+        const int error = errno;
+        if (fd >= 0) {
+            close(fd);
+        }
+        delete options;  // never handed to libvips, which would free it
+        throw vips::VError("cannot read the file: " + std::generic_category().message(error));
+    }
+    const std::string name = std::string(MagickFormat(kind)) + ":fd:" + std::to_string(fd);
+    const auto closeIfLeftOpen = [fd] {
+        if (fcntl(fd, F_GETFD) != -1) {
+            close(fd);
+        }
+    };
+    try {
+        vips::VImage image = vips::VImage::magickload(name.c_str(), options);
+        closeIfLeftOpen();
+        return image;
+    } catch (...) {
+        closeIfLeftOpen();
+        throw;
+    }
+}
+
+vips::VImage OpenWithSecondDecoder(FileKind kind, const std::string& path,
+                                   const OpenOptions& options) {
+    return OpenWithImageMagick(kind, path,
+                               vips::VImage::option()
+                                   ->set("access", static_cast<int>(options.access))
+                                   ->set("fail_on", static_cast<int>(options.failOn))
+                                   ->set("page", options.page));
 }
 
 vips::VImage OpenWithFirstDecoder(FileKind kind, const std::string& path,
@@ -41,33 +112,36 @@ vips::VImage OpenWithFirstDecoder(FileKind kind, const std::string& path,
     auto* vopts = vips::VImage::option()
                       ->set("access", static_cast<int>(options.access))
                       ->set("fail_on", static_cast<int>(options.failOn));
-    const char* file = path.c_str();
+    if (kind == FileKind::Bmp) {
+        // ImageMagick reads BMP here; the caller has checked the BMP
+        // signature, so no other ImageMagick coder is reached.
+        return OpenWithImageMagick(kind, path, vopts);
+    }
+    const vips::VSource file = vipsfilesource::Of(path);
     switch (kind) {
         case FileKind::Jpeg:
             if (options.shrink > 1) {
                 vopts->set("shrink", options.shrink);
             }
-            return vips::VImage::jpegload(file, vopts);
+            return vips::VImage::jpegload_source(file, vopts);
         case FileKind::Png:
-            return vips::VImage::pngload(file, vopts);
+            return vips::VImage::pngload_source(file, vopts);
         case FileKind::Gif:
-            return vips::VImage::gifload(file, vopts->set("page", options.page));
+            return vips::VImage::gifload_source(file, vopts->set("page", options.page));
         case FileKind::Tiff:
-            return vips::VImage::tiffload(file, vopts->set("page", options.page));
+            return vips::VImage::tiffload_source(file, vopts->set("page", options.page));
         case FileKind::Jpeg2000:
-            return vips::VImage::jp2kload(file, vopts);
+            return vips::VImage::jp2kload_source(file, vopts);
         case FileKind::Bmp:
-            // ImageMagick reads BMP here; the caller has checked the BMP
-            // signature, so no other ImageMagick coder is reached.
-            return vips::VImage::magickload(file, vopts);
+            break;
         case FileKind::Heif:
             // The primary image, turned by libheif as the container says
             // (irot, imir).
-            return vips::VImage::heifload(file, vopts);
+            return vips::VImage::heifload_source(file, vopts);
         case FileKind::WebP:
-            return vips::VImage::webpload(file, vopts->set("page", options.page));
+            return vips::VImage::webpload_source(file, vopts->set("page", options.page));
         case FileKind::JpegXl:
-            return vips::VImage::jxlload(file, vopts);
+            return vips::VImage::jxlload_source(file, vopts);
     }
     return {};
 }
@@ -75,7 +149,7 @@ vips::VImage OpenWithFirstDecoder(FileKind kind, const std::string& path,
 vips::VImage OpenWithOtherDecoders(FileKind kind, const std::string& path,
                                    const OpenOptions& options) {
     try {
-        return OpenWithSecondDecoder(path, options);
+        return OpenWithSecondDecoder(kind, path, options);
     } catch (const vips::VError&) {
         // libvips' bridge refuses some colour spaces ImageMagick itself
         // reads (YCbCr): libtiff's own reader takes those TIFF files.

@@ -17,9 +17,11 @@
 #include "ui/ProgressFraction.h"
 #include "ui/controls/ButtonAction.h"
 #include "ui/controls/SettingsPanel.h"
+#include "ui/dialogs/AboutBox.h"
 #include "ui/files/PlanFiles.h"
 #include "ui/files/ProfileFiles.h"
 #include "ui/job/WindowCropJob.h"
+#include "ui/job/WorkerSettings.h"
 #include "ui/list/ImageList.h"
 #include "ui/list/ImagePaths.h"
 #include "ui/preview/CropAdjustmentStore.h"
@@ -38,7 +40,7 @@ ViewController::ViewController(QObject* parent)
           [this]() -> QWidget* { return view_.isNull() ? nullptr : view_->window(); })),
       // Decoding and encoding happen in worker processes: a file that crashes
       // an image library takes down a worker, never the window.
-      imageProcessor_(std::make_shared<WorkerImageProcessor>()),
+      imageProcessor_(std::make_shared<WorkerImageProcessor>(workersettings::Foreground())),
       preview_(new PreviewSession(this)),
       cropAdjustments_(new CropAdjustmentStore(this)) {
     previewResizeSettle_.setSingleShot(true);
@@ -119,6 +121,11 @@ void ViewController::ConnectCommands() {
     ConnectProfiles();
     connect(ui_->actionQuit, &QAction::triggered, this, &ViewController::OnAppQuit);
     connect(ui_->actionVideoTutorial, &QAction::triggered, this, &ViewController::OnVideoTutorial);
+    connect(ui_->actionAbout, &QAction::triggered, this, [this] {
+        auto* box = new AboutBox(view_->window());
+        box->setAttribute(Qt::WA_DeleteOnClose);
+        box->open();
+    });
 
     connect(ui_->buttonAddImages, &QPushButton::clicked, this, &ViewController::OnAddImages);
     // The menu's image commands are the buttons' (their shortcuts shown in

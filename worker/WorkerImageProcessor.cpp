@@ -1,11 +1,10 @@
 #include "worker/WorkerImageProcessor.h"
 
-#include <filesystem>
 #include <optional>
 
-#include "imaging/AtomicFile.h"
 #include "imaging/FileKind.h"
 #include "imaging/VipsLoad.h"
+#include "worker/EngineFiles.h"
 
 namespace vellumo {
 
@@ -16,12 +15,6 @@ void WorkerImageProcessor::CancelAll() {
 }
 
 namespace {
-
-// The folder a worker wrote the output's temporary file in.
-std::string OutputFolder(const ImageTask& task) {
-    const std::filesystem::path folder = std::filesystem::path(task.output).parent_path();
-    return folder.empty() ? std::string(".") : folder.string();
-}
 
 // A decoder that crashed on a file of a kind others read too gets one more
 // try, in a fresh worker, with those others only.
@@ -37,23 +30,22 @@ bool WorthASecondDecoder(const WorkerProcess::Reply& reply, const std::string& p
 
 ImageOutcome WorkerImageProcessor::Process(const ImageTask& task) {
     const WorkerPool::Loan worker = workers_.Borrow();
+    const EngineFiles files(task);
     workerprotocol::ImageRequest request{task, workers_.limits().maxPixels};
-    WorkerProcess::Reply reply = worker->Exchange(request);
+    WorkerProcess::Reply reply = worker->Exchange(request, files.Given());
     if (WorthASecondDecoder(reply, task.source)) {
-        atomicfile::RemoveLeftovers(OutputFolder(task), reply.deadWorker);
         request.onlySecondDecoder = true;
-        reply = worker->Exchange(request);
+        files.Reset();
+        reply = worker->Exchange(request, files.Given());
     }
     if (worker->Pid() != 0) {
         lastPid_.store(worker->Pid());
     }
     if (reply.message) {
         if (auto* answer = std::get_if<workerprotocol::OutcomeReply>(&*reply.message)) {
+            files.Finish(task, answer->outcome);
             return std::move(answer->outcome);
         }
-    }
-    if (reply.deadWorker != 0) {
-        atomicfile::RemoveLeftovers(OutputFolder(task), reply.deadWorker);
     }
     ImageOutcome failed;
     failed.failure = Failure::At(
@@ -66,11 +58,12 @@ WorkerPreviewDecoder::WorkerPreviewDecoder(WorkerLimits limits) : workers_(limit
 
 PreviewResult WorkerPreviewDecoder::Decode(const std::string& path, int maxSide) {
     const WorkerPool::Loan worker = workers_.Borrow();
+    const EngineFiles files(path);
     workerprotocol::PreviewRequest request{path, maxSide, workers_.limits().maxPixels};
-    WorkerProcess::Reply reply = worker->Exchange(request);
+    WorkerProcess::Reply reply = worker->Exchange(request, files.Given());
     if (WorthASecondDecoder(reply, path)) {
         request.onlySecondDecoder = true;
-        reply = worker->Exchange(request);
+        reply = worker->Exchange(request, files.Given());
     }
     if (reply.message) {
         if (auto* answer = std::get_if<workerprotocol::PreviewReply>(&*reply.message)) {

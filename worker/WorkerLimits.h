@@ -20,6 +20,9 @@ struct WorkerLimits {
     // lowest CPU priority, so that it never takes a core from the window or
     // from work a person waits for.
     bool background = false;
+    // Decode nothing in a worker whose sandbox misses a layer (Lockdown.h):
+    // every image fails with the missing layers as the reason.
+    bool requireSandbox = false;
 
     // The defaults, for work no one waits for.
     static WorkerLimits Background() {

@@ -12,7 +12,13 @@
 #include "batch/PreviewDecoder.h"
 #include "imaging/ImageTools.h"
 #include "imaging/VipsLoad.h"
+#include "worker/GivenFiles.h"
+#include "worker/RequestFiles.h"
 #include "worker/WorkerProtocol.h"
+
+#ifdef VELLUMO_SANDBOX_PROBES
+#include "worker/SandboxProbe.h"
+#endif
 
 namespace vellumo {
 
@@ -72,25 +78,31 @@ void WaitForRequest(int socket) {
     }
 }
 
-// The reply to one request, worked out here.
-workerprotocol::Reply Answer(int socket, const workerprotocol::Request& request,
-                             InProcessImageProcessor& processor,
-                             InProcessPreviewDecoder& previews) {
+// The reply to one request, worked out here, on the files the engine handed
+// with it; an image's output is written into the file the engine made for it.
+workerprotocol::Message Answer(int socket, const workerprotocol::Request& request,
+                               GivenFiles& given, InProcessImageProcessor& processor,
+                               InProcessPreviewDecoder& previews) {
+    const RequestFiles files(given);
     if (const auto* image = std::get_if<workerprotocol::ImageRequest>(&request)) {
+        const ImageTask task = files.Redirect(image->task);
         ImageOutcome outcome;
-        const Checked checked = CheckPixels(socket, image->task.source, image->maxPixels);
+        const Checked checked = CheckPixels(socket, task.source, image->maxPixels);
         if (checked.refusal) {
             outcome.failure = Failure::At(FailureStage::Decode, *checked.refusal);
         } else {
-            outcome = processor.Process(image->task, checked.header);
+            outcome = processor.Process(task, checked.header);
         }
-        return workerprotocol::OutcomeReply{std::move(outcome)};
+        return workerprotocol::Encode(workerprotocol::OutcomeReply{std::move(outcome)});
     }
     const auto& preview = std::get<workerprotocol::PreviewRequest>(request);
-    if (auto refusal = CheckPixels(socket, preview.path, preview.maxPixels).refusal) {
-        return workerprotocol::PreviewReply{PreviewResult::Failure(*refusal)};
+    const std::string source = files.Source(preview.path);
+    if (auto refusal = CheckPixels(socket, source, preview.maxPixels).refusal) {
+        return workerprotocol::Encode(
+            workerprotocol::PreviewReply{PreviewResult::Failure(*refusal)});
     }
-    return workerprotocol::PreviewReply{previews.Decode(preview.path, preview.maxSide)};
+    return workerprotocol::Encode(
+        workerprotocol::PreviewReply{previews.Decode(source, preview.maxSide)});
 }
 
 bool OnlySecondDecoder(const workerprotocol::Request& request) {
@@ -99,29 +111,40 @@ bool OnlySecondDecoder(const workerprotocol::Request& request) {
 
 }  // namespace
 
-int RunWorker(int socket) {
+int RunWorker(int socket, const SandboxStatus& sandbox) {
     KeepMemoryBetweenImages();
-    if (!workerprotocol::Send(socket, workerprotocol::Encode(workerprotocol::Hello{}))) {
+    if (!workerprotocol::Send(socket, workerprotocol::Encode(workerprotocol::Hello{
+                                          workerprotocol::kVersion, sandbox}))) {
         return 1;
     }
     InProcessImageProcessor processor;
     InProcessPreviewDecoder previews;
     for (;;) {
         workerprotocol::Message frame;
+        GivenFiles given;
         WaitForRequest(socket);
-        if (workerprotocol::Receive(socket, frame, -1) != workerprotocol::ReceiveStatus::Received) {
+        if (!ReceiveGivenFiles(socket, given) ||
+            workerprotocol::Receive(socket, frame, -1) != workerprotocol::ReceiveStatus::Received) {
             // The engine is gone. Leave at once: a decoder that corrupted the
             // heap on some file could crash this process on the way out.
             std::_Exit(0);
         }
+#ifdef VELLUMO_SANDBOX_PROBES
+        if (sandboxprobe::IsProbe(frame)) {
+            CloseGivenFiles(given);
+            if (!workerprotocol::Send(socket, sandboxprobe::Run(frame))) {
+                return 0;
+            }
+            continue;
+        }
+#endif
         const std::optional<workerprotocol::Request> request = workerprotocol::DecodeRequest(frame);
         if (!request) {
             return 2;  // not a request this worker knows
         }
         // A file whose first decoder crashed a worker comes back marked.
         vipsload::UseOnlySecondDecoder(OnlySecondDecoder(*request));
-        const workerprotocol::Reply reply = Answer(socket, *request, processor, previews);
-        if (!workerprotocol::Send(socket, workerprotocol::Encode(reply))) {
+        if (!workerprotocol::Send(socket, Answer(socket, *request, given, processor, previews))) {
             return 0;
         }
     }

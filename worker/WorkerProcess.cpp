@@ -13,6 +13,8 @@
 #include <filesystem>
 #include <sstream>
 
+#include "worker/EngineFiles.h"
+
 extern char** environ;
 
 namespace vellumo {
@@ -83,6 +85,7 @@ bool WorkerProcess::Start(std::string& failure) {
     posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
     const std::string path = WorkerExecutablePath();
     const std::string addressSpace = std::to_string(WorkerAddressSpace(limits_));
+    const std::string skip = SandboxLayersToSkip();
     const char* argv[] = {path.c_str(),
                           "--socket-fd",
                           "3",
@@ -90,6 +93,8 @@ bool WorkerProcess::Start(std::string& failure) {
                           addressSpace.c_str(),
                           "--priority",
                           limits_.background ? "background" : "normal",
+                          skip.empty() ? nullptr : "--sandbox-skip",
+                          skip.c_str(),
                           nullptr};
     // The worker starts with no signal blocked (the engine may block the ones
     // it waits for in a thread of its own) and in a process group of its
@@ -127,7 +132,35 @@ bool WorkerProcess::Start(std::string& failure) {
         failure = "the image worker did not start properly (" + path + ")";
         return false;
     }
+    sandbox_ = greeting->sandbox;
+    if (limits_.requireSandbox && !SandboxComplete(sandbox_)) {
+        Stop();
+        failure = "the sandbox is required but incomplete: " + MissingSandboxLayers(sandbox_);
+        return false;
+    }
     return true;
+}
+
+SandboxStatus WorkerProcess::StartForStatus(std::string& failure) {
+    if (pid_ == 0) {
+        Start(failure);
+    }
+    return sandbox_;
+}
+
+std::string SandboxLayersToSkip() {
+    const char* skip = std::getenv("VELLUMO_SANDBOX_SKIP");
+    if (skip == nullptr || *skip == '\0') {
+        return {};
+    }
+    if (std::string(skip) == "all") {
+        std::string all;
+        for (const std::string& name : SandboxLayerNames()) {
+            all += (all.empty() ? "" : ",") + name;
+        }
+        return all;
+    }
+    return skip;
 }
 
 int WorkerProcess::Stop() {
@@ -180,18 +213,30 @@ std::string WorkerProcess::DeathReason(int status, bool timedOut,
 }
 
 WorkerProcess::Reply WorkerProcess::Exchange(const workerprotocol::Request& message) {
+    const auto* image = std::get_if<workerprotocol::ImageRequest>(&message);
+    const EngineFiles files =
+        image ? EngineFiles(image->task)
+              : EngineFiles(std::get<workerprotocol::PreviewRequest>(message).path);
+    return Exchange(message, files.Given());
+}
+
+WorkerProcess::Reply WorkerProcess::Exchange(const workerprotocol::Request& message,
+                                             const GivenFiles& files) {
     Reply reply;
     if (pid_ == 0 && !Start(reply.failure)) {
         return reply;
     }
     const workerprotocol::Message request = workerprotocol::Encode(message);
-    if (!workerprotocol::Send(socket_, request)) {
+    const auto send = [&] {
+        return SendGivenFiles(socket_, files) && workerprotocol::Send(socket_, request);
+    };
+    if (!send()) {
         // Gone since the last request (killed from outside, say): once more
         // with a fresh one.
         Stop();
         if (!Start(reply.failure))
             return reply;
-        if (!workerprotocol::Send(socket_, request)) {
+        if (!send()) {
             reply.deadWorker = pid_;
             reply.failure = DeathReason(Stop(), false, 0);
             return reply;

@@ -11,6 +11,8 @@
 #include <optional>
 #include <string>
 
+#include "worker/GivenFiles.h"
+#include "worker/SandboxStatus.h"
 #include "worker/WorkerLimits.h"
 #include "worker/WorkerProtocol.h"
 
@@ -32,10 +34,22 @@ class WorkerProcess {
         bool crashed = false;
     };
 
-    // Sends `request` and waits for its final reply, at most the time limit.
-    // A worker that dies or runs out of time is gone afterwards; the next
-    // request starts a fresh one.
+    // Sends `request`, with the open files it is about (the caller keeps
+    // and closes its descriptors), and waits for its final reply, at most
+    // the time limit. A worker that dies or runs out of time is gone
+    // afterwards; the next request starts a fresh one. With
+    // limits().requireSandbox, a worker whose sandbox misses a layer is
+    // stopped at once and nothing is sent to it.
+    Reply Exchange(const workerprotocol::Request& request, const GivenFiles& files);
+    // The same with the files the request names, opened here.
     Reply Exchange(const workerprotocol::Request& request);
+
+    // How the worker last started locked itself down; empty before.
+    const SandboxStatus& Sandbox() const { return sandbox_; }
+
+    // Starts a worker now, if none runs, for its sandbox's status alone.
+    // Empty with `failure` set when none would start.
+    SandboxStatus StartForStatus(std::string& failure);
 
     const WorkerLimits& limits() const { return limits_; }
 
@@ -52,7 +66,13 @@ class WorkerProcess {
     // Read from other threads (a pool stopping its lent workers).
     std::atomic<pid_t> pid_{0};
     int socket_ = -1;
+    SandboxStatus sandbox_;
 };
+
+// The sandbox layers the engine asks its workers to leave out, from
+// $VELLUMO_SANDBOX_SKIP ("landlock,seccomp"; "all" for every layer): only for
+// tests that check the status tells the truth. Empty when unset.
+std::string SandboxLayersToSkip();
 
 // Where the worker executable is: $VELLUMO_WORKER, else beside the running
 // program, else in ../libexec/vellumo/ from the running program (an

@@ -262,10 +262,19 @@ ImageOutcome OutcomeOf(const Json& json) {
 // One serialisation per message. The "type" names it on the wire.
 
 void to_json(Json& json, const Hello& m) {
-    json = {{"type", Hello::kType}, {"version", m.version}};
+    json = {{"type", Hello::kType}, {"version", m.version}, {"sandbox", Json::array()}};
+    for (const SandboxLayer& layer : m.sandbox) {
+        json["sandbox"].push_back(
+            {{"name", layer.name}, {"active", layer.active}, {"detail", layer.detail}});
+    }
 }
 void from_json(const Json& json, Hello& m) {
     m.version = Whole<int>(json.at("version"));
+    m.sandbox.clear();
+    for (const Json& layer : json.at("sandbox")) {
+        m.sandbox.push_back({layer.at("name").get<std::string>(), layer.at("active").get<bool>(),
+                             layer.at("detail").get<std::string>()});
+    }
 }
 
 void to_json(Json& json, const ImageRequest& m) {

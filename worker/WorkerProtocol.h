@@ -6,7 +6,10 @@
 //   u32 JSON length | u32 binary length | JSON text | binary bytes
 //
 // (lengths little-endian). Every JSON object has a "type". The worker greets
-// with {"type": "hello", "version": 1}; requests are "image" (an ImageTask)
+// with {"type": "hello", "version": 1, "sandbox": [its layers]}; each
+// request is preceded by the open files it comes with (GivenFiles.h); the
+// outcome of an image carries the output's bytes as its binary part, for
+// the engine to write (the worker writes no file). Requests are "image" (an ImageTask)
 // and "preview" (path, maxSide); while it works the worker may send
 // "decoding" notes (the bytes the image will take); each request ends with
 // one reply, "outcome" or "preview" (whose picture travels as the binary
@@ -19,6 +22,7 @@
 
 #include "batch/ImageTask.h"
 #include "imaging/Preview.h"
+#include "worker/SandboxStatus.h"
 
 namespace vellumo::workerprotocol {
 
@@ -41,9 +45,11 @@ ReceiveStatus Receive(int socket, Message& message, int timeoutMilliseconds);
 // from_json in WorkerProtocol.cpp). A request marked onlySecondDecoder is
 // decoded by the other decoders only, because the first one crashed a
 // worker on the same file.
+// The greeting says how the worker locked itself down (SandboxStatus.h).
 struct Hello {
     static constexpr char kType[] = "hello";
     int version = kVersion;
+    SandboxStatus sandbox;
 };
 struct ImageRequest {
     static constexpr char kType[] = "image";

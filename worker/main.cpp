@@ -3,6 +3,10 @@
 // process. Started by the engine; not meant to be run by hand:
 //
 //   vellumo-worker --socket-fd N --address-space BYTES [--priority background]
+//                  [--sandbox-skip LAYER,LAYER...]
+//
+// Before it reads its first request it locks itself down (Lockdown.h); how
+// that went is the first thing it tells the engine.
 
 #include <poll.h>
 #include <signal.h>
@@ -11,18 +15,20 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <set>
 #include <string>
 #include <thread>
 
-#include "imaging/AtomicFile.h"
+#include "imaging/ExivRuntime.h"
 #include "imaging/VipsRuntime.h"
+#include "worker/Lockdown.h"
 #include "worker/WorkerLoop.h"
 
 namespace {
 
-// Told to stop, or the engine went away mid-write: leave no temporary file.
+// Told to stop: at once. The worker owns no file (the engine made its
+// output's and removes it), so there is nothing to tidy.
 void OnTerminate(int) {
-    vellumo::atomicfile::RemoveCurrentTemporaryFromSignalHandler();
     _exit(1);
 }
 
@@ -44,19 +50,56 @@ void WatchTheEngine(int socket) {
 
 }  // namespace
 
+namespace {
+
+// "landlock,seccomp" as a set of names.
+std::set<std::string> Names(const char* list) {
+    std::set<std::string> names;
+    std::string name;
+    for (const char* c = list;; ++c) {
+        if (*c == ',' || *c == '\0') {
+            if (!name.empty())
+                names.insert(name);
+            name.clear();
+            if (*c == '\0')
+                break;
+        } else {
+            name += *c;
+        }
+    }
+    return names;
+}
+
+// What the libraries read from the environment and their own files when
+// they start, they read now, before the environment is emptied and the file
+// system closed: libvips (its modules and VIPS_* settings; one thread an
+// image here, beside one worker per core, unless VIPS_CONCURRENCY says
+// otherwise) and Exiv2. They start no thread yet: Landlock binds only the
+// threads started after it.
+void StartLibraries() {
+    if (std::getenv("VIPS_CONCURRENCY") == nullptr) {
+        vellumo::vipsruntime::SetThreadsPerImage(1);
+    }
+    vellumo::vipsruntime::EnsureStarted();
+    vellumo::exivruntime::EnsureStarted();
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
-    int socket = -1;
-    unsigned long long addressSpace = 0;
+    vellumo::LockdownChoices choices;
     bool background = false;
     for (int i = 1; i + 1 < argc; i += 2) {
         if (std::strcmp(argv[i], "--priority") == 0)
             background = std::strcmp(argv[i + 1], "background") == 0;
         if (std::strcmp(argv[i], "--socket-fd") == 0)
-            socket = std::atoi(argv[i + 1]);
+            choices.socket = std::atoi(argv[i + 1]);
         if (std::strcmp(argv[i], "--address-space") == 0)
-            addressSpace = std::strtoull(argv[i + 1], nullptr, 10);
+            choices.addressSpace = std::strtoull(argv[i + 1], nullptr, 10);
+        if (std::strcmp(argv[i], "--sandbox-skip") == 0)
+            choices.skip = Names(argv[i + 1]);
     }
-    if (socket < 0) {
+    if (choices.socket < 0) {
         std::fputs("vellumo-worker: started by Vellumo only (--socket-fd missing)\n", stderr);
         return 2;
     }
@@ -64,23 +107,17 @@ int main(int argc, char** argv) {
     struct sigaction action {};
     action.sa_handler = OnTerminate;
     sigaction(SIGTERM, &action, nullptr);
-    WatchTheEngine(socket);
     // A sanitizer's shadow memory takes terabytes of address space: a build
     // with one runs its worker without the limit.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-    addressSpace = 0;
+    choices.addressSpace = 0;
 #endif
-    if (addressSpace > 0) {
-        const rlimit limit{addressSpace, addressSpace};
-        setrlimit(RLIMIT_AS, &limit);
-    }
     if (background) {
         // The lowest priority there is: only idle cores do this work.
         setpriority(PRIO_PROCESS, 0, 19);
     }
-    // One image at a time here, beside one worker per core.
-    if (std::getenv("VIPS_CONCURRENCY") == nullptr) {
-        vellumo::vipsruntime::SetThreadsPerImage(1);
-    }
-    return vellumo::RunWorker(socket);
+    StartLibraries();
+    const vellumo::SandboxStatus sandbox = vellumo::LockDown(choices);
+    WatchTheEngine(choices.socket);
+    return vellumo::RunWorker(choices.socket, sandbox);
 }

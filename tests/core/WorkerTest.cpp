@@ -20,6 +20,7 @@
 #include "tests/support/TempDir.h"
 #include "tests/support/TestData.h"
 #include "tests/support/TestImages.h"
+#include "tests/support/WorkerWatch.h"
 #include "worker/WorkerImageProcessor.h"
 #include "worker/WorkerPool.h"
 #include "worker/WorkerProtocol.h"
@@ -117,22 +118,16 @@ TEST_F(WorkerTest, AFileThatCrashesItsDecoderGoesToTheSecondInAFreshWorker) {
 
 TEST_F(WorkerTest, AFileWhoseDecodersBothCrashFailsAloneWithTheCrashAsReason) {
     // Both workers that take the large picture die of a segmentation fault
-    // (sent from here as soon as each is writing): the first decoder's, then
-    // the second's in a fresh worker.
+    // (sent from here as soon as each is writing its output): the first
+    // decoder's, then the second's in a fresh worker.
     const std::vector<std::string> list = {Picture("big.png", 4000, 3000),
                                            Picture("small.png", 64, 48)};
     WorkerImageProcessor processor;
-    const std::string folder = settings.outputFolder;
     std::atomic<bool> done{false};
     std::vector<long> crashed;
     std::thread crasher([&] {
         while (!done.load() && crashed.size() < 2) {
-            for (const auto& entry : fs::directory_iterator(folder)) {
-                const std::string name = entry.path().filename().string();
-                if (name.rfind(".vellumo-", 0) != 0) {
-                    continue;
-                }
-                const long pid = std::stol(name.substr(9));
+            for (const pid_t pid : test::WorkersWriting()) {
                 if (std::find(crashed.begin(), crashed.end(), pid) == crashed.end()) {
                     kill(static_cast<pid_t>(pid), SIGSEGV);
                     crashed.push_back(pid);
@@ -165,14 +160,12 @@ TEST_F(WorkerTest, AWorkerKilledMidImageFailsThatImageAndTheJobGoesOn) {
     callbacks.progress = [&](long index, const ImageReport&) {
         if (index == 0) {
             // Image 1 is next: stop its worker as soon as it is writing the
-            // output (its temporary file has appeared).
+            // output.
             const long pid = processor.WorkerPid();
-            const std::string folder = settings.outputFolder;
-            killer = std::thread([pid, folder] {
-                const std::string prefix = ".vellumo-" + std::to_string(pid) + "-";
+            killer = std::thread([pid] {
                 for (int tries = 0; tries < 20000; ++tries) {
-                    for (const auto& entry : fs::directory_iterator(folder)) {
-                        if (entry.path().filename().string().rfind(prefix, 0) == 0) {
+                    for (const pid_t writing : test::WorkersWriting()) {
+                        if (writing == pid) {
                             kill(static_cast<pid_t>(pid), SIGKILL);
                             return;
                         }

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "imaging/Fatal.h"
+#include "ui/job/WorkerSettings.h"
 #include "ui/preview/PreviewPicture.h"
 #include "ui/preview/PreviewPrefetch.h"
 #include "worker/WorkerImageProcessor.h"
@@ -19,10 +20,10 @@ constexpr int kLargestPictureSide = 4096;
 
 PreviewSession::PreviewSession(QObject* parent)
     : QObject(parent),
-      decoder_(std::make_shared<WorkerPreviewDecoder>()),
+      decoder_(std::make_shared<WorkerPreviewDecoder>(workersettings::Foreground())),
       // Pictures made ahead come from workers at the lowest priority, so
       // they never take a core from the picture of the row just selected.
-      prefetchDecoder_(std::make_shared<WorkerPreviewDecoder>(WorkerLimits::Background())),
+      prefetchDecoder_(std::make_shared<WorkerPreviewDecoder>(workersettings::Background())),
       prefetch_(new PreviewPrefetch(this)) {
     // A long decode (a huge PNG) must not hold up the next selection's.
     work_.setMaxThreadCount(2);

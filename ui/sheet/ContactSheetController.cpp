@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "ui/job/WorkerSettings.h"
 #include "ui/list/ImageList.h"
 #include "ui/sheet/ContactSheetCellDelegate.h"
 #include "ui/sheet/ContactSheetView.h"
@@ -34,7 +35,7 @@ ContactSheetController::ContactSheetController(Ui::MainWindow& ui, ImageList& li
       crops_(std::move(crops)),
       // Replacing the previews' decoder (tests do) leaves the thumbnails'
       // as it is.
-      loader_(std::make_shared<WorkerPreviewDecoder>(WorkerLimits::Background())) {
+      loader_(std::make_shared<WorkerPreviewDecoder>(workersettings::Background())) {
     tableWishes_.setSingleShot(true);
     tableWishes_.setInterval(0);
     ContactSheetView& sheet = *ui_.contactSheetImages;
