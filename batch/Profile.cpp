@@ -117,7 +117,8 @@ void ReadRules(const Json& profile, CropSettings& s) {
         for (const auto& [name, side] : {std::pair{"width", &s.customRatio.width},
                                          std::pair{"height", &s.customRatio.height}}) {
             if (const Json* value = Member(*ratio, name)) {
-                *side = WideNumber(*value, std::string("customRatio.") + name, 1e-6, 1e6);
+                *side = WideNumber(*value, std::string("customRatio.") + name, kSmallestRatioSide,
+                                   kLargestRatioSide);
             }
         }
     }
