@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cmath>
 #include <exception>
 
 #include "batch/CropSettings.h"
+#include "batch/Profile.h"
 #include "imaging/OutputResize.h"
 
 namespace vellumo::cli {
@@ -40,7 +42,8 @@ std::optional<std::array<float, 4>> ParseRectangle(const std::string& text) {
         try {
             std::size_t used = 0;
             values[i] = std::stof(part, &used);
-            if (used != part.size()) {
+            // NaN and infinities are numbers to stof, not to a profile.
+            if (used != part.size() || !(std::abs(values[i]) <= kLargestRectangleField)) {
                 return std::nullopt;
             }
         } catch (const std::exception&) {

@@ -11,7 +11,8 @@
 
 namespace vellumo::cli {
 
-// "X,Y,W,H" as four numbers.
+// "X,Y,W,H" as four numbers, each within plus or minus
+// kLargestRectangleField (no NaN, no infinity).
 std::optional<std::array<float, 4>> ParseRectangle(const std::string& text);
 
 // "W:H" with two decimals from kSmallestRatioSide to kLargestRatioSide.
