@@ -35,6 +35,11 @@ std::optional<ManifestEntry> EntryOf(const std::string& line) {
             entry.reason = reason->get<std::string>();
         }
         if (const auto bytes = json.find("bytes"); bytes != json.end() && !bytes->is_null()) {
+            // A count of bytes: a fraction, a negative number or one beyond
+            // 64 bits is no entry (nlohmann's get converts them unchecked).
+            if (!bytes->is_number_unsigned()) {
+                return std::nullopt;
+            }
             entry.bytes = bytes->get<std::uint64_t>();
         }
         if (const auto sha = json.find("sha256"); sha != json.end() && sha->is_string()) {
