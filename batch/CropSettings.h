@@ -42,6 +42,11 @@ constexpr CropMode CropModeOfRadios(bool autoCrop, bool customCrop, bool pixels,
 // The aspect ratio the auto-crop is asked for: one of the listed ratios, in
 // the order the window's box and the command line list them, or Custom, whose
 // sides the settings hold (CropSettings::customRatio).
+// The sides of a custom ratio lie within these bounds: a profile with others
+// is refused, and so is a command line.
+inline constexpr double kSmallestRatioSide = 1e-6;
+inline constexpr double kLargestRatioSide = 1e6;
+
 enum class RatioChoice {
     Ratio1x1,
     Ratio4x3,

@@ -35,6 +35,11 @@ std::optional<ManifestEntry> EntryOf(const std::string& line) {
             entry.reason = reason->get<std::string>();
         }
         if (const auto bytes = json.find("bytes"); bytes != json.end() && !bytes->is_null()) {
+            // A count of bytes: a fraction, a negative number or one beyond
+            // 64 bits is no entry (nlohmann's get converts them unchecked).
+            if (!bytes->is_number_unsigned()) {
+                return std::nullopt;
+            }
             entry.bytes = bytes->get<std::uint64_t>();
         }
         if (const auto sha = json.find("sha256"); sha != json.end() && sha->is_string()) {
@@ -109,7 +114,11 @@ Loaded<std::vector<ManifestEntry>> ReadManifest(const std::string& path) {
     if (!bytes) {
         return Loaded<std::vector<ManifestEntry>>::Failure(reason);
     }
-    const std::string text(bytes->begin(), bytes->end());
+    return ManifestFromText(std::string(bytes->begin(), bytes->end()));
+}
+
+Loaded<std::vector<ManifestEntry>> ManifestFromText(const std::string& text) {
+    std::vector<ManifestEntry> entries;
     std::size_t start = 0;
     long number = 0;
     while (start < text.size()) {

@@ -58,6 +58,8 @@ std::string ManifestLine(const ManifestEntry& entry);
 // A torn last line is left out; any other line that is not an entry fails
 // the whole read ("line 12 is not a manifest entry").
 Loaded<std::vector<ManifestEntry>> ReadManifest(const std::string& path);
+// The entries of a manifest's text, as ReadManifest reads them.
+Loaded<std::vector<ManifestEntry>> ManifestFromText(const std::string& text);
 
 // Appends entries to a manifest, each made durable (written and synced to
 // the disk) before Append returns.

@@ -67,14 +67,12 @@ void ReadRectangle(const Json& object, const char* key, float& x, float& y, floa
         return;
     if (!member->is_object())
         throw Problem{"\"" + std::string(key) + "\" must be an object"};
-    // Fields hold any finite number (a width of 150 % is a valid request);
-    // this bound only keeps nonsense out.
-    constexpr double kLimit = 1e9;
     const std::pair<const char*, float*> fields[] = {
         {"x", &x}, {"y", &y}, {"width", &w}, {"height", &h}};
     for (const auto& [name, target] : fields) {
         if (const Json* value = Member(*member, name)) {
-            *target = Number(*value, std::string(key) + "." + name, -kLimit, kLimit);
+            *target = Number(*value, std::string(key) + "." + name, -kLargestRectangleField,
+                             kLargestRectangleField);
         }
     }
 }
@@ -117,7 +115,8 @@ void ReadRules(const Json& profile, CropSettings& s) {
         for (const auto& [name, side] : {std::pair{"width", &s.customRatio.width},
                                          std::pair{"height", &s.customRatio.height}}) {
             if (const Json* value = Member(*ratio, name)) {
-                *side = WideNumber(*value, std::string("customRatio.") + name, 1e-6, 1e6);
+                *side = WideNumber(*value, std::string("customRatio.") + name, kSmallestRatioSide,
+                                   kLargestRatioSide);
             }
         }
     }

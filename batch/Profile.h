@@ -37,6 +37,10 @@ namespace vellumo {
 
 inline constexpr int kProfileVersion = 2;
 inline constexpr const char* kProfileExtension = ".vellumo";
+// The fields of the pixel and percent rectangles lie within plus or minus
+// this: any finite request is meaningful (a width of 150 %), this bound
+// only keeps nonsense out. Profiles and the command line refuse others.
+inline constexpr double kLargestRectangleField = 1e9;
 
 // The profile's text for `settings`.
 std::string ProfileText(const CropSettings& settings);

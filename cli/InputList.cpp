@@ -22,6 +22,10 @@ Loaded<std::vector<std::string>> ReadInputList(const std::string& path, bool nul
             return Loaded<std::vector<std::string>>::Failure(std::strerror(errno));
         }
     }
+    return Loaded<std::vector<std::string>>::Success(InputListFromText(text, nulSeparated));
+}
+
+std::vector<std::string> InputListFromText(const std::string& text, bool nulSeparated) {
     const char separator = nulSeparated ? '\0' : '\n';
     std::vector<std::string> paths;
     std::size_t start = 0;
@@ -40,7 +44,7 @@ Loaded<std::vector<std::string>> ReadInputList(const std::string& path, bool nul
         }
         start = end + 1;
     }
-    return Loaded<std::vector<std::string>>::Success(std::move(paths));
+    return paths;
 }
 
 }  // namespace vellumo::cli

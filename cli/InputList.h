@@ -15,4 +15,8 @@ namespace vellumo::cli {
 // left out. A missing or unreadable file is a failure with the reason.
 Loaded<std::vector<std::string>> ReadInputList(const std::string& path, bool nulSeparated);
 
+// The paths a list's text holds, as ReadInputList reads them; lines of a
+// newline-separated list may end with CR LF.
+std::vector<std::string> InputListFromText(const std::string& text, bool nulSeparated);
+
 }  // namespace vellumo::cli

@@ -5,18 +5,21 @@
 #include <cmath>
 #include <exception>
 
+#include "batch/CropSettings.h"
+#include "batch/Profile.h"
 #include "imaging/OutputResize.h"
 
 namespace vellumo::cli {
 
 namespace {
 
-// A positive finite decimal, the whole text.
-std::optional<double> PositiveNumber(const std::string& text) {
+// A ratio's side, the whole text: a decimal within the bounds a profile
+// keeps (so that settings from the command line can be saved as one).
+std::optional<double> RatioSide(const std::string& text) {
     try {
         std::size_t used = 0;
         const double value = std::stod(text, &used);
-        if (used == text.size() && std::isfinite(value) && value > 0.0) {
+        if (used == text.size() && value >= kSmallestRatioSide && value <= kLargestRatioSide) {
             return value;
         }
     } catch (const std::exception&) {
@@ -39,7 +42,8 @@ std::optional<std::array<float, 4>> ParseRectangle(const std::string& text) {
         try {
             std::size_t used = 0;
             values[i] = std::stof(part, &used);
-            if (used != part.size()) {
+            // NaN and infinities are numbers to stof, not to a profile.
+            if (used != part.size() || !(std::abs(values[i]) <= kLargestRectangleField)) {
                 return std::nullopt;
             }
         } catch (const std::exception&) {
@@ -55,8 +59,8 @@ std::optional<AspectRatio> ParseRatio(const std::string& text) {
     if (colon == std::string::npos) {
         return std::nullopt;
     }
-    const auto width = PositiveNumber(text.substr(0, colon));
-    const auto height = PositiveNumber(text.substr(colon + 1));
+    const auto width = RatioSide(text.substr(0, colon));
+    const auto height = RatioSide(text.substr(colon + 1));
     if (!width || !height) {
         return std::nullopt;
     }

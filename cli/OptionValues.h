@@ -11,10 +11,11 @@
 
 namespace vellumo::cli {
 
-// "X,Y,W,H" as four numbers.
+// "X,Y,W,H" as four numbers, each within plus or minus
+// kLargestRectangleField (no NaN, no infinity).
 std::optional<std::array<float, 4>> ParseRectangle(const std::string& text);
 
-// "W:H" with two positive finite decimals.
+// "W:H" with two decimals from kSmallestRatioSide to kLargestRatioSide.
 std::optional<AspectRatio> ParseRatio(const std::string& text);
 
 // A side of --resize: empty (0), or a whole number from 1 to the largest

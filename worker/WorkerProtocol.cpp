@@ -4,9 +4,12 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <nlohmann/json.hpp>
+#include <stdexcept>
+#include <utility>
 
 #include "batch/Profile.h"
 #include "imaging/ImageAccess.h"
@@ -71,6 +74,27 @@ void PutU32(char* at, std::uint32_t value) {
         at[i] = static_cast<char>((value >> (8 * i)) & 0xff);
 }
 
+// A part of a frame, read as it comes in pieces of at most this many bytes:
+// the part grows with the bytes that came, so a header declaring more than
+// ever follows (a taken-over worker's) costs no more memory than what did
+// follow, not the 512 MB it declared.
+constexpr std::size_t kReceivePiece = 1u << 20;
+
+ReceiveStatus ReceivePart(int socket, std::string& part, std::uint32_t size) {
+    part.clear();
+    while (part.size() < size) {
+        const std::size_t had = part.size();
+        const std::size_t piece = std::min<std::size_t>(size - had, kReceivePiece);
+        part.resize(had + piece);
+        // Once a frame has begun, the rest follows at once.
+        const ReceiveStatus status = ReceiveAll(socket, part.data() + had, piece, -1);
+        if (status != ReceiveStatus::Received) {
+            return status;
+        }
+    }
+    return ReceiveStatus::Received;
+}
+
 std::uint32_t GetU32(const char* at) {
     std::uint32_t value = 0;
     for (int i = 0; i < 4; ++i)
@@ -103,17 +127,33 @@ ReceiveStatus Receive(int socket, Message& message, int timeoutMilliseconds) {
     if (jsonSize > kMaxPart || binarySize > kMaxPart) {
         return ReceiveStatus::Closed;
     }
-    // Once a frame has begun, the rest follows at once.
-    message.json.assign(jsonSize, '\0');
-    message.binary.assign(binarySize, '\0');
-    status = ReceiveAll(socket, message.json.data(), jsonSize, -1);
+    status = ReceivePart(socket, message.json, jsonSize);
     if (status == ReceiveStatus::Received) {
-        status = ReceiveAll(socket, message.binary.data(), binarySize, -1);
+        status = ReceivePart(socket, message.binary, binarySize);
     }
     return status;
 }
 
 namespace {
+
+// A whole number of type T, or an exception (read as a message that does
+// not decode, as a missing field is): nlohmann's get<int>() converts a
+// fraction or a number beyond int's range without a check, which is
+// undefined (UBSan: "4e+84 is outside the range of representable values of
+// type 'int'", a preview reply's "bands").
+template <class T>
+T Whole(const Json& value) {
+    if (value.is_number_unsigned()) {
+        if (const auto number = value.get<std::uint64_t>(); std::in_range<T>(number)) {
+            return static_cast<T>(number);
+        }
+    } else if (value.is_number_integer()) {
+        if (const auto number = value.get<std::int64_t>(); std::in_range<T>(number)) {
+            return static_cast<T>(number);
+        }
+    }
+    throw std::invalid_argument("not a whole number within range: " + value.dump());
+}
 
 // A rectangle as [x, y, width, height], exactly (JSON keeps every double).
 Json RectJson(const Rect& r) {
@@ -144,7 +184,7 @@ Json TaskJson(const ImageTask& task) {
 
 ImageTask TaskOf(const Json& json) {
     ImageTask task;
-    task.index = json.at("index").get<long>();
+    task.index = Whole<long>(json.at("index"));
     task.source = json.at("source").get<std::string>();
     task.output = json.at("output").get<std::string>();
     task.decision = DecisionFromName(json.at("decision").get<std::string>());
@@ -229,7 +269,7 @@ void to_json(Json& json, const Hello& m) {
     }
 }
 void from_json(const Json& json, Hello& m) {
-    m.version = json.at("version").get<int>();
+    m.version = Whole<int>(json.at("version"));
     m.sandbox.clear();
     for (const Json& layer : json.at("sandbox")) {
         m.sandbox.push_back({layer.at("name").get<std::string>(), layer.at("active").get<bool>(),
@@ -245,7 +285,7 @@ void to_json(Json& json, const ImageRequest& m) {
 }
 void from_json(const Json& json, ImageRequest& m) {
     m.task = TaskOf(json.at("task"));
-    m.maxPixels = json.at("maxPixels").get<std::uint64_t>();
+    m.maxPixels = Whole<std::uint64_t>(json.at("maxPixels"));
     m.onlySecondDecoder = json.at("onlySecondDecoder").get<bool>();
 }
 
@@ -258,8 +298,8 @@ void to_json(Json& json, const PreviewRequest& m) {
 }
 void from_json(const Json& json, PreviewRequest& m) {
     m.path = json.at("path").get<std::string>();
-    m.maxSide = json.at("maxSide").get<int>();
-    m.maxPixels = json.at("maxPixels").get<std::uint64_t>();
+    m.maxSide = Whole<int>(json.at("maxSide"));
+    m.maxPixels = Whole<std::uint64_t>(json.at("maxPixels"));
     m.onlySecondDecoder = json.at("onlySecondDecoder").get<bool>();
 }
 
@@ -267,7 +307,7 @@ void to_json(Json& json, const DecodingNote& m) {
     json = {{"type", DecodingNote::kType}, {"bytes", m.bytes}};
 }
 void from_json(const Json& json, DecodingNote& m) {
-    m.bytes = json.at("bytes").get<std::uint64_t>();
+    m.bytes = Whole<std::uint64_t>(json.at("bytes"));
 }
 
 void to_json(Json& json, const OutcomeReply& m) {
@@ -320,9 +360,9 @@ PreviewResult DecodePreview(const Json& json, const std::string& binary) {
     if (json.contains("reason")) {
         return PreviewResult::Failure(json.at("reason").get<std::string>());
     }
-    const int width = json.at("width").get<int>();
-    const int height = json.at("height").get<int>();
-    const int bands = json.at("bands").get<int>();
+    const int width = Whole<int>(json.at("width"));
+    const int height = Whole<int>(json.at("height"));
+    const int bands = Whole<int>(json.at("bands"));
     if (width <= 0 || height <= 0 || (bands != 3 && bands != 4) ||
         binary.size() != static_cast<std::size_t>(width) * height * bands) {
         return PreviewResult::Failure("the image worker sent a damaged picture");
@@ -336,11 +376,12 @@ PreviewResult DecodePreview(const Json& json, const std::string& binary) {
                     json.at("fullSize").at(1).get<double>()};
     std::optional<JpegGrid> grid;
     if (const auto found = json.find("jpegGrid"); found != json.end()) {
-        grid = JpegGrid{found->at(0).get<int>(), found->at(1).get<int>(), found->at(2).get<int>(),
-                        found->at(3).get<int>(), found->at(4).get<int>()};
+        grid =
+            JpegGrid{Whole<int>(found->at(0)), Whole<int>(found->at(1)), Whole<int>(found->at(2)),
+                     Whole<int>(found->at(3)), Whole<int>(found->at(4))};
     }
-    return PreviewResult::Success(
-        Preview{full, ImageAccess::Make(pixels, width, height), json.at("pages").get<int>(), grid});
+    return PreviewResult::Success(Preview{full, ImageAccess::Make(pixels, width, height),
+                                          Whole<int>(json.at("pages")), grid});
 }
 
 // The message of `type` in `json`, or nothing.

@@ -3,7 +3,11 @@
 # tasks. Every task takes its shard from SLURM_ARRAY_TASK_ID and
 # SLURM_ARRAY_TASK_COUNT (vellumo-cli --shard auto) and records what it has
 # done in a manifest of its own; a task that is killed, preempted or
-# requeued starts again where it stopped (--resume). Afterwards:
+# requeued starts again where it stopped (--resume). A task cancelled with
+# scancel is run again by submitting the whole array again: the finished
+# tasks find their manifests complete and end at once. Not alone: an array
+# of one task (--array=5) is shard 0 of 1 to --shard auto, the whole list.
+# Afterwards:
 #   vellumo-cli verify --manifest "$BATCH"/manifests/*.jsonl --inputs "$BATCH"/list.txt
 #
 # The batch folder is shared by every node, at the same path:

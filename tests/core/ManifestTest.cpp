@@ -114,6 +114,13 @@ TEST(Manifest, ADamagedLineBeforeTheLastFailsTheRead) {
     ASSERT_FALSE(read);
     EXPECT_EQ(read.reason(), "line 2 is not a manifest entry");
     EXPECT_TRUE(ReadManifest(dir.File("none.jsonl")));  // none yet: no entries
+    // A count of bytes is a whole number of at least 0.
+    const std::string line = ManifestLine(Entry("a.png", "written"));
+    for (const char* bytes : {"1.5", "-1", "1.23e58"}) {
+        std::string damaged = line;
+        damaged.replace(damaged.find("12,"), 2, bytes);
+        EXPECT_FALSE(ManifestFromText(damaged + "\n")) << damaged;
+    }
 }
 
 TEST(Manifest, TheSettingsOfEveryEntryMustBeTheRunsOwn) {

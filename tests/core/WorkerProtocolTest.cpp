@@ -144,6 +144,13 @@ TEST(WorkerProtocol, FramesHoldingNoMessageOfTheirDirectionAreRefused) {
     Message cut = image;
     cut.json.erase(cut.json.find("\"maxPixels\""), 1);
     EXPECT_FALSE(DecodeRequest(cut));
+    // Whole numbers with a fraction, or beyond their field's type.
+    for (const char* number : {"1.5", "4e84", "-1", "18446744073709551616"}) {
+        EXPECT_FALSE(
+            DecodeReply({std::string("{\"type\": \"decoding\", \"bytes\": ") + number + "}", {}}))
+            << number;
+    }
+    EXPECT_TRUE(DecodeReply({"{\"type\": \"decoding\", \"bytes\": 18446744073709551615}", {}}));
     // A picture whose bytes do not match its size is a failure with a reason.
     Message picture = Encode(Reply(PreviewReply{PreviewResult::Success(
         Preview{Size{40, 30}, test::MakeImage(test::CoordinateImage(40, 30)), 1, {}})}));
