@@ -14,6 +14,7 @@
 #include "imaging/ImageTools.h"
 #include "imaging/LosslessJpeg.h"
 #include "imaging/OutputCodec.h"
+#include "imaging/PhotoFacts.h"
 
 namespace vellumo {
 
@@ -119,6 +120,9 @@ ImageOutcome Plan(const ImageTask& task, const std::optional<ImageHeader>& known
              outcome, crop);
     outcome.status =
         task.decision == OverwriteDecision::Skip ? ImageStatus::Skipped : ImageStatus::Planned;
+    if (task.kind == TaskKind::NameFacts) {
+        outcome.photoFacts = ReadPhotoFacts(task.source);
+    }
     return outcome;
 }
 
@@ -183,7 +187,7 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task) {
 
 ImageOutcome InProcessImageProcessor::Process(const ImageTask& task,
                                               const std::optional<ImageHeader>& known) {
-    if (task.kind == TaskKind::DryRun) {
+    if (task.kind == TaskKind::DryRun || task.kind == TaskKind::NameFacts) {
         return Plan(task, known);
     }
     if (task.kind == TaskKind::CarryMetadataOnly) {

@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "batch/CropPlan.h"
+#include "batch/NameTemplate.h"
 #include "batch/Profile.h"
 #include "cli/InputList.h"
 #include "cli/OptionValues.h"
@@ -117,7 +118,9 @@ void AddOutput(CLI::App& app, OutputGroup& g) {
         "block grid, and the quality is not used for them");
     g.nameOption = group
                        ->add_option("--name", g.nameTemplate,
-                                    "File name template with [FileName] and [FileIndex]")
+                                    "File name template: [FileName] [FileIndex] [Folder] [Ext] "
+                                    "[Date] [Date:yyyy-MM-dd_HHmm] [Camera] [Width] [Height] "
+                                    "[Ratio]")
                        ->capture_default_str();
     g.outputOption = group->add_option("--output", g.folder, "Output folder");
     g.keepOption =
@@ -360,6 +363,10 @@ Problem ApplyOutput(const OutputGroup& g, CropSettings& s) {
     s.replaceOriginals = g.inPlace;
     if (s.outputFolder.empty() && !g.inPlace) {
         return "--output is required";
+    }
+    if (const std::optional<std::string> problem = NameTemplateProblem(s.nameTemplate);
+        problem && !g.inPlace) {
+        return "--name: " + *problem;
     }
     return std::nullopt;
 }
