@@ -62,8 +62,17 @@ std::optional<std::string> ValueOf(NameToken token, const std::optional<DateForm
     namespace fs = std::filesystem;
     const fs::path source(values.source);
     switch (token) {
-        case NameToken::FileName:
-            return source.stem().string();
+        case NameToken::FileName: {
+            // As names have always been made: the index goes in after the
+            // file name, so a "[FileIndex]" in the file's own name gets it.
+            std::string stem = source.stem().string();
+            const std::string index = std::to_string(values.index + 1);
+            for (std::size_t at = stem.find("[FileIndex]"); at != std::string::npos;
+                 at = stem.find("[FileIndex]", at + index.size())) {
+                stem.replace(at, std::string_view("[FileIndex]").size(), index);
+            }
+            return stem;
+        }
         case NameToken::FileIndex:
             return std::to_string(values.index + 1);
         case NameToken::Folder: {

@@ -86,7 +86,7 @@ std::optional<std::string> NameTemplateProblem(const std::string& text);
 // The ratio of a width and height as a name shows it: a listed crop ratio
 // the size matches to within 1 % in its orientation ("16x9", "9x16",
 // "1.91x1"), else the exact ratio in its smallest whole numbers when both
-// are at most 50 ("7x3"), else the width per unit height to two decimals
+// are at most 50 ("7x2"), else the width per unit height to two decimals
 // ("1.37x1").
 std::string RatioName(Size size);
 
