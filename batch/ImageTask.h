@@ -93,6 +93,8 @@ struct ImageOutcome {
     bool wholeImage = false;
     // What else happened on the way, for the person to be told.
     std::vector<ImageNote> notes;
+    // The quality factor chosen to fit the byte limit, when there is one.
+    std::optional<int> fittedQuality;
     // When it was taken and with what camera, for a NameFacts task.
     std::optional<PhotoFacts> photoFacts;
 

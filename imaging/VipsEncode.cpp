@@ -3,6 +3,7 @@
 #include <cmath>
 #include <memory>
 
+#include "imaging/Fatal.h"
 #include "imaging/FileBytes.h"
 #include "imaging/FileErrors.h"
 #include "imaging/IccEmbed.h"
@@ -37,22 +38,47 @@ double CoefficientBytes(const vips::VImage& image, int q) {
     return pixels * samples * 2.0;
 }
 
+// The options of the lossy encoders, the same whether they write a file or
+// into memory (when the file's size is fitted to a limit).
+vips::VOption* LossyOptions(const vips::VImage& rendered, OutputCodec codec, double quality) {
+    const int q = QualityFactor(quality);
+    switch (codec) {
+        case OutputCodec::Jpeg:
+            // Baseline, readable everywhere. `strip`: without it the encoder
+            // writes an Exif block of its own; the profile is put back after.
+            return vips::VImage::option()
+                ->set("Q", q)
+                ->set("optimize_coding", CoefficientBytes(rendered, q) <= kOptimisedTablesBudget)
+                ->set("strip", true);
+        case OutputCodec::WebP:
+            // Quality 100 writes without loss.
+            return vips::VImage::option()->set("Q", q)->set(
+                "lossless", LosslessAtFullQuality(codec) && quality >= 1.0);
+        case OutputCodec::Avif:
+        case OutputCodec::Heic:
+            // AVIF keeps 12 of a 16-bit source's bits; HEIC stays at the 8
+            // bits phones write and read.
+            return vips::VImage::option()
+                ->set("Q", q)
+                ->set(
+                    "bitdepth",
+                    codec == OutputCodec::Avif && rendered.format() == VIPS_FORMAT_USHORT ? 12 : 8)
+                ->set("compression", codec == OutputCodec::Avif
+                                         ? VIPS_FOREIGN_HEIF_COMPRESSION_AV1
+                                         : VIPS_FOREIGN_HEIF_COMPRESSION_HEVC);
+        default:
+            return vips::VImage::option()->set("Q", q)->set("lossless", quality >= 1.0);
+    }
+}
+
 // Throws vips::VError. The codecs whose encoders write files themselves.
 void Encode(const vips::VImage& rendered, OutputCodec codec, double quality,
             const std::string& path) {
     const char* file = path.c_str();
     switch (codec) {
-        case OutputCodec::Jpeg: {
-            // Baseline, readable everywhere. `strip`: without it the encoder
-            // writes an Exif block of its own; the profile is put back after.
-            const int q = QualityFactor(quality);
-            rendered.jpegsave(file, vips::VImage::option()
-                                        ->set("Q", q)
-                                        ->set("optimize_coding", CoefficientBytes(rendered, q) <=
-                                                                     kOptimisedTablesBudget)
-                                        ->set("strip", true));
+        case OutputCodec::Jpeg:
+            rendered.jpegsave(file, LossyOptions(rendered, codec, quality));
             return;
-        }
         case OutputCodec::Png:
             // Adaptive row filters at a moderate zlib level: on photos about
             // 30 % smaller than the library's default (level 6, no filter)
@@ -74,31 +100,14 @@ void Encode(const vips::VImage& rendered, OutputCodec codec, double quality,
                 vips::VImage::option()->set("dither", 1.0)->set("effort", 7)->set("bitdepth", 8));
             return;
         case OutputCodec::WebP:
-            // Quality 100 writes without loss.
-            rendered.webpsave(
-                file, vips::VImage::option()
-                          ->set("Q", QualityFactor(quality))
-                          ->set("lossless", LosslessAtFullQuality(codec) && quality >= 1.0));
+            rendered.webpsave(file, LossyOptions(rendered, codec, quality));
             return;
         case OutputCodec::Avif:
         case OutputCodec::Heic:
-            // AVIF keeps 12 of a 16-bit source's bits; HEIC stays at the 8
-            // bits phones write and read.
-            rendered.heifsave(
-                file,
-                vips::VImage::option()
-                    ->set("Q", QualityFactor(quality))
-                    ->set("bitdepth",
-                          codec == OutputCodec::Avif && rendered.format() == VIPS_FORMAT_USHORT ? 12
-                                                                                                : 8)
-                    ->set("compression", codec == OutputCodec::Avif
-                                             ? VIPS_FOREIGN_HEIF_COMPRESSION_AV1
-                                             : VIPS_FOREIGN_HEIF_COMPRESSION_HEVC));
+            rendered.heifsave(file, LossyOptions(rendered, codec, quality));
             return;
         case OutputCodec::JpegXl:
-            rendered.jxlsave(file, vips::VImage::option()
-                                       ->set("Q", QualityFactor(quality))
-                                       ->set("lossless", quality >= 1.0));
+            rendered.jxlsave(file, LossyOptions(rendered, codec, quality));
             return;
         case OutputCodec::Jpeg2000:
         case OutputCodec::Bmp:
@@ -132,7 +141,68 @@ bool EncoderDropsProfile(OutputCodec codec) {
     return codec == OutputCodec::Jpeg || codec == OutputCodec::Jpeg2000;
 }
 
+// The profile the JPEG and JPEG 2000 encoders leave out, put in.
+SaveResult PutBackProfile(const vips::VImage& rendered, OutputCodec codec,
+                          const std::string& path) {
+    if (EncoderDropsProfile(codec) && rendered.get_typeof(VIPS_META_ICC_NAME) != 0) {
+        std::size_t size = 0;
+        const void* profile = rendered.get_blob(VIPS_META_ICC_NAME, &size);
+        return EmbedIccProfile(path, profile, size);
+    }
+    return SaveResult::Saved();
+}
+
 }  // namespace
+
+bool EncodesIntoMemory(OutputCodec codec) {
+    return codec == OutputCodec::Jpeg || codec == OutputCodec::WebP || codec == OutputCodec::Avif ||
+           codec == OutputCodec::Heic || codec == OutputCodec::JpegXl;
+}
+
+std::vector<unsigned char> EncodeToMemory(const vips::VImage& rendered, OutputCodec codec,
+                                          double quality) {
+    vips::VOption* options = LossyOptions(rendered, codec, quality);
+    BlobPtr blob;
+    switch (codec) {
+        case OutputCodec::Jpeg:
+            blob.reset(rendered.jpegsave_buffer(options));
+            break;
+        case OutputCodec::WebP:
+            blob.reset(rendered.webpsave_buffer(options));
+            break;
+        case OutputCodec::Avif:
+        case OutputCodec::Heic:
+            blob.reset(rendered.heifsave_buffer(options));
+            break;
+        case OutputCodec::JpegXl:
+            blob.reset(rendered.jxlsave_buffer(options));
+            break;
+        default:
+            delete options;
+            Fatal("no encoding into memory for this codec");
+    }
+    const auto* data = static_cast<const unsigned char*>(VIPS_AREA(blob.get())->data);
+    return std::vector<unsigned char>(data, data + VIPS_AREA(blob.get())->length);
+}
+
+std::uint64_t ProfileBytes(const vips::VImage& rendered, OutputCodec codec) {
+    if (!EncoderDropsProfile(codec) || rendered.get_typeof(VIPS_META_ICC_NAME) == 0) {
+        return 0;
+    }
+    std::size_t size = 0;
+    rendered.get_blob(VIPS_META_ICC_NAME, &size);
+    // APP2 segments of at most 65519 bytes of profile, 18 bytes of header each.
+    return size + 18 * ((size + 65518) / 65519);
+}
+
+SaveResult WriteEncoded(const vips::VImage& rendered, OutputCodec codec,
+                        const std::vector<unsigned char>& bytes, const std::string& path) {
+    SaveResult written = OverwriteFileBytes(path, bytes.data(), bytes.size());
+    if (!written.saved) {
+        return written;
+    }
+    return PutBackProfile(rendered, codec, path);
+}
 
 SaveResult WriteFile(const vips::VImage& rendered, OutputCodec codec, double quality,
                      const std::string& path) {
@@ -164,12 +234,7 @@ SaveResult WriteFile(const vips::VImage& rendered, OutputCodec codec, double qua
             return written;
         }
     }
-    if (EncoderDropsProfile(codec) && rendered.get_typeof(VIPS_META_ICC_NAME) != 0) {
-        std::size_t size = 0;
-        const void* profile = rendered.get_blob(VIPS_META_ICC_NAME, &size);
-        return EmbedIccProfile(path, profile, size);
-    }
-    return SaveResult::Saved();
+    return PutBackProfile(rendered, codec, path);
 }
 
 }  // namespace vellumo::vipsencode

@@ -209,6 +209,9 @@ Json OutcomeJson(const ImageOutcome& outcome) {
     if (outcome.photoFacts) {
         json["photoFacts"] = PhotoFactsJson(*outcome.photoFacts);
     }
+    if (outcome.fittedQuality) {
+        json["fittedQuality"] = *outcome.fittedQuality;
+    }
     return json;
 }
 
@@ -235,6 +238,9 @@ ImageOutcome OutcomeOf(const Json& json) {
     if (json.contains("size")) {
         outcome.outputSize =
             Size{json["size"].at(0).get<double>(), json["size"].at(1).get<double>()};
+    }
+    if (json.contains("fittedQuality")) {
+        outcome.fittedQuality = json.at("fittedQuality").get<int>();
     }
     if (json.contains("photoFacts")) {
         outcome.photoFacts = PhotoFactsOf(json.at("photoFacts"));
