@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <iostream>
 
 #include "imaging/ImageTools.h"
 #include "tests/support/Commands.h"
@@ -69,6 +70,10 @@ TEST_P(SizeFittingAgainstBruteForce, FitsAndIsWithinATenthOfTheBest) {
     EXPECT_EQ(written, saved.fit->bytes);
     const std::uint64_t best = BestFitting(c.photo, c.format, c.limit);
     ASSERT_GT(best, 0u);
+    // The figures the README quotes.
+    std::cout << "[ fitted ] " << c.photo << " " << InfoOf(c.format).title << " limit " << c.limit
+              << ": " << written << " bytes at quality " << saved.fit->quality << " in "
+              << saved.fit->encodes << " encodings; best of all qualities " << best << "\n";
     EXPECT_GE(static_cast<double>(written), 0.9 * static_cast<double>(best))
         << c.photo << ": " << written << " against " << best << " at quality "
         << saved.fit->quality;
