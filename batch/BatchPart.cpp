@@ -6,8 +6,9 @@ namespace vellumo {
 
 BatchPart SelectBatchPart(const CropSettings& settings, const std::vector<std::string>& all,
                           ClashPolicy policy, const std::optional<Shard>& shard,
-                          const std::vector<ManifestEntry>& done) {
-    const OutputPlan whole = PlanOutputs(settings, all, policy);
+                          const std::vector<ManifestEntry>& done,
+                          const std::vector<ImageNameFacts>* facts) {
+    const OutputPlan whole = PlanOutputs(settings, all, policy, facts);
     // The latest entry of each source.
     std::unordered_map<std::string, const ManifestEntry*> latest;
     for (const ManifestEntry& entry : done) {

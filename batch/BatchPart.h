@@ -29,7 +29,8 @@ struct BatchPart {
 // still has the recorded length and SHA-256; it is not opened.
 BatchPart SelectBatchPart(const CropSettings& settings, const std::vector<std::string>& all,
                           ClashPolicy policy, const std::optional<Shard>& shard,
-                          const std::vector<ManifestEntry>& done);
+                          const std::vector<ManifestEntry>& done,
+                          const std::vector<ImageNameFacts>* facts = nullptr);
 
 // Why a manifest cannot be resumed with these settings: its first entry
 // written with others ("line 3 was written with other settings"); empty

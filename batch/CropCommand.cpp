@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "batch/NameFacts.h"
 #include "batch/OutputFolder.h"
 #include "batch/Preconditions.h"
 #include "imaging/AtomicFile.h"
@@ -54,9 +55,13 @@ CropCommandResult CropCommand::Agree(CropQuestions& questions) const {
 
 std::optional<BatchPart> CropCommand::Plan(CropQuestions& questions) const {
     const CropSettings& settings = request_.settings;
+    // Names made of what the images hold need them read before anything is
+    // decided (in the worker process, when that is the processor).
+    const std::vector<ImageNameFacts> facts =
+        GatherNameFacts(settings, request_.images, processor_, &request_.adjustments);
     const auto part = [&](ClashPolicy policy) {
-        return SelectBatchPart(settings, request_.images, policy, request_.shard,
-                               request_.recorded);
+        return SelectBatchPart(settings, request_.images, policy, request_.shard, request_.recorded,
+                               &facts);
     };
     BatchPart planned = part(request_.clashes.value_or(ClashPolicy::Refuse));
     // An auto crop always lies on the image.

@@ -6,6 +6,7 @@
 #include <mutex>
 #include <thread>
 
+#include "batch/CropRectangle.h"
 #include "imaging/Fatal.h"
 
 namespace vellumo {
@@ -50,7 +51,11 @@ ImageOutcome ProcessImage(const JobInput& in, const ImageTask& task, ImageProces
         refused.failure = Failure{FailureStage::Write, refusal};
         return refused;
     }
-    return processor.Process(task);
+    ImageOutcome outcome = processor.Process(task);
+    if (outcome.status != ImageStatus::Failed) {
+        outcome.warning = JoinNotes(in.plan.images[task.index].warning, outcome.warning);
+    }
+    return outcome;
 }
 
 // Whether an image's metadata is carried depends on how every image before

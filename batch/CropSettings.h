@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 
+#include "imaging/ByteLimit.h"
 #include "imaging/CropPlacement.h"
 #include "imaging/Formats.h"
 #include "imaging/OutputResize.h"
@@ -133,6 +134,10 @@ struct CropSettings {
     // JPEG sources written as JPEG are cropped without re-encoding, on their
     // block grid (batch/LosslessCrop.h); the quality is not used for them.
     bool losslessJpeg = false;
+    // The largest file each output may be (0: any size): the quality is the
+    // highest up to `quality` that fits, and with `scaleDown` the picture is
+    // also made smaller until it does (imaging/SizeFitting.h).
+    ByteLimit byteLimit;
     std::string nameTemplate{kDefaultNameTemplate};
     std::string outputFolder;
     bool keepMetadata = false;  // EXIF information and creation date

@@ -19,11 +19,12 @@ constexpr NameTable<ImageStatus, 4> kStatusNames{{
     {ImageStatus::Planned, "planned"},
 }};
 
-constexpr NameTable<TaskKind, 4> kTaskKindNames{{
+constexpr NameTable<TaskKind, 5> kTaskKindNames{{
     {TaskKind::Crop, "crop"},
     {TaskKind::CropCarryingMetadata, "crop-carrying-metadata"},
     {TaskKind::DryRun, "dry-run"},
     {TaskKind::CarryMetadataOnly, "carry-metadata-only"},
+    {TaskKind::NameFacts, "name-facts"},
 }};
 
 constexpr NameTable<OutputTarget, 2> kOutputTargetNames{{

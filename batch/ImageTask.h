@@ -12,11 +12,13 @@
 #include "batch/OverwritePrompts.h"
 #include "imaging/Failure.h"
 #include "imaging/Geometry.h"
+#include "imaging/PhotoFacts.h"
 
 namespace vellumo {
 
-// What a task does with its image. A job makes these four only: a dry run
+// What a task does with its image. A job makes the first four only: a dry run
 // carries nothing, and carrying metadata alone follows a crop written earlier.
+// The plan of outputs makes the fifth when a name needs the image read.
 enum class TaskKind {
     Crop,                  // decode, crop and write (or keep, when skipped)
     CropCarryingMetadata,  // the same, then the source's metadata and creation
@@ -26,6 +28,10 @@ enum class TaskKind {
     // job (or the kept file of a skipped image): a job with several images in
     // flight decides it in list order, once the image is done.
     CarryMetadataOnly,
+    // A dry run that also reads the photo's facts (ImageOutcome::photoFacts)
+    // for its output's name: metadata of a file that may be hostile is
+    // parsed where the file is decoded, never in the engine.
+    NameFacts,
 };
 
 // The task carries the source's metadata into its output.
@@ -87,6 +93,10 @@ struct ImageOutcome {
     bool wholeImage = false;
     // What else happened on the way, for the person to be told.
     std::vector<ImageNote> notes;
+    // The quality factor chosen to fit the byte limit, when there is one.
+    std::optional<int> fittedQuality;
+    // When it was taken and with what camera, for a NameFacts task.
+    std::optional<PhotoFacts> photoFacts;
 
     // The failure's line; empty without one.
     std::string Reason() const { return failure ? failure->reason : std::string(); }
@@ -100,7 +110,8 @@ const char* DecisionName(OverwriteDecision decision);
 OverwriteDecision DecisionFromName(const std::string& name);
 const char* StatusName(ImageStatus status);
 ImageStatus StatusFromName(const std::string& name);
-// "crop", "crop-carrying-metadata", "dry-run", "carry-metadata-only"; and
+// "crop", "crop-carrying-metadata", "dry-run", "carry-metadata-only",
+// "name-facts"; and
 // "new-file", "source". Nothing for an unknown name.
 const char* TaskKindName(TaskKind kind);
 std::optional<TaskKind> TaskKindFromName(const std::string& name);

@@ -15,6 +15,7 @@
 #include "imaging/ImageTools.h"
 #include "imaging/LosslessJpeg.h"
 #include "imaging/OutputCodec.h"
+#include "imaging/PhotoFacts.h"
 
 namespace vellumo {
 
@@ -67,10 +68,29 @@ SaveResult Encode(const ImageTask& task, const Image& image, const ResolvedCrop&
     // The slider's 0 to 100, divided in single precision.
     const double quality = static_cast<double>(task.settings.quality / 100.0f);
     if (task.settings.keepMetadata) {
-        return ImageTools::TrySaveImageWithMetadata(
-            cropped, task.output, task.settings.outputFormat, quality, metadataSource);
+        return ImageTools::TrySaveImageWithMetadata(cropped, task.output,
+                                                    task.settings.outputFormat, quality,
+                                                    metadataSource, task.settings.byteLimit);
     }
-    return ImageTools::TrySaveImage(cropped, task.output, task.settings.outputFormat, quality);
+    return ImageTools::TrySaveImage(cropped, task.output, task.settings.outputFormat, quality,
+                                    task.settings.byteLimit);
+}
+
+// What fitting the byte limit chose: the quality, and the smaller size the
+// picture was written at, if it had to be.
+void NoteFit(const SaveResult& result, ImageOutcome& outcome) {
+    if (!result.fit) {
+        return;
+    }
+    outcome.fittedQuality = result.fit->quality;
+    if (result.fit->scale < 1.0) {
+        outcome.outputSize =
+            Size{static_cast<double>(result.fit->width), static_cast<double>(result.fit->height)};
+        outcome.warning =
+            JoinNotes(outcome.warning, "made smaller to " + std::to_string(result.fit->width) +
+                                           " × " + std::to_string(result.fit->height) + " to fit " +
+                                           ByteCountText(result.fit->bytes) + "");
+    }
 }
 
 // The source's header: the one already read, or read now.
@@ -92,6 +112,9 @@ ImageOutcome Plan(const ImageTask& task, const std::optional<ImageHeader>& known
              outcome, crop);
     outcome.status =
         task.decision == OverwriteDecision::Skip ? ImageStatus::Skipped : ImageStatus::Planned;
+    if (task.kind == TaskKind::NameFacts) {
+        outcome.photoFacts = ReadPhotoFacts(task.source);
+    }
     return outcome;
 }
 
@@ -156,7 +179,7 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task) {
 
 ImageOutcome InProcessImageProcessor::Process(const ImageTask& task,
                                               const std::optional<ImageHeader>& known) {
-    if (task.kind == TaskKind::DryRun) {
+    if (task.kind == TaskKind::DryRun || task.kind == TaskKind::NameFacts) {
         return Plan(task, known);
     }
     if (task.kind == TaskKind::CarryMetadataOnly) {
@@ -202,6 +225,7 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task,
         }
         saved = true;
         outcome.status = ImageStatus::Written;
+        NoteFit(result, outcome);
     }
     if (CarriesMetadata(task.kind) && (saved || outcome.status == ImageStatus::Skipped)) {
         CarryMetadata(task, kept.Source(task), outcome);

@@ -4,18 +4,28 @@
 #include <vector>
 
 #include "batch/CropSettings.h"
+#include "batch/NameTemplate.h"
 
 namespace vellumo {
 
-// The full path of the file the job writes for entry `index` of the list:
+struct OutputName {
+    std::string path;
+    std::string warning;  // tokens that had no value (NameTemplate::Expand)
+};
+
+// The full path of the file the job writes for the image `values` describe:
 // output folder + "/" + name + "." + extension, concatenated as they are
 // (a folder ending in "/" gives a doubled separator; an empty folder gives a
-// path at the root). The name is the template with "[FileName]" replaced by
-// the entry's file name without its last extension, then "[FileIndex]" by
-// index + 1. An empty template means "[FileName]"; a template with neither
-// token gets " ([FileIndex])" appended. The extension is the lower-cased
-// output format title. Creates and touches nothing. An index outside the
-// list or an unknown output format stops the program.
+// path at the root). The name is `name` expanded for the image
+// (batch/NameTemplate.h); the extension is the lower-cased output format
+// title. Creates and touches nothing. An unknown output format stops the
+// program.
+OutputName GenerateOutputName(const NameTemplate& name, const CropSettings& settings,
+                              const NameValues& values);
+
+// The same for entry `index` of the list, from its path alone (tokens that
+// need the image read are left empty). An index outside the list or a
+// template that cannot be read stops the program.
 std::string GenerateOutputPathWithImageIndex(const CropSettings& settings,
                                              const std::vector<std::string>& listImagePaths,
                                              long index);

@@ -86,11 +86,40 @@ struct PlannedKeys {
     std::map<std::string, long> firstReader;
 };
 
+// How the plan names each image's output, and what the names are made of.
+struct Naming {
+    std::optional<NameTemplate> name;
+    std::string problem;  // why the template cannot be read
+    const std::vector<ImageNameFacts>* facts = nullptr;
+};
+
+// A new file's path by the name template; false, with the refusal set, when
+// the template cannot be read.
+bool PlaceNewFile(const CropSettings& settings, const std::vector<std::string>& listImagePaths,
+                  long i, const Naming& naming, PlannedOutput& image) {
+    if (!naming.name) {
+        image.refusal = "the name template cannot be used: " + naming.problem;
+        return false;
+    }
+    NameValues values;
+    values.source = listImagePaths[i];
+    values.index = i;
+    if (naming.facts != nullptr && static_cast<std::size_t>(i) < naming.facts->size()) {
+        values.outputSize = (*naming.facts)[i].outputSize;
+        values.facts = (*naming.facts)[i].photoFacts;
+    }
+    OutputName named = GenerateOutputName(*naming.name, settings, values);
+    image.path = std::move(named.path);
+    image.warning = std::move(named.warning);
+    image.format = settings.outputFormat;
+    return true;
+}
+
 // Each image's path and format, and the refusals of outputs that are the
 // file of a listed image (allowed for its own file when the originals are
 // replaced, once per file).
 void PlacePaths(const CropSettings& settings, const std::vector<std::string>& listImagePaths,
-                OutputPlan& plan, PlannedKeys& k) {
+                const Naming& naming, OutputPlan& plan, PlannedKeys& k) {
     const long count = static_cast<long>(listImagePaths.size());
     for (long i = 0; i < count; ++i) {
         k.sources[i] = k.keys.Of(listImagePaths[i]);
@@ -106,9 +135,8 @@ void PlacePaths(const CropSettings& settings, const std::vector<std::string>& li
                 continue;
             }
             image.format = *own;
-        } else {
-            image.path = GenerateOutputPathWithImageIndex(settings, listImagePaths, i);
-            image.format = settings.outputFormat;
+        } else if (!PlaceNewFile(settings, listImagePaths, i, naming, image)) {
+            continue;
         }
         k.outputs[i] = k.keys.Of(image.path);
         const auto reader = k.firstReader.find(k.outputs[i]);
@@ -174,13 +202,16 @@ void SettleClashes(OutputPlan& plan, PlannedKeys& k, ClashPolicy policy) {
 }  // namespace
 
 OutputPlan PlanOutputs(const CropSettings& settings, const std::vector<std::string>& listImagePaths,
-                       ClashPolicy policy) {
+                       ClashPolicy policy, const std::vector<ImageNameFacts>* facts) {
+    Naming naming;
+    naming.name = NameTemplate::Parse(settings.nameTemplate, naming.problem);
+    naming.facts = facts;
     OutputPlan plan;
     plan.images.resize(listImagePaths.size());
     PlannedKeys keys;
     keys.sources.resize(listImagePaths.size());
     keys.outputs.resize(listImagePaths.size());
-    PlacePaths(settings, listImagePaths, plan, keys);
+    PlacePaths(settings, listImagePaths, naming, plan, keys);
     SettleClashes(plan, keys, policy);
     return plan;
 }

@@ -26,6 +26,7 @@
 #include <vector>
 
 #include "batch/CropSettings.h"
+#include "batch/NameTemplate.h"
 
 namespace vellumo {
 
@@ -51,6 +52,8 @@ struct PlannedOutput {
     OutputFormat format = OutputFormat::Jpg;  // what the file is written in, unless refused
     std::string refusal;  // why nothing is written for this image; empty when it is
     OutputTarget target = OutputTarget::NewFile;
+    // Tokens of the name that had no value for this image, in words.
+    std::string warning;
 };
 
 // A set of images that would be written to one path.
@@ -65,8 +68,11 @@ struct OutputPlan {
     std::vector<OutputClash> clashes;
 };
 
+// `facts` holds what the names need read from the images, one entry per
+// listed image (GatherNameFacts); without it those tokens are left empty.
+// A name template that cannot be read refuses every image with its reason.
 OutputPlan PlanOutputs(const CropSettings& settings, const std::vector<std::string>& listImagePaths,
-                       ClashPolicy policy);
+                       ClashPolicy policy, const std::vector<ImageNameFacts>* facts = nullptr);
 
 // The output format a file's extension names ("jpg" gives Jpg), any case;
 // nothing for an extension that is no output format.

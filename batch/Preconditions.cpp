@@ -1,5 +1,7 @@
 #include "batch/Preconditions.h"
 
+#include "batch/NameTemplate.h"
+
 namespace vellumo {
 
 std::optional<std::string> CropJobRefusal(const std::vector<std::string>& listImagePaths,
@@ -9,6 +11,11 @@ std::optional<std::string> CropJobRefusal(const std::vector<std::string>& listIm
     }
     if (settings.outputFolder.empty() && !settings.replaceOriginals) {
         return kSelectAnOutputFolder;
+    }
+    if (!settings.replaceOriginals) {
+        if (const std::optional<std::string> problem = NameTemplateProblem(settings.nameTemplate)) {
+            return "The name template cannot be used: " + *problem + ".";
+        }
     }
     return std::nullopt;
 }

@@ -13,7 +13,8 @@ inline constexpr const char* kSelectAnOutputFolder = "Please select an output fo
 
 // Why a job cannot start, tested in this order: an empty list, then an empty
 // output folder text (only emptiness: a folder of one blank passes), which
-// replacing the originals does not need. Nothing when it can start.
+// replacing the originals does not need, then a name template that cannot
+// be read (an unknown or unclosed token). Nothing when it can start.
 std::optional<std::string> CropJobRefusal(const std::vector<std::string>& listImagePaths,
                                           const CropSettings& settings);
 

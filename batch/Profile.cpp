@@ -77,6 +77,17 @@ void ReadRectangle(const Json& object, const char* key, float& x, float& y, floa
     }
 }
 
+// A whole number of bytes, 0 for none, up to a petabyte.
+void ReadByteLimit(const Json& object, ByteLimit& limit) {
+    if (const Json* member = Member(object, "maxBytes")) {
+        const double bytes = WideNumber(*member, "maxBytes", 0, 1e15);
+        if (bytes != std::floor(bytes))
+            throw Problem{"\"maxBytes\" must be a whole number"};
+        limit.maxBytes = static_cast<std::uint64_t>(bytes);
+    }
+    ReadBool(object, "maxBytesScaleDown", limit.scaleDown);
+}
+
 template <std::size_t N>
 long TitleIndex(const Json& value, const char* key, const std::array<std::string_view, N>& titles) {
     if (!value.is_string())
@@ -197,6 +208,8 @@ std::string ProfileText(const CropSettings& s) {
         {"nameTemplate", s.nameTemplate},
         {"outputFolder", s.outputFolder},
         {"keepMetadata", s.keepMetadata},
+        {"maxBytes", s.byteLimit.maxBytes},
+        {"maxBytesScaleDown", s.byteLimit.scaleDown},
     };
     return profile.dump(2) + "\n";
 }
@@ -256,6 +269,7 @@ Loaded<CropSettings> SettingsFromProfileText(const std::string& text, const Crop
         ReadString(profile, "nameTemplate", s.nameTemplate);
         ReadString(profile, "outputFolder", s.outputFolder);
         ReadBool(profile, "keepMetadata", s.keepMetadata);
+        ReadByteLimit(profile, s.byteLimit);
         ReadRules(profile, s);
     } catch (const Problem& problem) {
         return Loaded<CropSettings>::Failure(problem.text);

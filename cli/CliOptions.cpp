@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "batch/CropPlan.h"
+#include "batch/NameTemplate.h"
 #include "batch/Profile.h"
 #include "cli/InputList.h"
 #include "cli/OptionValues.h"
@@ -34,11 +35,13 @@ struct RuleGroup {  // how every image is cropped, and the size it is written at
 };
 
 struct OutputGroup {  // what is written, and where
-    std::string format = "JPG", nameTemplate{kDefaultNameTemplate}, folder, overwrite, onClash;
+    std::string format = "JPG", nameTemplate{kDefaultNameTemplate}, folder, overwrite, onClash,
+                maxBytes;
     float quality = 80.0f;
-    bool lossless = false, keepMetadata = false, inPlace = false;
+    bool lossless = false, keepMetadata = false, inPlace = false, maxBytesResize = false;
     CLI::Option *formatOption = nullptr, *qualityOption = nullptr, *losslessOption = nullptr,
-                *nameOption = nullptr, *outputOption = nullptr, *keepOption = nullptr;
+                *nameOption = nullptr, *outputOption = nullptr, *keepOption = nullptr,
+                *maxBytesOption = nullptr, *maxBytesResizeOption = nullptr;
 };
 
 struct BatchGroup {  // this run's share of a large batch, and its record
@@ -115,9 +118,21 @@ void AddOutput(CLI::App& app, OutputGroup& g) {
         "--lossless", g.lossless,
         "Crop JPEG files to JPEG without re-encoding: the rectangle moves out to the file's "
         "block grid, and the quality is not used for them");
+    g.maxBytesOption = group->add_option(
+        "--max-bytes", g.maxBytes,
+        "Largest output file: bytes, or with K (1000) or M (1000000): 500K. JPEG, WebP, AVIF, "
+        "HEIC and JPEG XL take the highest quality up to --quality that fits");
+    g.maxBytesResizeOption =
+        group
+            ->add_flag("--max-bytes-resize", g.maxBytesResize,
+                       "When even quality 1 does not fit --max-bytes, make the picture smaller "
+                       "step by step until it does")
+            ->needs(g.maxBytesOption);
     g.nameOption = group
                        ->add_option("--name", g.nameTemplate,
-                                    "File name template with [FileName] and [FileIndex]")
+                                    "File name template: [FileName] [FileIndex] [Folder] [Ext] "
+                                    "[Date] [Date:yyyy-MM-dd_HHmm] [Camera] [Width] [Height] "
+                                    "[Ratio]")
                        ->capture_default_str();
     g.outputOption = group->add_option("--output", g.folder, "Output folder");
     g.keepOption =
@@ -360,9 +375,23 @@ Problem ApplyOutput(const OutputGroup& g, CropSettings& s) {
         s.outputFolder = g.folder;
     if (g.keepOption->count() > 0)
         s.keepMetadata = g.keepMetadata;
+    if (g.maxBytesOption->count() > 0) {
+        const std::optional<std::uint64_t> bytes = ByteCountOf(g.maxBytes);
+        if (!bytes) {
+            return "--max-bytes: " + g.maxBytes +
+                   " is no size (a whole number of bytes above 0, or with K or M: 500K)";
+        }
+        s.byteLimit.maxBytes = *bytes;
+    }
+    if (g.maxBytesResizeOption->count() > 0)
+        s.byteLimit.scaleDown = g.maxBytesResize;
     s.replaceOriginals = g.inPlace;
     if (s.outputFolder.empty() && !g.inPlace) {
         return "--output is required";
+    }
+    if (const std::optional<std::string> problem = NameTemplateProblem(s.nameTemplate);
+        problem && !g.inPlace) {
+        return "--name: " + *problem;
     }
     return std::nullopt;
 }

@@ -102,4 +102,27 @@ std::string AnchorNameList() {
     return list;
 }
 
+std::optional<std::uint64_t> ByteCountOf(const std::string& text) {
+    std::size_t end = 0;
+    while (end < text.size() && std::isdigit(static_cast<unsigned char>(text[end])) != 0) {
+        ++end;
+    }
+    if (end == 0 || end > 15) {
+        return std::nullopt;
+    }
+    std::string unit = text.substr(end);
+    for (char& c : unit) {
+        c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    }
+    if (!unit.empty() && unit.back() == 'B') {
+        unit.pop_back();
+    }
+    const std::uint64_t number = std::stoull(text.substr(0, end));
+    const std::uint64_t factor = unit.empty() ? 1 : unit == "K" ? 1000 : unit == "M" ? 1000000 : 0;
+    if (factor == 0 || number == 0) {
+        return std::nullopt;
+    }
+    return number * factor;
+}
+
 }  // namespace vellumo::cli

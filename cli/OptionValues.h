@@ -4,6 +4,7 @@
 // number, each read from its text whole or not at all.
 
 #include <array>
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -24,6 +25,11 @@ std::optional<int> ParseSide(const std::string& text);
 
 // A quality from 0 to 100; an empty text when it is one, else the reason.
 std::string QualityProblem(const std::string& text);
+
+// A size in bytes: a whole number above 0, with an optional K (1000) or M
+// (1000000), any case, and an optional B: "500K", "2M", "350000". Decimal
+// units, so that a limit read as 500 KB is met either way it is meant.
+std::optional<std::uint64_t> ByteCountOf(const std::string& text);
 
 // The anchors' names as a sentence: "centre, top, ... attention or entropy".
 std::string AnchorNameList();

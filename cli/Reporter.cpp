@@ -33,6 +33,9 @@ nlohmann::ordered_json ToJson(const ImageReport& report) {
         object["size"] = {static_cast<long long>(outcome.outputSize->width),
                           static_cast<long long>(outcome.outputSize->height)};
     }
+    if (outcome.fittedQuality) {
+        object["quality"] = *outcome.fittedQuality;
+    }
     if (!outcome.notes.empty()) {
         object["notes"] = nlohmann::ordered_json::array();
         for (const ImageNote& note : outcome.notes) {
@@ -47,7 +50,10 @@ std::string Describe(const ImageReport& report) {
     std::string size;
     if (outcome.outputSize) {
         size = " (" + std::to_string(static_cast<long long>(outcome.outputSize->width)) + " x " +
-               std::to_string(static_cast<long long>(outcome.outputSize->height)) + ")";
+               std::to_string(static_cast<long long>(outcome.outputSize->height)) +
+               (outcome.fittedQuality ? ", quality " + std::to_string(*outcome.fittedQuality)
+                                      : std::string()) +
+               ")";
     }
     std::string warning = outcome.warning.empty() ? "" : " \u2014 warning: " + outcome.warning;
     for (const ImageNote& note : outcome.notes) {

@@ -25,6 +25,7 @@
 #include <optional>
 #include <string>
 
+#include "imaging/ByteLimit.h"
 #include "imaging/CropPlacement.h"
 #include "imaging/Formats.h"
 #include "imaging/Geometry.h"
@@ -152,8 +153,12 @@ Image VeilOutsideRectangle(const Image& image, Rect rect);
 // leaves no temporary file behind.
 // Fails, writing nothing, for an image whose width or height is below 1,
 // not finite, or too large for any pixels.
+// With a byte limit, the file is at most that long: the quality is lowered
+// (and the picture made smaller when the limit says so) until it fits, or
+// the save fails with the smallest size reached (imaging/SizeFitting.h);
+// the result's `fit` says what was chosen.
 SaveResult TrySaveImage(const Image& image, const std::string& path, OutputFormat format,
-                        double quality);
+                        double quality, const ByteLimit& limit = {});
 // TrySaveImage, with the Exif and XMP of the file at `metadataSource`
 // written by the encoder itself for the formats whose metadata only it
 // can write (AVIF, HEIC; see EmbedsMetadataWhenEncoding), changed as
@@ -161,7 +166,7 @@ SaveResult TrySaveImage(const Image& image, const std::string& path, OutputForma
 // them; a source whose metadata cannot be read gives a file without.
 SaveResult TrySaveImageWithMetadata(const Image& image, const std::string& path,
                                     OutputFormat format, double quality,
-                                    const std::string& metadataSource);
+                                    const std::string& metadataSource, const ByteLimit& limit = {});
 // TrySaveImage without the reason.
 bool SaveImage(const Image& image, const std::string& path, OutputFormat format, double quality);
 

@@ -9,6 +9,7 @@
 #include "imaging/ImageTools.h"
 #include "imaging/MetadataCarry.h"
 #include "imaging/OutputCodec.h"
+#include "imaging/SizeFitting.h"
 #include "imaging/SourceTap.h"
 #include "imaging/VipsEncode.h"
 #include "imaging/VipsRuntime.h"
@@ -39,7 +40,7 @@ void PutEncoderMetadata(vips::VImage& rendered, const metadatacarry::EncoderMeta
 }
 
 SaveResult Save(const Image& image, const std::string& path, OutputFormat format, double quality,
-                const std::string* metadataSource) {
+                const std::string* metadataSource, const ByteLimit& limit) {
     const double width = image.Width();
     const double height = image.Height();
     if (!std::isfinite(width) || !std::isfinite(height)) {
@@ -80,22 +81,34 @@ SaveResult Save(const Image& image, const std::string& path, OutputFormat format
             return SaveResult::Failed(scope.Reason(error), FailureStage::Encode);
         }
     }
-    return atomicfile::Replace(path, [&](const std::string& tempPath) {
-        return vipsencode::WriteFile(rendered, codec, quality, tempPath);
+    // Under a byte limit, nothing is written until an encoding fits; the
+    // temporary file of a failed save is removed.
+    std::optional<SizeFit> fit;
+    SaveResult result = atomicfile::Replace(path, [&](const std::string& tempPath) {
+        if (limit.maxBytes == 0) {
+            return vipsencode::WriteFile(rendered, codec, quality, tempPath);
+        }
+        SaveResult written =
+            sizefitting::WriteFileWithin(rendered, codec, quality, limit, tempPath);
+        fit = written.fit;
+        return written;
     });
+    result.fit = fit;
+    return result;
 }
 
 }  // namespace
 
 SaveResult ImageTools::TrySaveImage(const Image& image, const std::string& path,
-                                    OutputFormat format, double quality) {
-    return Save(image, path, format, quality, nullptr);
+                                    OutputFormat format, double quality, const ByteLimit& limit) {
+    return Save(image, path, format, quality, nullptr, limit);
 }
 
 SaveResult ImageTools::TrySaveImageWithMetadata(const Image& image, const std::string& path,
                                                 OutputFormat format, double quality,
-                                                const std::string& metadataSource) {
-    return Save(image, path, format, quality, &metadataSource);
+                                                const std::string& metadataSource,
+                                                const ByteLimit& limit) {
+    return Save(image, path, format, quality, &metadataSource, limit);
 }
 
 bool ImageTools::SaveImage(const Image& image, const std::string& path, OutputFormat format,

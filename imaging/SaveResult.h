@@ -1,8 +1,10 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <utility>
 
+#include "imaging/ByteLimit.h"
 #include "imaging/Failure.h"
 
 namespace vellumo {
@@ -17,10 +19,12 @@ struct SaveResult {
     // Where it failed: the file system (Write), the encoder (Encode), or the
     // source's pixels read while they were written (Decode).
     FailureStage stage = FailureStage::Write;
+    // How a file written under a byte limit was made to fit.
+    std::optional<SizeFit> fit;
 
-    static SaveResult Saved() { return {true, {}, FailureStage::Write}; }
+    static SaveResult Saved() { return {true, {}, FailureStage::Write, std::nullopt}; }
     static SaveResult Failed(std::string why, FailureStage stage = FailureStage::Write) {
-        return {false, std::move(why), stage};
+        return {false, std::move(why), stage, std::nullopt};
     }
 };
 

@@ -8,6 +8,7 @@
 #include <memory>
 #include <optional>
 
+#include "imaging/Fatal.h"
 #include "imaging/FileBytes.h"
 #include "imaging/FileErrors.h"
 #include "imaging/FileHandles.h"
@@ -158,7 +159,57 @@ bool EncoderDropsProfile(OutputCodec codec) {
     return codec == OutputCodec::Jpeg || codec == OutputCodec::Jpeg2000;
 }
 
+// The profile the JPEG and JPEG 2000 encoders leave out, put in.
+SaveResult PutBackProfile(const vips::VImage& rendered, OutputCodec codec,
+                          const std::string& path) {
+    if (EncoderDropsProfile(codec) && rendered.get_typeof(VIPS_META_ICC_NAME) != 0) {
+        std::size_t size = 0;
+        const void* profile = rendered.get_blob(VIPS_META_ICC_NAME, &size);
+        return EmbedIccProfile(path, profile, size);
+    }
+    return SaveResult::Saved();
+}
+
 }  // namespace
+
+bool EncodesIntoMemory(OutputCodec codec) {
+    return codec == OutputCodec::Jpeg || codec == OutputCodec::WebP || codec == OutputCodec::Avif ||
+           codec == OutputCodec::Heic || codec == OutputCodec::JpegXl;
+}
+
+std::vector<unsigned char> EncodeToMemory(const vips::VImage& rendered, OutputCodec codec,
+                                          double quality) {
+    if (!EncodesIntoMemory(codec)) {
+        Fatal("no encoding into memory for this codec");
+    }
+    // The same saver and options as for a file, into a buffer.
+    const Saver saver = SaverFor(rendered, codec, quality);
+    VipsBlob* buffer = nullptr;
+    vips::VImage::call((std::string(saver.operation) + "_buffer").c_str(),
+                       saver.options->set("in", rendered)->set("buffer", &buffer));
+    const BlobPtr blob(buffer);
+    const auto* data = static_cast<const unsigned char*>(VIPS_AREA(blob.get())->data);
+    return std::vector<unsigned char>(data, data + VIPS_AREA(blob.get())->length);
+}
+
+std::uint64_t ProfileBytes(const vips::VImage& rendered, OutputCodec codec) {
+    if (!EncoderDropsProfile(codec) || rendered.get_typeof(VIPS_META_ICC_NAME) == 0) {
+        return 0;
+    }
+    std::size_t size = 0;
+    rendered.get_blob(VIPS_META_ICC_NAME, &size);
+    // APP2 segments of at most 65519 bytes of profile, 18 bytes of header each.
+    return size + 18 * ((size + 65518) / 65519);
+}
+
+SaveResult WriteEncoded(const vips::VImage& rendered, OutputCodec codec,
+                        const std::vector<unsigned char>& bytes, const std::string& path) {
+    SaveResult written = OverwriteFileBytes(path, bytes.data(), bytes.size());
+    if (!written.saved) {
+        return written;
+    }
+    return PutBackProfile(rendered, codec, path);
+}
 
 SaveResult WriteFile(const vips::VImage& rendered, OutputCodec codec, double quality,
                      const std::string& path) {
@@ -190,12 +241,7 @@ SaveResult WriteFile(const vips::VImage& rendered, OutputCodec codec, double qua
             return written;
         }
     }
-    if (EncoderDropsProfile(codec) && rendered.get_typeof(VIPS_META_ICC_NAME) != 0) {
-        std::size_t size = 0;
-        const void* profile = rendered.get_blob(VIPS_META_ICC_NAME, &size);
-        return EmbedIccProfile(path, profile, size);
-    }
-    return SaveResult::Saved();
+    return PutBackProfile(rendered, codec, path);
 }
 
 }  // namespace vellumo::vipsencode

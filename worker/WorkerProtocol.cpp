@@ -208,6 +208,25 @@ ImageTask TaskOf(const Json& json) {
     return task;
 }
 
+// A date taken as [year, month, day, hour, minute, second], or null.
+Json PhotoFactsJson(const PhotoFacts& facts) {
+    Json json = {{"taken", nullptr}, {"camera", facts.camera}};
+    if (const auto& t = facts.taken) {
+        json["taken"] = {t->year, t->month, t->day, t->hour, t->minute, t->second};
+    }
+    return json;
+}
+
+PhotoFacts PhotoFactsOf(const Json& json) {
+    PhotoFacts facts;
+    facts.camera = json.at("camera").get<std::string>();
+    if (const Json& t = json.at("taken"); !t.is_null()) {
+        facts.taken = CalendarTime{t.at(0).get<int>(), t.at(1).get<int>(), t.at(2).get<int>(),
+                                   t.at(3).get<int>(), t.at(4).get<int>(), t.at(5).get<int>()};
+    }
+    return facts;
+}
+
 Json OutcomeJson(const ImageOutcome& outcome) {
     Json json = {{"status", StatusName(outcome.status)},
                  {"failure", nullptr},
@@ -226,6 +245,12 @@ Json OutcomeJson(const ImageOutcome& outcome) {
     }
     if (outcome.outputSize) {
         json["size"] = {outcome.outputSize->width, outcome.outputSize->height};
+    }
+    if (outcome.photoFacts) {
+        json["photoFacts"] = PhotoFactsJson(*outcome.photoFacts);
+    }
+    if (outcome.fittedQuality) {
+        json["fittedQuality"] = *outcome.fittedQuality;
     }
     return json;
 }
@@ -253,6 +278,12 @@ ImageOutcome OutcomeOf(const Json& json) {
     if (json.contains("size")) {
         outcome.outputSize =
             Size{json["size"].at(0).get<double>(), json["size"].at(1).get<double>()};
+    }
+    if (json.contains("fittedQuality")) {
+        outcome.fittedQuality = json.at("fittedQuality").get<int>();
+    }
+    if (json.contains("photoFacts")) {
+        outcome.photoFacts = PhotoFactsOf(json.at("photoFacts"));
     }
     return outcome;
 }

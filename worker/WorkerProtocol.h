@@ -27,8 +27,9 @@
 namespace vellumo::workerprotocol {
 
 // 2: a task says its kind and output target by name; an outcome carries its
-// failure (stage and reason) instead of a reason alone.
-inline constexpr int kVersion = 2;
+// failure (stage and reason) instead of a reason alone. 3: the "name-facts"
+// task, whose outcome carries the photo's facts.
+inline constexpr int kVersion = 3;
 
 struct Message {
     std::string json;

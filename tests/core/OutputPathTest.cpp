@@ -63,7 +63,11 @@ TEST(OutputPath, FileNameIsPutInBeforeTheIndex) {
 }
 
 TEST(OutputPath, TokensAreCaseSensitive) {
-    EXPECT_EQ(PathFor("[filename]", {"/p/a.png"}, 0, "/o", kPng), "/o/[filename] (1).png");
+    // "[filename]" is no token: refused rather than written as it is.
+    EXPECT_EQ(NameTemplateProblem("[filename]").value_or(""),
+              "unknown token [filename] (known: [FileName] [FileIndex] [Folder] [Ext] [Date] "
+              "[Date:pattern] [Camera] [Width] [Height] [Ratio])");
+    EXPECT_DEATH(PathFor("[filename]", {"/p/a.png"}, 0, "/o", kPng), "unknown token");
 }
 
 TEST(OutputPath, ExtensionIsTheLowerCasedFormatTitle) {

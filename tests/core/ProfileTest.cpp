@@ -34,6 +34,7 @@ CropSettings Unusual() {
     s.matchOrientation = false;
     s.anchor = CropAnchor::BottomRight;
     s.resize = {ResizeMode::Exact, 1080, 1350, true};
+    s.byteLimit = {512000, true};
     return s;
 }
 
@@ -58,6 +59,20 @@ void ExpectSame(const CropSettings& a, const CropSettings& b) {
     EXPECT_EQ(a.matchOrientation, b.matchOrientation);
     EXPECT_EQ(a.anchor, b.anchor);
     EXPECT_EQ(a.resize, b.resize);
+    EXPECT_EQ(a.byteLimit.maxBytes, b.byteLimit.maxBytes);
+    EXPECT_EQ(a.byteLimit.scaleDown, b.byteLimit.scaleDown);
+}
+
+TEST(Profile, AByteLimitIsAWholeNumberOfBytes) {
+    const Loaded<CropSettings> good = SettingsFromProfileText(
+        R"({"version": 2, "maxBytes": 500000, "maxBytesScaleDown": true})", {});
+    ASSERT_TRUE(good) << good.reason();
+    EXPECT_EQ(good->byteLimit.maxBytes, 500000u);
+    EXPECT_TRUE(good->byteLimit.scaleDown);
+    EXPECT_EQ(SettingsFromProfileText(R"({"version": 2, "maxBytes": -5})", {}).reason(),
+              "\"maxBytes\" must be between 0 and 1e+15");
+    EXPECT_EQ(SettingsFromProfileText(R"({"version": 2, "maxBytes": 1.5})", {}).reason(),
+              "\"maxBytes\" must be a whole number");
 }
 
 TEST(Profile, SaveThenLoadRestoresEverySettingExactly) {

@@ -31,7 +31,7 @@ ImageTask SomeTask() {
 
 TEST(WorkerProtocol, EveryTaskKindAndTargetReadsBackByItsName) {
     for (const TaskKind kind : {TaskKind::Crop, TaskKind::CropCarryingMetadata, TaskKind::DryRun,
-                                TaskKind::CarryMetadataOnly}) {
+                                TaskKind::CarryMetadataOnly, TaskKind::NameFacts}) {
         EXPECT_EQ(TaskKindFromName(TaskKindName(kind)), kind) << TaskKindName(kind);
         for (const OutputTarget target : {OutputTarget::NewFile, OutputTarget::Source}) {
             ImageTask task = SomeTask();
@@ -92,6 +92,7 @@ TEST(WorkerProtocol, RepliesReadBackAsTheyWereSent) {
     outcome.outputSize = Size{30, 40};
     outcome.warning = "Clipped to 30 × 40";
     outcome.notes = {{NoteKind::DateNotSet, "permission denied"}};
+    outcome.photoFacts = PhotoFacts{CalendarTime{2021, 12, 24, 18, 30, 15}, "PEN-F"};
     const auto reply = DecodeReply(Encode(Reply(OutcomeReply{outcome})));
     ASSERT_TRUE(reply);
     const auto* back = std::get_if<OutcomeReply>(&*reply);
@@ -101,6 +102,11 @@ TEST(WorkerProtocol, RepliesReadBackAsTheyWereSent) {
     EXPECT_EQ(back->outcome.outputSize, outcome.outputSize);
     EXPECT_EQ(back->outcome.warning, outcome.warning);
     EXPECT_EQ(back->outcome.notes, outcome.notes);
+    EXPECT_EQ(back->outcome.photoFacts, outcome.photoFacts);
+    outcome.photoFacts = PhotoFacts{};  // no date at all
+    EXPECT_EQ(std::get<OutcomeReply>(*DecodeReply(Encode(Reply(OutcomeReply{outcome}))))
+                  .outcome.photoFacts,
+              outcome.photoFacts);
 
     const auto note = DecodeReply(Encode(Reply(DecodingNote{1ull << 40})));
     ASSERT_TRUE(note && std::holds_alternative<DecodingNote>(*note));
