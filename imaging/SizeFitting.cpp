@@ -101,8 +101,7 @@ SaveResult Fit(const vips::VImage& rendered, OutputCodec codec, double quality,
             return written;
         }
         const double next = fit.scale * kScaleStep;
-        if (!limit.scaleDown ||
-            std::min(pixels.width(), pixels.height()) * next < kSmallestSide) {
+        if (!limit.scaleDown || std::min(pixels.width(), pixels.height()) * next < kSmallestSide) {
             return SaveResult::Failed(TooLarge(limit, fit), FailureStage::Encode);
         }
         fit.scale = next;
