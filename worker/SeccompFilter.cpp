@@ -72,6 +72,12 @@ int Refuse(scmp_filter_ctx filter, const char* name, int error = kRefused) {
     return seccomp_rule_add(filter, SCMP_ACT_ERRNO(error), call, 0);
 }
 
+// An argument comparison; libseccomp's SCMP_A0... macros build these as C99
+// compound literals, which C++ does not have.
+scmp_arg_cmp Arg(unsigned int arg, scmp_compare op, scmp_datum_t a, scmp_datum_t b = 0) {
+    return scmp_arg_cmp{arg, op, a, b};
+}
+
 int AddRules(scmp_filter_ctx filter) {
     int failed = 0;
     for (const char* name : kRefusedCalls) {
@@ -83,26 +89,26 @@ int AddRules(scmp_filter_ctx filter) {
     failed |= Refuse(filter, "clone3", ENOSYS);
     for (const unsigned long flag : kNamespaceFlags) {
         failed |= seccomp_rule_add(filter, SCMP_ACT_ERRNO(kRefused), SCMP_SYS(clone), 1,
-                                   SCMP_A0(SCMP_CMP_MASKED_EQ, flag, flag));
+                                   Arg(0, SCMP_CMP_MASKED_EQ, flag, flag));
     }
     // Terminal injection: pushing characters into a terminal's input, or
     // the Linux console's selection.
     for (const unsigned long request :
          {static_cast<unsigned long>(TIOCSTI), static_cast<unsigned long>(TIOCLINUX)}) {
         failed |= seccomp_rule_add(filter, SCMP_ACT_ERRNO(kRefused), SCMP_SYS(ioctl), 1,
-                                   SCMP_A1(SCMP_CMP_MASKED_EQ, 0xffffffffu, request));
+                                   Arg(1, SCMP_CMP_MASKED_EQ, 0xffffffffu, request));
     }
     // Signals only to the worker itself (glibc's abort and raise, a
     // sanitizer's report): never to the engine or anyone else.
     const scmp_datum_t self = static_cast<scmp_datum_t>(getpid());
     failed |= seccomp_rule_add(filter, SCMP_ACT_ERRNO(kRefused), SCMP_SYS(kill), 1,
-                               SCMP_A0(SCMP_CMP_NE, self));
+                               Arg(0, SCMP_CMP_NE, self));
     failed |= seccomp_rule_add(filter, SCMP_ACT_ERRNO(kRefused), SCMP_SYS(tgkill), 1,
-                               SCMP_A0(SCMP_CMP_NE, self));
+                               Arg(0, SCMP_CMP_NE, self));
     failed |= seccomp_rule_add(filter, SCMP_ACT_ERRNO(kRefused), SCMP_SYS(rt_sigqueueinfo), 1,
-                               SCMP_A0(SCMP_CMP_NE, self));
+                               Arg(0, SCMP_CMP_NE, self));
     failed |= seccomp_rule_add(filter, SCMP_ACT_ERRNO(kRefused), SCMP_SYS(rt_tgsigqueueinfo), 1,
-                               SCMP_A0(SCMP_CMP_NE, self));
+                               Arg(0, SCMP_CMP_NE, self));
     failed |= Refuse(filter, "tkill");
     return failed;
 }
