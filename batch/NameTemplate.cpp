@@ -194,9 +194,15 @@ ExpandedName NameTemplate::Expand(const NameValues& values) const {
             missing.push_back(NameOfToken(*part.token));
         }
     }
+    // Appended piece by piece: GCC 12 at -O3 takes "[" + name + "]" for an
+    // overlapping copy (a false -Wrestrict).
     for (const std::string_view name : missing) {
-        expanded.warning +=
-            (expanded.warning.empty() ? "" : ", ") + ("[" + std::string(name) + "]");
+        if (!expanded.warning.empty()) {
+            expanded.warning += ", ";
+        }
+        expanded.warning += '[';
+        expanded.warning += name;
+        expanded.warning += ']';
     }
     if (!missing.empty()) {
         expanded.warning += missing.size() == 1 ? " has no value: left empty in the name"
@@ -221,7 +227,9 @@ std::string RatioName(Size size) {
     for (const AutoCropRatio& listed : kAutoCropRatios) {
         const AspectRatio sides = listed.ratio;
         std::string title(listed.title);
-        title.replace(title.find(':'), 1, "x");
+        if (const std::size_t colon = title.find(':'); colon != std::string::npos) {
+            title[colon] = 'x';
+        }
         if (std::abs(ratio / (sides.width / sides.height) - 1.0) <= 0.01) {
             return title;
         }
