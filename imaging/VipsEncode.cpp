@@ -202,8 +202,25 @@ std::uint64_t ProfileBytes(const vips::VImage& rendered, OutputCodec codec) {
     return size + 18 * ((size + 65518) / 65519);
 }
 
+namespace {
+
+// libvips' tile cache can lose a decoder's failure raised on one of its
+// threads: the save then ends as if every pixel had come, with damaged ones
+// written. The tap saw the failure, and it is honoured all the same.
+SaveResult LostDecoderFailure(const vips::VImage& rendered) {
+    const std::string warning = sourcetap::DecoderWarning(rendered);
+    return SaveResult::Failed(
+        vipsruntime::ReasonFromError(warning.empty() ? "the decoder failed" : warning),
+        FailureStage::Decode);
+}
+
+}  // namespace
+
 SaveResult WriteEncoded(const vips::VImage& rendered, OutputCodec codec,
                         const std::vector<unsigned char>& bytes, const std::string& path) {
+    if (sourcetap::DecoderFailed(rendered)) {
+        return LostDecoderFailure(rendered);
+    }
     SaveResult written = OverwriteFileBytes(path, bytes.data(), bytes.size());
     if (!written.saved) {
         return written;
@@ -233,6 +250,9 @@ SaveResult WriteFile(const vips::VImage& rendered, OutputCodec codec, double qua
             return SaveResult::Failed(scope.Reason(error), FailureStage::Encode);
         }
         return SaveResult::Failed(reason, FailureStage::Write);
+    }
+    if (sourcetap::DecoderFailed(rendered)) {
+        return LostDecoderFailure(rendered);
     }
     if (inMemory) {
         SaveResult written = OverwriteFileBytes(path, VIPS_AREA(inMemory.get())->data,
