@@ -124,7 +124,14 @@ std::optional<NameTemplate> NameTemplate::Parse(const std::string& given, std::s
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t open = text.find('[', at);
         if (open != at) {
-            parsed.parts_.push_back({std::nullopt, text.substr(at, open - at), std::nullopt});
+            std::string literal = text.substr(at, open - at);
+            // A name, never a path: "/" would put the crop into another
+            // folder than the output folder, ".." even outside it.
+            if (literal.find_first_of(std::string_view("/\0", 2)) != std::string::npos) {
+                problem = "a name cannot hold \"/\": every crop goes into the output folder";
+                return std::nullopt;
+            }
+            parsed.parts_.push_back({std::nullopt, std::move(literal), std::nullopt});
             at = open;
             continue;
         }

@@ -85,6 +85,15 @@ TEST(NameTemplate, UnknownOrUnclosedTokensAreRefused) {
     EXPECT_FALSE(NameTemplateProblem("plain ] text [FileName]"));
 }
 
+TEST(NameTemplate, ANameThatWouldLeaveTheOutputFolderIsRefused) {
+    const std::string why = "a name cannot hold \"/\": every crop goes into the output folder";
+    EXPECT_EQ(NameTemplateProblem("../../[FileName]").value_or(""), why);
+    EXPECT_EQ(NameTemplateProblem("sub/[FileName]").value_or(""), why);
+    EXPECT_EQ(NameTemplateProblem(std::string("a\0b", 3)).value_or(""), why);
+    // A date pattern's "/" becomes part of the name, as in any value.
+    EXPECT_EQ(Expand("[Date:yyyy/MM]", Photo()).name, "2023_07");
+}
+
 TEST(NameTemplate, RatioNames) {
     EXPECT_EQ(RatioName({1920, 1080}), "16x9");
     EXPECT_EQ(RatioName({1080, 1920}), "9x16");
