@@ -1,5 +1,8 @@
 #include "imaging/ExivRuntime.h"
 
+#include <sys/mman.h>
+#include <sys/stat.h>
+
 #include <mutex>
 #include <optional>
 
@@ -31,17 +34,51 @@ std::vector<unsigned char> BytesOf(Exiv2::Image& image) {
     return bytes;
 }
 
-std::unique_ptr<Exiv2::Image> OpenFile(const std::string& path, std::vector<unsigned char>& bytes) {
+SourceBytes::~SourceBytes() {
+    if (mapped_ != nullptr) {
+        munmap(mapped_, mappedSize_);
+    }
+}
+
+bool SourceBytes::Take(const std::string& path, std::string& reason) {
+    const std::optional<int> fd = filehandles::NamedDescriptor(path);
+    struct stat status {};
+    if (fd && fstat(*fd, &status) == 0 && S_ISREG(status.st_mode) && status.st_size > 0) {
+        void* mapped =
+            mmap(nullptr, static_cast<std::size_t>(status.st_size), PROT_READ, MAP_PRIVATE, *fd, 0);
+        if (mapped != MAP_FAILED) {
+            mapped_ = mapped;
+            mappedSize_ = static_cast<std::size_t>(status.st_size);
+            return true;
+        }
+    }
+    std::optional<std::vector<unsigned char>> read = ReadFileBytes(path, reason);
+    if (!read) {
+        return false;
+    }
+    read_ = std::move(*read);
+    return true;
+}
+
+const unsigned char* SourceBytes::Data() const {
+    return mapped_ != nullptr ? static_cast<const unsigned char*>(mapped_) : read_.data();
+}
+
+std::size_t SourceBytes::Size() const {
+    return mapped_ != nullptr ? mappedSize_ : read_.size();
+}
+
+std::unique_ptr<Exiv2::Image> OpenFile(const std::string& path, SourceBytes& bytes) {
     if (!filehandles::NamedDescriptor(path)) {
         return Open(Exiv2::ImageFactory::open(path));
     }
     std::string reason;
-    std::optional<std::vector<unsigned char>> read = ReadFileBytes(path, reason);
-    if (!read) {
+    if (!bytes.Take(path, reason)) {
         throw Exiv2::Error(Exiv2::kerDataSourceOpenFailed, path, reason);
     }
-    bytes = std::move(*read);
-    return Open(Exiv2::ImageFactory::open(bytes.data(), static_cast<long>(bytes.size())));
+    // Exiv2's memory source parses these bytes where they are; it copies
+    // them only to write, which is never asked of it here.
+    return Open(Exiv2::ImageFactory::open(bytes.Data(), static_cast<long>(bytes.Size())));
 }
 
 }  // namespace vellumo::exivruntime

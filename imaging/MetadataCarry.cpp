@@ -156,7 +156,7 @@ std::optional<EncoderMetadata> ForEncoder(const std::string& originalImagePath, 
                                           long height) {
     exivruntime::EnsureStarted();
     try {
-        std::vector<unsigned char> bytes;
+        exivruntime::SourceBytes bytes;
         const std::unique_ptr<Exiv2::Image> original =
             exivruntime::OpenFile(originalImagePath, bytes);
         original->readMetadata();
@@ -188,7 +188,7 @@ MetadataResult Carry(const std::string& originalImagePath, const std::string& cr
     // them means the file cannot be used here.
     SourceMetadata source;
     try {
-        std::vector<unsigned char> bytes;
+        exivruntime::SourceBytes bytes;
         const std::unique_ptr<Exiv2::Image> original =
             exivruntime::OpenFile(originalImagePath, bytes);
         original->readMetadata();

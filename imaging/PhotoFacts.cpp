@@ -66,8 +66,8 @@ PhotoFacts ReadPhotoFacts(const std::string& path) {
     // standard exceptions: either way the file names nothing.
     try {
         // The worker reads its source by the descriptor's name, which Exiv2
-        // would open anew (refused by its sandbox): OpenFile reads it.
-        std::vector<unsigned char> bytes;
+        // would open anew (refused by its sandbox): OpenFile maps it.
+        exivruntime::SourceBytes bytes;
         const std::unique_ptr<Exiv2::Image> image = exivruntime::OpenFile(path, bytes);
         image->readMetadata();
         const Exiv2::ExifData& exif = image->exifData();
