@@ -3,26 +3,23 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDir>
-#include <QDirIterator>
 #include <QFileInfo>
 
+#include "batch/InputFolders.h"
 #include "ui/list/ImagePaths.h"
 
 namespace vellumo {
 
 namespace {
 
+// The folder walked as the command line walks it (hidden files, other
+// files and linked loops left out), in the list's reading order.
 QStringList ImagesInFolder(const QString& folder, bool recursive) {
-    QStringList patterns;
-    for (const QString& extension : AcceptedImageExtensions()) {
-        patterns << QStringLiteral("*.") + extension;
-    }
+    const WalkedInputs walked = WalkInputs({folder.toStdString()}, recursive);
     QStringList images;
-    QDirIterator it(folder, patterns, QDir::Files | QDir::Readable,
-                    recursive ? QDirIterator::Subdirectories | QDirIterator::FollowSymlinks
-                              : QDirIterator::NoIteratorFlags);
-    while (it.hasNext()) {
-        images << it.next();
+    images.reserve(static_cast<qsizetype>(walked.images.size()));
+    for (const std::string& image : walked.images) {
+        images << QString::fromStdString(image);
     }
     SortInReadingOrder(images);
     return images;

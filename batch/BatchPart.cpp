@@ -7,8 +7,9 @@ namespace vellumo {
 BatchPart SelectBatchPart(const CropSettings& settings, const std::vector<std::string>& all,
                           ClashPolicy policy, const std::optional<Shard>& shard,
                           const std::vector<ManifestEntry>& done,
-                          const std::vector<ImageNameFacts>* facts) {
-    const OutputPlan whole = PlanOutputs(settings, all, policy, facts);
+                          const std::vector<ImageNameFacts>* facts,
+                          const std::vector<std::string>* roots) {
+    const OutputPlan whole = PlanOutputs(settings, all, policy, facts, roots);
     // The latest entry of each source.
     std::unordered_map<std::string, const ManifestEntry*> latest;
     for (const ManifestEntry& entry : done) {

@@ -1,5 +1,8 @@
 #include "batch/CropCommand.h"
 
+#include <filesystem>
+#include <set>
+#include <system_error>
 #include <utility>
 
 #include "batch/NameFacts.h"
@@ -21,6 +24,25 @@ CropCommandResult Refused(CropRefusal::Kind kind, std::string folder, std::strin
     CropCommandResult result = Ended(CropCommandResult::Ending::Refused);
     result.refusal = CropRefusal{kind, std::move(folder), std::move(detail)};
     return result;
+}
+
+// The output folder's subfolders the kept tree writes into, made before
+// the job (the worker makes nothing). One that cannot be made fails its
+// images' writes, with the reason the file system gives.
+void MakeSubfolders(const std::string& outputFolder, const OutputPlan& plan) {
+    namespace fs = std::filesystem;
+    std::set<fs::path> made;
+    for (const PlannedOutput& image : plan.images) {
+        const fs::path folder = fs::path(image.path).parent_path();
+        if (!image.refusal.empty() || folder == fs::path(outputFolder) ||
+            !made.insert(folder).second) {
+            continue;
+        }
+        std::error_code ignored;
+        fs::create_directories(folder, ignored);
+        // Left over from an earlier run that was killed mid-write.
+        atomicfile::RemoveLeftoversOfEndedProcesses(folder.string());
+    }
 }
 
 }  // namespace
@@ -61,7 +83,7 @@ std::optional<BatchPart> CropCommand::Plan(CropQuestions& questions) const {
         GatherNameFacts(settings, request_.images, processor_, &request_.adjustments);
     const auto part = [&](ClashPolicy policy) {
         return SelectBatchPart(settings, request_.images, policy, request_.shard, request_.recorded,
-                               &facts);
+                               &facts, &request_.roots);
     };
     BatchPart planned = part(request_.clashes.value_or(ClashPolicy::Refuse));
     // An auto crop always lies on the image.
@@ -101,6 +123,9 @@ CropCommandResult CropCommand::Run(CropQuestions& questions, CropObserver& obser
     if (!settings.replaceOriginals && !request_.dryRun) {
         // What a run killed in the middle of a write left there.
         atomicfile::RemoveLeftoversOfEndedProcesses(settings.outputFolder);
+        if (settings.keepStructure) {
+            MakeSubfolders(settings.outputFolder, part->plan);
+        }
     }
     if (std::string reason; !observer.Starting(*part, reason)) {
         return Refused(CropRefusal::Kind::NotStarted, settings.outputFolder, reason);

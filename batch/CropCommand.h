@@ -84,9 +84,12 @@ class CropObserver {
 struct CropRequest {
     CropSettings settings;
     std::vector<std::string> images;  // the list, in its order
-    CropAdjustments adjustments;      // rectangles adjusted by hand, by path
-    int jobs = 1;                     // images in flight at once
-    bool dryRun = false;              // decide and report, make and write nothing
+    // The folders the images were found through, for outputs that keep the
+    // tree (CropSettings::keepStructure); none: the folder they all share.
+    std::vector<std::string> roots;
+    CropAdjustments adjustments;  // rectangles adjusted by hand, by path
+    int jobs = 1;                 // images in flight at once
+    bool dryRun = false;          // decide and report, make and write nothing
     // Images that would share a path: asked (NumberClashes) when none is
     // given, else settled by this policy without a question.
     std::optional<ClashPolicy> clashes;

@@ -141,6 +141,10 @@ struct CropSettings {
     std::string nameTemplate{kDefaultNameTemplate};
     std::string outputFolder;
     bool keepMetadata = false;  // EXIF information and creation date
+    // Each crop goes into the output folder's subfolder that matches the
+    // folder its source sits in below the folder it was found through
+    // (InputFolders.h), made as needed; all in the output folder otherwise.
+    bool keepStructure = false;
     // Each image's crop replaces its own file, in its own format; the name
     // template, the folder and the format are not used. Never saved in a
     // profile: it is chosen anew, and confirmed, for every job.

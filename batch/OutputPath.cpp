@@ -6,10 +6,11 @@
 namespace vellumo {
 
 OutputName GenerateOutputName(const NameTemplate& name, const CropSettings& settings,
-                              const NameValues& values) {
+                              const NameValues& values, const std::string& subfolder) {
     ExpandedName expanded = name.Expand(values);
-    return {settings.outputFolder + "/" + expanded.name + "." +
-                OutputFormatExtension(settings.outputFormat),
+    const std::string folder =
+        subfolder.empty() ? settings.outputFolder : settings.outputFolder + "/" + subfolder;
+    return {folder + "/" + expanded.name + "." + OutputFormatExtension(settings.outputFormat),
             std::move(expanded.warning)};
 }
 

@@ -10,6 +10,7 @@
 #include <system_error>
 #include <unordered_map>
 
+#include "batch/InputFolders.h"
 #include "batch/OutputPath.h"
 #include "imaging/Formats.h"
 
@@ -91,6 +92,8 @@ struct Naming {
     std::optional<NameTemplate> name;
     std::string problem;  // why the template cannot be read
     const std::vector<ImageNameFacts>* facts = nullptr;
+    // Where the tree is kept: what each image's subfolder is measured from.
+    std::vector<std::string> roots;
 };
 
 // A new file's path by the name template; false, with the refusal set, when
@@ -108,7 +111,9 @@ bool PlaceNewFile(const CropSettings& settings, const std::vector<std::string>& 
         values.outputSize = (*naming.facts)[i].outputSize;
         values.facts = (*naming.facts)[i].photoFacts;
     }
-    OutputName named = GenerateOutputName(*naming.name, settings, values);
+    const std::string subfolder =
+        settings.keepStructure ? FolderBelowRoots(listImagePaths[i], naming.roots) : std::string();
+    OutputName named = GenerateOutputName(*naming.name, settings, values, subfolder);
     image.path = std::move(named.path);
     image.warning = std::move(named.warning);
     image.format = settings.outputFormat;
@@ -202,10 +207,16 @@ void SettleClashes(OutputPlan& plan, PlannedKeys& k, ClashPolicy policy) {
 }  // namespace
 
 OutputPlan PlanOutputs(const CropSettings& settings, const std::vector<std::string>& listImagePaths,
-                       ClashPolicy policy, const std::vector<ImageNameFacts>* facts) {
+                       ClashPolicy policy, const std::vector<ImageNameFacts>* facts,
+                       const std::vector<std::string>* roots) {
     Naming naming;
     naming.name = NameTemplate::Parse(settings.nameTemplate, naming.problem);
     naming.facts = facts;
+    if (settings.keepStructure) {
+        naming.roots = roots != nullptr && !roots->empty()
+                           ? *roots
+                           : std::vector<std::string>{SharedFolder(listImagePaths)};
+    }
     OutputPlan plan;
     plan.images.resize(listImagePaths.size());
     PlannedKeys keys;

@@ -71,8 +71,12 @@ struct OutputPlan {
 // `facts` holds what the names need read from the images, one entry per
 // listed image (GatherNameFacts); without it those tokens are left empty.
 // A name template that cannot be read refuses every image with its reason.
+// When the settings keep the tree, each output's subfolder is measured from
+// the deepest of `roots` holding its image; without roots, from the folder
+// all the images share.
 OutputPlan PlanOutputs(const CropSettings& settings, const std::vector<std::string>& listImagePaths,
-                       ClashPolicy policy, const std::vector<ImageNameFacts>* facts = nullptr);
+                       ClashPolicy policy, const std::vector<ImageNameFacts>* facts = nullptr,
+                       const std::vector<std::string>* roots = nullptr);
 
 // The output format a file's extension names ("jpg" gives Jpg), any case;
 // nothing for an extension that is no output format.

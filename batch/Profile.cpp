@@ -208,6 +208,7 @@ std::string ProfileText(const CropSettings& s) {
         {"nameTemplate", s.nameTemplate},
         {"outputFolder", s.outputFolder},
         {"keepMetadata", s.keepMetadata},
+        {"keepStructure", s.keepStructure},
         {"maxBytes", s.byteLimit.maxBytes},
         {"maxBytesScaleDown", s.byteLimit.scaleDown},
     };
@@ -269,6 +270,7 @@ Loaded<CropSettings> SettingsFromProfileText(const std::string& text, const Crop
         ReadString(profile, "nameTemplate", s.nameTemplate);
         ReadString(profile, "outputFolder", s.outputFolder);
         ReadBool(profile, "keepMetadata", s.keepMetadata);
+        ReadBool(profile, "keepStructure", s.keepStructure);
         ReadByteLimit(profile, s.byteLimit);
         ReadRules(profile, s);
     } catch (const Problem& problem) {

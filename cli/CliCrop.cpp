@@ -14,7 +14,34 @@ CliAnswers::CliAnswers(OverwriteMode overwrite) : ask_(MakeOverwriteAsker(overwr
 CliProgress::CliProgress(const CliOptions& options, std::stop_source stop)
     : options_(options), stop_(std::move(stop)) {}
 
+namespace {
+
+// What the walk of the folders given left out, in one line; nothing when
+// it left nothing out.
+std::string LeftOutLine(const WalkedInputs& walk) {
+    std::string line;
+    const auto add = [&line](long count, const char* one, const char* many) {
+        if (count > 0) {
+            line += (line.empty() ? "" : ", ") + std::to_string(count) + " " +
+                    (count == 1 ? one : many);
+        }
+    };
+    add(walk.hiddenSkipped, "hidden file or folder", "hidden files and folders");
+    add(walk.nonImagesSkipped, "file that is no image", "files that are no images");
+    add(walk.loopsSkipped, "linked folder leading back up", "linked folders leading back up");
+    return line.empty() ? line : "left out of the folders: " + line;
+}
+
+}  // namespace
+
 void CliProgress::Planned(const BatchPart& part) {
+    for (const UnreadFolder& folder : options_.walk.unread) {
+        std::cerr << "vellumo-cli: cannot read the folder " << folder.folder << ": "
+                  << folder.reason << std::endl;
+    }
+    if (const std::string line = LeftOutLine(options_.walk); !line.empty() && !options_.quiet) {
+        std::cerr << "vellumo-cli: " << line << std::endl;
+    }
     if (part.alreadyDone > 0 && !options_.quiet) {
         std::cerr << "vellumo-cli: " << part.alreadyDone << " of " << part.shardSize
                   << " images already done (recorded in " << options_.manifest << ")" << std::endl;
@@ -52,7 +79,8 @@ int CliProgress::Finish(const JobReport& report) {
     if (report.stopped) {
         return 130;
     }
-    return report.allSucceeded ? 0 : 1;
+    // A folder that could not be read is work not done.
+    return report.allSucceeded && options_.walk.unread.empty() ? 0 : 1;
 }
 
 int ReportRefusal(const CliOptions& options, const CropRefusal& refusal) {
@@ -80,6 +108,7 @@ CropRequest RequestOf(const CliOptions& options, std::vector<ManifestEntry> reco
     CropRequest request;
     request.settings = options.settings;
     request.images = options.files;
+    request.roots = options.roots;
     request.adjustments = options.adjustments;
     request.jobs = options.jobs;
     request.dryRun = options.dryRun;

@@ -22,7 +22,7 @@ namespace {
 
 struct SourceGroup {  // where the settings and the images come from
     std::string profile, plan, inputs;
-    bool nulSeparated = false;
+    bool nulSeparated = false, recursive = false;
     CLI::Option* profileOption = nullptr;
     CLI::Option* planOption = nullptr;
     CLI::Option* inputsOption = nullptr;
@@ -38,10 +38,12 @@ struct OutputGroup {  // what is written, and where
     std::string format = "JPG", nameTemplate{kDefaultNameTemplate}, folder, overwrite, onClash,
                 maxBytes;
     float quality = 80.0f;
-    bool lossless = false, keepMetadata = false, inPlace = false, maxBytesResize = false;
+    bool lossless = false, keepMetadata = false, inPlace = false, maxBytesResize = false,
+         keepStructure = false;
     CLI::Option *formatOption = nullptr, *qualityOption = nullptr, *losslessOption = nullptr,
                 *nameOption = nullptr, *outputOption = nullptr, *keepOption = nullptr,
-                *maxBytesOption = nullptr, *maxBytesResizeOption = nullptr;
+                *maxBytesOption = nullptr, *maxBytesResizeOption = nullptr,
+                *structureOption = nullptr;
 };
 
 struct BatchGroup {  // this run's share of a large batch, and its record
@@ -138,6 +140,10 @@ void AddOutput(CLI::App& app, OutputGroup& g) {
     g.keepOption =
         group->add_flag("--keep-metadata", g.keepMetadata,
                         "Carry EXIF, IPTC, XMP and the creation date over to the outputs");
+    g.structureOption = group->add_flag(
+        "--keep-structure", g.keepStructure,
+        "Write each crop into the subfolder of --output that matches its source's folder below "
+        "the folder given");
     group
         ->add_option("--overwrite", g.overwrite,
                      "Existing outputs: ask, all or none (default: ask on a terminal, else none)")
@@ -153,7 +159,8 @@ void AddOutput(CLI::App& app, OutputGroup& g) {
                    "--name or --format)")
         ->excludes(g.outputOption)
         ->excludes(g.nameOption)
-        ->excludes(g.formatOption);
+        ->excludes(g.formatOption)
+        ->excludes(g.structureOption);
 }
 
 void AddJob(CLI::App& app, CliOptions& options, double& timeoutSeconds) {
@@ -182,7 +189,8 @@ void AddJob(CLI::App& app, CliOptions& options, double& timeoutSeconds) {
 }
 
 void AddInputs(CLI::App& app, SourceGroup& g, CliOptions& options) {
-    app.add_option("FILE", options.files, "Image files to crop")->excludes(g.planOption);
+    app.add_option("FILE", options.files, "Image files, and folders of them, to crop")
+        ->excludes(g.planOption);
     CLI::App* group = app.add_option_group("Inputs");
     g.inputsOption = group->add_option(
         "--inputs", g.inputs,
@@ -192,6 +200,7 @@ void AddInputs(CLI::App& app, SourceGroup& g, CliOptions& options) {
         ->add_flag("--null", g.nulSeparated,
                    "The --inputs file separates paths with NUL bytes (find -print0)")
         ->needs(g.inputsOption);
+    group->add_flag("--recursive", g.recursive, "Also crop the images in the folders' subfolders");
 }
 
 void AddBatch(CLI::App& app, BatchGroup& g, CliOptions& options, CLI::Option* planOption) {
@@ -228,6 +237,38 @@ Problem ReadInputs(const SourceGroup& g, CliOptions& options, bool& standardInpu
     options.files.insert(options.files.end(), listed->begin(), listed->end());
     if (g.inputs == "-") {
         standardInputIsTerminal = false;
+    }
+    return std::nullopt;
+}
+
+// Folders given become the images in them (and below, with --recursive);
+// what was left out is told before the job (CliOptions::walk).
+Problem WalkFolders(const SourceGroup& g, CliOptions& options) {
+    WalkedInputs walked = WalkInputs(options.files, g.recursive);
+    if (walked.images.empty() && !walked.roots.empty() && walked.unread.empty()) {
+        return walked.roots.front() + ": no image files in the folder" +
+               (g.recursive ? "" : " (--recursive takes its subfolders too)");
+    }
+    options.files = std::move(walked.images);
+    options.roots = walked.roots;
+    options.walk = std::move(walked);
+    return std::nullopt;
+}
+
+// Crops written among the images they come from would be taken for images
+// by the next walk of that folder, and mixed with them: only the kept tree
+// may write there, beside each source.
+Problem OutputAmongInputs(const CliOptions& options) {
+    const CropSettings& s = options.settings;
+    if (s.replaceOriginals || s.keepStructure) {
+        return std::nullopt;
+    }
+    for (const std::string& root : options.roots) {
+        std::error_code ignored;
+        if (std::filesystem::equivalent(root, s.outputFolder, ignored)) {
+            return "--output: " + s.outputFolder +
+                   " is a folder of the images: give another folder, or --keep-structure";
+        }
     }
     return std::nullopt;
 }
@@ -375,6 +416,8 @@ Problem ApplyOutput(const OutputGroup& g, CropSettings& s) {
         s.outputFolder = g.folder;
     if (g.keepOption->count() > 0)
         s.keepMetadata = g.keepMetadata;
+    if (g.structureOption->count() > 0)
+        s.keepStructure = g.keepStructure;
     if (g.maxBytesOption->count() > 0) {
         const std::optional<std::uint64_t> bytes = ByteCountOf(g.maxBytes);
         if (!bytes) {
@@ -411,10 +454,6 @@ void ApplyAnswers(const OutputGroup& g, bool standardInputIsTerminal, CliOptions
 
 Problem CheckFiles(const std::vector<std::string>& files) {
     for (const std::string& file : files) {
-        std::error_code ignored;
-        if (std::filesystem::is_directory(file, ignored)) {
-            return file + " is a folder: give image files";
-        }
         if (InputExtensionOfPath(file) == nullptr) {
             return file + ": not an image file name (" + InputExtensionList(" ") + ")";
         }
@@ -430,6 +469,8 @@ Problem ApplyGroups(const Groups& g, bool standardInputIsTerminal,
         std::chrono::milliseconds(static_cast<long long>(g.timeoutSeconds * 1000.0));
     Problem problem = ReadInputs(g.source, options, standardInputIsTerminal);
     if (!problem)
+        problem = WalkFolders(g.source, options);
+    if (!problem)
         problem = SelectShard(g.batch, options, environment);
     if (!problem)
         problem = LoadSettingsFiles(g.source, options);
@@ -441,6 +482,8 @@ Problem ApplyGroups(const Groups& g, bool standardInputIsTerminal,
         problem = ApplyResize(g.rule, options.settings);
     if (!problem)
         problem = ApplyOutput(g.output, options.settings);
+    if (!problem)
+        problem = OutputAmongInputs(options);
     if (problem) {
         return problem;
     }

@@ -8,6 +8,7 @@
 
 #include "batch/CropAdjustments.h"
 #include "batch/CropSettings.h"
+#include "batch/InputFolders.h"
 #include "batch/OutputPlan.h"
 #include "batch/Shard.h"
 #include "worker/WorkerLimits.h"
@@ -19,6 +20,10 @@ enum class OverwriteMode { Ask, All, None };
 struct CliOptions {
     CropSettings settings;
     std::vector<std::string> files;
+    // The folders given, which the images' kept tree is measured from, and
+    // what their walk left out.
+    std::vector<std::string> roots;
+    WalkedInputs walk;
     CropAdjustments adjustments;  // from a crop plan
     OverwriteMode overwrite = OverwriteMode::None;
     ClashPolicy onClash = ClashPolicy::Refuse;

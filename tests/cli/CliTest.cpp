@@ -207,6 +207,7 @@ TEST_F(CliTest, KeepMetadataCarriesTheCameraAndGps) {
 TEST_F(CliTest, UsageErrorsExitWithTwoAndOneLineNamingTheOption) {
     test::CoordinateImage(8, 8).pngsave(dir.File("a.png").c_str());
     const std::string a = " " + ShellQuote(dir.File("a.png"));
+    std::filesystem::create_directories(dir.File("no images"));
     const struct {
         std::string arguments;
         std::string message;
@@ -246,8 +247,9 @@ TEST_F(CliTest, UsageErrorsExitWithTwoAndOneLineNamingTheOption) {
          "vellumo-cli: --auto excludes --percents\n"},
         {"--overwrite maybe --output o" + a, ""},
         {a, "vellumo-cli: --output is required\n"},
-        {"--output o " + ShellQuote(dir.path().string()),
-         "vellumo-cli: " + dir.path().string() + " is a folder: give image files\n"},
+        {"--output o " + ShellQuote(dir.File("no images")),
+         "vellumo-cli: " + dir.File("no images") +
+             ": no image files in the folder (--recursive takes its subfolders too)\n"},
         {"--output o notes.txt",
          "vellumo-cli: notes.txt: not an image file name (jpg jpeg jpe jp2 jpx png gif tif tiff "
          "bmp heic heif avif webp jxl)\n"},
