@@ -18,7 +18,8 @@ constexpr double kFullRange = 65535.0;
 constexpr double kSmallestFuzz = 0.70710678118654752;
 
 // The samples as R, G, B and A in 16-bit units (an opaque alpha added where
-// there is none), in doubles: ImageMagick's Q16 values for the same pixels.
+// there is none), as 16-bit integers: ImageMagick's Q16 values for the same
+// pixels.
 vips::VImage SixteenBitRgba(const vips::VImage& in) {
     vips::VImage samples = in;
     const bool plain =
@@ -28,7 +29,7 @@ vips::VImage SixteenBitRgba(const vips::VImage& in) {
         samples = pixelconvert::ToSrgb8(samples, samples.has_alpha());
     }
     const double scale = samples.format() == VIPS_FORMAT_USHORT ? 1.0 : 257.0;
-    samples = samples.cast(VIPS_FORMAT_DOUBLE) * scale;
+    samples = (samples.cast(VIPS_FORMAT_USHORT) * scale).cast(VIPS_FORMAT_USHORT);
     const int bands = samples.bands();
     // Grey is R = G = B, as ImageMagick reads it.
     if (bands <= 2) {
@@ -37,68 +38,127 @@ vips::VImage SixteenBitRgba(const vips::VImage& in) {
         samples = bands == 2 ? rgb.bandjoin(samples[1]) : rgb;
     }
     if (samples.bands() == 3) {
-        samples = samples.bandjoin_const({kFullRange});
+        samples = samples.bandjoin_const({kFullRange}).cast(VIPS_FORMAT_USHORT);
     }
     return samples;
 }
 
-// 255 where a pixel differs from `target` (R, G, B, A in 16-bit units) by
-// more than `fuzz`, as ImageMagick's IsMagickColorSimilar measures it.
-vips::VImage Differs(const vips::VImage& samples, const std::vector<double>& target, double fuzz,
-                     bool alpha) {
-    if (fuzz <= 0.0) {
-        // Exactly the same samples; any two fully transparent pixels are the
-        // same whatever colour they hide.
-        if (alpha && target[3] == 0.0) {
-            return samples[3] != 0.0;
-        }
-        return (samples != target).bandor();
-    }
-    const double limit = std::pow(std::max(fuzz, kSmallestFuzz), 2);
-    const vips::VImage colour = samples.extract_band(0, vips::VImage::option()->set("n", 3)) -
-                                std::vector<double>{target[0], target[1], target[2]};
-    const vips::VImage colourSquares = (colour * colour).bandmean() * 3.0;
-    if (!alpha) {
-        return colourSquares > 3.0 * limit;
-    }
-    const vips::VImage alphaDifference = samples[3] - target[3];
-    const vips::VImage alphaSquare = alphaDifference * alphaDifference;
-    // A transparent corner or pixel counts only its alpha: colour under no
-    // coverage is no colour.
-    const vips::VImage scale = samples[3] * (target[3] / (kFullRange * kFullRange));
-    const vips::VImage farColour = (alphaSquare * 3.0 + colourSquares * scale) > 3.0 * limit;
-    return (alphaSquare > limit) | ((scale > 1e-12) & farColour);
-}
+using Sample = std::uint16_t;
 
-// The first and last index whose count is above zero, the last taken only
-// above index 0, as ImageMagick's bounding box takes it; -1 for none.
-struct Span {
-    int first = -1;
-    int last = 0;
+// How ImageMagick's IsMagickColorSimilar tells a pixel from the corner's
+// colour at a fuzz of `fuzz` (16-bit units): with no fuzz, by equal samples,
+// any two fully transparent pixels being equal whatever colour they hide;
+// else by the distance sqrt((dR^2 + dG^2 + dB^2) / 3), scaled by both
+// alphas, on top of the alpha's own distance.
+class Likeness {
+  public:
+    Likeness(const Sample* corner, double fuzz, bool alpha)
+        : corner_(corner),
+          exact_(fuzz <= 0.0),
+          alpha_(alpha),
+          limit_(std::pow(std::max(fuzz, kSmallestFuzz), 2)) {}
+
+    bool Unlike(const Sample* p) const {
+        if (exact_) {
+            if (alpha_ && corner_[3] == 0) {
+                return p[3] != 0;
+            }
+            return !std::equal(p, p + 4, corner_);
+        }
+        double distance = 0.0;
+        double scale = 1.0;
+        if (alpha_) {
+            const double alpha = static_cast<double>(p[3]) - corner_[3];
+            distance = alpha * alpha;
+            if (distance > limit_) {
+                return true;
+            }
+            scale = (p[3] / kFullRange) * (corner_[3] / kFullRange);
+            if (scale <= kEpsilon) {
+                return false;
+            }
+        }
+        distance *= 3.0;
+        for (int band = 0; band < 3; ++band) {
+            const double d = static_cast<double>(p[band]) - corner_[band];
+            distance += d * d * scale;
+        }
+        return distance > 3.0 * limit_;
+    }
+
+  private:
+    static constexpr double kEpsilon = 1.0e-12;
+    const Sample* corner_;
+    bool exact_;
+    bool alpha_;
+    double limit_;
 };
 
-Span SpanOf(const std::vector<std::uint32_t>& counts, std::size_t band, std::size_t bands) {
-    Span span;
-    const std::size_t n = counts.size() / bands;
-    for (std::size_t i = 0; i < n; ++i) {
-        if (counts[i * bands + band] > 0) {
-            if (span.first < 0) {
-                span.first = static_cast<int>(i);
-            }
-            span.last = static_cast<int>(i);
-        }
-    }
-    return span;
-}
-
-std::vector<std::uint32_t> Counts(const vips::VImage& projection) {
-    const vips::VImage counts = projection.cast(VIPS_FORMAT_UINT);
+// A region's samples, read into memory (four a pixel, rows top first).
+std::vector<Sample> SamplesOf(const vips::VImage& region) {
     std::size_t bytes = 0;
-    void* memory = counts.write_to_memory(&bytes);
-    std::vector<std::uint32_t> values(bytes / sizeof(std::uint32_t));
-    std::copy_n(static_cast<const std::uint32_t*>(memory), values.size(), values.begin());
+    void* memory = region.write_to_memory(&bytes);
+    std::vector<Sample> values(bytes / sizeof(Sample));
+    std::copy_n(static_cast<const Sample*>(memory), values.size(), values.begin());
     g_free(memory);
     return values;
+}
+
+// One side of the image, searched inward for the first column (or row)
+// holding a pixel unlike the side's corner.
+struct Side {
+    bool columns;  // columns from the left or right, else rows
+    bool fromEnd;  // from the right or the bottom
+    int cornerX;
+    int cornerY;
+};
+
+// Borders are usually narrow: strips from the side inward, each twice as
+// deep as the last up to a bound, find the content after reading little of
+// the image, and never more than all of it.
+constexpr int kFirstStrip = 32;
+constexpr int kDeepestStrip = 512;
+
+// Whether any pixel of column (or row) `line` of a strip `columns` wide and
+// `rows` high is unlike the corner.
+bool LineUnlike(const std::vector<Sample>& strip, int columns, int rows, bool column, int line,
+                const Likeness& likeness) {
+    const int count = column ? rows : columns;
+    for (int i = 0; i < count; ++i) {
+        const std::size_t pixel = column ? static_cast<std::size_t>(i) * columns + line
+                                         : static_cast<std::size_t>(line) * columns + i;
+        if (likeness.Unlike(&strip[pixel * 4])) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// The index (from the left or top) of the first column or row from the
+// side's edge that holds a pixel unlike the corner; nothing when none does.
+std::optional<int> FirstUnlike(const vips::VImage& samples, const Side& side, double fuzz,
+                               bool alpha) {
+    const std::vector<Sample> corner =
+        SamplesOf(samples.extract_area(side.cornerX, side.cornerY, 1, 1));
+    const Likeness likeness(corner.data(), fuzz, alpha);
+    const int length = side.columns ? samples.width() : samples.height();
+    int strip = kFirstStrip;
+    for (int done = 0; done < length; done += strip, strip = std::min(2 * strip, kDeepestStrip)) {
+        const int depth = std::min(strip, length - done);
+        const int start = side.fromEnd ? length - done - depth : done;
+        const int columns = side.columns ? depth : samples.width();
+        const int rows = side.columns ? samples.height() : depth;
+        const std::vector<Sample> area =
+            SamplesOf(side.columns ? samples.extract_area(start, 0, columns, rows)
+                                   : samples.extract_area(0, start, columns, rows));
+        for (int i = 0; i < depth; ++i) {
+            const int line = side.fromEnd ? depth - 1 - i : i;
+            if (LineUnlike(area, columns, rows, side.columns, line, likeness)) {
+                return start + line;
+            }
+        }
+    }
+    return std::nullopt;
 }
 
 }  // namespace
@@ -125,25 +185,21 @@ std::optional<Rect> ImageTools::FindContent(const Image& image, double tolerance
         const int W = samples.width();
         const int H = samples.height();
         const double fuzz = std::clamp(tolerance, 0.0, kLargestTrimTolerance) / 100.0 * kFullRange;
-        const auto corner = [&](int x, int y) {
-            return Differs(samples, samples.getpoint(x, y), fuzz, alpha);
-        };
-        // Bands: unlike the top-left, the top-right and the bottom-left corner.
-        const vips::VImage masks =
-            corner(0, 0).bandjoin(corner(W - 1, 0)).bandjoin(corner(0, H - 1));
-        vips::VImage rows;
-        const vips::VImage columns = (masks / 255).cast(VIPS_FORMAT_UCHAR).project(&rows);
-        const std::vector<std::uint32_t> across = Counts(columns);
-        const std::vector<std::uint32_t> down = Counts(rows);
-        const Span left = SpanOf(across, 0, 3), right = SpanOf(across, 1, 3);
-        const Span top = SpanOf(down, 0, 3), bottom = SpanOf(down, 2, 3);
-        if (left.first < 0 || top.first < 0 || right.last <= 0 || bottom.last <= 0 ||
-            right.last < left.first || bottom.last < top.first) {
+        // As ImageMagick: the left and top edges against the top-left
+        // corner, the right against the top-right, the bottom against the
+        // bottom-left; the right and bottom edges never at index 0.
+        const std::optional<int> left = FirstUnlike(samples, {true, false, 0, 0}, fuzz, alpha);
+        const std::optional<int> top = FirstUnlike(samples, {false, false, 0, 0}, fuzz, alpha);
+        const std::optional<int> right = FirstUnlike(samples, {true, true, W - 1, 0}, fuzz, alpha);
+        const std::optional<int> bottom =
+            FirstUnlike(samples, {false, true, 0, H - 1}, fuzz, alpha);
+        if (!left || !top || !right || !bottom || *right <= 0 || *bottom <= 0 || *right < *left ||
+            *bottom < *top) {
             return std::nullopt;
         }
-        const int width = right.last - left.first + 1;
-        const int height = bottom.last - top.first + 1;
-        return Rect{static_cast<double>(left.first), static_cast<double>(H - top.first - height),
+        const int width = *right - *left + 1;
+        const int height = *bottom - *top + 1;
+        return Rect{static_cast<double>(*left), static_cast<double>(H - *top - height),
                     static_cast<double>(width), static_cast<double>(height)};
     } catch (const vips::VError&) {
         return std::nullopt;
