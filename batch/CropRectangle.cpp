@@ -1,5 +1,6 @@
 #include "batch/CropRectangle.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "imaging/ImageTools.h"
@@ -16,32 +17,17 @@ bool ExactResize(const ResizeRule& rule) {
     return rule.mode == ResizeMode::Exact && rule.width > 0 && rule.height > 0;
 }
 
-Rect AutoCropRectangle(const CropSettings& s, const Image& image, const Image* picture,
-                       std::string* placementNote) {
-    const Size size{image.Width(), image.Height()};
-    const bool exact = ExactResize(s.resize);
-    Rect rect;
-    const std::optional<ClassicRatio> classic = ClassicRatioOf(s.autoCropRatio);
-    if (!exact && s.matchOrientation && classic) {
-        rect = ImageTools::AutoCropRectangle(image, *classic);
-    } else {
-        AspectRatio ratio = ChosenAutoCropRatio(s);
-        if (!(ratio.width > 0.0) || !(ratio.height > 0.0)) {
-            return {};
-        }
-        // The target's own ratio is never turned: the output is W x H.
-        if (s.matchOrientation && !exact) {
-            ratio = RatioMatchingOrientation(size, ratio);
-        }
-        rect = LargestCentredRectangle(size, ratio);
-    }
-    if (!IsSmartAnchor(s.anchor)) {
-        return MoveToAnchor(size, rect, s.anchor);
-    }
+// A smart anchor judges the whole picture; with the crop kept within a
+// trimmed area, its choice is moved into that area.
+Rect SmartlyPlaced(const CropSettings& s, Size size, Rect rect, const Rect& within,
+                   const Image* picture, std::string* placementNote) {
     if (picture != nullptr) {
         if (const std::optional<Rect> placed =
                 ImageTools::SmartPlacement(*picture, size, {rect.width, rect.height}, s.anchor)) {
-            return *placed;
+            const double x = std::clamp(placed->x, within.x, within.x + within.width - rect.width);
+            const double y =
+                std::clamp(placed->y, within.y, within.y + within.height - rect.height);
+            return {x, y, rect.width, rect.height};
         }
     }
     if (placementNote != nullptr) {
@@ -49,6 +35,61 @@ Rect AutoCropRectangle(const CropSettings& s, const Image& image, const Image* p
             std::string(CropAnchorName(s.anchor)) + " placement could not be found; centred";
     }
     return rect;
+}
+
+// The auto-crop's rectangle inside `within` (the whole image, or what a trim
+// left of it).
+Rect AutoCropRectangle(const CropSettings& s, const Image& image, const Rect& within,
+                       const Image* picture, std::string* placementNote) {
+    const Size size{image.Width(), image.Height()};
+    const Size area{within.width, within.height};
+    const bool exact = ExactResize(s.resize);
+    Rect rect;
+    const std::optional<ClassicRatio> classic = ClassicRatioOf(s.autoCropRatio);
+    if (!exact && s.matchOrientation && classic) {
+        rect = ImageTools::AutoCropRectangle(Image::OfSize(area.width, area.height), *classic);
+    } else {
+        AspectRatio ratio = ChosenAutoCropRatio(s);
+        if (!(ratio.width > 0.0) || !(ratio.height > 0.0)) {
+            return {};
+        }
+        // The target's own ratio is never turned: the output is W x H.
+        if (s.matchOrientation && !exact) {
+            ratio = RatioMatchingOrientation(area, ratio);
+        }
+        rect = LargestCentredRectangle(area, ratio);
+    }
+    if (!IsSmartAnchor(s.anchor)) {
+        rect = MoveToAnchor(area, rect, s.anchor);
+    }
+    rect.x += within.x;
+    rect.y += within.y;
+    return IsSmartAnchor(s.anchor) ? SmartlyPlaced(s, size, rect, within, picture, placementNote)
+                                   : rect;
+}
+
+// The rule's rectangle, the auto-crop kept within `within`.
+Rect RuleRectangle(const CropSettings& settings, const Image& image, const Rect& within,
+                   const Image* picture, std::string* placementNote) {
+    switch (settings.mode) {
+        case CropMode::Auto:
+            return AutoCropRectangle(settings, image, within, picture, placementNote);
+        case CropMode::Pixels:
+            return {settings.pixelsOriginX, settings.pixelsOriginY, settings.pixelsWidth,
+                    settings.pixelsHeight};
+        case CropMode::Percents: {
+            const float W = static_cast<float>(image.Width());
+            const float H = static_cast<float>(image.Height());
+            const float x = settings.percentsOriginX * W / 100.0f;
+            const float y = settings.percentsOriginY * H / 100.0f;
+            const float width = settings.percentsWidth * W / 100.0f;
+            const float height = settings.percentsHeight * H / 100.0f;
+            return {x, y, width, height};
+        }
+        case CropMode::None:
+            return within;
+    }
+    return {};
 }
 
 }  // namespace
@@ -69,56 +110,74 @@ bool UsesPlacementPicture(const CropSettings& settings) {
 
 Rect ResolveCropRectangle(const CropSettings& settings, const Image& image, const Image* picture,
                           std::string* placementNote) {
-    switch (settings.mode) {
-        case CropMode::Auto:
-            return AutoCropRectangle(settings, image, picture, placementNote);
-        case CropMode::Pixels:
-            return {settings.pixelsOriginX, settings.pixelsOriginY, settings.pixelsWidth,
-                    settings.pixelsHeight};
-        case CropMode::Percents: {
-            const float W = static_cast<float>(image.Width());
-            const float H = static_cast<float>(image.Height());
-            const float x = settings.percentsOriginX * W / 100.0f;
-            const float y = settings.percentsOriginY * H / 100.0f;
-            const float width = settings.percentsWidth * W / 100.0f;
-            const float height = settings.percentsHeight * H / 100.0f;
-            return {x, y, width, height};
-        }
-        case CropMode::None:
-            break;
+    if (settings.mode == CropMode::None) {
+        return {};
     }
-    return {};
+    const Rect whole{0.0, 0.0, image.Width(), image.Height()};
+    return RuleRectangle(settings, image, whole, picture, placementNote);
+}
+
+bool UsesTrimming(const CropSettings& settings) {
+    return settings.trim.on && (settings.mode == CropMode::None || settings.mode == CropMode::Auto);
 }
 
 namespace {
 
-// The written size: the cut's whole pixels, then the resize rule. In the
-// pixel and percent modes a resize to exactly W x H first narrows the cut to
-// its largest centred W:H part (the auto-crop already has that ratio), so
-// that nothing is distorted.
+// The ratio of a padded canvas: the output's own when it is resized to
+// exactly W x H, else the rule's.
+AspectRatio PadRatio(const CropSettings& settings) {
+    if (ExactResize(settings.resize)) {
+        return {static_cast<double>(settings.resize.width),
+                static_cast<double>(settings.resize.height)};
+    }
+    return settings.pad.ratio;
+}
+
+// The written size: the cut's whole pixels, padded when the settings pad,
+// then the resize rule. In the pixel and percent modes a resize to exactly
+// W x H first narrows an unpadded cut to its largest centred W:H part (the
+// auto-crop and the padded canvas already have that ratio), so that
+// nothing is distorted.
 ResolvedCrop& Finish(ResolvedCrop& crop, const CropSettings& settings, bool adjusted) {
     // A rectangle adjusted by hand keeps the rule's ratio only as closely as
     // a drag can, so it is narrowed too (a W:H rectangle is its own part).
-    if (ExactResize(settings.resize) && (settings.mode != CropMode::Auto || adjusted)) {
+    if (ExactResize(settings.resize) && !settings.pad.on &&
+        (settings.mode != CropMode::Auto || adjusted)) {
         const Rect inner = LargestCentredRectangle({crop.cut.width, crop.cut.height},
                                                    {static_cast<double>(settings.resize.width),
                                                     static_cast<double>(settings.resize.height)});
         crop.cut = {crop.cut.x + inner.x, crop.cut.y + inner.y, inner.width, inner.height};
     }
     crop.cutSize = {std::trunc(crop.cut.width), std::trunc(crop.cut.height)};
-    crop.outputSize = ResizedSize(crop.cutSize, settings.resize);
-    crop.resizeNote = ResizeNote(crop.cutSize, settings.resize);
+    Size written = crop.cutSize;
+    if (settings.pad.on) {
+        crop.pad = PadLayoutFor(crop.cutSize, PadRatio(settings), settings.anchor);
+        written = crop.pad->canvas;
+    }
+    crop.outputSize = ResizedSize(written, settings.resize);
+    crop.resizeNote = ResizeNote(written, settings.resize);
     return crop;
+}
+
+// The area the rule works within: the whole image, or what a trim leaves of
+// it with its margin; nothing when the trim found only background.
+std::optional<Rect> WorkingArea(const CropSettings& settings, const Rect& whole,
+                                const TrimFinding* trimmed) {
+    if (!UsesTrimming(settings) || trimmed == nullptr) {
+        return whole;
+    }
+    if (!trimmed->content) {
+        return std::nullopt;
+    }
+    return WidenedByMargin(*trimmed->content, {whole.width, whole.height}, settings.trim.margin);
 }
 
 }  // namespace
 
 ResolvedCrop ResolveCrop(const CropSettings& settings, const Image& image, const Image* picture,
-                         const std::optional<Rect>& adjusted) {
+                         const std::optional<Rect>& adjusted, const TrimFinding* trimmed) {
     ResolvedCrop crop;
     crop.adjusted = adjusted.has_value();
-    crop.rect =
-        adjusted ? *adjusted : ResolveCropRectangle(settings, image, picture, &crop.placementNote);
     const double W = image.Width();
     const double H = image.Height();
     const Rect whole{0.0, 0.0, W, H};
@@ -127,9 +186,16 @@ ResolvedCrop ResolveCrop(const CropSettings& settings, const Image& image, const
         crop.cut = whole;
         return Finish(crop, settings, crop.adjusted);
     };
-    if (!adjusted && settings.mode == CropMode::None) {
+    const std::optional<Rect> within = WorkingArea(settings, whole, trimmed);
+    if (!adjusted && !within) {
+        return keepWhole(CropExtent::WholeBackground);
+    }
+    const bool trimming = UsesTrimming(settings) && trimmed != nullptr;
+    if (!adjusted && settings.mode == CropMode::None && !trimming) {
         return keepWhole(CropExtent::WholeNoMode);
     }
+    crop.rect = adjusted ? *adjusted
+                         : RuleRectangle(settings, image, *within, picture, &crop.placementNote);
     const Rect& r = crop.rect;
     // The cut itself is ImageTools::CropImage's: it gives back the image
     // for an empty rectangle or one beyond the image.
@@ -170,6 +236,8 @@ std::string ExtentText(const ResolvedCrop& crop) {
             return "Whole image: the rectangle lies outside this image";
         case CropExtent::WholeSliver:
             return "Whole image: less than a pixel of the rectangle lies on this image";
+        case CropExtent::WholeBackground:
+            return "Whole image: nothing but background to trim";
     }
     return {};
 }

@@ -6,6 +6,7 @@
 #include "batch/CropSettings.h"
 #include "imaging/Geometry.h"
 #include "imaging/Image.h"
+#include "imaging/Padding.h"
 
 namespace vellumo {
 
@@ -26,6 +27,19 @@ namespace vellumo {
 Rect ResolveCropRectangle(const CropSettings& settings, const Image& image,
                           const Image* picture = nullptr, std::string* placementNote = nullptr);
 
+// What trimming found on one image's pixels (ImageTools::FindContent): the
+// rectangle of everything that is not background, or nothing when all of it
+// is background.
+struct TrimFinding {
+    std::optional<Rect> content;
+};
+
+// The rule trims: trimming is on, with no crop mode (the trimmed area is
+// cut) or the auto-crop (the largest rectangle of the ratio within the
+// trimmed area, placed there by the anchor). The rectangles typed in
+// pixels or percents are taken as typed.
+bool UsesTrimming(const CropSettings& settings);
+
 // The rule needs a reduced picture of each image: auto-crop with a smart
 // anchor.
 bool UsesPlacementPicture(const CropSettings& settings);
@@ -35,10 +49,11 @@ enum class CropExtent {
     Inside,   // the rectangle lies on the image: exactly it is cut
     Clipped,  // part of it lies off the image: the part on it is cut
     // The image is written whole:
-    WholeNoMode,   // no crop mode
-    WholeEmpty,    // a side of the rectangle is below one pixel
-    WholeOutside,  // the rectangle lies off the image
-    WholeSliver,   // less than one pixel of it lies on the image
+    WholeNoMode,      // no crop mode
+    WholeEmpty,       // a side of the rectangle is below one pixel
+    WholeOutside,     // the rectangle lies off the image
+    WholeSliver,      // less than one pixel of it lies on the image
+    WholeBackground,  // trimming found nothing but background
 };
 
 inline bool IsWhole(CropExtent extent) {
@@ -57,7 +72,10 @@ struct ResolvedCrop {
     Rect cut;
     Size cutSize;
     Size outputSize;
-    bool adjusted = false;      // the rectangle was adjusted by hand, not the rule's
+    bool adjusted = false;  // the rectangle was adjusted by hand, not the rule's
+    // The cut placed on a canvas of the padding's ratio, when the settings
+    // pad; the output's size is then the canvas's, resized.
+    std::optional<PadLayout> pad;
     std::string placementNote;  // a smart anchor that fell back to centre
     std::string resizeNote;     // a resize that was not carried out
     std::string losslessNote;   // a crop without re-encoding moved or refused
@@ -67,9 +85,15 @@ struct ResolvedCrop {
 // An image whose rectangle was adjusted by hand passes it as `adjusted` (in
 // its own pixels, lower-left origin): it takes the place of the rule's in any
 // mode, and is clipped, kept whole and resized like a pixel rectangle.
+//
+// With trimming (UsesTrimming), `trimmed` is what was found on the image's
+// pixels: the rule works within the content widened by the margin, and an
+// image found to be all background is written whole. Without a finding
+// the rule works on the whole image.
 ResolvedCrop ResolveCrop(const CropSettings& settings, const Image& image,
                          const Image* picture = nullptr,
-                         const std::optional<Rect>& adjusted = std::nullopt);
+                         const std::optional<Rect>& adjusted = std::nullopt,
+                         const TrimFinding* trimmed = nullptr);
 
 // A sentence for anything but a plain crop, shown under the preview and
 // carried as the job's warning for the image: "Whole image: the rectangle

@@ -13,6 +13,8 @@
 #include "imaging/CropPlacement.h"
 #include "imaging/Formats.h"
 #include "imaging/OutputResize.h"
+#include "imaging/Padding.h"
+#include "imaging/Trim.h"
 
 namespace vellumo {
 
@@ -128,6 +130,12 @@ struct CropSettings {
     float percentsHeight = 60.0f;
 
     ResizeRule resize;  // the size the crop is written at
+
+    // Uniform borders cut away first (the whole image, or the auto-crop
+    // within what is left); then the cut padded to a ratio instead of cut
+    // to it. The anchor places the picture on the padded canvas.
+    TrimRule trim;
+    PadRule pad;
 
     OutputFormat outputFormat = OutputFormat::Jpg;
     float quality = 80.0f;  // the slider, 0 to 100

@@ -15,7 +15,9 @@
 #include "imaging/ImageTools.h"
 #include "imaging/LosslessJpeg.h"
 #include "imaging/OutputCodec.h"
+#include "imaging/Padding.h"
 #include "imaging/PhotoFacts.h"
+#include "imaging/Trim.h"
 
 namespace vellumo {
 
@@ -34,12 +36,28 @@ std::optional<Image> PlacementPicture(const ImageTask& task) {
     return preview->picture;
 }
 
+// Trimming measures the decoded pixels themselves, so an image it needs is
+// decoded whole into memory (LoadImage), not streamed once (OpenImage).
+bool MeasuresPixels(const ImageTask& task) {
+    return UsesTrimming(task.settings) && !task.adjustedRect;
+}
+
+// What trimming finds on the decoded image, when the rule trims.
+std::optional<TrimFinding> FindTrim(const ImageTask& task, const Image& image) {
+    if (!MeasuresPixels(task)) {
+        return std::nullopt;
+    }
+    return TrimFinding{ImageTools::FindContent(image, task.settings.trim.tolerance)};
+}
+
 // The image's crop as the job makes it, and what the person should know of
 // it; for a JPEG cropped without re-encoding, the rectangle the file holds.
 LosslessDecision Describe(const ImageTask& task, const Image& image, const ImageHeader& header,
                           ImageOutcome& outcome, ResolvedCrop& crop) {
     const std::optional<Image> picture = PlacementPicture(task);
-    crop = ResolveCrop(task.settings, image, picture ? &*picture : nullptr, task.adjustedRect);
+    const std::optional<TrimFinding> trimmed = FindTrim(task, image);
+    crop = ResolveCrop(task.settings, image, picture ? &*picture : nullptr, task.adjustedRect,
+                       trimmed ? &*trimmed : nullptr);
     const bool jpeg = task.settings.losslessJpeg &&
                       (header.jpegGrid || SniffFile(task.source).kind == FileKind::Jpeg);
     LosslessDecision lossless =
@@ -62,7 +80,12 @@ SaveResult Encode(const ImageTask& task, const Image& image, const ResolvedCrop&
     // saying why; then the output is brought to its size.
     const Rect whole{0.0, 0.0, image.Width(), image.Height()};
     Image cropped = crop.cut == whole ? image : ImageTools::CropImage(image, crop.cut);
-    if (crop.outputSize != crop.cutSize) {
+    Size written = crop.cutSize;
+    if (crop.pad) {
+        cropped = ImageTools::PadImage(cropped, *crop.pad, task.settings.pad);
+        written = crop.pad->canvas;
+    }
+    if (crop.outputSize != written) {
         cropped = ImageTools::ResizeImage(cropped, crop.outputSize);
     }
     // The slider's 0 to 100, divided in single precision.
@@ -107,9 +130,18 @@ ImageOutcome Plan(const ImageTask& task, const std::optional<ImageHeader>& known
             Failure::At(FailureStage::Decode, "the file is not an image Vellumo can read");
         return outcome;
     }
+    // A trim is measured on the pixels, so a dry run that trims decodes them.
+    Image image = Image::OfSize(header->pixelSize.width, header->pixelSize.height);
+    if (MeasuresPixels(task)) {
+        const LoadResult loaded = ImageTools::LoadImage(task.source);
+        if (!loaded) {
+            outcome.failure = loaded.failure();
+            return outcome;
+        }
+        image = ImageTools::BringImageToActualSize(*loaded, header->pixelSize);
+    }
     ResolvedCrop crop;
-    Describe(task, Image::OfSize(header->pixelSize.width, header->pixelSize.height), *header,
-             outcome, crop);
+    Describe(task, image, *header, outcome, crop);
     outcome.status =
         task.decision == OverwriteDecision::Skip ? ImageStatus::Skipped : ImageStatus::Planned;
     if (task.kind == TaskKind::NameFacts) {
@@ -189,7 +221,8 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task,
         return outcome;
     }
     ImageOutcome outcome;
-    const LoadResult loaded = ImageTools::OpenImage(task.source);
+    const LoadResult loaded = MeasuresPixels(task) ? ImageTools::LoadImage(task.source)
+                                                   : ImageTools::OpenImage(task.source);
     if (!loaded) {
         outcome.failure = loaded.failure();
         return outcome;

@@ -53,6 +53,8 @@ LosslessDecision DecideLosslessCrop(const CropSettings& settings,
         decision.note = "Re-encoded: this JPEG cannot be cropped without re-encoding";
     } else if (crop.outputSize != crop.cutSize) {
         decision.note = "Re-encoded: a resized crop cannot be lossless";
+    } else if (crop.pad) {
+        decision.note = "Re-encoded: a padded picture cannot be lossless";
     } else {
         const Rect chosen = WholePixelCut(crop.cut, *grid);
         decision.cut = SnapToJpegGrid(chosen, *grid);

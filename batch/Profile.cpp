@@ -152,6 +152,46 @@ void ReadRules(const Json& profile, CropSettings& s) {
     }
 }
 
+const Json& Object(const Json& object, const char* key) {
+    const Json* member = Member(object, key);
+    if (!member->is_object())
+        throw Problem{"\"" + std::string(key) + "\" must be an object"};
+    return *member;
+}
+
+// "trim": {"on", "tolerance", "margin"}; "pad": {"on", "ratio", "background"}.
+void ReadTrimAndPad(const Json& profile, CropSettings& s) {
+    if (Member(profile, "trim") != nullptr) {
+        const Json& trim = Object(profile, "trim");
+        ReadBool(trim, "on", s.trim.on);
+        if (const Json* tolerance = Member(trim, "tolerance"))
+            s.trim.tolerance = WideNumber(*tolerance, "trim.tolerance", 0, kLargestTrimTolerance);
+        if (const Json* margin = Member(trim, "margin")) {
+            const double pixels = WideNumber(*margin, "trim.margin", 0, kLargestTrimMargin);
+            if (pixels != std::floor(pixels))
+                throw Problem{"\"trim.margin\" must be a whole number"};
+            s.trim.margin = static_cast<int>(pixels);
+        }
+    }
+    if (Member(profile, "pad") == nullptr)
+        return;
+    const Json& pad = Object(profile, "pad");
+    ReadBool(pad, "on", s.pad.on);
+    if (Member(pad, "ratio") != nullptr) {
+        const Json& ratio = Object(pad, "ratio");
+        for (const auto& [name, side] :
+             {std::pair{"width", &s.pad.ratio.width}, std::pair{"height", &s.pad.ratio.height}}) {
+            if (const Json* value = Member(ratio, name))
+                *side = WideNumber(*value, std::string("pad.ratio.") + name, kSmallestRatioSide,
+                                   kLargestRatioSide);
+        }
+    }
+    std::string background = PadBackgroundText(s.pad);
+    ReadString(pad, "background", background);
+    if (!ReadPadBackground(background, s.pad))
+        throw Problem{"\"pad.background\" has an unknown value \"" + background + "\""};
+}
+
 constexpr std::array<std::string_view, 4> kCropModeNames = {"auto", "pixels", "percents", "none"};
 
 std::string_view CropModeName(CropMode mode) {
@@ -211,6 +251,11 @@ std::string ProfileText(const CropSettings& s) {
         {"keepStructure", s.keepStructure},
         {"maxBytes", s.byteLimit.maxBytes},
         {"maxBytesScaleDown", s.byteLimit.scaleDown},
+        {"trim", {{"on", s.trim.on}, {"tolerance", s.trim.tolerance}, {"margin", s.trim.margin}}},
+        {"pad",
+         {{"on", s.pad.on},
+          {"ratio", {{"width", s.pad.ratio.width}, {"height", s.pad.ratio.height}}},
+          {"background", PadBackgroundText(s.pad)}}},
     };
     return profile.dump(2) + "\n";
 }
@@ -273,6 +318,7 @@ Loaded<CropSettings> SettingsFromProfileText(const std::string& text, const Crop
         ReadBool(profile, "keepStructure", s.keepStructure);
         ReadByteLimit(profile, s.byteLimit);
         ReadRules(profile, s);
+        ReadTrimAndPad(profile, s);
     } catch (const Problem& problem) {
         return Loaded<CropSettings>::Failure(problem.text);
     }

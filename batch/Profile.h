@@ -20,7 +20,10 @@
 //     "percents": {"x": 20, "y": 20, "width": 60, "height": 60},
 //     "format": "JPG", "quality": 80, "losslessJpeg": false,
 //     "nameTemplate": "[FileName]_cropped ([FileIndex])",
-//     "outputFolder": "", "keepMetadata": false
+//     "outputFolder": "", "keepMetadata": false,
+//     "trim": {"on": false, "tolerance": 0, "margin": 0},
+//     "pad": {"on": false, "ratio": {"width": 1, "height": 1},
+//             "background": "#ffffff"}  (a colour, edge, blur or transparent)
 //   }
 //
 // Version 1 files (without the crop rules from "customRatio" to "resize")

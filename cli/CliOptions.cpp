@@ -10,6 +10,7 @@
 #include "batch/Profile.h"
 #include "cli/InputList.h"
 #include "cli/OptionValues.h"
+#include "cli/TrimPadOptions.h"
 #include "imaging/Formats.h"
 
 namespace vellumo::cli {
@@ -56,6 +57,7 @@ struct BatchGroup {  // this run's share of a large batch, and its record
 struct Groups {
     SourceGroup source;
     RuleGroup rule;
+    TrimPadGroup trimPad;
     OutputGroup output;
     BatchGroup batch;
     double timeoutSeconds = 120;
@@ -482,6 +484,11 @@ Problem ApplyGroups(const Groups& g, bool standardInputIsTerminal,
         problem = ApplyResize(g.rule, options.settings);
     if (!problem)
         problem = ApplyOutput(g.output, options.settings);
+    if (!problem) {
+        const bool rectangleGiven =
+            !g.rule.autoRatio.empty() || !g.rule.pixels.empty() || !g.rule.percents.empty();
+        problem = ApplyTrimAndPad(g.trimPad, rectangleGiven, options.settings);
+    }
     if (!problem)
         problem = OutputAmongInputs(options);
     if (problem) {
@@ -508,6 +515,7 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardIn
     Groups groups;
     AddSettingsSources(app, groups.source);
     AddCropRule(app, groups.rule);
+    AddTrimAndPad(app, groups.trimPad);
     AddOutput(app, groups.output);
     AddJob(app, options, groups.timeoutSeconds);
     AddInputs(app, groups.source, options);
