@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "batch/FaceCrop.h"
 #include "imaging/ImageTools.h"
 
 namespace vellumo {
@@ -17,8 +18,16 @@ bool ExactResize(const ResizeRule& rule) {
 }
 
 Rect AutoCropRectangle(const CropSettings& s, const Image& image, const Image* picture,
-                       std::string* placementNote) {
+                       std::string* placementNote, const FaceSearch* faces) {
     const Size size{image.Width(), image.Height()};
+    std::string note;
+    if (s.portraitOfFace) {
+        const Rect portrait = PortraitRectangle(s, size, faces, note);
+        if (placementNote != nullptr) {
+            *placementNote = note;
+        }
+        return portrait;
+    }
     const bool exact = ExactResize(s.resize);
     Rect rect;
     const std::optional<ClassicRatio> classic = ClassicRatioOf(s.autoCropRatio);
@@ -37,6 +46,13 @@ Rect AutoCropRectangle(const CropSettings& s, const Image& image, const Image* p
     }
     if (!IsSmartAnchor(s.anchor)) {
         return MoveToAnchor(size, rect, s.anchor);
+    }
+    if (s.anchor == CropAnchor::Faces) {
+        rect = FacesAnchoredRectangle(size, rect, picture, faces, note);
+        if (placementNote != nullptr) {
+            *placementNote = note;
+        }
+        return rect;
     }
     if (picture != nullptr) {
         if (const std::optional<Rect> placed =
@@ -64,14 +80,15 @@ AspectRatio ChosenAutoCropRatio(const CropSettings& s) {
 }
 
 bool UsesPlacementPicture(const CropSettings& settings) {
-    return settings.mode == CropMode::Auto && IsSmartAnchor(settings.anchor);
+    return settings.mode == CropMode::Auto &&
+           (IsSmartAnchor(settings.anchor) || settings.portraitOfFace.has_value());
 }
 
 Rect ResolveCropRectangle(const CropSettings& settings, const Image& image, const Image* picture,
-                          std::string* placementNote) {
+                          std::string* placementNote, const FaceSearch* faces) {
     switch (settings.mode) {
         case CropMode::Auto:
-            return AutoCropRectangle(settings, image, picture, placementNote);
+            return AutoCropRectangle(settings, image, picture, placementNote, faces);
         case CropMode::Pixels:
             return {settings.pixelsOriginX, settings.pixelsOriginY, settings.pixelsWidth,
                     settings.pixelsHeight};
@@ -114,11 +131,15 @@ ResolvedCrop& Finish(ResolvedCrop& crop, const CropSettings& settings, bool adju
 }  // namespace
 
 ResolvedCrop ResolveCrop(const CropSettings& settings, const Image& image, const Image* picture,
-                         const std::optional<Rect>& adjusted) {
+                         const std::optional<Rect>& adjusted, const FaceSearch* faces) {
     ResolvedCrop crop;
     crop.adjusted = adjusted.has_value();
-    crop.rect =
-        adjusted ? *adjusted : ResolveCropRectangle(settings, image, picture, &crop.placementNote);
+    if (!adjusted) {
+        crop.failure = PortraitRefusal(settings, faces);
+    }
+    crop.rect = adjusted
+                    ? *adjusted
+                    : ResolveCropRectangle(settings, image, picture, &crop.placementNote, faces);
     const double W = image.Width();
     const double H = image.Height();
     const Rect whole{0.0, 0.0, W, H};

@@ -4,6 +4,8 @@
 #include <string>
 
 #include "batch/CropSettings.h"
+#include "imaging/FaceDetection.h"
+#include "imaging/Failure.h"
 #include "imaging/Geometry.h"
 #include "imaging/Image.h"
 
@@ -17,17 +19,20 @@ namespace vellumo {
 //     ImageTools::AutoCropRectangle. Then moved to the
 //     anchor; a smart anchor judges `picture` (the image reduced to
 //     kPlacementPictureSide), and without one, or when that fails, the
-//     rectangle stays centred and `placementNote` says so;
+//     rectangle stays centred and `placementNote` says so; the faces anchor
+//     places it by `faces` (batch/FaceCrop.h); a portrait of the face is
+//     sized and placed by the largest of `faces` instead;
 //   Pixels: the four pixel fields, widened to double;
 //   Percents: each percent times the image's side, divided by 100, in single
 //     precision (the side narrowed first), then widened;
 //   None: (0, 0, 0, 0).
 // Nothing is rounded, checked or clamped here.
 Rect ResolveCropRectangle(const CropSettings& settings, const Image& image,
-                          const Image* picture = nullptr, std::string* placementNote = nullptr);
+                          const Image* picture = nullptr, std::string* placementNote = nullptr,
+                          const FaceSearch* faces = nullptr);
 
 // The rule needs a reduced picture of each image: auto-crop with a smart
-// anchor.
+// anchor or a portrait of the face.
 bool UsesPlacementPicture(const CropSettings& settings);
 
 // How the rule's rectangle meets an image, and so what the job writes.
@@ -61,6 +66,9 @@ struct ResolvedCrop {
     std::string placementNote;  // a smart anchor that fell back to centre
     std::string resizeNote;     // a resize that was not carried out
     std::string losslessNote;   // a crop without re-encoding moved or refused
+    // The rule cannot make this image's crop (a portrait without a face):
+    // nothing is written.
+    std::optional<Failure> failure;
 };
 
 //
@@ -69,7 +77,8 @@ struct ResolvedCrop {
 // mode, and is clipped, kept whole and resized like a pixel rectangle.
 ResolvedCrop ResolveCrop(const CropSettings& settings, const Image& image,
                          const Image* picture = nullptr,
-                         const std::optional<Rect>& adjusted = std::nullopt);
+                         const std::optional<Rect>& adjusted = std::nullopt,
+                         const FaceSearch* faces = nullptr);
 
 // A sentence for anything but a plain crop, shown under the preview and
 // carried as the job's warning for the image: "Whole image: the rectangle
