@@ -29,9 +29,10 @@ class FacesCliTest : public CliTest {
                                           int height) {
         const auto whole = [&](int i) { return rect[i].get<double>(); };
         const long x = std::lround(whole(0));
-        const long top = std::lround(height - whole(1) - whole(3));
+        // The origin is rounded to the nearest pixel, the size truncated.
         const auto w = static_cast<long>(whole(2));
         const auto h = static_cast<long>(whole(3));
+        const long top = height - std::lround(whole(1)) - h;
         return test::MagickPixels(source,
                                   "-crop " + std::to_string(w) + "x" + std::to_string(h) + "+" +
                                       std::to_string(x) + "+" + std::to_string(top) + " +repage",
