@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "batch/FaceCrop.h"
 #include "imaging/ImageTools.h"
 
 namespace vellumo {
@@ -17,17 +18,29 @@ bool ExactResize(const ResizeRule& rule) {
     return rule.mode == ResizeMode::Exact && rule.width > 0 && rule.height > 0;
 }
 
+// `rect` moved into `within` as far as it must.
+Rect KeptWithin(const Rect& rect, const Rect& within) {
+    const double x = std::clamp(rect.x, within.x, within.x + within.width - rect.width);
+    const double y = std::clamp(rect.y, within.y, within.y + within.height - rect.height);
+    return {x, y, rect.width, rect.height};
+}
+
 // A smart anchor judges the whole picture; with the crop kept within a
 // trimmed area, its choice is moved into that area.
 Rect SmartlyPlaced(const CropSettings& s, Size size, Rect rect, const Rect& within,
-                   const Image* picture, std::string* placementNote) {
+                   const Image* picture, std::string* placementNote, const FaceSearch* faces) {
+    if (s.anchor == CropAnchor::Faces) {
+        std::string note;
+        rect = KeptWithin(FacesAnchoredRectangle(size, rect, picture, faces, note), within);
+        if (placementNote != nullptr) {
+            *placementNote = note;
+        }
+        return rect;
+    }
     if (picture != nullptr) {
         if (const std::optional<Rect> placed =
                 ImageTools::SmartPlacement(*picture, size, {rect.width, rect.height}, s.anchor)) {
-            const double x = std::clamp(placed->x, within.x, within.x + within.width - rect.width);
-            const double y =
-                std::clamp(placed->y, within.y, within.y + within.height - rect.height);
-            return {x, y, rect.width, rect.height};
+            return KeptWithin(*placed, within);
         }
     }
     if (placementNote != nullptr) {
@@ -40,8 +53,16 @@ Rect SmartlyPlaced(const CropSettings& s, Size size, Rect rect, const Rect& with
 // The auto-crop's rectangle inside `within` (the whole image, or what a trim
 // left of it).
 Rect AutoCropRectangle(const CropSettings& s, const Image& image, const Rect& within,
-                       const Image* picture, std::string* placementNote) {
+                       const Image* picture, std::string* placementNote, const FaceSearch* faces) {
     const Size size{image.Width(), image.Height()};
+    if (s.portraitOfFace) {
+        std::string note;
+        const Rect portrait = PortraitRectangle(s, size, faces, note);
+        if (placementNote != nullptr) {
+            *placementNote = note;
+        }
+        return portrait;
+    }
     const Size area{within.width, within.height};
     const bool exact = ExactResize(s.resize);
     Rect rect;
@@ -64,16 +85,17 @@ Rect AutoCropRectangle(const CropSettings& s, const Image& image, const Rect& wi
     }
     rect.x += within.x;
     rect.y += within.y;
-    return IsSmartAnchor(s.anchor) ? SmartlyPlaced(s, size, rect, within, picture, placementNote)
-                                   : rect;
+    return IsSmartAnchor(s.anchor)
+               ? SmartlyPlaced(s, size, rect, within, picture, placementNote, faces)
+               : rect;
 }
 
 // The rule's rectangle, the auto-crop kept within `within`.
 Rect RuleRectangle(const CropSettings& settings, const Image& image, const Rect& within,
-                   const Image* picture, std::string* placementNote) {
+                   const Image* picture, std::string* placementNote, const FaceSearch* faces) {
     switch (settings.mode) {
         case CropMode::Auto:
-            return AutoCropRectangle(settings, image, within, picture, placementNote);
+            return AutoCropRectangle(settings, image, within, picture, placementNote, faces);
         case CropMode::Pixels:
             return {settings.pixelsOriginX, settings.pixelsOriginY, settings.pixelsWidth,
                     settings.pixelsHeight};
@@ -105,16 +127,17 @@ AspectRatio ChosenAutoCropRatio(const CropSettings& s) {
 }
 
 bool UsesPlacementPicture(const CropSettings& settings) {
-    return settings.mode == CropMode::Auto && IsSmartAnchor(settings.anchor);
+    return settings.mode == CropMode::Auto &&
+           (IsSmartAnchor(settings.anchor) || settings.portraitOfFace.has_value());
 }
 
 Rect ResolveCropRectangle(const CropSettings& settings, const Image& image, const Image* picture,
-                          std::string* placementNote) {
+                          std::string* placementNote, const FaceSearch* faces) {
     if (settings.mode == CropMode::None) {
         return {};
     }
     const Rect whole{0.0, 0.0, image.Width(), image.Height()};
-    return RuleRectangle(settings, image, whole, picture, placementNote);
+    return RuleRectangle(settings, image, whole, picture, placementNote, faces);
 }
 
 bool UsesTrimming(const CropSettings& settings) {
@@ -175,9 +198,13 @@ std::optional<Rect> WorkingArea(const CropSettings& settings, const Rect& whole,
 }  // namespace
 
 ResolvedCrop ResolveCrop(const CropSettings& settings, const Image& image, const Image* picture,
-                         const std::optional<Rect>& adjusted, const TrimFinding* trimmed) {
+                         const std::optional<Rect>& adjusted, const TrimFinding* trimmed,
+                         const FaceSearch* faces) {
     ResolvedCrop crop;
     crop.adjusted = adjusted.has_value();
+    if (!adjusted) {
+        crop.failure = PortraitRefusal(settings, faces);
+    }
     const double W = image.Width();
     const double H = image.Height();
     const Rect whole{0.0, 0.0, W, H};
@@ -194,8 +221,9 @@ ResolvedCrop ResolveCrop(const CropSettings& settings, const Image& image, const
     if (!adjusted && settings.mode == CropMode::None && !trimming) {
         return keepWhole(CropExtent::WholeNoMode);
     }
-    crop.rect = adjusted ? *adjusted
-                         : RuleRectangle(settings, image, *within, picture, &crop.placementNote);
+    crop.rect = adjusted
+                    ? *adjusted
+                    : RuleRectangle(settings, image, *within, picture, &crop.placementNote, faces);
     const Rect& r = crop.rect;
     // The cut itself is ImageTools::CropImage's: it gives back the image
     // for an empty rectangle or one beyond the image.

@@ -4,6 +4,8 @@
 #include <string>
 
 #include "batch/CropSettings.h"
+#include "imaging/FaceDetection.h"
+#include "imaging/Failure.h"
 #include "imaging/Geometry.h"
 #include "imaging/Image.h"
 #include "imaging/Padding.h"
@@ -18,14 +20,17 @@ namespace vellumo {
 //     ImageTools::AutoCropRectangle. Then moved to the
 //     anchor; a smart anchor judges `picture` (the image reduced to
 //     kPlacementPictureSide), and without one, or when that fails, the
-//     rectangle stays centred and `placementNote` says so;
+//     rectangle stays centred and `placementNote` says so; the faces anchor
+//     places it by `faces` (batch/FaceCrop.h); a portrait of the face is
+//     sized and placed by the largest of `faces` instead;
 //   Pixels: the four pixel fields, widened to double;
 //   Percents: each percent times the image's side, divided by 100, in single
 //     precision (the side narrowed first), then widened;
 //   None: (0, 0, 0, 0).
 // Nothing is rounded, checked or clamped here.
 Rect ResolveCropRectangle(const CropSettings& settings, const Image& image,
-                          const Image* picture = nullptr, std::string* placementNote = nullptr);
+                          const Image* picture = nullptr, std::string* placementNote = nullptr,
+                          const FaceSearch* faces = nullptr);
 
 // What trimming found on one image's pixels (ImageTools::FindContent): the
 // rectangle of everything that is not background, or nothing when all of it
@@ -41,7 +46,7 @@ struct TrimFinding {
 bool UsesTrimming(const CropSettings& settings);
 
 // The rule needs a reduced picture of each image: auto-crop with a smart
-// anchor.
+// anchor or a portrait of the face.
 bool UsesPlacementPicture(const CropSettings& settings);
 
 // How the rule's rectangle meets an image, and so what the job writes.
@@ -79,6 +84,9 @@ struct ResolvedCrop {
     std::string placementNote;  // a smart anchor that fell back to centre
     std::string resizeNote;     // a resize that was not carried out
     std::string losslessNote;   // a crop without re-encoding moved or refused
+    // The rule cannot make this image's crop (a portrait without a face):
+    // nothing is written.
+    std::optional<Failure> failure;
 };
 
 //
@@ -93,7 +101,7 @@ struct ResolvedCrop {
 ResolvedCrop ResolveCrop(const CropSettings& settings, const Image& image,
                          const Image* picture = nullptr,
                          const std::optional<Rect>& adjusted = std::nullopt,
-                         const TrimFinding* trimmed = nullptr);
+                         const TrimFinding* trimmed = nullptr, const FaceSearch* faces = nullptr);
 
 // A sentence for anything but a plain crop, shown under the preview and
 // carried as the job's warning for the image: "Whole image: the rectangle

@@ -11,6 +11,7 @@
 
 #include "imaging/ByteLimit.h"
 #include "imaging/CropPlacement.h"
+#include "imaging/FacePlacement.h"
 #include "imaging/Formats.h"
 #include "imaging/OutputResize.h"
 #include "imaging/Padding.h"
@@ -118,6 +119,9 @@ struct CropSettings {
     // side; off, every image gets the ratio as given.
     bool matchOrientation = true;
     CropAnchor anchor = CropAnchor::Centre;  // where the auto-crop rectangle sits
+    // With the auto-crop: a head-and-shoulders portrait of the largest face,
+    // of the ratio as chosen (never turned), instead of the largest rectangle.
+    std::optional<HeadAndShoulders> portraitOfFace;
 
     // The fields, read as single-precision numbers; y from the bottom.
     float pixelsOriginX = 0.0f;

@@ -91,6 +91,9 @@ struct ImageOutcome {
     std::string warning;
     // The crop rule leaves the image whole (see CropExtent).
     bool wholeImage = false;
+    // The faces found, largest first, when the rule looks for them (the
+    // faces anchor, a portrait of the face).
+    std::vector<Rect> faces;
     // What else happened on the way, for the person to be told.
     std::vector<ImageNote> notes;
     // The quality factor chosen to fit the byte limit, when there is one.

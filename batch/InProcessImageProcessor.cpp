@@ -8,9 +8,11 @@
 
 #include "batch/ClearForOverwrite.h"
 #include "batch/CropRectangle.h"
+#include "batch/FaceCrop.h"
 #include "batch/ImageProcessor.h"
 #include "batch/LosslessCrop.h"
 #include "imaging/AtomicFile.h"
+#include "imaging/FaceDetection.h"
 #include "imaging/FileKind.h"
 #include "imaging/ImageTools.h"
 #include "imaging/LosslessJpeg.h"
@@ -50,14 +52,38 @@ std::optional<TrimFinding> FindTrim(const ImageTask& task, const Image& image) {
     return TrimFinding{ImageTools::FindContent(image, task.settings.trim.tolerance)};
 }
 
+// The faces in the reduced picture, when the settings place the crop by
+// them.
+std::optional<FaceSearch> FacesOf(const ImageTask& task, const std::optional<Image>& picture,
+                                  Size full) {
+    if (!UsesFaces(task.settings) || task.adjustedRect) {
+        return std::nullopt;
+    }
+    if (!picture) {
+        return FaceSearch{{}, "the image could not be decoded small to look for faces"};
+    }
+    return FindFaces(*picture, full);
+}
+
 // The image's crop as the job makes it, and what the person should know of
 // it; for a JPEG cropped without re-encoding, the rectangle the file holds.
+// A rule that cannot crop this image leaves `outcome` failed.
 LosslessDecision Describe(const ImageTask& task, const Image& image, const ImageHeader& header,
                           ImageOutcome& outcome, ResolvedCrop& crop) {
     const std::optional<Image> picture = PlacementPicture(task);
     const std::optional<TrimFinding> trimmed = FindTrim(task, image);
+    const std::optional<FaceSearch> faces = FacesOf(task, picture, {image.Width(), image.Height()});
     crop = ResolveCrop(task.settings, image, picture ? &*picture : nullptr, task.adjustedRect,
-                       trimmed ? &*trimmed : nullptr);
+                       trimmed ? &*trimmed : nullptr, faces ? &*faces : nullptr);
+    if (faces) {
+        for (const DetectedFace& face : faces->faces) {
+            outcome.faces.push_back(face.box);
+        }
+    }
+    if (crop.failure) {
+        outcome.failure = crop.failure;
+        return {};
+    }
     const bool jpeg = task.settings.losslessJpeg &&
                       (header.jpegGrid || SniffFile(task.source).kind == FileKind::Jpeg);
     LosslessDecision lossless =
@@ -142,6 +168,9 @@ ImageOutcome Plan(const ImageTask& task, const std::optional<ImageHeader>& known
     }
     ResolvedCrop crop;
     Describe(task, image, *header, outcome, crop);
+    if (outcome.failure) {
+        return outcome;
+    }
     outcome.status =
         task.decision == OverwriteDecision::Skip ? ImageStatus::Skipped : ImageStatus::Planned;
     if (task.kind == TaskKind::NameFacts) {
@@ -235,6 +264,9 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task,
     const Image image = ImageTools::BringImageToActualSize(*loaded, header->pixelSize);
     ResolvedCrop crop;
     const LosslessDecision lossless = Describe(task, image, *header, outcome, crop);
+    if (outcome.failure) {
+        return outcome;
+    }
 
     const KeptSource kept(task);
     bool saved = false;

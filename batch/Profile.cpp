@@ -118,6 +118,35 @@ Value NamedValue(const Json& object, const char* key,
     return static_cast<Value>(TitleIndex(object, key, names));
 }
 
+// The head-and-shoulders portrait: null for none, else its two shares.
+void ReadPortrait(const Json& profile, CropSettings& s) {
+    const Json* portrait = Member(profile, "portraitOfFace");
+    if (portrait == nullptr) {
+        return;
+    }
+    if (portrait->is_null()) {
+        s.portraitOfFace.reset();
+        return;
+    }
+    if (!portrait->is_object())
+        throw Problem{"\"portraitOfFace\" must be an object or null"};
+    HeadAndShoulders shares;
+    for (const auto& [name, share] :
+         {std::pair{"faceHeight", &shares.faceHeight}, std::pair{"eyeLine", &shares.eyeLine}}) {
+        if (const Json* value = Member(*portrait, name)) {
+            *share = Number(*value, std::string("portraitOfFace.") + name, 1, 99);
+        }
+    }
+    s.portraitOfFace = shares;
+}
+
+Json PortraitJson(const std::optional<HeadAndShoulders>& portrait) {
+    if (!portrait) {
+        return nullptr;
+    }
+    return {{"faceHeight", portrait->faceHeight}, {"eyeLine", portrait->eyeLine}};
+}
+
 // The crop rules added in version 2.
 void ReadRules(const Json& profile, CropSettings& s) {
     if (const Json* ratio = Member(profile, "customRatio")) {
@@ -135,6 +164,7 @@ void ReadRules(const Json& profile, CropSettings& s) {
     if (const Json* anchor = Member(profile, "anchor")) {
         s.anchor = NamedValue<CropAnchor>(*anchor, "anchor", kCropAnchorNames);
     }
+    ReadPortrait(profile, s);
     if (const Json* resize = Member(profile, "resize")) {
         if (!resize->is_object())
             throw Problem{"\"resize\" must be an object"};
@@ -227,6 +257,7 @@ std::string ProfileText(const CropSettings& s) {
         {"customRatio", {{"width", s.customRatio.width}, {"height", s.customRatio.height}}},
         {"matchOrientation", s.matchOrientation},
         {"anchor", CropAnchorName(s.anchor)},
+        {"portraitOfFace", PortraitJson(s.portraitOfFace)},
         {"resize",
          {{"mode", ResizeModeName(s.resize.mode)},
           {"width", s.resize.width},
@@ -287,6 +318,7 @@ Loaded<CropSettings> SettingsFromProfileText(const std::string& text, const Crop
         s.customRatio = defaults.customRatio;
         s.matchOrientation = defaults.matchOrientation;
         s.anchor = defaults.anchor;
+        s.portraitOfFace = defaults.portraitOfFace;
         s.resize = defaults.resize;
     }
     try {

@@ -15,6 +15,7 @@
 //     "customRatio": {"width": 4, "height": 5},
 //     "matchOrientation": true,
 //     "anchor": "centre",              (kCropAnchorNames)
+//     "portraitOfFace": null,          (or {"faceHeight": 45, "eyeLine": 40})
 //     "resize": {"mode": "none", "width": 0, "height": 0, "enlarge": false},
 //     "pixels": {"x": 0, "y": 0, "width": 0, "height": 0},
 //     "percents": {"x": 20, "y": 20, "width": 60, "height": 60},

@@ -12,6 +12,7 @@
 #include "batch/CropRectangle.h"
 #include "batch/OutputPlan.h"
 #include "bench/BenchInputs.h"
+#include "imaging/FaceDetection.h"
 #include "imaging/ImageTools.h"
 #include "tests/support/TestData.h"
 #include "tests/support/TestImages.h"
@@ -135,7 +136,13 @@ void SmartPlacementOf(benchmark::State& state, CropAnchor anchor) {
             state.SkipWithError(picture.reason().c_str());
             break;
         }
-        const ResolvedCrop crop = ResolveCrop(settings, full, &picture->picture);
+        // The faces anchor looks for faces in the picture first.
+        const std::optional<FaceSearch> faces =
+            anchor == CropAnchor::Faces
+                ? std::optional<FaceSearch>(FindFaces(picture->picture, {6000, 4000}))
+                : std::nullopt;
+        const ResolvedCrop crop =
+            ResolveCrop(settings, full, &picture->picture, std::nullopt, faces ? &*faces : nullptr);
         benchmark::DoNotOptimize(crop);
     }
 }
@@ -149,6 +156,11 @@ void BM_EntropyPlacement24MegapixelJpeg(benchmark::State& state) {
     SmartPlacementOf(state, CropAnchor::Entropy);
 }
 BENCHMARK(BM_EntropyPlacement24MegapixelJpeg)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void BM_FacesPlacement24MegapixelJpeg(benchmark::State& state) {
+    SmartPlacementOf(state, CropAnchor::Faces);
+}
+BENCHMARK(BM_FacesPlacement24MegapixelJpeg)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 }  // namespace
 

@@ -33,6 +33,10 @@ struct RuleGroup {  // how every image is cropped, and the size it is written at
     std::string autoRatio, pixels, percents, orientation, anchor, resize, resizeMode;
     bool enlarge = false;
     CLI::Option* enlargeOption = nullptr;
+    // A head-and-shoulders portrait of the largest face, and its two shares.
+    bool portrait = false;
+    std::string faceHeight, eyeLine;
+    CLI::Option* portraitOption = nullptr;
 };
 
 struct OutputGroup {  // what is written, and where
@@ -90,7 +94,8 @@ void AddCropRule(CLI::App& app, RuleGroup& g) {
         ->check(CLI::IsMember({"match", "as-given"}));
     group->add_option("--anchor", g.anchor,
                       "Where the --auto rectangle sits: centre (default), top, bottom, left, "
-                      "right, top-left, top-right, bottom-left, bottom-right, attention, entropy");
+                      "right, top-left, top-right, bottom-left, bottom-right, attention, entropy, "
+                      "faces (the most faces whole; none found: attention)");
     group->add_option("--resize", g.resize,
                       "Output size after cropping: WxH (fit within), Wx (width), xH (height)");
     group
@@ -106,6 +111,21 @@ void AddCropRule(CLI::App& app, RuleGroup& g) {
         group->add_option("--percents", g.percents, "Rectangle in percents of each image, X,Y,W,H");
     autoOption->excludes(pixelsOption)->excludes(percentsOption);
     pixelsOption->excludes(percentsOption);
+    g.portraitOption = group->add_flag(
+        "--portrait-of-face", g.portrait,
+        "Head-and-shoulders portrait of the largest face, of the --auto ratio as given (1:1 "
+        "without one); an image without a face fails and nothing is written");
+    g.portraitOption->excludes(pixelsOption)->excludes(percentsOption);
+    group
+        ->add_option("--face-height", g.faceHeight,
+                     "With --portrait-of-face: the face's height in percent of the output's "
+                     "height, 1 to 99 (default 45)")
+        ->needs(g.portraitOption);
+    group
+        ->add_option("--eye-line", g.eyeLine,
+                     "With --portrait-of-face: the eyes' line in percent of the output's height "
+                     "from its top, 1 to 99 (default 40)")
+        ->needs(g.portraitOption);
 }
 
 void AddOutput(CLI::App& app, OutputGroup& g) {
@@ -371,6 +391,30 @@ Problem ApplyPlacement(const RuleGroup& g, CropSettings& s) {
     return std::nullopt;
 }
 
+// --portrait-of-face, --face-height, --eye-line: the portrait is an
+// auto-crop of the chosen ratio.
+Problem ApplyPortrait(const RuleGroup& g, CropSettings& s) {
+    if (g.portraitOption->count() == 0) {
+        return std::nullopt;
+    }
+    HeadAndShoulders shares = s.portraitOfFace.value_or(HeadAndShoulders{});
+    for (const auto& [name, text, share] :
+         {std::tuple{"--face-height", &g.faceHeight, &shares.faceHeight},
+          std::tuple{"--eye-line", &g.eyeLine, &shares.eyeLine}}) {
+        if (text->empty()) {
+            continue;
+        }
+        const std::optional<float> value = ParseShare(*text);
+        if (!value) {
+            return std::string(name) + ": expected a share from 1 to 99 percent, got " + *text;
+        }
+        *share = *value;
+    }
+    s.mode = CropMode::Auto;
+    s.portraitOfFace = shares;
+    return std::nullopt;
+}
+
 Problem ApplyResize(const RuleGroup& g, CropSettings& s) {
     if (!g.resize.empty()) {
         const std::size_t x = g.resize.find_first_of("xX");
@@ -480,6 +524,8 @@ Problem ApplyGroups(const Groups& g, bool standardInputIsTerminal,
         problem = ApplyCropMode(g.rule, options.settings);
     if (!problem)
         problem = ApplyPlacement(g.rule, options.settings);
+    if (!problem)
+        problem = ApplyPortrait(g.rule, options.settings);
     if (!problem)
         problem = ApplyResize(g.rule, options.settings);
     if (!problem)

@@ -82,6 +82,20 @@ std::optional<int> ParseSide(const std::string& text) {
     return side;
 }
 
+std::optional<float> ParseShare(const std::string& text) {
+    const bool plain = !text.empty() && text.size() <= 12 &&
+                       std::all_of(text.begin(), text.end(),
+                                   [](unsigned char c) { return std::isdigit(c) || c == '.'; });
+    if (!plain || std::count(text.begin(), text.end(), '.') > 1 || text.front() == '.') {
+        return std::nullopt;
+    }
+    const float share = std::stof(text);
+    if (!(share >= 1.0f) || !(share <= 99.0f)) {
+        return std::nullopt;
+    }
+    return share;
+}
+
 std::string QualityProblem(const std::string& text) {
     try {
         const float value = std::stof(text);

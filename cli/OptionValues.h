@@ -31,7 +31,11 @@ std::string QualityProblem(const std::string& text);
 // units, so that a limit read as 500 KB is met either way it is meant.
 std::optional<std::uint64_t> ByteCountOf(const std::string& text);
 
-// The anchors' names as a sentence: "centre, top, ... attention or entropy".
+// A share of a portrait in percent: a number from 1 to 99 ("45", "37.5"),
+// nothing else.
+std::optional<float> ParseShare(const std::string& text);
+
+// The anchors' names as a sentence: "centre, top, ... entropy or faces".
 std::string AnchorNameList();
 
 }  // namespace vellumo::cli

@@ -36,6 +36,10 @@ nlohmann::ordered_json ToJson(const ImageReport& report) {
     if (outcome.fittedQuality) {
         object["quality"] = *outcome.fittedQuality;
     }
+    // The faces the rule looked at, largest first, as the rectangle is given.
+    for (const Rect& face : outcome.faces) {
+        object["faces"].push_back({face.x, face.y, face.width, face.height});
+    }
     if (!outcome.notes.empty()) {
         object["notes"] = nlohmann::ordered_json::array();
         for (const ImageNote& note : outcome.notes) {

@@ -55,6 +55,7 @@ Rect MoveToAnchor(Size image, Rect rect, CropAnchor anchor) {
         {1, -1},   // bottom-right
         {0, 0},    // attention: placed from the pixels
         {0, 0},    // entropy: likewise
+        {0, 0},    // faces: likewise
     }};
     const auto [horizontal, vertical] = kPlaces.at(static_cast<std::size_t>(anchor));
     if (horizontal != 0) {

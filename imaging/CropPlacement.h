@@ -43,20 +43,23 @@ enum class CropAnchor {
     BottomRight,
     Attention,  // skin, saturated colour and edges
     Entropy,    // the busiest part of the picture
+    Faces,      // the most faces whole (imaging/FacePlacement.h)
 };
 
 // The names anchors go by in profiles and on the command line, by enum value:
-// "centre", "top", ..., "bottom-right", "attention", "entropy".
-inline constexpr std::array<std::string_view, 11> kCropAnchorNames = {
-    "centre",    "top",         "bottom",       "left",      "right",  "top-left",
-    "top-right", "bottom-left", "bottom-right", "attention", "entropy"};
+// "centre", "top", ..., "bottom-right", "attention", "entropy", "faces".
+inline constexpr std::array<std::string_view, 12> kCropAnchorNames = {
+    "centre",    "top",         "bottom",       "left",      "right",   "top-left",
+    "top-right", "bottom-left", "bottom-right", "attention", "entropy", "faces"};
 
 // The anchor of a name ("center" too); nothing for an unknown one.
 std::optional<CropAnchor> CropAnchorNamed(std::string_view name);
 std::string_view CropAnchorName(CropAnchor anchor);
 
+// Placed from the pixels of the reduced picture (below).
 inline bool IsSmartAnchor(CropAnchor anchor) {
-    return anchor == CropAnchor::Attention || anchor == CropAnchor::Entropy;
+    return anchor == CropAnchor::Attention || anchor == CropAnchor::Entropy ||
+           anchor == CropAnchor::Faces;
 }
 
 // The longer side of the reduced picture a smart anchor is judged on (the
@@ -74,7 +77,7 @@ AspectRatio RatioMatchingOrientation(Size image, AspectRatio ratio);
 Rect LargestCentredRectangle(Size image, AspectRatio ratio);
 
 // `rect` moved to the anchor's place on the image, its size unchanged.
-// Centre and the two smart anchors leave it where it is.
+// Centre and the smart anchors leave it where it is.
 Rect MoveToAnchor(Size image, Rect rect, CropAnchor anchor);
 
 }  // namespace vellumo

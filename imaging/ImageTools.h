@@ -62,7 +62,7 @@ Rect CropPixelArea(Size image, Rect cut);
 // or Entropy), judged on `picture`: the same image reduced (see
 // kPlacementPictureSide), so that a large photo costs a small image's
 // work. The rectangle's origin, within the image; nothing when the
-// picture has no pixels, the anchor is not a smart one or libvips fails.
+// picture has no pixels, the anchor is neither of those or libvips fails.
 std::optional<Rect> SmartPlacement(const Image& picture, Size full, Size rect, CropAnchor anchor);
 
 // ---- Loading -----------------------------------------------------------

@@ -123,7 +123,8 @@ Image ImageTools::ResizeImage(const Image& image, Size size) {
 std::optional<Rect> ImageTools::SmartPlacement(const Image& picture, Size full, Size rect,
                                                CropAnchor anchor) {
     const vips::VImage* pixels = ImageAccess::Pixels(picture);
-    if (pixels == nullptr || !IsSmartAnchor(anchor) || !(full.width > 0) || !(full.height > 0)) {
+    const bool libvipsMeasure = anchor == CropAnchor::Attention || anchor == CropAnchor::Entropy;
+    if (pixels == nullptr || !libvipsMeasure || !(full.width > 0) || !(full.height > 0)) {
         return std::nullopt;
     }
     vipsruntime::EnsureStarted();

@@ -252,6 +252,9 @@ Json OutcomeJson(const ImageOutcome& outcome) {
     if (outcome.fittedQuality) {
         json["fittedQuality"] = *outcome.fittedQuality;
     }
+    for (const Rect& face : outcome.faces) {
+        json["faces"].push_back(RectJson(face));
+    }
     return json;
 }
 
@@ -284,6 +287,11 @@ ImageOutcome OutcomeOf(const Json& json) {
     }
     if (json.contains("photoFacts")) {
         outcome.photoFacts = PhotoFactsOf(json.at("photoFacts"));
+    }
+    if (json.contains("faces")) {
+        for (const Json& face : json.at("faces")) {
+            outcome.faces.push_back(RectOf(face));
+        }
     }
     return outcome;
 }

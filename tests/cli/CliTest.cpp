@@ -225,7 +225,7 @@ TEST_F(CliTest, UsageErrorsExitWithTwoAndOneLineNamingTheOption) {
          "vellumo-cli: --auto: expected a ratio W:H of two positive numbers, got wide\n"},
         {"--auto 4:5 --anchor middle --output o" + a,
          "vellumo-cli: --anchor: unknown anchor middle (use centre, top, bottom, left, right, "
-         "top-left, top-right, bottom-left, bottom-right, attention or entropy)\n"},
+         "top-left, top-right, bottom-left, bottom-right, attention, entropy or faces)\n"},
         {"--resize 0x500 --output o" + a,
          "vellumo-cli: --resize: expected WxH, Wx or xH with sides from 1 to 65535, got 0x500\n"},
         {"--resize 70000x5 --output o" + a,

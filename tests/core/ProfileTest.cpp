@@ -32,7 +32,8 @@ CropSettings Unusual() {
     s.losslessJpeg = true;
     s.customRatio = {1.91, 1};
     s.matchOrientation = false;
-    s.anchor = CropAnchor::BottomRight;
+    s.anchor = CropAnchor::Faces;
+    s.portraitOfFace = HeadAndShoulders{37.5f, 42.0f};
     s.resize = {ResizeMode::Exact, 1080, 1350, true};
     s.byteLimit = {512000, true};
     return s;
@@ -58,6 +59,7 @@ void ExpectSame(const CropSettings& a, const CropSettings& b) {
     EXPECT_EQ(a.customRatio, b.customRatio);
     EXPECT_EQ(a.matchOrientation, b.matchOrientation);
     EXPECT_EQ(a.anchor, b.anchor);
+    EXPECT_EQ(a.portraitOfFace, b.portraitOfFace);
     EXPECT_EQ(a.resize, b.resize);
     EXPECT_EQ(a.byteLimit.maxBytes, b.byteLimit.maxBytes);
     EXPECT_EQ(a.byteLimit.scaleDown, b.byteLimit.scaleDown);
@@ -215,6 +217,19 @@ TEST(Profile, VersionOneTakesTheDefaultRules) {
     EXPECT_EQ(loaded->customRatio, CropSettings{}.customRatio);
 }
 
+TEST(Profile, APortraitOfTheFaceIsNullWhenOff) {
+    CropSettings current;
+    current.portraitOfFace = HeadAndShoulders{};
+    EXPECT_NE(ProfileText(CropSettings{}).find("\"portraitOfFace\": null"), std::string::npos);
+    const auto off = SettingsFromProfileText(R"({"version": 2, "portraitOfFace": null})", current);
+    ASSERT_TRUE(off) << off.reason();
+    EXPECT_FALSE(off->portraitOfFace);
+    const auto on = SettingsFromProfileText(R"({"version": 2, "portraitOfFace": {"eyeLine": 35}})",
+                                            CropSettings{});
+    ASSERT_TRUE(on) << on.reason();
+    EXPECT_EQ(on->portraitOfFace, (HeadAndShoulders{45.0f, 35.0f}));
+}
+
 TEST(Profile, VersionTwoRulesAreCheckedLikeTheRest) {
     const struct {
         const char* text;
@@ -225,6 +240,10 @@ TEST(Profile, VersionTwoRulesAreCheckedLikeTheRest) {
          "\"resize.width\" must be between 0 and 65535"},
         {R"({"version": 2, "customRatio": {"height": 0}})",
          "\"customRatio.height\" must be between 1e-06 and 1e+06"},
+        {R"({"version": 2, "portraitOfFace": {"faceHeight": 120}})",
+         "\"portraitOfFace.faceHeight\" must be between 1 and 99"},
+        {R"({"version": 2, "portraitOfFace": true})",
+         "\"portraitOfFace\" must be an object or null"},
         {R"({"version": 3})",
          "version 3 is not one this Vellumo reads (it reads versions 1 and 2)"},
     };
