@@ -154,7 +154,7 @@ TEST(Faces, TheAnchorKeepsAsManyLabelledFacesAsAnyCropCould) {
         for (const AspectRatio ratio : {AspectRatio{1, 1}, AspectRatio{3, 4}}) {
             const Image image = Image::OfSize(photo.size.width, photo.size.height);
             const ResolvedCrop crop = ResolveCrop(FacesRule(ratio), image, &looked.picture->picture,
-                                                  std::nullopt, &looked.faces);
+                                                  std::nullopt, nullptr, &looked.faces);
             CropSettings other = FacesRule(ratio);
             other.anchor = CropAnchor::Centre;
             const Rect centre = ResolveCrop(other, image).rect;
@@ -271,7 +271,7 @@ TEST(Faces, WithoutAFaceTheAnchorFallsBackToAttentionAndSaysSo) {
     EXPECT_TRUE(faces.faces.empty());
     const Image image = Image::OfSize(1200, 800);
     const ResolvedCrop crop =
-        ResolveCrop(FacesRule({1, 1}), image, &picture->picture, std::nullopt, &faces);
+        ResolveCrop(FacesRule({1, 1}), image, &picture->picture, std::nullopt, nullptr, &faces);
     CropSettings attention = FacesRule({1, 1});
     attention.anchor = CropAnchor::Attention;
     EXPECT_EQ(crop.rect, ResolveCrop(attention, image, &picture->picture).rect);
@@ -282,7 +282,7 @@ TEST(Faces, WithoutAFaceTheAnchorFallsBackToAttentionAndSaysSo) {
     CropSettings portrait = FacesRule({3, 4});
     portrait.portraitOfFace = HeadAndShoulders{};
     const ResolvedCrop refused =
-        ResolveCrop(portrait, image, &picture->picture, std::nullopt, &faces);
+        ResolveCrop(portrait, image, &picture->picture, std::nullopt, nullptr, &faces);
     ASSERT_TRUE(refused.failure);
     EXPECT_EQ(refused.failure->stage, FailureStage::Crop);
     EXPECT_EQ(refused.failure->reason, "cannot crop: no face found for the portrait");
@@ -294,14 +294,16 @@ TEST(Faces, ADetectorThatCannotRunGivesAReasonPerImage) {
     ASSERT_TRUE(failed.Failed());
     EXPECT_EQ(failed.failure, "there is no picture to look for faces in");
     const Image image = Image::OfSize(1200, 800);
-    const ResolvedCrop crop = ResolveCrop(FacesRule({1, 1}), image, nullptr, std::nullopt, &failed);
+    const ResolvedCrop crop =
+        ResolveCrop(FacesRule({1, 1}), image, nullptr, std::nullopt, nullptr, &failed);
     EXPECT_EQ(crop.rect, (Rect{200, 0, 800, 800}));
     EXPECT_EQ(CropExtentNote(crop),
               "faces could not be looked for: there is no picture to look "
               "for faces in; centred");
     CropSettings portrait = FacesRule({3, 4});
     portrait.portraitOfFace = HeadAndShoulders{};
-    const ResolvedCrop refused = ResolveCrop(portrait, image, nullptr, std::nullopt, &failed);
+    const ResolvedCrop refused =
+        ResolveCrop(portrait, image, nullptr, std::nullopt, nullptr, &failed);
     ASSERT_TRUE(refused.failure);
     EXPECT_EQ(refused.failure->reason,
               "cannot crop: faces could not be looked for: there is no picture to look for "
@@ -320,8 +322,8 @@ TEST(Faces, APortraitOfTheLargestLabelledFace) {
         CropSettings portrait = FacesRule({3, 4});
         portrait.portraitOfFace = HeadAndShoulders{};
         const Image image = Image::OfSize(photo.size.width, photo.size.height);
-        const ResolvedCrop crop =
-            ResolveCrop(portrait, image, &looked.picture->picture, std::nullopt, &looked.faces);
+        const ResolvedCrop crop = ResolveCrop(portrait, image, &looked.picture->picture,
+                                              std::nullopt, nullptr, &looked.faces);
         ASSERT_FALSE(crop.failure);
         const Rect& face = looked.faces.faces.front().box;
         // The largest labelled face (90 px at 344, 155 from the top).
