@@ -1,5 +1,6 @@
 #include "ui/JobStatusText.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <cmath>
 
@@ -10,9 +11,10 @@ namespace {
 QString TimeLeftText(double seconds) {
     if (seconds < 59.5) {
         const long whole = std::max(1L, std::lround(seconds));
-        return QStringLiteral("about %1 s left").arg(whole);
+        return QCoreApplication::translate("JobStatusText", "about %L1 s left").arg(whole);
     }
-    return QStringLiteral("about %1 min left").arg(std::lround(seconds / 60.0));
+    return QCoreApplication::translate("JobStatusText", "about %L1 min left")
+        .arg(std::lround(seconds / 60.0));
 }
 
 }  // namespace
@@ -21,7 +23,9 @@ QString JobStatusText(long done, long total, std::chrono::milliseconds elapsed) 
     if (total <= 0 || done >= total) {
         return {};
     }
-    QString cropping = QStringLiteral("Cropping %1 of %2").arg(done + 1).arg(total);
+    QString cropping = QCoreApplication::translate("JobStatusText", "Cropping %L1 of %L2")
+                           .arg(done + 1)
+                           .arg(total);
     if (done <= 0) {
         return cropping;
     }

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QIcon>
 #include <QListView>
+#include <QLocale>
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyle>
@@ -22,9 +23,11 @@ constexpr int kVeilAlpha = 150;
 constexpr int kMarkRadius = 7;
 
 QString SizeText(Size size) {
-    return QStringLiteral("%1 × %2")
-        .arg(static_cast<long long>(std::trunc(size.width)))
-        .arg(static_cast<long long>(std::trunc(size.height)));
+    // The numbers as the window's language writes them (QLocale's default).
+    const QLocale locale;
+    return QStringLiteral("%1 × %2").arg(
+        locale.toString(static_cast<qlonglong>(std::trunc(size.width))),
+        locale.toString(static_cast<qlonglong>(std::trunc(size.height))));
 }
 
 void DrawVeil(QPainter& painter, const QRectF& picture, const QRectF& kept) {
