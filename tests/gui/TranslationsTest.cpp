@@ -1,0 +1,397 @@
+// The window in other languages: every translation complete and keeping the
+// source's placeholders; the desktop's language choosing the translation and
+// the numbers' format; and, with a pseudo-translation that makes every text
+// 40 % longer and marks it, a window at its smallest that shows no English
+// and clips no text.
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QFile>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QRegularExpression>
+#include <QSet>
+#include <QStyleOptionComboBox>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTest>
+#include <QTranslator>
+#include <QXmlStreamReader>
+#include <vector>
+
+#include "app/WindowLanguage.h"
+#include "tests/gui/support/LoadedWindow.h"
+#include "ui/preview/DimensionText.h"
+
+using vellumo::WindowLanguage;
+using vellumo::test::LoadedWindow;
+
+namespace {
+
+constexpr QChar kPseudoMark(0x27E6);
+const QSize kSmallestWindow(625, 512);
+
+// One message of a Linguist file: its source and its translations (one, or
+// one per plural form), and whether Linguist counts it as finished.
+struct Message {
+    QString context;
+    QString source;
+    QStringList translations;
+    bool finished = true;
+};
+
+std::vector<Message> ReadMessages(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        qFatal("cannot read %s", qPrintable(path));
+    }
+    std::vector<Message> messages;
+    QString context;
+    bool numerus = false;
+    QXmlStreamReader xml(&file);
+    while (!xml.atEnd()) {
+        if (xml.readNext() != QXmlStreamReader::StartElement) {
+            continue;
+        }
+        const auto name = xml.name();
+        if (name == u"name") {
+            context = xml.readElementText();
+        } else if (name == u"message") {
+            numerus = xml.attributes().value(u"numerus") == u"yes";
+            messages.push_back({context, {}, {}, true});
+        } else if (name == u"source") {
+            messages.back().source = xml.readElementText();
+        } else if (name == u"translation") {
+            // "unfinished", "vanished" or "obsolete": not a finished text.
+            messages.back().finished = !xml.attributes().hasAttribute(u"type");
+            if (!numerus) {
+                messages.back().translations << xml.readElementText();
+            }
+        } else if (name == u"numerusform") {
+            messages.back().translations << xml.readElementText();
+        }
+    }
+    if (xml.hasError()) {
+        qFatal("%s: %s", qPrintable(path), qPrintable(xml.errorString()));
+    }
+    return messages;
+}
+
+// The placeholders and mnemonic markers of a text, sorted: a translation
+// must keep every one.
+QStringList Placeholders(const QString& text) {
+    static const QRegularExpression kPlaceholder(QStringLiteral(R"(%L?(\d+|n)|&(?=\S))"));
+    QStringList found;
+    for (const QRegularExpressionMatch& match : kPlaceholder.globalMatch(text)) {
+        found << match.captured();
+    }
+    found.sort();
+    return found;
+}
+
+// Texts that are data, not words: numbers, ratios, arrows, units and the
+// names of file formats and of the program.
+bool IsData(const QString& text) {
+    static const QRegularExpression kNumbers(
+        QStringLiteral("^[\\s\\d.,:×%+\\-()\\x{2190}-\\x{21FF}\\x{2022}]*( px)?$"));
+    static const QSet<QString> kNames = {
+        QStringLiteral("px"),   QStringLiteral("JPG"),  QStringLiteral("JP2"),
+        QStringLiteral("PNG"),  QStringLiteral("TIF"),  QStringLiteral("GIF"),
+        QStringLiteral("BMP"),  QStringLiteral("HEIC"), QStringLiteral("AVIF"),
+        QStringLiteral("WEBP"), QStringLiteral("JXL"),  QStringLiteral("Vellumo")};
+    return kNumbers.match(text).hasMatch() || kNames.contains(text);
+}
+
+QString NameOf(const QObject* object) {
+    return object->objectName().isEmpty() ? QString::fromLatin1(object->metaObject()->className())
+                                          : object->objectName();
+}
+
+// Qt's own parts of a widget (a spin box's line edit, a scroll area's
+// viewport) carry Qt's texts, not the window's.
+bool IsQtsOwn(const QObject* object) {
+    return object->objectName().startsWith(QStringLiteral("qt_"));
+}
+
+// Every text a widget shows or tells: its caption, tool tip, placeholder,
+// tab titles and list items.
+QStringList TextsOf(const QWidget& widget) {
+    QStringList texts{widget.toolTip()};
+    if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
+        texts << label->text();
+    } else if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
+        texts << button->text();
+    } else if (const auto* group = qobject_cast<const QGroupBox*>(&widget)) {
+        texts << group->title();
+    } else if (const auto* field = qobject_cast<const QLineEdit*>(&widget)) {
+        texts << field->placeholderText();
+    } else if (const auto* tabs = qobject_cast<const QTabWidget*>(&widget)) {
+        for (int i = 0; i < tabs->count(); ++i) {
+            texts << tabs->tabText(i) << tabs->tabToolTip(i);
+        }
+    } else if (const auto* combo = qobject_cast<const QComboBox*>(&widget)) {
+        for (int i = 0; i < combo->count(); ++i) {
+            texts << combo->itemText(i);
+        }
+    }
+    return texts;
+}
+
+// The texts of the window, its menus and actions that the translation did
+// not reach, each with where it was found.
+QStringList Untranslated(QWidget& window) {
+    QStringList english;
+    const auto check = [&english](const QObject* where, const QString& text) {
+        if (!text.isEmpty() && !text.contains(kPseudoMark) && !IsData(text)) {
+            english << NameOf(where) + QStringLiteral(": ") + text;
+        }
+    };
+    for (const QWidget* widget : window.findChildren<QWidget*>()) {
+        if (IsQtsOwn(widget) || IsQtsOwn(widget->parent())) {
+            continue;
+        }
+        for (const QString& text : TextsOf(*widget)) {
+            check(widget, text);
+        }
+    }
+    for (const QAction* action : window.findChildren<QAction*>()) {
+        if (!IsQtsOwn(action) && !IsQtsOwn(action->parent())) {
+            check(action, action->text());
+            check(action, action->toolTip());
+        }
+    }
+    return english;
+}
+
+// The width a text needs in `widget`'s font, one line, mnemonics hidden.
+int TextWidth(const QWidget& widget, const QString& text) {
+    return widget.fontMetrics()
+        .boundingRect(QRect(), Qt::TextShowMnemonic | Qt::TextSingleLine, text)
+        .width();
+}
+
+// What a label, button or combo box needs to show its whole text; an empty
+// size for other widgets.
+QSize NeededSize(const QWidget& widget) {
+    if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
+        if (label->text().isEmpty() || label->textFormat() == Qt::RichText) {
+            return {};
+        }
+        const QMargins margins = label->contentsMargins();
+        const int frame = 2 * (label->frameWidth() + std::max(0, label->margin()));
+        if (label->wordWrap()) {
+            const int width = label->contentsRect().width();
+            return {0, label->heightForWidth(width + frame) + margins.top() + margins.bottom()};
+        }
+        return {TextWidth(*label, label->text()) + frame + margins.left() + margins.right() +
+                    std::max(0, label->indent()),
+                label->fontMetrics().height()};
+    }
+    if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
+        return button->text().isEmpty() ? QSize() : button->sizeHint();
+    }
+    if (const auto* combo = qobject_cast<const QComboBox*>(&widget)) {
+        QStyleOptionComboBox option;
+        option.initFrom(combo);
+        option.editable = combo->isEditable();
+        const QSize text(TextWidth(*combo, combo->currentText()), combo->fontMetrics().height());
+        return combo->style()->sizeFromContents(QStyle::CT_ComboBox, &option, text, combo);
+    }
+    return {};
+}
+
+// Tabs whose title is cut short.
+QStringList ClippedTabs(const QTabBar& bar) {
+    QStringList clipped;
+    for (int i = 0; i < bar.count(); ++i) {
+        if (bar.tabRect(i).width() < TextWidth(bar, bar.tabText(i)) ||
+            bar.tabRect(i).right() > bar.width()) {
+            clipped << QStringLiteral("tab %1").arg(bar.tabText(i));
+        }
+    }
+    return clipped;
+}
+
+QStringList Clipped(QWidget& window) {
+    QStringList clipped;
+    for (QWidget* widget : window.findChildren<QWidget*>()) {
+        if (!widget->isVisibleTo(&window) || IsQtsOwn(widget) || IsQtsOwn(widget->parent())) {
+            continue;
+        }
+        if (const auto* bar = qobject_cast<const QTabBar*>(widget)) {
+            clipped << ClippedTabs(*bar);
+            continue;
+        }
+        const QSize needed = NeededSize(*widget);
+        if (widget->width() < needed.width() || widget->height() < needed.height()) {
+            clipped << QStringLiteral("%1 %2x%3 < %4x%5")
+                           .arg(NameOf(widget))
+                           .arg(widget->width())
+                           .arg(widget->height())
+                           .arg(needed.width())
+                           .arg(needed.height());
+        }
+    }
+    return clipped;
+}
+
+// Labels, buttons and fields: what a person reads or uses.
+bool IsControl(const QWidget* widget) {
+    return qobject_cast<const QAbstractButton*>(widget) != nullptr ||
+           qobject_cast<const QLabel*>(widget) != nullptr ||
+           qobject_cast<const QLineEdit*>(widget) != nullptr ||
+           qobject_cast<const QComboBox*>(widget) != nullptr ||
+           qobject_cast<const QAbstractSpinBox*>(widget) != nullptr;
+}
+
+// Visible controls of one parent that cover each other.
+QStringList Overlapping(QWidget& window) {
+    QStringList overlapping;
+    for (QWidget* parent : window.findChildren<QWidget*>()) {
+        QList<QWidget*> controls;
+        for (QWidget* child : parent->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+            if (IsControl(child) && child->isVisibleTo(&window) && !IsQtsOwn(child)) {
+                controls << child;
+            }
+        }
+        for (qsizetype i = 0; i < controls.size(); ++i) {
+            for (qsizetype j = i + 1; j < controls.size(); ++j) {
+                if (controls[i]->geometry().intersects(controls[j]->geometry())) {
+                    overlapping << NameOf(controls[i]) + QStringLiteral(" / ") +
+                                       NameOf(controls[j]);
+                }
+            }
+        }
+    }
+    return overlapping;
+}
+
+QString Listed(const QStringList& problems) {
+    return problems.join(QStringLiteral("\n  "));
+}
+
+}  // namespace
+
+class TranslationsTest : public QObject {
+    Q_OBJECT
+
+  private Q_SLOTS:
+    void cleanup() { QLocale::setDefault(QLocale::c()); }
+
+    void everyLanguageIsCompleteAndKeepsThePlaceholders_data() {
+        QTest::addColumn<QString>("path");
+        for (const QString& path : QStringLiteral(VELLUMO_TS_FILES).split(QLatin1Char('|'))) {
+            QTest::newRow(qPrintable(path.section(QLatin1Char('/'), -1))) << path;
+        }
+    }
+
+    void everyLanguageIsCompleteAndKeepsThePlaceholders() {
+        QFETCH(QString, path);
+        const std::vector<Message> messages = ReadMessages(path);
+        QVERIFY(messages.size() > 200);
+        QStringList problems;
+        for (const Message& message : messages) {
+            const QString where = message.context + QStringLiteral(": ") + message.source;
+            if (!message.finished) {
+                problems << QStringLiteral("unfinished: ") + where;
+            }
+            for (const QString& translation : message.translations) {
+                if (translation.trimmed().isEmpty()) {
+                    problems << QStringLiteral("empty: ") + where;
+                } else if (Placeholders(translation) != Placeholders(message.source)) {
+                    problems << QStringLiteral("placeholders differ: ") + where;
+                }
+            }
+        }
+        qInfo("%s: %zu texts", qPrintable(path.section(QLatin1Char('/'), -1)), messages.size());
+        QVERIFY2(problems.isEmpty(), qPrintable(Listed(problems)));
+    }
+
+    void theDesktopsFirstLanguageWithATranslationIsChosen() {
+        WindowLanguage language;
+        QVERIFY(language.Install({QStringLiteral("de-CH"), QStringLiteral("fr")}));
+        QCOMPARE(language.language(), QLocale::German);
+        QCOMPARE(QCoreApplication::translate("MainWindow", "Remove All"),
+                 QStringLiteral("Alle entfernen"));
+        // The plural forms are German's, the numbers grouped the German way.
+        QCOMPARE(QCoreApplication::translate("vellumo::ImageList", "%Ln images", nullptr, 1234),
+                 QStringLiteral("1.234 Bilder"));
+        QCOMPARE(QCoreApplication::translate("vellumo::ImageList", "%Ln images", nullptr, 1),
+                 QStringLiteral("1 Bild"));
+        QCOMPARE(vellumo::DimensionText(vellumo::kWidthCaption, 6000.5),
+                 QStringLiteral("Breite: 6.000"));
+        // Qt's own buttons speak German too, where Debian's translations of
+        // Qt are installed.
+        if (QFile::exists(QStringLiteral("/usr/share/qt6/translations/qtbase_de.qm"))) {
+            QCOMPARE(QCoreApplication::translate("QPlatformTheme", "Cancel"),
+                     QStringLiteral("Abbrechen"));
+        }
+    }
+
+    void frenchAndSpanishHaveTheirOwnFormsAndNumbers() {
+        {
+            WindowLanguage french;
+            QVERIFY(french.Install({QStringLiteral("fr-FR")}));
+            QCOMPARE(
+                QCoreApplication::translate("vellumo::ImageList", ", %Ln selected", nullptr, 2),
+                QString::fromUtf8(", 2 sélectionnées"));
+            QCOMPARE(vellumo::DimensionText(vellumo::kHeightCaption, 12000),
+                     QString::fromUtf8("Hauteur\u00a0: 12\u202f000"));
+        }
+        WindowLanguage spanish;
+        QVERIFY(spanish.Install({QStringLiteral("es")}));
+        QCOMPARE(QCoreApplication::translate("vellumo::ImageList", "%Ln images", nullptr, 3),
+                 QString::fromUtf8("3 imágenes"));
+    }
+
+    void englishFirstKeepsTheTextsAsWritten() {
+        WindowLanguage language;
+        QVERIFY(!language.Install({QStringLiteral("en-GB"), QStringLiteral("de")}));
+        QCOMPARE(language.language(), QLocale::English);
+        QCOMPARE(QCoreApplication::translate("MainWindow", "Remove All"),
+                 QStringLiteral("Remove All"));
+        QCOMPARE(vellumo::DimensionText(vellumo::kWidthCaption, 6000),
+                 QStringLiteral("Width: 6000"));
+        QVERIFY(!WindowLanguage().Install({QStringLiteral("C")}));
+        QVERIFY(!WindowLanguage().Install({QStringLiteral("nl-NL")}));
+    }
+
+    void aLongerLanguageShowsNoEnglishAndClipsNothing() {
+        QTranslator pseudo;
+        QVERIFY(pseudo.load(QStringLiteral(VELLUMO_PSEUDO_QM)));
+        QCoreApplication::installTranslator(&pseudo);
+        LoadedWindow loaded;
+        loaded.Show();
+        QWidget& window = loaded.window();
+        window.resize(1, 1);
+        QApplication::processEvents();
+        QVERIFY2(window.width() <= kSmallestWindow.width() &&
+                     window.height() <= kSmallestWindow.height(),
+                 qPrintable(
+                     QStringLiteral("smallest %1 x %2").arg(window.width()).arg(window.height())));
+        window.resize(kSmallestWindow);
+        QTRY_COMPARE(window.size(), kSmallestWindow);
+
+        const QStringList english = Untranslated(window);
+        QVERIFY2(english.isEmpty(),
+                 qPrintable(QStringLiteral("untranslated:\n  ") + Listed(english)));
+        auto& tabs = loaded.Control<QTabWidget>("tabView");
+        for (int tab = 0; tab < tabs.count(); ++tab) {
+            tabs.setCurrentIndex(tab);
+            QApplication::processEvents();
+            const QStringList clipped = Clipped(window);
+            QVERIFY2(clipped.isEmpty(),
+                     qPrintable(QStringLiteral("clipped:\n  ") + Listed(clipped)));
+            const QStringList overlapping = Overlapping(window);
+            QVERIFY2(overlapping.isEmpty(),
+                     qPrintable(QStringLiteral("overlapping:\n  ") + Listed(overlapping)));
+        }
+    }
+};
+
+QTEST_MAIN(TranslationsTest)
+#include "TranslationsTest.moc"
