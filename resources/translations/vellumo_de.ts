@@ -579,6 +579,89 @@
     </message>
 </context>
 <context>
+    <name>ReportText</name>
+    <message>
+        <source>1 image</source>
+        <translation>1 Bild</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln images</source>
+        <translation>
+            <numerusform>%Ln Bild</numerusform>
+            <numerusform>%Ln Bilder</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln would be written</source>
+        <translation>
+            <numerusform>%Ln würde geschrieben</numerusform>
+            <numerusform>%Ln würden geschrieben</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln written</source>
+        <translation>
+            <numerusform>%Ln geschrieben</numerusform>
+            <numerusform>%Ln geschrieben</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 kept as it was</source>
+        <translation>1 unverändert behalten</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln kept as they were</source>
+        <translation>
+            <numerusform>%Ln unverändert behalten</numerusform>
+            <numerusform>%Ln unverändert behalten</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln failed</source>
+        <translation>
+            <numerusform>%Ln fehlgeschlagen</numerusform>
+            <numerusform>%Ln fehlgeschlagen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln not cropped</source>
+        <translation>
+            <numerusform>%Ln nicht zugeschnitten</numerusform>
+            <numerusform>%Ln nicht zugeschnitten</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cropping was stopped: %L1 of 1 image was written.</source>
+        <translation>Das Zuschneiden wurde angehalten: %L1 von 1 Bild geschrieben.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Cropping was stopped: %L1 of %Ln images were written.</source>
+        <translation>
+            <numerusform>Das Zuschneiden wurde angehalten: %L1 von %Ln Bild geschrieben.</numerusform>
+            <numerusform>Das Zuschneiden wurde angehalten: %L1 von %Ln Bildern geschrieben.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1; %2</source>
+        <translation>%1; %2</translation>
+    </message>
+    <message>
+        <source>1 with a warning</source>
+        <translation>1 mit Warnung</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln with warnings</source>
+        <translation>
+            <numerusform>%Ln mit Warnung</numerusform>
+            <numerusform>%Ln mit Warnungen</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>SaveFileDialog</name>
     <message>
         <source>Vellumo profiles (*.%1)</source>

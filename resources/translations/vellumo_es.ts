@@ -579,6 +579,89 @@
     </message>
 </context>
 <context>
+    <name>ReportText</name>
+    <message>
+        <source>1 image</source>
+        <translation>1 imagen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln images</source>
+        <translation>
+            <numerusform>%Ln imagen</numerusform>
+            <numerusform>%Ln imágenes</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln would be written</source>
+        <translation>
+            <numerusform>%Ln se escribiría</numerusform>
+            <numerusform>%Ln se escribirían</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln written</source>
+        <translation>
+            <numerusform>%Ln escrita</numerusform>
+            <numerusform>%Ln escritas</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 kept as it was</source>
+        <translation>1 conservada tal cual</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln kept as they were</source>
+        <translation>
+            <numerusform>%Ln conservada tal cual</numerusform>
+            <numerusform>%Ln conservadas tal cual</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln failed</source>
+        <translation>
+            <numerusform>%Ln fallida</numerusform>
+            <numerusform>%Ln fallidas</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln not cropped</source>
+        <translation>
+            <numerusform>%Ln sin recortar</numerusform>
+            <numerusform>%Ln sin recortar</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cropping was stopped: %L1 of 1 image was written.</source>
+        <translation>Se detuvo el recorte: se escribieron %L1 de 1 imagen.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Cropping was stopped: %L1 of %Ln images were written.</source>
+        <translation>
+            <numerusform>Se detuvo el recorte: se escribieron %L1 de %Ln imagen.</numerusform>
+            <numerusform>Se detuvo el recorte: se escribieron %L1 de %Ln imágenes.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1; %2</source>
+        <translation>%1; %2</translation>
+    </message>
+    <message>
+        <source>1 with a warning</source>
+        <translation>1 con una advertencia</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln with warnings</source>
+        <translation>
+            <numerusform>%Ln con una advertencia</numerusform>
+            <numerusform>%Ln con advertencias</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>SaveFileDialog</name>
     <message>
         <source>Vellumo profiles (*.%1)</source>

@@ -579,6 +579,89 @@
     </message>
 </context>
 <context>
+    <name>ReportText</name>
+    <message>
+        <source>1 image</source>
+        <translation>1 image</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln images</source>
+        <translation>
+            <numerusform>%Ln image</numerusform>
+            <numerusform>%Ln images</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln would be written</source>
+        <translation>
+            <numerusform>%Ln serait écrite</numerusform>
+            <numerusform>%Ln seraient écrites</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln written</source>
+        <translation>
+            <numerusform>%Ln écrite</numerusform>
+            <numerusform>%Ln écrites</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 kept as it was</source>
+        <translation>1 conservée telle quelle</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln kept as they were</source>
+        <translation>
+            <numerusform>%Ln conservée telle quelle</numerusform>
+            <numerusform>%Ln conservées telles quelles</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln failed</source>
+        <translation>
+            <numerusform>%Ln en échec</numerusform>
+            <numerusform>%Ln en échec</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln not cropped</source>
+        <translation>
+            <numerusform>%Ln non recadrée</numerusform>
+            <numerusform>%Ln non recadrées</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cropping was stopped: %L1 of 1 image was written.</source>
+        <translation>Le recadrage a été arrêté&#xa0;: %L1 sur 1 image écrite.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Cropping was stopped: %L1 of %Ln images were written.</source>
+        <translation>
+            <numerusform>Le recadrage a été arrêté&#xa0;: %L1 sur %Ln image écrite.</numerusform>
+            <numerusform>Le recadrage a été arrêté&#xa0;: %L1 sur %Ln images écrites.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>%1; %2</source>
+        <translation>%1&#xa0;; %2</translation>
+    </message>
+    <message>
+        <source>1 with a warning</source>
+        <translation>1 avec un avertissement</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln with warnings</source>
+        <translation>
+            <numerusform>%Ln avec un avertissement</numerusform>
+            <numerusform>%Ln avec des avertissements</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>SaveFileDialog</name>
     <message>
         <source>Vellumo profiles (*.%1)</source>

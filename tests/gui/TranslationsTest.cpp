@@ -24,7 +24,9 @@
 #include <vector>
 
 #include "app/WindowLanguage.h"
+#include "batch/JobSummary.h"
 #include "tests/gui/support/LoadedWindow.h"
+#include "ui/dialogs/ReportText.h"
 #include "ui/preview/DimensionText.h"
 
 using vellumo::WindowLanguage;
@@ -270,6 +272,24 @@ QStringList Overlapping(QWidget& window) {
     return overlapping;
 }
 
+// A job's report with images of these outcomes, the first `warned` of the
+// written ones with a warning.
+vellumo::JobReport Report(std::initializer_list<vellumo::ImageStatus> outcomes, int warned = 0) {
+    vellumo::JobReport report;
+    for (const vellumo::ImageStatus status : outcomes) {
+        vellumo::ImageReport image;
+        image.index = static_cast<long>(report.images.size());
+        image.outcome.status = status;
+        if (status == vellumo::ImageStatus::Written && warned-- > 0) {
+            image.outcome.warning = "Clipped";
+        }
+        report.allSucceeded = report.allSucceeded && status != vellumo::ImageStatus::Failed;
+        report.images.push_back(image);
+    }
+    report.total = static_cast<long>(report.images.size());
+    return report;
+}
+
 QString Listed(const QStringList& problems) {
     return problems.join(QStringLiteral("\n  "));
 }
@@ -358,6 +378,44 @@ class TranslationsTest : public QObject {
                  QStringLiteral("Width: 6000"));
         QVERIFY(!WindowLanguage().Install({QStringLiteral("C")}));
         QVERIFY(!WindowLanguage().Install({QStringLiteral("nl-NL")}));
+    }
+
+    void theReportsCountsAreTheEnginesInEnglishAndTranslatedOtherwise() {
+        using S = vellumo::ImageStatus;
+        vellumo::JobReport stopped = Report({S::Written, S::Failed});
+        stopped.stopped = true;
+        stopped.total = 1300;
+        vellumo::JobReport stoppedAtOne = Report({});
+        stoppedAtOne.stopped = true;
+        stoppedAtOne.total = 1;
+        const std::vector<vellumo::JobReport> reports = {
+            Report({S::Written}, 1),
+            Report({S::Skipped}),
+            Report({S::Written, S::Written, S::Failed}, 2),
+            Report({S::Skipped, S::Skipped, S::Skipped}),
+            Report({S::Planned, S::Planned}),
+            stopped,
+            stoppedAtOne,
+        };
+        for (const vellumo::JobReport& report : reports) {
+            QCOMPARE(vellumo::JobCountsText(report),
+                     QString::fromStdString(vellumo::JobSummaryText(report)));
+        }
+        QCOMPARE(vellumo::StoppedSentenceText(stopped),
+                 QString::fromStdString(vellumo::JobResultSentence(stopped)));
+        QCOMPARE(vellumo::StoppedSentenceText(stoppedAtOne),
+                 QString::fromStdString(vellumo::JobResultSentence(stoppedAtOne)));
+
+        WindowLanguage german;
+        QVERIFY(german.Install({QStringLiteral("de")}));
+        QCOMPARE(vellumo::JobCountsText(reports[2]),
+                 QStringLiteral("3 Bilder: 2 geschrieben, 1 fehlgeschlagen; 2 mit Warnungen"));
+        QCOMPARE(vellumo::JobCountsText(stopped),
+                 QStringLiteral("1.300 Bilder: 1 geschrieben, 1 fehlgeschlagen, "
+                                "1.298 nicht zugeschnitten"));
+        QCOMPARE(
+            vellumo::StoppedSentenceText(stopped),
+            QStringLiteral("Das Zuschneiden wurde angehalten: 1 von 1.300 Bildern geschrieben."));
     }
 
     void aLongerLanguageShowsNoEnglishAndClipsNothing() {

@@ -3,7 +3,7 @@
 #include <QFile>
 #include <QStringList>
 
-#include "batch/JobSummary.h"
+#include "ui/dialogs/ReportText.h"
 
 namespace vellumo {
 
@@ -26,7 +26,7 @@ QString CropResultText(const char* text) {
 MessageBoxRequest CropResultRequest(const JobReport& report) {
     MessageBoxRequest request;
     if (report.stopped) {
-        request.text = QString::fromStdString(JobResultSentence(report));
+        request.text = StoppedSentenceText(report);
         request.style = MessageBoxStyle::Warning;
     } else if (report.allSucceeded) {
         request.text = Translated(kImagesCroppedSuccessfully);
@@ -35,7 +35,7 @@ MessageBoxRequest CropResultRequest(const JobReport& report) {
         request.text = Translated(kSomeImagesNotCropped);
         request.style = MessageBoxStyle::Warning;
     }
-    request.informativeText = QString::fromStdString(JobSummaryText(report));
+    request.informativeText = JobCountsText(report);
     request.buttons = {Translated(kShowInFolder), QCoreApplication::translate("MessageBox", "OK")};
     request.defaultButton = 1;
 
