@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QLibraryInfo>
 
+#include "ui/WindowLocale.h"
+
 namespace vellumo {
 
 namespace {
@@ -36,11 +38,12 @@ bool WindowLanguage::Install(const QStringList& languages) {
         }
         if (Load(language)) {
             language_ = language;
+            // Qt's widgets and the list's sorting follow the language too.
             QLocale::setDefault(NumberLocale(language));
+            SetWindowLocale(NumberLocale(language));
             return true;
         }
     }
-    QLocale::setDefault(QLocale::c());
     return false;
 }
 

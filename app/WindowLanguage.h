@@ -13,9 +13,10 @@ namespace vellumo {
 // English is the language the texts are written in: when it comes first, or
 // no language has a translation, nothing is installed.
 //
-// Numbers shown in the texts follow the chosen language's locale (QLocale's
-// default, which `%L1` and `%Ln` use); in English they are written as they
-// always were, without group separators, whatever the system's locale.
+// Numbers shown in the texts follow the chosen language's locale
+// (WindowLocale, and QLocale's default for Qt's widgets); in English they
+// are written as they always were, without group separators, whatever the
+// system's locale.
 class WindowLanguage {
   public:
     // The person's languages in order of preference, as the desktop gives

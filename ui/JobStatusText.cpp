@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "ui/WindowLocale.h"
+
 namespace vellumo {
 
 namespace {
@@ -11,10 +13,11 @@ namespace {
 QString TimeLeftText(double seconds) {
     if (seconds < 59.5) {
         const long whole = std::max(1L, std::lround(seconds));
-        return QCoreApplication::translate("JobStatusText", "about %L1 s left").arg(whole);
+        return QCoreApplication::translate("JobStatusText", "about %L1 s left")
+            .arg(WindowNumber(whole));
     }
     return QCoreApplication::translate("JobStatusText", "about %L1 min left")
-        .arg(std::lround(seconds / 60.0));
+        .arg(WindowNumber(std::lround(seconds / 60.0)));
 }
 
 }  // namespace
@@ -24,8 +27,7 @@ QString JobStatusText(long done, long total, std::chrono::milliseconds elapsed) 
         return {};
     }
     QString cropping = QCoreApplication::translate("JobStatusText", "Cropping %L1 of %L2")
-                           .arg(done + 1)
-                           .arg(total);
+                           .arg(WindowNumber(done + 1), WindowNumber(total));
     if (done <= 0) {
         return cropping;
     }

@@ -12,10 +12,10 @@
         <translation>Die Originaldatei des aufgeführten Bildes durch ihren Zuschnitt ersetzen? Das Original lässt sich nicht wiederherstellen.</translation>
     </message>
     <message numerus="yes">
-        <source>Replace the original files of the %Ln listed images by their crops? The originals cannot be restored.</source>
+        <source>Replace the original files of the %L1 listed images by their crops? The originals cannot be restored.</source>
         <translation>
-            <numerusform>Die Originaldatei des %Ln aufgeführten Bildes durch ihren Zuschnitt ersetzen? Das Original lässt sich nicht wiederherstellen.</numerusform>
-            <numerusform>Die Originaldateien der %Ln aufgeführten Bilder durch ihre Zuschnitte ersetzen? Die Originale lassen sich nicht wiederherstellen.</numerusform>
+            <numerusform>Die Originaldatei des %L1 aufgeführten Bildes durch ihren Zuschnitt ersetzen? Das Original lässt sich nicht wiederherstellen.</numerusform>
+            <numerusform>Die Originaldateien der %L1 aufgeführten Bilder durch ihre Zuschnitte ersetzen? Die Originale lassen sich nicht wiederherstellen.</numerusform>
         </translation>
     </message>
     <message>
@@ -43,17 +43,17 @@
         <translation>Das Zuschnittrechteck lässt jedes Bild unbeschnitten. Unbeschnittene Kopien schreiben?</translation>
     </message>
     <message numerus="yes">
-        <source>… and %Ln more</source>
+        <source>… and %L1 more</source>
         <translation>
-            <numerusform>… und %Ln weitere</numerusform>
-            <numerusform>… und %Ln weitere</numerusform>
+            <numerusform>… und %L1 weitere</numerusform>
+            <numerusform>… und %L1 weitere</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%Ln images would be written to the same files, one over another:</source>
+        <source>%L1 images would be written to the same files, one over another:</source>
         <translation>
-            <numerusform>%Ln Bild würde in dieselbe Datei geschrieben, eines über das andere:</numerusform>
-            <numerusform>%Ln Bilder würden in dieselben Dateien geschrieben, eines über das andere:</numerusform>
+            <numerusform>%L1 Bild würde in dieselbe Datei geschrieben, eines über das andere:</numerusform>
+            <numerusform>%L1 Bilder würden in dieselben Dateien geschrieben, eines über das andere:</numerusform>
         </translation>
     </message>
 </context>
@@ -585,24 +585,24 @@
         <translation>1 Bild</translation>
     </message>
     <message numerus="yes">
-        <source>%Ln images</source>
+        <source>%L1 images</source>
         <translation>
-            <numerusform>%Ln Bild</numerusform>
-            <numerusform>%Ln Bilder</numerusform>
+            <numerusform>%L1 Bild</numerusform>
+            <numerusform>%L1 Bilder</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%Ln would be written</source>
+        <source>%L1 would be written</source>
         <translation>
-            <numerusform>%Ln würde geschrieben</numerusform>
-            <numerusform>%Ln würden geschrieben</numerusform>
+            <numerusform>%L1 würde geschrieben</numerusform>
+            <numerusform>%L1 würden geschrieben</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%Ln written</source>
+        <source>%L1 written</source>
         <translation>
-            <numerusform>%Ln geschrieben</numerusform>
-            <numerusform>%Ln geschrieben</numerusform>
+            <numerusform>%L1 geschrieben</numerusform>
+            <numerusform>%L1 geschrieben</numerusform>
         </translation>
     </message>
     <message>
@@ -610,36 +610,29 @@
         <translation>1 unverändert behalten</translation>
     </message>
     <message numerus="yes">
-        <source>%Ln kept as they were</source>
+        <source>%L1 kept as they were</source>
         <translation>
-            <numerusform>%Ln unverändert behalten</numerusform>
-            <numerusform>%Ln unverändert behalten</numerusform>
+            <numerusform>%L1 unverändert behalten</numerusform>
+            <numerusform>%L1 unverändert behalten</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%Ln failed</source>
+        <source>%L1 failed</source>
         <translation>
-            <numerusform>%Ln fehlgeschlagen</numerusform>
-            <numerusform>%Ln fehlgeschlagen</numerusform>
+            <numerusform>%L1 fehlgeschlagen</numerusform>
+            <numerusform>%L1 fehlgeschlagen</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%Ln not cropped</source>
+        <source>%L1 not cropped</source>
         <translation>
-            <numerusform>%Ln nicht zugeschnitten</numerusform>
-            <numerusform>%Ln nicht zugeschnitten</numerusform>
+            <numerusform>%L1 nicht zugeschnitten</numerusform>
+            <numerusform>%L1 nicht zugeschnitten</numerusform>
         </translation>
     </message>
     <message>
         <source>Cropping was stopped: %L1 of 1 image was written.</source>
         <translation>Das Zuschneiden wurde angehalten: %L1 von 1 Bild geschrieben.</translation>
-    </message>
-    <message numerus="yes">
-        <source>Cropping was stopped: %L1 of %Ln images were written.</source>
-        <translation>
-            <numerusform>Das Zuschneiden wurde angehalten: %L1 von %Ln Bild geschrieben.</numerusform>
-            <numerusform>Das Zuschneiden wurde angehalten: %L1 von %Ln Bildern geschrieben.</numerusform>
-        </translation>
     </message>
     <message>
         <source>%1: %2</source>
@@ -654,10 +647,17 @@
         <translation>1 mit Warnung</translation>
     </message>
     <message numerus="yes">
-        <source>%Ln with warnings</source>
+        <source>%L1 with warnings</source>
         <translation>
-            <numerusform>%Ln mit Warnung</numerusform>
-            <numerusform>%Ln mit Warnungen</numerusform>
+            <numerusform>%L1 mit Warnung</numerusform>
+            <numerusform>%L1 mit Warnungen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Cropping was stopped: %L1 of %L2 images were written.</source>
+        <translation>
+            <numerusform>Das Zuschneiden wurde angehalten: %L1 von %L2 Bild geschrieben.</numerusform>
+            <numerusform>Das Zuschneiden wurde angehalten: %L1 von %L2 Bildern geschrieben.</numerusform>
         </translation>
     </message>
 </context>
@@ -838,17 +838,17 @@
         <translation>1 Bild</translation>
     </message>
     <message numerus="yes">
-        <source>%Ln images</source>
+        <source>%L1 images</source>
         <translation>
-            <numerusform>%Ln Bild</numerusform>
-            <numerusform>%Ln Bilder</numerusform>
+            <numerusform>%L1 Bild</numerusform>
+            <numerusform>%L1 Bilder</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>, %Ln selected</source>
+        <source>, %L1 selected</source>
         <translation>
-            <numerusform>, %Ln ausgewählt</numerusform>
-            <numerusform>, %Ln ausgewählt</numerusform>
+            <numerusform>, %L1 ausgewählt</numerusform>
+            <numerusform>, %L1 ausgewählt</numerusform>
         </translation>
     </message>
     <message>
@@ -911,10 +911,10 @@
         <translation>1 Bild des Zuschnittplans existiert nicht mehr: %1</translation>
     </message>
     <message numerus="yes">
-        <source>%Ln images of the crop plan no longer exist.</source>
+        <source>%L1 images of the crop plan no longer exist.</source>
         <translation>
-            <numerusform>%Ln Bild des Zuschnittplans existiert nicht mehr.</numerusform>
-            <numerusform>%Ln Bilder des Zuschnittplans existieren nicht mehr.</numerusform>
+            <numerusform>%L1 Bild des Zuschnittplans existiert nicht mehr.</numerusform>
+            <numerusform>%L1 Bilder des Zuschnittplans existieren nicht mehr.</numerusform>
         </translation>
     </message>
     <message>

@@ -12,10 +12,10 @@
         <translation>¿Reemplazar el archivo original de la imagen de la lista por su recorte? El original no se podrá recuperar.</translation>
     </message>
     <message numerus="yes">
-        <source>Replace the original files of the %Ln listed images by their crops? The originals cannot be restored.</source>
+        <source>Replace the original files of the %L1 listed images by their crops? The originals cannot be restored.</source>
         <translation>
-            <numerusform>¿Reemplazar el archivo original de %Ln imagen de la lista por su recorte? El original no se podrá recuperar.</numerusform>
-            <numerusform>¿Reemplazar los archivos originales de las %Ln imágenes de la lista por sus recortes? Los originales no se podrán recuperar.</numerusform>
+            <numerusform>¿Reemplazar el archivo original de %L1 imagen de la lista por su recorte? El original no se podrá recuperar.</numerusform>
+            <numerusform>¿Reemplazar los archivos originales de las %L1 imágenes de la lista por sus recortes? Los originales no se podrán recuperar.</numerusform>
         </translation>
     </message>
     <message>
@@ -43,17 +43,17 @@
         <translation>El rectángulo de recorte deja todas las imágenes sin recortar. ¿Escribir copias sin recortar?</translation>
     </message>
     <message numerus="yes">
-        <source>… and %Ln more</source>
+        <source>… and %L1 more</source>
         <translation>
-            <numerusform>… y %Ln más</numerusform>
-            <numerusform>… y %Ln más</numerusform>
+            <numerusform>… y %L1 más</numerusform>
+            <numerusform>… y %L1 más</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%Ln images would be written to the same files, one over another:</source>
+        <source>%L1 images would be written to the same files, one over another:</source>
         <translation>
-            <numerusform>%Ln imagen se escribiría en el mismo archivo, una encima de otra:</numerusform>
-            <numerusform>%Ln imágenes se escribirían en los mismos archivos, una encima de otra:</numerusform>
+            <numerusform>%L1 imagen se escribiría en el mismo archivo, una encima de otra:</numerusform>
+            <numerusform>%L1 imágenes se escribirían en los mismos archivos, una encima de otra:</numerusform>
         </translation>
     </message>
 </context>
@@ -585,24 +585,24 @@
         <translation>1 imagen</translation>
     </message>
     <message numerus="yes">
-        <source>%Ln images</source>
+        <source>%L1 images</source>
         <translation>
-            <numerusform>%Ln imagen</numerusform>
-            <numerusform>%Ln imágenes</numerusform>
+            <numerusform>%L1 imagen</numerusform>
+            <numerusform>%L1 imágenes</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%Ln would be written</source>
+        <source>%L1 would be written</source>
         <translation>
-            <numerusform>%Ln se escribiría</numerusform>
-            <numerusform>%Ln se escribirían</numerusform>
+            <numerusform>%L1 se escribiría</numerusform>
+            <numerusform>%L1 se escribirían</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%Ln written</source>
+        <source>%L1 written</source>
         <translation>
-            <numerusform>%Ln escrita</numerusform>
-            <numerusform>%Ln escritas</numerusform>
+            <numerusform>%L1 escrita</numerusform>
+            <numerusform>%L1 escritas</numerusform>
         </translation>
     </message>
     <message>
@@ -610,36 +610,29 @@
         <translation>1 conservada tal cual</translation>
     </message>
     <message numerus="yes">
-        <source>%Ln kept as they were</source>
+        <source>%L1 kept as they were</source>
         <translation>
-            <numerusform>%Ln conservada tal cual</numerusform>
-            <numerusform>%Ln conservadas tal cual</numerusform>
+            <numerusform>%L1 conservada tal cual</numerusform>
+            <numerusform>%L1 conservadas tal cual</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%Ln failed</source>
+        <source>%L1 failed</source>
         <translation>
-            <numerusform>%Ln fallida</numerusform>
-            <numerusform>%Ln fallidas</numerusform>
+            <numerusform>%L1 fallida</numerusform>
+            <numerusform>%L1 fallidas</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%Ln not cropped</source>
+        <source>%L1 not cropped</source>
         <translation>
-            <numerusform>%Ln sin recortar</numerusform>
-            <numerusform>%Ln sin recortar</numerusform>
+            <numerusform>%L1 sin recortar</numerusform>
+            <numerusform>%L1 sin recortar</numerusform>
         </translation>
     </message>
     <message>
         <source>Cropping was stopped: %L1 of 1 image was written.</source>
         <translation>Se detuvo el recorte: se escribieron %L1 de 1 imagen.</translation>
-    </message>
-    <message numerus="yes">
-        <source>Cropping was stopped: %L1 of %Ln images were written.</source>
-        <translation>
-            <numerusform>Se detuvo el recorte: se escribieron %L1 de %Ln imagen.</numerusform>
-            <numerusform>Se detuvo el recorte: se escribieron %L1 de %Ln imágenes.</numerusform>
-        </translation>
     </message>
     <message>
         <source>%1: %2</source>
@@ -654,10 +647,17 @@
         <translation>1 con una advertencia</translation>
     </message>
     <message numerus="yes">
-        <source>%Ln with warnings</source>
+        <source>%L1 with warnings</source>
         <translation>
-            <numerusform>%Ln con una advertencia</numerusform>
-            <numerusform>%Ln con advertencias</numerusform>
+            <numerusform>%L1 con una advertencia</numerusform>
+            <numerusform>%L1 con advertencias</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Cropping was stopped: %L1 of %L2 images were written.</source>
+        <translation>
+            <numerusform>Se detuvo el recorte: se escribieron %L1 de %L2 imagen.</numerusform>
+            <numerusform>Se detuvo el recorte: se escribieron %L1 de %L2 imágenes.</numerusform>
         </translation>
     </message>
 </context>
@@ -838,17 +838,17 @@
         <translation>1 imagen</translation>
     </message>
     <message numerus="yes">
-        <source>%Ln images</source>
+        <source>%L1 images</source>
         <translation>
-            <numerusform>%Ln imagen</numerusform>
-            <numerusform>%Ln imágenes</numerusform>
+            <numerusform>%L1 imagen</numerusform>
+            <numerusform>%L1 imágenes</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>, %Ln selected</source>
+        <source>, %L1 selected</source>
         <translation>
-            <numerusform>, %Ln seleccionada</numerusform>
-            <numerusform>, %Ln seleccionadas</numerusform>
+            <numerusform>, %L1 seleccionada</numerusform>
+            <numerusform>, %L1 seleccionadas</numerusform>
         </translation>
     </message>
     <message>
@@ -911,10 +911,10 @@
         <translation>1 imagen del plan de recorte ya no existe: %1</translation>
     </message>
     <message numerus="yes">
-        <source>%Ln images of the crop plan no longer exist.</source>
+        <source>%L1 images of the crop plan no longer exist.</source>
         <translation>
-            <numerusform>%Ln imagen del plan de recorte ya no existe.</numerusform>
-            <numerusform>%Ln imágenes del plan de recorte ya no existen.</numerusform>
+            <numerusform>%L1 imagen del plan de recorte ya no existe.</numerusform>
+            <numerusform>%L1 imágenes del plan de recorte ya no existen.</numerusform>
         </translation>
     </message>
     <message>

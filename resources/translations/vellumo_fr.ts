@@ -12,10 +12,10 @@
         <translation>Remplacer le fichier original de l’image listée par son recadrage&#xa0;? L’original ne pourra pas être restauré.</translation>
     </message>
     <message numerus="yes">
-        <source>Replace the original files of the %Ln listed images by their crops? The originals cannot be restored.</source>
+        <source>Replace the original files of the %L1 listed images by their crops? The originals cannot be restored.</source>
         <translation>
-            <numerusform>Remplacer le fichier original de l’image listée (%Ln) par son recadrage&#xa0;? L’original ne pourra pas être restauré.</numerusform>
-            <numerusform>Remplacer les fichiers originaux des %Ln images listées par leurs recadrages&#xa0;? Les originaux ne pourront pas être restaurés.</numerusform>
+            <numerusform>Remplacer le fichier original de l’image listée (%L1) par son recadrage&#xa0;? L’original ne pourra pas être restauré.</numerusform>
+            <numerusform>Remplacer les fichiers originaux des %L1 images listées par leurs recadrages&#xa0;? Les originaux ne pourront pas être restaurés.</numerusform>
         </translation>
     </message>
     <message>
@@ -43,17 +43,17 @@
         <translation>Le rectangle de recadrage laisse chaque image intacte. Écrire des copies non recadrées&#xa0;?</translation>
     </message>
     <message numerus="yes">
-        <source>… and %Ln more</source>
+        <source>… and %L1 more</source>
         <translation>
-            <numerusform>… et %Ln autre</numerusform>
-            <numerusform>… et %Ln autres</numerusform>
+            <numerusform>… et %L1 autre</numerusform>
+            <numerusform>… et %L1 autres</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%Ln images would be written to the same files, one over another:</source>
+        <source>%L1 images would be written to the same files, one over another:</source>
         <translation>
-            <numerusform>%Ln image serait écrite dans le même fichier, l’une par-dessus l’autre&#xa0;:</numerusform>
-            <numerusform>%Ln images seraient écrites dans les mêmes fichiers, l’une par-dessus l’autre&#xa0;:</numerusform>
+            <numerusform>%L1 image serait écrite dans le même fichier, l’une par-dessus l’autre&#xa0;:</numerusform>
+            <numerusform>%L1 images seraient écrites dans les mêmes fichiers, l’une par-dessus l’autre&#xa0;:</numerusform>
         </translation>
     </message>
 </context>
@@ -585,24 +585,24 @@
         <translation>1 image</translation>
     </message>
     <message numerus="yes">
-        <source>%Ln images</source>
+        <source>%L1 images</source>
         <translation>
-            <numerusform>%Ln image</numerusform>
-            <numerusform>%Ln images</numerusform>
+            <numerusform>%L1 image</numerusform>
+            <numerusform>%L1 images</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%Ln would be written</source>
+        <source>%L1 would be written</source>
         <translation>
-            <numerusform>%Ln serait écrite</numerusform>
-            <numerusform>%Ln seraient écrites</numerusform>
+            <numerusform>%L1 serait écrite</numerusform>
+            <numerusform>%L1 seraient écrites</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%Ln written</source>
+        <source>%L1 written</source>
         <translation>
-            <numerusform>%Ln écrite</numerusform>
-            <numerusform>%Ln écrites</numerusform>
+            <numerusform>%L1 écrite</numerusform>
+            <numerusform>%L1 écrites</numerusform>
         </translation>
     </message>
     <message>
@@ -610,36 +610,29 @@
         <translation>1 conservée telle quelle</translation>
     </message>
     <message numerus="yes">
-        <source>%Ln kept as they were</source>
+        <source>%L1 kept as they were</source>
         <translation>
-            <numerusform>%Ln conservée telle quelle</numerusform>
-            <numerusform>%Ln conservées telles quelles</numerusform>
+            <numerusform>%L1 conservée telle quelle</numerusform>
+            <numerusform>%L1 conservées telles quelles</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%Ln failed</source>
+        <source>%L1 failed</source>
         <translation>
-            <numerusform>%Ln en échec</numerusform>
-            <numerusform>%Ln en échec</numerusform>
+            <numerusform>%L1 en échec</numerusform>
+            <numerusform>%L1 en échec</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%Ln not cropped</source>
+        <source>%L1 not cropped</source>
         <translation>
-            <numerusform>%Ln non recadrée</numerusform>
-            <numerusform>%Ln non recadrées</numerusform>
+            <numerusform>%L1 non recadrée</numerusform>
+            <numerusform>%L1 non recadrées</numerusform>
         </translation>
     </message>
     <message>
         <source>Cropping was stopped: %L1 of 1 image was written.</source>
         <translation>Le recadrage a été arrêté&#xa0;: %L1 sur 1 image écrite.</translation>
-    </message>
-    <message numerus="yes">
-        <source>Cropping was stopped: %L1 of %Ln images were written.</source>
-        <translation>
-            <numerusform>Le recadrage a été arrêté&#xa0;: %L1 sur %Ln image écrite.</numerusform>
-            <numerusform>Le recadrage a été arrêté&#xa0;: %L1 sur %Ln images écrites.</numerusform>
-        </translation>
     </message>
     <message>
         <source>%1: %2</source>
@@ -654,10 +647,17 @@
         <translation>1 avec un avertissement</translation>
     </message>
     <message numerus="yes">
-        <source>%Ln with warnings</source>
+        <source>%L1 with warnings</source>
         <translation>
-            <numerusform>%Ln avec un avertissement</numerusform>
-            <numerusform>%Ln avec des avertissements</numerusform>
+            <numerusform>%L1 avec un avertissement</numerusform>
+            <numerusform>%L1 avec des avertissements</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Cropping was stopped: %L1 of %L2 images were written.</source>
+        <translation>
+            <numerusform>Le recadrage a été arrêté&#xa0;: %L1 sur %L2 image écrite.</numerusform>
+            <numerusform>Le recadrage a été arrêté&#xa0;: %L1 sur %L2 images écrites.</numerusform>
         </translation>
     </message>
 </context>
@@ -838,17 +838,17 @@
         <translation>1 image</translation>
     </message>
     <message numerus="yes">
-        <source>%Ln images</source>
+        <source>%L1 images</source>
         <translation>
-            <numerusform>%Ln image</numerusform>
-            <numerusform>%Ln images</numerusform>
+            <numerusform>%L1 image</numerusform>
+            <numerusform>%L1 images</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>, %Ln selected</source>
+        <source>, %L1 selected</source>
         <translation>
-            <numerusform>, %Ln sélectionnée</numerusform>
-            <numerusform>, %Ln sélectionnées</numerusform>
+            <numerusform>, %L1 sélectionnée</numerusform>
+            <numerusform>, %L1 sélectionnées</numerusform>
         </translation>
     </message>
     <message>
@@ -911,10 +911,10 @@
         <translation>1 image du plan de recadrage n’existe plus&#xa0;: %1</translation>
     </message>
     <message numerus="yes">
-        <source>%Ln images of the crop plan no longer exist.</source>
+        <source>%L1 images of the crop plan no longer exist.</source>
         <translation>
-            <numerusform>%Ln image du plan de recadrage n’existe plus.</numerusform>
-            <numerusform>%Ln images du plan de recadrage n’existent plus.</numerusform>
+            <numerusform>%L1 image du plan de recadrage n’existe plus.</numerusform>
+            <numerusform>%L1 images du plan de recadrage n’existent plus.</numerusform>
         </translation>
     </message>
     <message>

@@ -26,7 +26,10 @@
 #include "app/WindowLanguage.h"
 #include "batch/JobSummary.h"
 #include "tests/gui/support/LoadedWindow.h"
+#include "ui/JobStatusText.h"
+#include "ui/WindowLocale.h"
 #include "ui/dialogs/ReportText.h"
+#include "ui/list/ImageList.h"
 #include "ui/preview/DimensionText.h"
 
 using vellumo::WindowLanguage;
@@ -290,6 +293,17 @@ vellumo::JobReport Report(std::initializer_list<vellumo::ImageStatus> outcomes, 
     return report;
 }
 
+// The image list's count line with `count` images listed.
+QString ListCountText(int count, int selected) {
+    vellumo::ImageList list;
+    QStringList paths;
+    for (int i = 0; i < count; ++i) {
+        paths << QStringLiteral("/photos/%1.jpg").arg(i);
+    }
+    list.Append(paths);
+    return list.CountText(selected);
+}
+
 QString Listed(const QStringList& problems) {
     return problems.join(QStringLiteral("\n  "));
 }
@@ -300,7 +314,11 @@ class TranslationsTest : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
-    void cleanup() { QLocale::setDefault(QLocale::c()); }
+    // Each test chooses its language; the next starts in English again.
+    void cleanup() {
+        vellumo::SetWindowLocale(QLocale::c());
+        QLocale::setDefault(QLocale::system());
+    }
 
     void everyLanguageIsCompleteAndKeepsThePlaceholders_data() {
         QTest::addColumn<QString>("path");
@@ -338,10 +356,9 @@ class TranslationsTest : public QObject {
         QCOMPARE(QCoreApplication::translate("MainWindow", "Remove All"),
                  QStringLiteral("Alle entfernen"));
         // The plural forms are German's, the numbers grouped the German way.
-        QCOMPARE(QCoreApplication::translate("vellumo::ImageList", "%Ln images", nullptr, 1234),
-                 QStringLiteral("1.234 Bilder"));
-        QCOMPARE(QCoreApplication::translate("vellumo::ImageList", "%Ln images", nullptr, 1),
-                 QStringLiteral("1 Bild"));
+        QCOMPARE(ListCountText(1234, 2), QStringLiteral("1.234 Bilder, 2 ausgewählt"));
+        QCOMPARE(ListCountText(1, 0), QStringLiteral("1 Bild"));
+        QCOMPARE(ListCountText(0, 0), QStringLiteral("Keine Bilder"));
         QCOMPARE(vellumo::DimensionText(vellumo::kWidthCaption, 6000.5),
                  QStringLiteral("Breite: 6.000"));
         // Qt's own buttons speak German too, where Debian's translations of
@@ -356,16 +373,15 @@ class TranslationsTest : public QObject {
         {
             WindowLanguage french;
             QVERIFY(french.Install({QStringLiteral("fr-FR")}));
-            QCOMPARE(
-                QCoreApplication::translate("vellumo::ImageList", ", %Ln selected", nullptr, 2),
-                QString::fromUtf8(", 2 sélectionnées"));
+            QCOMPARE(ListCountText(2, 2), QString::fromUtf8("2 images, 2 sélectionnées"));
             QCOMPARE(vellumo::DimensionText(vellumo::kHeightCaption, 12000),
                      QString::fromUtf8("Hauteur\u00a0: 12\u202f000"));
         }
         WindowLanguage spanish;
         QVERIFY(spanish.Install({QStringLiteral("es")}));
-        QCOMPARE(QCoreApplication::translate("vellumo::ImageList", "%Ln images", nullptr, 3),
-                 QString::fromUtf8("3 imágenes"));
+        QCOMPARE(ListCountText(3, 0), QString::fromUtf8("3 imágenes"));
+        QCOMPARE(vellumo::JobStatusText(1234, 5000, std::chrono::seconds(1234)),
+                 QString::fromUtf8("Recortando 1235 de 5000 — quedan unos 63 min"));
     }
 
     void englishFirstKeepsTheTextsAsWritten() {
@@ -374,8 +390,11 @@ class TranslationsTest : public QObject {
         QCOMPARE(language.language(), QLocale::English);
         QCOMPARE(QCoreApplication::translate("MainWindow", "Remove All"),
                  QStringLiteral("Remove All"));
+        // Numbers as English always had them, whatever the system's locale
+        // (the C.UTF-8 system locale would write "1,234").
         QCOMPARE(vellumo::DimensionText(vellumo::kWidthCaption, 6000),
                  QStringLiteral("Width: 6000"));
+        QCOMPARE(ListCountText(1234, 2), QStringLiteral("1234 images, 2 selected"));
         QVERIFY(!WindowLanguage().Install({QStringLiteral("C")}));
         QVERIFY(!WindowLanguage().Install({QStringLiteral("nl-NL")}));
     }

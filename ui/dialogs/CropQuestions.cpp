@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include "batch/OutputFolder.h"
+#include "ui/WindowLocale.h"
 
 namespace vellumo {
 
@@ -48,9 +49,10 @@ MessageBoxRequest ReplaceOriginalsRequest(std::size_t imageCount) {
                              "The originals cannot be restored.")
                        : QCoreApplication::translate(
                              "CropQuestions",
-                             "Replace the original files of the %Ln listed images by their crops? "
+                             "Replace the original files of the %L1 listed images by their crops? "
                              "The originals cannot be restored.",
-                             nullptr, count),
+                             nullptr, count)
+                             .arg(WindowNumber(count)),
             MessageBoxStyle::Warning,
             {Translated(kReplaceOriginals), Translated(kCancel)}};
 }
@@ -75,13 +77,16 @@ MessageBoxRequest ClashWarningRequest(const std::vector<OutputClash>& clashes,
     }
     if (clashes.size() > kClashesNamed) {
         const int more = static_cast<int>(clashes.size() - kClashesNamed);
-        named << QCoreApplication::translate("CropQuestions", "… and %Ln more", nullptr, more);
+        named << QCoreApplication::translate("CropQuestions", "… and %L1 more", nullptr, more)
+                     .arg(WindowNumber(more));
     }
     MessageBoxRequest request;
     const int clashing = static_cast<int>(images);
-    request.text = QCoreApplication::translate(
-        "CropQuestions",
-        "%Ln images would be written to the same files, one over another:", nullptr, clashing);
+    request.text =
+        QCoreApplication::translate(
+            "CropQuestions",
+            "%L1 images would be written to the same files, one over another:", nullptr, clashing)
+            .arg(WindowNumber(clashing));
     request.informativeText = named.join(QLatin1Char('\n'));
     request.details = all.join(QLatin1Char('\n'));
     request.buttons = {Translated(kNumberTheClashingFiles), Translated(kCancel)};

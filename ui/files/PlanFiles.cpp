@@ -4,6 +4,7 @@
 #include <QFileInfo>
 
 #include "batch/CropPlan.h"
+#include "ui/WindowLocale.h"
 #include "ui/WindowServices.h"
 #include "ui/controls/SettingsPanel.h"
 #include "ui/list/ImageList.h"
@@ -135,11 +136,11 @@ void PlanFiles::MarkMissingImages() {
     if (missing.isEmpty()) {
         return;
     }
-    MessageBoxRequest notice =
-        NoticeRequest(missing.size() == 1
-                          ? tr("1 image of the crop plan no longer exists: %1").arg(missing.front())
-                          : tr("%Ln images of the crop plan no longer exist.", nullptr,
-                               static_cast<int>(missing.size())));
+    const int count = static_cast<int>(missing.size());
+    MessageBoxRequest notice = NoticeRequest(
+        count == 1 ? tr("1 image of the crop plan no longer exists: %1").arg(missing.front())
+                   : tr("%L1 images of the crop plan no longer exist.", nullptr, count)
+                         .arg(WindowNumber(count)));
     notice.informativeText = tr("They stay in the list, marked, and fail when cropping.");
     notice.details = missing.join(QLatin1Char('\n'));
     services_.showMessageBox(notice);

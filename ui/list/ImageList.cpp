@@ -10,6 +10,7 @@
 #include <string>
 
 #include "imaging/Fatal.h"
+#include "ui/WindowLocale.h"
 #include "ui/list/FileKindIcons.h"
 #include "ui/list/ImagePaths.h"
 
@@ -37,9 +38,9 @@ QString ImageList::CountText(int selected) const {
     // the translation's.
     QString text = count() == 0   ? tr("No images")
                    : count() == 1 ? tr("1 image")
-                                  : tr("%Ln images", nullptr, count());
+                                  : tr("%L1 images", nullptr, count()).arg(WindowNumber(count()));
     if (selected > 1) {
-        text += tr(", %Ln selected", nullptr, selected);
+        text += tr(", %L1 selected", nullptr, selected).arg(WindowNumber(selected));
     }
     return text;
 }

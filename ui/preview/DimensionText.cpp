@@ -1,11 +1,11 @@
 #include "ui/preview/DimensionText.h"
 
-#include <QLocale>
 #include <cmath>
 #include <cstdint>
 #include <string>
 
 #include "imaging/Fatal.h"
+#include "ui/WindowLocale.h"
 
 namespace vellumo {
 
@@ -18,7 +18,7 @@ QString DimensionText(const char* caption, double value) {
               std::to_string(value));
     }
     return QCoreApplication::translate("DimensionText", caption) +
-           QLocale().toString(static_cast<qlonglong>(whole));
+           WindowNumber(static_cast<qlonglong>(whole));
 }
 
 }  // namespace vellumo

@@ -4,12 +4,12 @@
 #include <QFileInfo>
 #include <QIcon>
 #include <QListView>
-#include <QLocale>
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyle>
 #include <cmath>
 
+#include "ui/WindowLocale.h"
 #include "ui/preview/CropFrame.h"
 #include "ui/thumbnails/ThumbnailLoader.h"
 
@@ -23,11 +23,10 @@ constexpr int kVeilAlpha = 150;
 constexpr int kMarkRadius = 7;
 
 QString SizeText(Size size) {
-    // The numbers as the window's language writes them (QLocale's default).
-    const QLocale locale;
+    // The numbers as the window's language writes them.
     return QStringLiteral("%1 × %2").arg(
-        locale.toString(static_cast<qlonglong>(std::trunc(size.width))),
-        locale.toString(static_cast<qlonglong>(std::trunc(size.height))));
+        WindowNumber(static_cast<qlonglong>(std::trunc(size.width))),
+        WindowNumber(static_cast<qlonglong>(std::trunc(size.height))));
 }
 
 void DrawVeil(QPainter& painter, const QRectF& picture, const QRectF& kept) {
