@@ -17,9 +17,12 @@ QString FileName(const QString& prefix, QLocale::Language language) {
 }
 
 // The system's own locale when it is of `language` (so de_CH keeps its
-// separators), otherwise the language's main one.
+// separators), otherwise the language's main one. Made from the system
+// locale's name: the system locale itself takes its language from LANGUAGE
+// but its separators from LC_NUMERIC, and would write "4,080" in German
+// under LANGUAGE=de with LANG=C.UTF-8.
 QLocale NumberLocale(QLocale::Language language) {
-    const QLocale system = QLocale::system();
+    const QLocale system(QLocale::system().name());
     return system.language() == language ? system : QLocale(language);
 }
 
