@@ -369,6 +369,21 @@ class TranslationsTest : public QObject {
         }
     }
 
+    // Run by its own ctest with LANGUAGE=de and LANG=C.UTF-8, as a desktop
+    // sets them for a German session on an English system: the system
+    // locale then says German but separates numbers the C way.
+    void theDesktopsLanguageVariableIsFollowed() {
+        if (qEnvironmentVariable("LANGUAGE") != QStringLiteral("de")) {
+            QSKIP("needs LANGUAGE=de (vellumo_gui_translations_test.LANGUAGE=de)");
+        }
+        WindowLanguage language;
+        QVERIFY(language.Install(WindowLanguage::PreferredLanguages()));
+        QCOMPARE(language.language(), QLocale::German);
+        QCOMPARE(vellumo::DimensionText(vellumo::kWidthCaption, 4080),
+                 QStringLiteral("Breite: 4.080"));
+        QCOMPARE(ListCountText(1234, 0), QStringLiteral("1.234 Bilder"));
+    }
+
     void frenchAndSpanishHaveTheirOwnFormsAndNumbers() {
         {
             WindowLanguage french;
