@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "app/AppDelegate.h"
+#include "app/WindowLanguage.h"
 #include "ui/MainWindow.h"
 #include "ui/ViewController.h"
 
@@ -41,6 +42,9 @@ void ApplicationMain(int argc, char** argv, const Launch& launch) {
     if (launch.starting && !launch.starting()) {
         EndNow();
     }
+    // The window speaks the person's language from its first text on.
+    WindowLanguage language;
+    language.Install(WindowLanguage::PreferredLanguages());
     AppDelegate delegate(application);
 
     MainWindow window;

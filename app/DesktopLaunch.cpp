@@ -31,7 +31,8 @@ void AddToWindow(ViewController& controller, const QStringList& paths, bool recu
     const QString warning = LaunchWarningText(request);
     if (!warning.isEmpty()) {
         QTimer::singleShot(0, &controller, [&controller, warning] {
-            MessageBoxRequest box = NoticeRequest(QStringLiteral("Some items could not be added."));
+            MessageBoxRequest box = NoticeRequest(
+                QCoreApplication::translate("DesktopLaunch", "Some items could not be added."));
             box.style = MessageBoxStyle::Warning;
             box.informativeText = warning;
             controller.services().showMessageBox(box);

@@ -69,10 +69,12 @@ LaunchRequest ExpandLaunchPaths(const QStringList& paths, bool recursive) {
 QString LaunchWarningText(const LaunchRequest& request) {
     QStringList lines;
     for (const QString& path : request.missing) {
-        lines << QStringLiteral("“%1” does not exist.").arg(QDir::toNativeSeparators(path));
+        lines << QCoreApplication::translate("LaunchArguments", "“%1” does not exist.")
+                     .arg(QDir::toNativeSeparators(path));
     }
     for (const QString& path : request.emptyFolders) {
-        lines << QStringLiteral("“%1” holds no images.").arg(QDir::toNativeSeparators(path));
+        lines << QCoreApplication::translate("LaunchArguments", "“%1” holds no images.")
+                     .arg(QDir::toNativeSeparators(path));
     }
     return lines.join(QLatin1Char('\n'));
 }

@@ -25,49 +25,54 @@ std::string JobResultSentence(const JobReport& report) {
                                : "Some images could not be cropped.";
 }
 
-std::string JobSummaryText(const JobReport& report) {
-    long written = 0, planned = 0, kept = 0, failed = 0, warned = 0;
+JobCounts CountJob(const JobReport& report) {
+    JobCounts counts;
     for (const ImageReport& image : report.images) {
         switch (image.outcome.status) {
             case ImageStatus::Written:
-                ++written;
+                ++counts.written;
                 break;
             case ImageStatus::Planned:
-                ++planned;
+                ++counts.planned;
                 break;
             case ImageStatus::Skipped:
-                ++kept;
+                ++counts.kept;
                 break;
             case ImageStatus::Failed:
-                ++failed;
+                ++counts.failed;
                 break;
         }
         const bool writes = image.outcome.status == ImageStatus::Written ||
                             image.outcome.status == ImageStatus::Planned;
         if (!image.outcome.warning.empty() && writes) {
-            ++warned;
+            ++counts.warned;
         }
     }
     // A stopped job reports only the images it finished; the others of its
     // list are counted as not cropped.
-    const auto finished = static_cast<long>(report.images.size());
-    const long listed = report.stopped ? std::max(report.total, finished) : finished;
-    std::string text = Count(listed, "image", "images") + ": ";
-    text += planned > 0 && written == 0 ? std::to_string(planned) + " would be written"
-                                        : std::to_string(written) + " written";
-    if (kept > 0) {
-        text +=
-            ", " + std::to_string(kept) + (kept == 1 ? " kept as it was" : " kept as they were");
+    counts.finished = static_cast<long>(report.images.size());
+    counts.listed = report.stopped ? std::max(report.total, counts.finished) : counts.finished;
+    return counts;
+}
+
+std::string JobSummaryText(const JobReport& report) {
+    const JobCounts c = CountJob(report);
+    std::string text = Count(c.listed, "image", "images") + ": ";
+    text += c.planned > 0 && c.written == 0 ? std::to_string(c.planned) + " would be written"
+                                            : std::to_string(c.written) + " written";
+    if (c.kept > 0) {
+        text += ", " + std::to_string(c.kept) +
+                (c.kept == 1 ? " kept as it was" : " kept as they were");
     }
-    if (failed > 0) {
-        text += ", " + std::to_string(failed) + " failed";
+    if (c.failed > 0) {
+        text += ", " + std::to_string(c.failed) + " failed";
     }
-    if (listed > finished) {
-        text += ", " + std::to_string(listed - finished) + " not cropped";
+    if (c.listed > c.finished) {
+        text += ", " + std::to_string(c.listed - c.finished) + " not cropped";
     }
-    if (warned > 0) {
-        text +=
-            "; " + std::to_string(warned) + (warned == 1 ? " with a warning" : " with warnings");
+    if (c.warned > 0) {
+        text += "; " + std::to_string(c.warned) +
+                (c.warned == 1 ? " with a warning" : " with warnings");
     }
     return text;
 }

@@ -13,6 +13,21 @@ namespace vellumo {
 // 120 images were written.".
 std::string JobResultSentence(const JobReport& report);
 
+// What a report counts. `listed` is the whole list for a stopped job (its
+// unfinished images are `listed - finished`), the images handled otherwise;
+// the outcomes count the finished images; `warned` those written (or
+// planned) with a warning.
+struct JobCounts {
+    long listed = 0;
+    long finished = 0;
+    long written = 0;
+    long planned = 0;
+    long kept = 0;
+    long failed = 0;
+    long warned = 0;
+};
+JobCounts CountJob(const JobReport& report);
+
 // The counts of a finished job, for the line after that sentence:
 // "120 images: 117 written, 2 kept as they were, 1 failed; 3 with a
 // warning". Counts of zero are left out, but for "written"; a dry run says

@@ -26,11 +26,13 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 # libraries (libvips, Exiv2, Qt ...). The window needs two things more that
 # no linked library names: Qt's SVG icon engine, a plugin, draws its
 # file-kind icons; Qt opens folders and web pages through xdg-open. The
-# programs start no other program.
+# programs start no other program. Vellumo's own translations are inside
+# the program; Qt's (its standard buttons and file dialogs) come with
+# qt6-translations-l10n, without which those stay English.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 if(VELLUMO_BUILD_GUI)
     set(CPACK_DEBIAN_PACKAGE_DEPENDS libqt6svg6)
-    set(CPACK_DEBIAN_PACKAGE_RECOMMENDS xdg-utils)
+    set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils, qt6-translations-l10n")
 endif()
 # Installed programs carry no symbol tables, and the control files get the
 # owners and modes Debian's tools expect.

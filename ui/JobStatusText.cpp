@@ -1,7 +1,10 @@
 #include "ui/JobStatusText.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <cmath>
+
+#include "ui/WindowLocale.h"
 
 namespace vellumo {
 
@@ -10,9 +13,11 @@ namespace {
 QString TimeLeftText(double seconds) {
     if (seconds < 59.5) {
         const long whole = std::max(1L, std::lround(seconds));
-        return QStringLiteral("about %1 s left").arg(whole);
+        return QCoreApplication::translate("JobStatusText", "about %L1 s left")
+            .arg(WindowNumber(whole));
     }
-    return QStringLiteral("about %1 min left").arg(std::lround(seconds / 60.0));
+    return QCoreApplication::translate("JobStatusText", "about %L1 min left")
+        .arg(WindowNumber(std::lround(seconds / 60.0)));
 }
 
 }  // namespace
@@ -21,7 +26,8 @@ QString JobStatusText(long done, long total, std::chrono::milliseconds elapsed) 
     if (total <= 0 || done >= total) {
         return {};
     }
-    QString cropping = QStringLiteral("Cropping %1 of %2").arg(done + 1).arg(total);
+    QString cropping = QCoreApplication::translate("JobStatusText", "Cropping %L1 of %L2")
+                           .arg(WindowNumber(done + 1), WindowNumber(total));
     if (done <= 0) {
         return cropping;
     }

@@ -281,9 +281,9 @@ void ViewController::OnVideoTutorial() {
     }
     // Without a browser the address is given, so it can be opened elsewhere.
     if (!services_.openUrl(address)) {
-        services_.showMessageBox(NoticeRequest(
-            QStringLiteral("No web browser could be opened. The video tutorial is at %1")
-                .arg(address.toString())));
+        services_.showMessageBox(
+            NoticeRequest(tr("No web browser could be opened. The video tutorial is at %1")
+                              .arg(address.toString())));
     }
 }
 

@@ -13,7 +13,8 @@ namespace vellumo {
 
 namespace {
 
-constexpr char kNoImagesChosen[] = "The images could not be loaded.";
+constexpr char kNoImagesChosen[] =
+    QT_TRANSLATE_NOOP("vellumo::ViewController", "The images could not be loaded.");
 
 }  // namespace
 
@@ -23,7 +24,7 @@ void ViewController::OnAddImages() {
         return;
     }
     if (chosen->isEmpty()) {
-        services_.showMessageBox(NoticeRequest(QString::fromLatin1(kNoImagesChosen)));
+        services_.showMessageBox(NoticeRequest(tr(kNoImagesChosen)));
         return;
     }
     // Files chosen together come in the order a person reads their names,

@@ -162,11 +162,11 @@ void ViewController::OnResetCrop() {
             selected.push_back(imageList_->pathAt(row));
         }
     }
-    cropAdjustments_->Reset(selected, QStringLiteral("Reset Crop"));
+    cropAdjustments_->Reset(selected, tr("Reset Crop"));
 }
 
 void ViewController::OnResetAllCrops() {
-    cropAdjustments_->Reset(imageList_->paths(), QStringLiteral("Reset All Crops"));
+    cropAdjustments_->Reset(imageList_->paths(), tr("Reset All Crops"));
 }
 
 }  // namespace vellumo

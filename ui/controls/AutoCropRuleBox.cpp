@@ -32,15 +32,24 @@ struct AnchorButton {
 };
 
 constexpr AnchorButton kGrid[] = {
-    {CropAnchor::TopLeft, "anchorTopLeft", "\u2196", "Top left", 0, 0},
-    {CropAnchor::Top, "anchorTop", "\u2191", "Top", 0, 1},
-    {CropAnchor::TopRight, "anchorTopRight", "\u2197", "Top right", 0, 2},
-    {CropAnchor::Left, "anchorLeft", "\u2190", "Left", 1, 0},
-    {CropAnchor::Centre, "anchorCentre", "\u2022", "Centre", 1, 1},
-    {CropAnchor::Right, "anchorRight", "\u2192", "Right", 1, 2},
-    {CropAnchor::BottomLeft, "anchorBottomLeft", "\u2199", "Bottom left", 2, 0},
-    {CropAnchor::Bottom, "anchorBottom", "\u2193", "Bottom", 2, 1},
-    {CropAnchor::BottomRight, "anchorBottomRight", "\u2198", "Bottom right", 2, 2},
+    {CropAnchor::TopLeft, "anchorTopLeft", "\u2196",
+     QT_TRANSLATE_NOOP("vellumo::AutoCropRuleBox", "Top left"), 0, 0},
+    {CropAnchor::Top, "anchorTop", "\u2191", QT_TRANSLATE_NOOP("vellumo::AutoCropRuleBox", "Top"),
+     0, 1},
+    {CropAnchor::TopRight, "anchorTopRight", "\u2197",
+     QT_TRANSLATE_NOOP("vellumo::AutoCropRuleBox", "Top right"), 0, 2},
+    {CropAnchor::Left, "anchorLeft", "\u2190",
+     QT_TRANSLATE_NOOP("vellumo::AutoCropRuleBox", "Left"), 1, 0},
+    {CropAnchor::Centre, "anchorCentre", "\u2022",
+     QT_TRANSLATE_NOOP("vellumo::AutoCropRuleBox", "Centre"), 1, 1},
+    {CropAnchor::Right, "anchorRight", "\u2192",
+     QT_TRANSLATE_NOOP("vellumo::AutoCropRuleBox", "Right"), 1, 2},
+    {CropAnchor::BottomLeft, "anchorBottomLeft", "\u2199",
+     QT_TRANSLATE_NOOP("vellumo::AutoCropRuleBox", "Bottom left"), 2, 0},
+    {CropAnchor::Bottom, "anchorBottom", "\u2193",
+     QT_TRANSLATE_NOOP("vellumo::AutoCropRuleBox", "Bottom"), 2, 1},
+    {CropAnchor::BottomRight, "anchorBottomRight", "\u2198",
+     QT_TRANSLATE_NOOP("vellumo::AutoCropRuleBox", "Bottom right"), 2, 2},
 };
 
 QToolButton* Checkable(QWidget* parent, const char* name, const QString& text, const QString& tip) {

@@ -1,5 +1,6 @@
 #include "ui/controls/PopUpChoices.h"
 
+#include <QCoreApplication>
 #include <string_view>
 
 #include "batch/CropSettings.h"
@@ -12,8 +13,9 @@ QStringList AutoCropFormatTitles() {
     for (const AutoCropRatio& entry : kAutoCropRatios) {
         list << QString::fromLatin1(entry.title.data(), static_cast<qsizetype>(entry.title.size()));
     }
-    list << QString::fromUtf8(kCustomRatioTitle.data(),
-                              static_cast<qsizetype>(kCustomRatioTitle.size()));
+    // The batch library's title of the last entry, in the window's language.
+    list << QCoreApplication::translate("PopUpChoices", "Custom…");
+    static_assert(kCustomRatioTitle == "Custom…");
     return list;
 }
 

@@ -12,7 +12,11 @@ namespace vellumo {
 namespace {
 
 // Titles by ResizeMode.
-const char* const kModeTitles[] = {"None", "To width", "To height", "To fit within", "To exactly"};
+const char* const kModeTitles[] = {QT_TRANSLATE_NOOP("vellumo::ResizeRuleBox", "None"),
+                                   QT_TRANSLATE_NOOP("vellumo::ResizeRuleBox", "To width"),
+                                   QT_TRANSLATE_NOOP("vellumo::ResizeRuleBox", "To height"),
+                                   QT_TRANSLATE_NOOP("vellumo::ResizeRuleBox", "To fit within"),
+                                   QT_TRANSLATE_NOOP("vellumo::ResizeRuleBox", "To exactly")};
 
 QSpinBox* Side(QWidget* parent, const char* name, int start) {
     auto* side = new QSpinBox(parent);

@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -25,17 +26,17 @@ namespace vellumo {
 
 namespace {
 
-constexpr char kSelectFolderPrompt[] = "Select Folder";
-constexpr char kCroppingTitle[] = "Cropping...";
-constexpr char kCropImagesTitle[] = "Crop Images";
+constexpr char kSelectFolderPrompt[] = QT_TRANSLATE_NOOP("vellumo::SettingsPanel", "Select Folder");
+constexpr char kCroppingTitle[] = QT_TRANSLATE_NOOP("vellumo::SettingsPanel", "Cropping...");
+constexpr char kCropImagesTitle[] = QT_TRANSLATE_NOOP("vellumo::SettingsPanel", "Crop Images");
 
 // Why the metadata option is off for `format`.
 QString CannotCarryText(const OutputFormatInfo* format) {
     if (format == nullptr || format->codec == OutputCodec::Gif ||
         format->codec == OutputCodec::Bmp) {
-        return QStringLiteral("GIF and BMP files cannot carry EXIF information");
+        return SettingsPanel::tr("GIF and BMP files cannot carry EXIF information");
     }
-    return QStringLiteral("Vellumo writes only the colour profile into %1 files")
+    return SettingsPanel::tr("Vellumo writes only the colour profile into %1 files")
         .arg(QString::fromLatin1(format->title.data(), static_cast<int>(format->title.size())));
 }
 
@@ -242,17 +243,16 @@ void SettingsPanel::ShowQuality() {
                             (inPlace || (format != nullptr && format->codec == OutputCodec::Jpeg));
     QString suffix;
     if (lossless) {
-        suffix = QStringLiteral(" (lossless)");
+        suffix = tr(" (lossless)");
     } else if (jpegUnused) {
-        suffix = inPlace ? QStringLiteral(" (not for JPEG files: lossless)")
-                         : QStringLiteral(" (not used: lossless)");
+        suffix = inPlace ? tr(" (not for JPEG files: lossless)") : tr(" (not used: lossless)");
     }
     ui_.labelQuality->setText(QualityText(static_cast<float>(value)) + suffix);
 }
 
 void SettingsPanel::OnBrowse() {
     OpenFilesRequest request;
-    request.prompt = QString::fromLatin1(kSelectFolderPrompt);
+    request.prompt = tr(kSelectFolderPrompt);
     request.allowsMultipleSelection = false;
     request.canCreateDirectories = false;
     request.canChooseDirectories = true;
@@ -307,7 +307,7 @@ void SettingsPanel::Lock() {
     for (QWidget* control : LockedWhileCropping()) {
         control->setEnabled(false);
     }
-    ui_.buttonCropImages->setText(QString::fromLatin1(kCroppingTitle));
+    ui_.buttonCropImages->setText(tr(kCroppingTitle));
 }
 
 void SettingsPanel::Unlock() {
@@ -315,7 +315,7 @@ void SettingsPanel::Unlock() {
     for (QWidget* control : LockedWhileCropping()) {
         control->setEnabled(true);
     }
-    ui_.buttonCropImages->setText(QString::fromLatin1(kCropImagesTitle));
+    ui_.buttonCropImages->setText(tr(kCropImagesTitle));
     SettleOutputControls();
 }
 

@@ -44,7 +44,7 @@ void BatchNotifier::BatchEnded(const JobReport& report, const QString& folder) {
         QDBusMessage::createMethodCall(kService, kPath, kInterface, QStringLiteral("Notify"));
     notify << QStringLiteral("Vellumo") << uint{0} << QStringLiteral("org.vellumo.Vellumo")
            << box.text << box.informativeText
-           << QStringList{kShowFolderAction, QString::fromLatin1(kShowInFolder)} << hints << -1;
+           << QStringList{kShowFolderAction, CropResultText(kShowInFolder)} << hints << -1;
     // Not waited for on the GUI thread: the service answers when it can.
     auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(notify), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this,

@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include "batch/OutputFolder.h"
+#include "ui/WindowLocale.h"
 
 namespace vellumo {
 
@@ -17,8 +18,9 @@ QString PathText(const std::string& path) {
     return QFile::decodeName(QByteArray::fromStdString(path));
 }
 
-QString Latin1(const char* text) {
-    return QString::fromLatin1(text);
+// The button titles and questions above, in the window's language.
+QString Translated(const char* text) {
+    return QCoreApplication::translate("CropQuestions", text);
 }
 
 // "out/x.jpg: a/x.jpg, b/x.jpg"
@@ -33,25 +35,32 @@ QString ClashLine(const OutputClash& clash, const std::vector<std::string>& list
 }  // namespace
 
 MessageBoxRequest CreateFolderRequest(const std::string& folder) {
-    return {PathText(CreateFolderQuestion(folder)),
+    return {QCoreApplication::translate("CropQuestions", "The folder %1 does not exist. Create it?")
+                .arg(PathText(folder)),
             MessageBoxStyle::Warning,
-            {Latin1(kCreateFolder), Latin1(kCancel)}};
+            {Translated(kCreateFolder), Translated(kCancel)}};
 }
 
 MessageBoxRequest ReplaceOriginalsRequest(std::size_t imageCount) {
-    const QString images = imageCount == 1 ? QStringLiteral("the listed image")
-                                           : QStringLiteral("the %1 listed images").arg(imageCount);
-    return {QStringLiteral("Replace the original files of %1 by their crops? The originals "
-                           "cannot be restored.")
-                .arg(images),
+    const int count = static_cast<int>(imageCount);
+    return {count == 1 ? QCoreApplication::translate(
+                             "CropQuestions",
+                             "Replace the original files of the listed image by their crops? "
+                             "The originals cannot be restored.")
+                       : QCoreApplication::translate(
+                             "CropQuestions",
+                             "Replace the original files of the %L1 listed images by their crops? "
+                             "The originals cannot be restored.",
+                             nullptr, count)
+                             .arg(WindowNumber(count)),
             MessageBoxStyle::Warning,
-            {Latin1(kReplaceOriginals), Latin1(kCancel)}};
+            {Translated(kReplaceOriginals), Translated(kCancel)}};
 }
 
 MessageBoxRequest UncroppedCopiesRequest() {
-    return {Latin1(kUncroppedQuestion),
+    return {Translated(kUncroppedQuestion),
             MessageBoxStyle::Warning,
-            {Latin1(kWriteUncroppedCopies), Latin1(kCancel)}};
+            {Translated(kWriteUncroppedCopies), Translated(kCancel)}};
 }
 
 MessageBoxRequest ClashWarningRequest(const std::vector<OutputClash>& clashes,
@@ -67,14 +76,20 @@ MessageBoxRequest ClashWarningRequest(const std::vector<OutputClash>& clashes,
         }
     }
     if (clashes.size() > kClashesNamed) {
-        named << QStringLiteral("… and %1 more").arg(clashes.size() - kClashesNamed);
+        const int more = static_cast<int>(clashes.size() - kClashesNamed);
+        named << QCoreApplication::translate("CropQuestions", "… and %L1 more", nullptr, more)
+                     .arg(WindowNumber(more));
     }
     MessageBoxRequest request;
-    request.text = QStringLiteral("%1 images would be written to the same files, one over another:")
-                       .arg(images);
+    const int clashing = static_cast<int>(images);
+    request.text =
+        QCoreApplication::translate(
+            "CropQuestions",
+            "%L1 images would be written to the same files, one over another:", nullptr, clashing)
+            .arg(WindowNumber(clashing));
     request.informativeText = named.join(QLatin1Char('\n'));
     request.details = all.join(QLatin1Char('\n'));
-    request.buttons = {Latin1(kNumberTheClashingFiles), Latin1(kCancel)};
+    request.buttons = {Translated(kNumberTheClashingFiles), Translated(kCancel)};
     return request;
 }
 

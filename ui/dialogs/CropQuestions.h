@@ -4,6 +4,7 @@
 // overwrite questions. In each, the first button goes on and the last,
 // "Cancel", ends the command with nothing written.
 
+#include <QCoreApplication>
 #include <QString>
 #include <string>
 #include <vector>
@@ -13,16 +14,18 @@
 
 namespace vellumo {
 
-inline constexpr char kCreateFolder[] = "Create";
-inline constexpr char kReplaceOriginals[] = "Replace the Originals";
-inline constexpr char kWriteUncroppedCopies[] = "Write Copies";
-inline constexpr char kNumberTheClashingFiles[] = "Number the Clashing Files";
-inline constexpr char kCancel[] = "Cancel";
+inline constexpr char kCreateFolder[] = QT_TRANSLATE_NOOP("CropQuestions", "Create");
+inline constexpr char kReplaceOriginals[] =
+    QT_TRANSLATE_NOOP("CropQuestions", "Replace the Originals");
+inline constexpr char kWriteUncroppedCopies[] = QT_TRANSLATE_NOOP("CropQuestions", "Write Copies");
+inline constexpr char kNumberTheClashingFiles[] =
+    QT_TRANSLATE_NOOP("CropQuestions", "Number the Clashing Files");
+inline constexpr char kCancel[] = QT_TRANSLATE_NOOP("CropQuestions", "Cancel");
 // The answers of these boxes: the first button goes on, "Cancel" does not.
 inline constexpr BoxAnswer kGoOnAnswer{0};
 inline constexpr BoxAnswer kCancelAnswer{1};
-inline constexpr char kUncroppedQuestion[] =
-    "The crop rectangle leaves every image uncropped. Write uncropped copies?";
+inline constexpr char kUncroppedQuestion[] = QT_TRANSLATE_NOOP(
+    "CropQuestions", "The crop rectangle leaves every image uncropped. Write uncropped copies?");
 
 // "The folder /x does not exist. Create it?": "Create", "Cancel".
 MessageBoxRequest CreateFolderRequest(const std::string& folder);

@@ -3,11 +3,15 @@
 #include <QFile>
 #include <QStringList>
 
-#include "batch/JobSummary.h"
+#include "ui/dialogs/ReportText.h"
 
 namespace vellumo {
 
 namespace {
+
+QString Translated(const char* text) {
+    return QCoreApplication::translate("CropResult", text);
+}
 
 QString PathText(const std::string& path) {
     return QFile::decodeName(QByteArray::fromStdString(path));
@@ -15,45 +19,51 @@ QString PathText(const std::string& path) {
 
 }  // namespace
 
+QString CropResultText(const char* text) {
+    return Translated(text);
+}
+
 MessageBoxRequest CropResultRequest(const JobReport& report) {
     MessageBoxRequest request;
     if (report.stopped) {
-        request.text = QString::fromStdString(JobResultSentence(report));
+        request.text = StoppedSentenceText(report);
         request.style = MessageBoxStyle::Warning;
     } else if (report.allSucceeded) {
-        request.text = QString::fromLatin1(kImagesCroppedSuccessfully);
+        request.text = Translated(kImagesCroppedSuccessfully);
         request.style = MessageBoxStyle::Informational;
     } else {
-        request.text = QString::fromLatin1(kSomeImagesNotCropped);
+        request.text = Translated(kSomeImagesNotCropped);
         request.style = MessageBoxStyle::Warning;
     }
-    request.informativeText = QString::fromStdString(JobSummaryText(report));
-    request.buttons = {QString::fromLatin1(kShowInFolder), QStringLiteral("OK")};
+    request.informativeText = JobCountsText(report);
+    request.buttons = {Translated(kShowInFolder), QCoreApplication::translate("MessageBox", "OK")};
     request.defaultButton = 1;
 
     QStringList lines;
     for (const ImageReport& image : report.images) {
         switch (image.outcome.status) {
             case ImageStatus::Failed:
-                lines << QStringLiteral("Not cropped: %1 (%2)")
+                lines << QCoreApplication::translate("CropResult", "Not cropped: %1 (%2)")
                              .arg(PathText(image.source),
                                   QString::fromStdString(image.outcome.Reason()));
                 break;
             case ImageStatus::Skipped:
-                lines << QStringLiteral("Skipped: %1 (%2 already exists and was kept)")
+                lines << QCoreApplication::translate("CropResult",
+                                                     "Skipped: %1 (%2 already exists and was kept)")
                              .arg(PathText(image.source), PathText(image.output));
                 break;
             case ImageStatus::Written:
             case ImageStatus::Planned:
                 for (const ImageNote& note : image.outcome.notes) {
                     if (note.kind == NoteKind::MetadataNotCarried) {
-                        lines << QStringLiteral("Metadata not kept: %1 (%2)")
+                        lines << QCoreApplication::translate("CropResult",
+                                                             "Metadata not kept: %1 (%2)")
                                      .arg(PathText(image.source),
                                           QString::fromStdString(note.detail));
                     }
                 }
                 if (!image.outcome.warning.empty()) {
-                    lines << QStringLiteral("Warning: %1 (%2)")
+                    lines << QCoreApplication::translate("CropResult", "Warning: %1 (%2)")
                                  .arg(PathText(image.source),
                                       QString::fromStdString(image.outcome.warning));
                 }

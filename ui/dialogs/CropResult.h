@@ -2,6 +2,7 @@
 
 // The message box that reports a finished crop job.
 
+#include <QCoreApplication>
 #include <QString>
 
 #include "batch/CropJob.h"
@@ -9,9 +10,14 @@
 
 namespace vellumo {
 
-inline constexpr char kImagesCroppedSuccessfully[] = "Images cropped successfully.";
-inline constexpr char kSomeImagesNotCropped[] = "Some images could not be cropped.";
-inline constexpr char kShowInFolder[] = "Show in Folder";
+inline constexpr char kImagesCroppedSuccessfully[] =
+    QT_TRANSLATE_NOOP("CropResult", "Images cropped successfully.");
+inline constexpr char kSomeImagesNotCropped[] =
+    QT_TRANSLATE_NOOP("CropResult", "Some images could not be cropped.");
+inline constexpr char kShowInFolder[] = QT_TRANSLATE_NOOP("CropResult", "Show in Folder");
+
+// One of the texts above in the window's language.
+QString CropResultText(const char* text);
 
 // The answer of the report's "Show in Folder" button (its first).
 inline constexpr BoxAnswer kShowInFolderAnswer{0};

@@ -3,6 +3,8 @@
 // The question asked before a non-empty image list is emptied (Remove All,
 // File → New), and its answers.
 
+#include <QCoreApplication>
+
 #include "ui/dialogs/MessageBox.h"
 
 namespace vellumo {
@@ -13,9 +15,11 @@ inline constexpr BoxAnswer kRemoveAllNo{1};
 // "Are you sure you want to remove all the images from the list?": "Yes",
 // "No".
 inline MessageBoxRequest RemoveAllRequest() {
-    return {QStringLiteral("Are you sure you want to remove all the images from the list?"),
+    return {QCoreApplication::translate(
+                "ListQuestions", "Are you sure you want to remove all the images from the list?"),
             MessageBoxStyle::Warning,
-            {QStringLiteral("Yes"), QStringLiteral("No")}};
+            {QCoreApplication::translate("ListQuestions", "Yes"),
+             QCoreApplication::translate("ListQuestions", "No")}};
 }
 
 }  // namespace vellumo

@@ -1,5 +1,6 @@
 #include "ui/dialogs/MessageBox.h"
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QMessageBox>
 #include <QPushButton>
@@ -47,7 +48,7 @@ class DetailsMessageBox : public QMessageBox {
 }  // namespace
 
 MessageBoxRequest NoticeRequest(const QString& text) {
-    return {text, MessageBoxStyle::Warning, {QStringLiteral("OK")}};
+    return {text, MessageBoxStyle::Warning, {QCoreApplication::translate("MessageBox", "OK")}};
 }
 
 std::unique_ptr<QMessageBox> BuildMessageBox(const MessageBoxRequest& request, QWidget* parent) {

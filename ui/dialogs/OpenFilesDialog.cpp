@@ -1,5 +1,6 @@
 #include "ui/dialogs/OpenFilesDialog.h"
 
+#include <QCoreApplication>
 #include <QFileDialog>
 #include <QFileInfo>
 
@@ -37,7 +38,8 @@ QString NameFilterForExtensions(const QStringList& extensions) {
     for (const QString& extension : extensions) {
         patterns << CaseInsensitivePattern(extension);
     }
-    return QStringLiteral("Images (%1)").arg(patterns.join(QLatin1Char(' ')));
+    return QCoreApplication::translate("OpenFilesDialog", "Images (%1)")
+        .arg(patterns.join(QLatin1Char(' ')));
 }
 
 OpenFilesResult RunOpenFilesDialog(const OpenFilesRequest& request, QWidget* parent) {

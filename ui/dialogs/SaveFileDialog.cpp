@@ -1,5 +1,6 @@
 #include "ui/dialogs/SaveFileDialog.h"
 
+#include <QCoreApplication>
 #include <QFileDialog>
 #include <QFileInfo>
 
@@ -12,7 +13,9 @@ SaveFileResult RunSaveFileDialog(const SaveFileRequest& request, QWidget* parent
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     if (!request.fileType.isEmpty()) {
-        dialog.setNameFilter(QStringLiteral("Vellumo profiles (*.%1)").arg(request.fileType));
+        dialog.setNameFilter(
+            QCoreApplication::translate("SaveFileDialog", "Vellumo profiles (*.%1)")
+                .arg(request.fileType));
         dialog.setDefaultSuffix(request.fileType);
     }
     const QString folder = LastFolder(request.memoryKey);

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 
 #include "batch/CropPlan.h"
+#include "ui/WindowLocale.h"
 #include "ui/WindowServices.h"
 #include "ui/controls/SettingsPanel.h"
 #include "ui/list/ImageList.h"
@@ -16,8 +17,10 @@ namespace {
 
 constexpr char kPlanFileType[] = "vellumoplan";
 constexpr char kPlansDialog[] = "plans";
-constexpr char kLeaveAdjustmentsQuestion[] = "Save the crop adjustments before closing?";
-constexpr char kNoLongerExists[] = "the file no longer exists";
+constexpr char kLeaveAdjustmentsQuestion[] =
+    QT_TRANSLATE_NOOP("vellumo::PlanFiles", "Save the crop adjustments before closing?");
+constexpr char kNoLongerExists[] =
+    QT_TRANSLATE_NOOP("vellumo::PlanFiles", "the file no longer exists");
 
 }  // namespace
 
@@ -33,10 +36,10 @@ bool PlanFiles::AgreeToLeaveAdjustments() {
     if (!adjustments_.HasUnsavedAdjustments()) {
         return true;
     }
-    const BoxAnswer answer = services_.showMessageBox(
-        {QString::fromLatin1(kLeaveAdjustmentsQuestion),
-         MessageBoxStyle::Warning,
-         {QStringLiteral("Save"), QStringLiteral("Don't Save"), QStringLiteral("Cancel")}});
+    const BoxAnswer answer =
+        services_.showMessageBox({tr(kLeaveAdjustmentsQuestion),
+                                  MessageBoxStyle::Warning,
+                                  {tr("Save"), tr("Don't Save"), tr("Cancel")}});
     if (answer == kSaveAdjustments) {
         return Save();
     }
@@ -45,7 +48,7 @@ bool PlanFiles::AgreeToLeaveAdjustments() {
 
 bool PlanFiles::Save() {
     SaveFileRequest request;
-    request.title = QStringLiteral("Save Crop Plan");
+    request.title = tr("Save Crop Plan");
     request.fileType = QString::fromLatin1(kPlanFileType);
     request.suggestedName = QStringLiteral("Untitled.vellumoplan");
     request.memoryKey = QString::fromLatin1(kPlansDialog);
@@ -62,7 +65,7 @@ bool PlanFiles::Save() {
     const SaveResult saved = WriteCropPlan(QFile::encodeName(path).toStdString(), plan);
     if (!saved.saved) {
         services_.showMessageBox(
-            NoticeRequest(QStringLiteral("The crop plan could not be saved to %1: %2.")
+            NoticeRequest(tr("The crop plan could not be saved to %1: %2.")
                               .arg(path, QString::fromStdString(saved.reason))));
         return false;
     }
@@ -75,9 +78,9 @@ void PlanFiles::Open() {
     if (!AgreeToLeaveAdjustments()) {
         return;
     }
-    const OpenFilesResult chosen = services_.chooseFilesToOpen(OpenFilesRequest::OneFile(
-        QString::fromLatin1(kPlanFileType), QStringLiteral("Open Crop Plan"),
-        QString::fromLatin1(kPlansDialog)));
+    const OpenFilesResult chosen = services_.chooseFilesToOpen(
+        OpenFilesRequest::OneFile(QString::fromLatin1(kPlanFileType), tr("Open Crop Plan"),
+                                  QString::fromLatin1(kPlansDialog)));
     if (!chosen || chosen->isEmpty()) {
         return;
     }
@@ -96,7 +99,7 @@ void PlanFiles::OpenFile(const QString& file) {
         ReadCropPlan(QFile::encodeName(file).toStdString(), settings_.Read());
     if (!plan) {
         services_.showMessageBox(
-            NoticeRequest(QStringLiteral("The crop plan %1 could not be opened: %2.")
+            NoticeRequest(tr("The crop plan %1 could not be opened: %2.")
                               .arg(file, QString::fromStdString(plan.reason()))));
         return;
     }
@@ -126,19 +129,19 @@ void PlanFiles::MarkMissingImages() {
     QStringList missing;
     for (const QString& path : list_.paths()) {
         if (!QFileInfo::exists(path)) {
-            list_.MarkUnreadable(path, QString::fromLatin1(kNoLongerExists));
+            list_.MarkUnreadable(path, tr(kNoLongerExists));
             missing.push_back(path);
         }
     }
     if (missing.isEmpty()) {
         return;
     }
+    const int count = static_cast<int>(missing.size());
     MessageBoxRequest notice = NoticeRequest(
-        missing.size() == 1
-            ? QStringLiteral("1 image of the crop plan no longer exists: %1").arg(missing.front())
-            : QStringLiteral("%1 images of the crop plan no longer exist.").arg(missing.size()));
-    notice.informativeText =
-        QStringLiteral("They stay in the list, marked, and fail when cropping.");
+        count == 1 ? tr("1 image of the crop plan no longer exists: %1").arg(missing.front())
+                   : tr("%L1 images of the crop plan no longer exist.", nullptr, count)
+                         .arg(WindowNumber(count)));
+    notice.informativeText = tr("They stay in the list, marked, and fail when cropping.");
     notice.details = missing.join(QLatin1Char('\n'));
     services_.showMessageBox(notice);
 }

@@ -34,10 +34,9 @@ void ProfileFiles::BecomeCurrent(const QString& path) {
 void ProfileFiles::SaveTo(const QString& path) {
     const SaveResult saved = WriteProfile(QFile::encodeName(path).toStdString(), settings_.Read());
     if (!saved.saved) {
-        services_.showMessageBox({"The profile could not be saved to " + path + ": " +
-                                      QString::fromStdString(saved.reason) + ".",
-                                  MessageBoxStyle::Warning,
-                                  {QStringLiteral("OK")}});
+        services_.showMessageBox(
+            NoticeRequest(tr("The profile could not be saved to %1: %2.")
+                              .arg(path, QString::fromStdString(saved.reason))));
         return;
     }
     BecomeCurrent(path);
@@ -53,7 +52,7 @@ void ProfileFiles::Save() {
 
 void ProfileFiles::SaveAs() {
     SaveFileRequest request;
-    request.title = QStringLiteral("Save Profile");
+    request.title = tr("Save Profile");
     request.fileType = QString::fromLatin1(kProfileFileType);
     request.suggestedName = currentPath_.isEmpty() ? QStringLiteral("Untitled.vellumo")
                                                    : QFileInfo(currentPath_).fileName();
@@ -70,9 +69,9 @@ void ProfileFiles::SaveAs() {
 }
 
 void ProfileFiles::Load() {
-    const OpenFilesResult chosen = services_.chooseFilesToOpen(OpenFilesRequest::OneFile(
-        QString::fromLatin1(kProfileFileType), QStringLiteral("Load Profile"),
-        QString::fromLatin1(kProfilesDialog)));
+    const OpenFilesResult chosen = services_.chooseFilesToOpen(
+        OpenFilesRequest::OneFile(QString::fromLatin1(kProfileFileType), tr("Load Profile"),
+                                  QString::fromLatin1(kProfilesDialog)));
     if (!chosen || chosen->isEmpty()) {
         return;
     }
@@ -84,10 +83,9 @@ void ProfileFiles::LoadFile(const QString& path) {
     const Loaded<CropSettings> loaded =
         ReadProfile(QFile::encodeName(path).toStdString(), settings_.Read());
     if (!loaded) {
-        services_.showMessageBox({"The profile " + path + " could not be loaded: " +
-                                      QString::fromStdString(loaded.reason()) + ".",
-                                  MessageBoxStyle::Warning,
-                                  {QStringLiteral("OK")}});
+        services_.showMessageBox(
+            NoticeRequest(tr("The profile %1 could not be loaded: %2.")
+                              .arg(path, QString::fromStdString(loaded.reason()))));
         return;
     }
     settings_.Write(*loaded);

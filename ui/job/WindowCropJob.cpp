@@ -62,7 +62,7 @@ void WindowCropJob::Run(const std::shared_ptr<const CropCommand>& command,
     // depends on them (read by the image processor, in its worker process),
     // and the job. Questions come back here as boxes; the job's thread
     // waits for their answers.
-    ui_.labelJobStatus->setText(QStringLiteral("Preparing…"));
+    ui_.labelJobStatus->setText(tr("Preparing…"));
     stop_ = std::stop_source();
     work_.start([this, command, processor = std::move(processor), stop = stop_.get_token()] {
         WindowCropQuestions questions(*this, services_, [this] { ui_.labelJobStatus->clear(); });
@@ -83,10 +83,11 @@ void WindowCropJob::ShowRefusal(const CropRefusal& refusal) {
             notice = QString::fromStdString(refusal.detail);
             break;
         case CropRefusal::Kind::NotAFolder:
-            notice = PathText(NotAFolderNotice(refusal.folder));
+            notice =
+                tr("The output folder %1 is a file, not a folder.").arg(PathText(refusal.folder));
             break;
         case CropRefusal::Kind::FolderNotMade:
-            notice = QStringLiteral("The folder %1 could not be created: %2.")
+            notice = tr("The folder %1 could not be created: %2.")
                          .arg(PathText(refusal.folder), QString::fromStdString(refusal.detail));
             break;
     }
@@ -141,7 +142,7 @@ void WindowCropJob::Stop() {
         return;
     }
     ui_.buttonStopCropping->setEnabled(false);
-    ui_.labelJobStatus->setText(QStringLiteral("Stopping…"));
+    ui_.labelJobStatus->setText(tr("Stopping…"));
     stop_.request_stop();
 }
 
@@ -162,7 +163,7 @@ void WindowCropJob::ShowResult(const JobReport& report) {
     const QUrl folder = QUrl::fromLocalFile(folder_);
     if (!services_.openUrl(folder)) {
         services_.showMessageBox(
-            NoticeRequest(QStringLiteral("No file manager could be opened to show the folder %1.")
+            NoticeRequest(tr("No file manager could be opened to show the folder %1.")
                               .arg(QDir::toNativeSeparators(folder_))));
     }
 }

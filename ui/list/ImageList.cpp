@@ -10,6 +10,7 @@
 #include <string>
 
 #include "imaging/Fatal.h"
+#include "ui/WindowLocale.h"
 #include "ui/list/FileKindIcons.h"
 #include "ui/list/ImagePaths.h"
 
@@ -33,11 +34,13 @@ QString ImageList::pathAt(int row) const {
 }
 
 QString ImageList::CountText(int selected) const {
-    QString text = count() == 0   ? QStringLiteral("No images")
-                   : count() == 1 ? QStringLiteral("1 image")
-                                  : QStringLiteral("%1 images").arg(count());
+    // One image has a text of its own; the plural forms of other counts are
+    // the translation's.
+    QString text = count() == 0   ? tr("No images")
+                   : count() == 1 ? tr("1 image")
+                                  : tr("%L1 images", nullptr, count()).arg(WindowNumber(count()));
     if (selected > 1) {
-        text += QStringLiteral(", %1 selected").arg(selected);
+        text += tr(", %L1 selected", nullptr, selected).arg(WindowNumber(selected));
     }
     return text;
 }
@@ -155,10 +158,10 @@ QVariant ImageList::data(const QModelIndex& index, int role) const {
         case Qt::ToolTipRole: {
             QString tip = path;
             if (unreadable != unreadable_.constEnd()) {
-                tip += QStringLiteral("\nCannot be shown: ") + *unreadable;
+                tip += QLatin1Char('\n') + tr("Cannot be shown: %1").arg(*unreadable);
             }
             if (adjusted_.contains(path)) {
-                tip += QStringLiteral("\nCrop adjusted by hand");
+                tip += QLatin1Char('\n') + tr("Crop adjusted by hand");
             }
             return tip;
         }

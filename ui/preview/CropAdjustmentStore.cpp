@@ -6,15 +6,6 @@
 
 namespace vellumo {
 
-namespace {
-
-QString MenuText(const char* verb, const QString& step) {
-    const QString text = QString::fromLatin1(verb);
-    return step.isEmpty() ? text : text + QLatin1Char(' ') + step;
-}
-
-}  // namespace
-
 void CropAdjustmentStore::ConnectUndoActions(QAction& undo, QAction& redo) {
     connect(&undo, &QAction::triggered, &undo_, &QUndoStack::undo);
     connect(&redo, &QAction::triggered, &undo_, &QUndoStack::redo);
@@ -22,10 +13,12 @@ void CropAdjustmentStore::ConnectUndoActions(QAction& undo, QAction& redo) {
     redo.setEnabled(undo_.canRedo());
     connect(&undo_, &QUndoStack::canUndoChanged, &undo, &QAction::setEnabled);
     connect(&undo_, &QUndoStack::canRedoChanged, &redo, &QAction::setEnabled);
-    connect(&undo_, &QUndoStack::undoTextChanged, &undo,
-            [&undo](const QString& step) { undo.setText(MenuText("&Undo", step)); });
-    connect(&undo_, &QUndoStack::redoTextChanged, &redo,
-            [&redo](const QString& step) { redo.setText(MenuText("&Redo", step)); });
+    connect(&undo_, &QUndoStack::undoTextChanged, &undo, [&undo](const QString& step) {
+        undo.setText(step.isEmpty() ? tr("&Undo") : tr("&Undo %1").arg(step));
+    });
+    connect(&undo_, &QUndoStack::redoTextChanged, &redo, [&redo](const QString& step) {
+        redo.setText(step.isEmpty() ? tr("&Redo") : tr("&Redo %1").arg(step));
+    });
 }
 
 using Changes = QHash<QString, std::optional<Rect>>;

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "imaging/Fatal.h"
+#include "ui/WindowLocale.h"
 
 namespace vellumo {
 
@@ -16,7 +17,8 @@ QString DimensionText(const char* caption, double value) {
         Fatal(std::string("a dimension cannot be shown as a whole number: ") +
               std::to_string(value));
     }
-    return QString::fromLatin1(caption) + QString::number(static_cast<std::int64_t>(whole));
+    return QCoreApplication::translate("DimensionText", caption) +
+           WindowNumber(static_cast<qlonglong>(whole));
 }
 
 }  // namespace vellumo

@@ -9,6 +9,7 @@
 #include <QStyle>
 #include <cmath>
 
+#include "ui/WindowLocale.h"
 #include "ui/preview/CropFrame.h"
 #include "ui/thumbnails/ThumbnailLoader.h"
 
@@ -22,9 +23,10 @@ constexpr int kVeilAlpha = 150;
 constexpr int kMarkRadius = 7;
 
 QString SizeText(Size size) {
-    return QStringLiteral("%1 × %2")
-        .arg(static_cast<long long>(std::trunc(size.width)))
-        .arg(static_cast<long long>(std::trunc(size.height)));
+    // The numbers as the window's language writes them.
+    return QStringLiteral("%1 × %2").arg(
+        WindowNumber(static_cast<qlonglong>(std::trunc(size.width))),
+        WindowNumber(static_cast<qlonglong>(std::trunc(size.height))));
 }
 
 void DrawVeil(QPainter& painter, const QRectF& picture, const QRectF& kept) {

@@ -1,5 +1,6 @@
 #include "ui/thumbnails/ThumbnailMaker.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
@@ -33,7 +34,7 @@ MadeThumbnail MakeThumbnail(PreviewDecoder& decoder, const QString& path, Thumbn
     MadeThumbnail made;
     const QFileInfo file(path);
     if (!file.isFile()) {
-        made.failure = QStringLiteral("the file is missing");
+        made.failure = QCoreApplication::translate("ThumbnailMaker", "the file is missing");
         return made;
     }
     const qint64 mtime = file.lastModified().toSecsSinceEpoch();
@@ -54,7 +55,7 @@ MadeThumbnail MakeThumbnail(PreviewDecoder& decoder, const QString& path, Thumbn
     }
     const QImage picture = PictureAsQImage(decoded->picture);
     if (picture.isNull()) {
-        made.failure = QStringLiteral("the picture has no pixels");
+        made.failure = QCoreApplication::translate("ThumbnailMaker", "the picture has no pixels");
         return made;
     }
     if (sharable) {

@@ -1,0 +1,1079 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de">
+<context>
+    <name>CropQuestions</name>
+    <message>
+        <source>The folder %1 does not exist. Create it?</source>
+        <translation>Der Ordner %1 existiert nicht. Soll er angelegt werden?</translation>
+    </message>
+    <message>
+        <source>Replace the original files of the listed image by their crops? The originals cannot be restored.</source>
+        <translation>Die Originaldatei des aufgeführten Bildes durch ihren Zuschnitt ersetzen? Das Original lässt sich nicht wiederherstellen.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Replace the original files of the %L1 listed images by their crops? The originals cannot be restored.</source>
+        <translation>
+            <numerusform>Die Originaldatei des %L1 aufgeführten Bildes durch ihren Zuschnitt ersetzen? Das Original lässt sich nicht wiederherstellen.</numerusform>
+            <numerusform>Die Originaldateien der %L1 aufgeführten Bilder durch ihre Zuschnitte ersetzen? Die Originale lassen sich nicht wiederherstellen.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Create</source>
+        <translation>Anlegen</translation>
+    </message>
+    <message>
+        <source>Replace the Originals</source>
+        <translation>Originale ersetzen</translation>
+    </message>
+    <message>
+        <source>Write Copies</source>
+        <translation>Kopien schreiben</translation>
+    </message>
+    <message>
+        <source>Number the Clashing Files</source>
+        <translation>Kollidierende Dateien nummerieren</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>The crop rectangle leaves every image uncropped. Write uncropped copies?</source>
+        <translation>Das Zuschnittrechteck lässt jedes Bild unbeschnitten. Unbeschnittene Kopien schreiben?</translation>
+    </message>
+    <message numerus="yes">
+        <source>… and %L1 more</source>
+        <translation>
+            <numerusform>… und %L1 weitere</numerusform>
+            <numerusform>… und %L1 weitere</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%L1 images would be written to the same files, one over another:</source>
+        <translation>
+            <numerusform>%L1 Bild würde in dieselbe Datei geschrieben, eines über das andere:</numerusform>
+            <numerusform>%L1 Bilder würden in dieselben Dateien geschrieben, eines über das andere:</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>CropResult</name>
+    <message>
+        <source>Not cropped: %1 (%2)</source>
+        <translation>Nicht zugeschnitten: %1 (%2)</translation>
+    </message>
+    <message>
+        <source>Skipped: %1 (%2 already exists and was kept)</source>
+        <translation>Übersprungen: %1 (%2 existiert bereits und wurde behalten)</translation>
+    </message>
+    <message>
+        <source>Metadata not kept: %1 (%2)</source>
+        <translation>Metadaten nicht übernommen: %1 (%2)</translation>
+    </message>
+    <message>
+        <source>Warning: %1 (%2)</source>
+        <translation>Warnung: %1 (%2)</translation>
+    </message>
+    <message>
+        <source>Images cropped successfully.</source>
+        <translation>Bilder erfolgreich zugeschnitten.</translation>
+    </message>
+    <message>
+        <source>Some images could not be cropped.</source>
+        <translation>Einige Bilder konnten nicht zugeschnitten werden.</translation>
+    </message>
+    <message>
+        <source>Show in Folder</source>
+        <translation>Im Ordner zeigen</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopLaunch</name>
+    <message>
+        <source>Some items could not be added.</source>
+        <translation>Einige Einträge konnten nicht hinzugefügt werden.</translation>
+    </message>
+</context>
+<context>
+    <name>DimensionText</name>
+    <message>
+        <source>Width: </source>
+        <translation>Breite: </translation>
+    </message>
+    <message>
+        <source>Height: </source>
+        <translation>Höhe: </translation>
+    </message>
+</context>
+<context>
+    <name>JobStatusText</name>
+    <message>
+        <source>about %L1 s left</source>
+        <translation>noch etwa %L1 s</translation>
+    </message>
+    <message>
+        <source>about %L1 min left</source>
+        <translation>noch etwa %L1 min</translation>
+    </message>
+    <message>
+        <source>Cropping %L1 of %L2</source>
+        <translation>Zuschnitt %L1 von %L2</translation>
+    </message>
+</context>
+<context>
+    <name>LaunchArguments</name>
+    <message>
+        <source>“%1” does not exist.</source>
+        <translation>„%1“ existiert nicht.</translation>
+    </message>
+    <message>
+        <source>“%1” holds no images.</source>
+        <translation>„%1“ enthält keine Bilder.</translation>
+    </message>
+</context>
+<context>
+    <name>ListQuestions</name>
+    <message>
+        <source>Are you sure you want to remove all the images from the list?</source>
+        <translation>Sollen wirklich alle Bilder aus der Liste entfernt werden?</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Add Images…</source>
+        <translation>Bilder hinzufügen…</translation>
+    </message>
+    <message>
+        <source>Add image files to the list; files can also be dropped onto it</source>
+        <translation>Bilddateien zur Liste hinzufügen; Dateien können auch auf sie gezogen werden</translation>
+    </message>
+    <message>
+        <source>Remove Selected</source>
+        <translation>Auswahl entfernen</translation>
+    </message>
+    <message>
+        <source>Remove All</source>
+        <translation>Alle entfernen</translation>
+    </message>
+    <message>
+        <source>Images</source>
+        <translation>Bilder</translation>
+    </message>
+    <message>
+        <source>The images to crop, one a row: name, size and whether its crop was adjusted</source>
+        <translation>Die zuzuschneidenden Bilder, eines pro Zeile: Name, Größe und ob sein Zuschnitt angepasst wurde</translation>
+    </message>
+    <message>
+        <source>The images to crop as a contact sheet, each with its crop marked</source>
+        <translation>Die zuzuschneidenden Bilder als Kontaktabzug, jedes mit markiertem Zuschnitt</translation>
+    </message>
+    <message>
+        <source>No images</source>
+        <translation>Keine Bilder</translation>
+    </message>
+    <message>
+        <source>Crop</source>
+        <translation>Zuschnitt</translation>
+    </message>
+    <message>
+        <source>Auto crop to the aspect ratio</source>
+        <translation>Automatisch auf Seitenverhältnis zuschneiden</translation>
+    </message>
+    <message>
+        <source>The largest rectangle of the ratio in each image, placed as chosen below</source>
+        <translation>Das größte Rechteck des Seitenverhältnisses in jedem Bild, platziert wie unten gewählt</translation>
+    </message>
+    <message>
+        <source>Aspect ratio</source>
+        <translation>Seitenverhältnis</translation>
+    </message>
+    <message>
+        <source>Custom crop</source>
+        <translation>Eigener Zuschnitt</translation>
+    </message>
+    <message>
+        <source>A rectangle given in pixels or in percents of each image</source>
+        <translation>Ein Rechteck in Pixeln oder in Prozent jedes Bildes</translation>
+    </message>
+    <message>
+        <source>In pixels</source>
+        <translation>In Pixeln</translation>
+    </message>
+    <message>
+        <source>Origin X:</source>
+        <translation>Ursprung X:</translation>
+    </message>
+    <message>
+        <source>Origin X in pixels</source>
+        <translation>Ursprung X in Pixeln</translation>
+    </message>
+    <message>
+        <source>Left edge of the crop, in pixels from the left</source>
+        <translation>Linke Kante des Zuschnitts, in Pixeln von links</translation>
+    </message>
+    <message>
+        <source>Origin Y:</source>
+        <translation>Ursprung Y:</translation>
+    </message>
+    <message>
+        <source>Origin Y in pixels</source>
+        <translation>Ursprung Y in Pixeln</translation>
+    </message>
+    <message>
+        <source>Lower edge of the crop, in pixels from the bottom</source>
+        <translation>Untere Kante des Zuschnitts, in Pixeln von unten</translation>
+    </message>
+    <message>
+        <source>Width:</source>
+        <translation>Breite:</translation>
+    </message>
+    <message>
+        <source>Width in pixels</source>
+        <translation>Breite in Pixeln</translation>
+    </message>
+    <message>
+        <source>Width of the crop, in pixels</source>
+        <translation>Breite des Zuschnitts, in Pixeln</translation>
+    </message>
+    <message>
+        <source>Height:</source>
+        <translation>Höhe:</translation>
+    </message>
+    <message>
+        <source>Height in pixels</source>
+        <translation>Höhe in Pixeln</translation>
+    </message>
+    <message>
+        <source>Height of the crop, in pixels</source>
+        <translation>Höhe des Zuschnitts, in Pixeln</translation>
+    </message>
+    <message>
+        <source>In percents</source>
+        <translation>In Prozent</translation>
+    </message>
+    <message>
+        <source>Origin X in percent</source>
+        <translation>Ursprung X in Prozent</translation>
+    </message>
+    <message>
+        <source>Left edge of the crop, in percent of the image width</source>
+        <translation>Linke Kante des Zuschnitts, in Prozent der Bildbreite</translation>
+    </message>
+    <message>
+        <source>Origin X in percent, step</source>
+        <translation>Ursprung X in Prozent, Schritt</translation>
+    </message>
+    <message>
+        <source>Up and Down arrows change it by one percent</source>
+        <translation>Die Pfeiltasten Auf und Ab ändern den Wert um ein Prozent</translation>
+    </message>
+    <message>
+        <source>Origin Y in percent</source>
+        <translation>Ursprung Y in Prozent</translation>
+    </message>
+    <message>
+        <source>Lower edge of the crop, in percent of the image height</source>
+        <translation>Untere Kante des Zuschnitts, in Prozent der Bildhöhe</translation>
+    </message>
+    <message>
+        <source>Origin Y in percent, step</source>
+        <translation>Ursprung Y in Prozent, Schritt</translation>
+    </message>
+    <message>
+        <source>Width in percent</source>
+        <translation>Breite in Prozent</translation>
+    </message>
+    <message>
+        <source>Width of the crop, in percent of the image width</source>
+        <translation>Breite des Zuschnitts, in Prozent der Bildbreite</translation>
+    </message>
+    <message>
+        <source>Width in percent, step</source>
+        <translation>Breite in Prozent, Schritt</translation>
+    </message>
+    <message>
+        <source>Height in percent</source>
+        <translation>Höhe in Prozent</translation>
+    </message>
+    <message>
+        <source>Height of the crop, in percent of the image height</source>
+        <translation>Höhe des Zuschnitts, in Prozent der Bildhöhe</translation>
+    </message>
+    <message>
+        <source>Height in percent, step</source>
+        <translation>Höhe in Prozent, Schritt</translation>
+    </message>
+    <message>
+        <source>Output</source>
+        <translation>Ausgabe</translation>
+    </message>
+    <message>
+        <source>Format:</source>
+        <translation>Format:</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Quality:</source>
+        <translation>Qualität:</translation>
+    </message>
+    <message>
+        <source>Quality</source>
+        <translation>Qualität</translation>
+    </message>
+    <message>
+        <source>Quality of JPEG and JPEG 2000 output</source>
+        <translation>Qualität der JPEG- und JPEG-2000-Ausgabe</translation>
+    </message>
+    <message>
+        <source>File name:</source>
+        <translation>Dateiname:</translation>
+    </message>
+    <message>
+        <source>File name</source>
+        <translation>Dateiname</translation>
+    </message>
+    <message>
+        <source>The output&apos;s name; [FileName] is the image&apos;s own name, [FileIndex] its place in the list</source>
+        <translation>Der Name der Ausgabe; [FileName] ist der eigene Name des Bildes, [FileIndex] sein Platz in der Liste</translation>
+    </message>
+    <message>
+        <source>[FileName] is the image&apos;s own name, [FileIndex] its place in the list</source>
+        <translation>[FileName] ist der eigene Name des Bildes, [FileIndex] sein Platz in der Liste</translation>
+    </message>
+    <message>
+        <source>Output folder:</source>
+        <translation>Ausgabeordner:</translation>
+    </message>
+    <message>
+        <source>Output folder</source>
+        <translation>Ausgabeordner</translation>
+    </message>
+    <message>
+        <source>The folder the cropped images go to</source>
+        <translation>Der Ordner, in den die zugeschnittenen Bilder kommen</translation>
+    </message>
+    <message>
+        <source>Browse…</source>
+        <translation>Durchsuchen…</translation>
+    </message>
+    <message>
+        <source>Keep EXIF information and creation date</source>
+        <translation>EXIF-Informationen und Erstellungsdatum behalten</translation>
+    </message>
+    <message>
+        <source>Resize after cropping:</source>
+        <translation>Nach dem Zuschnitt skalieren:</translation>
+    </message>
+    <message>
+        <source>Crop JPEG files without re-encoding (lossless)</source>
+        <translation>JPEG-Dateien ohne Neukodierung zuschneiden (verlustfrei)</translation>
+    </message>
+    <message>
+        <source>JPEG files are cut on their 8 or 16 pixel block grid instead of being decoded and encoded again: no quality is lost, and the rectangle may grow by up to a block at its left and top</source>
+        <translation>JPEG-Dateien werden an ihrem Blockraster von 8 oder 16 Pixeln geschnitten, statt neu dekodiert und kodiert zu werden: Es geht keine Qualität verloren, und das Rechteck kann links und oben um bis zu einen Block wachsen</translation>
+    </message>
+    <message>
+        <source>Replace the original files</source>
+        <translation>Originaldateien ersetzen</translation>
+    </message>
+    <message>
+        <source>Each image&apos;s crop replaces its own file, in its own format; the name, folder and format above are not used</source>
+        <translation>Der Zuschnitt jedes Bildes ersetzt dessen eigene Datei, in ihrem eigenen Format; Name, Ordner und Format oben werden nicht verwendet</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>Vorschau</translation>
+    </message>
+    <message>
+        <source>Crop preview</source>
+        <translation>Zuschnittvorschau</translation>
+    </message>
+    <message>
+        <source>The selected image with its crop</source>
+        <translation>Das ausgewählte Bild mit seinem Zuschnitt</translation>
+    </message>
+    <message>
+        <source>Original:</source>
+        <translation>Original:</translation>
+    </message>
+    <message>
+        <source>Width: 0</source>
+        <translation>Breite: 0</translation>
+    </message>
+    <message>
+        <source>Height: 0</source>
+        <translation>Höhe: 0</translation>
+    </message>
+    <message>
+        <source>Output:</source>
+        <translation>Ausgabe:</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Fortschritt</translation>
+    </message>
+    <message>
+        <source>Crop Images</source>
+        <translation>Bilder zuschneiden</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Stop cropping (Esc): no new image begins, the images under way end without leaving a partial file</source>
+        <translation>Zuschneiden anhalten (Esc): Kein neues Bild wird begonnen, die laufenden enden, ohne eine halbe Datei zu hinterlassen</translation>
+    </message>
+    <message>
+        <source>Which image the crop job is at, and about how long the rest will take</source>
+        <translation>Bei welchem Bild der Zuschnitt ist und wie lange der Rest etwa dauert</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>Load Recent Profile</source>
+        <translation>Zuletzt verwendetes Profil laden</translation>
+    </message>
+    <message>
+        <source>Open Recent Crop Plan</source>
+        <translation>Zuletzt verwendeten Zuschnittplan öffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Images</source>
+        <translation>&amp;Bilder</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>B&amp;earbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;New</source>
+        <translation>&amp;Neu</translation>
+    </message>
+    <message>
+        <source>Load Profile…</source>
+        <translation>Profil laden…</translation>
+    </message>
+    <message>
+        <source>Save Profile</source>
+        <translation>Profil speichern</translation>
+    </message>
+    <message>
+        <source>Save Profile As…</source>
+        <translation>Profil speichern unter…</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>Open Crop Plan…</source>
+        <translation>Zuschnittplan öffnen…</translation>
+    </message>
+    <message>
+        <source>Save Crop Plan…</source>
+        <translation>Zuschnittplan speichern…</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>Reset Crop</source>
+        <translation>Zuschnitt zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Reset All Crops</source>
+        <translation>Alle Zuschnitte zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Show as List</source>
+        <translation>Als Liste zeigen</translation>
+    </message>
+    <message>
+        <source>Show the images as a list (Ctrl+1)</source>
+        <translation>Die Bilder als Liste zeigen (Strg+1)</translation>
+    </message>
+    <message>
+        <source>Show as Contact Sheet</source>
+        <translation>Als Kontaktabzug zeigen</translation>
+    </message>
+    <message>
+        <source>Show the images as a contact sheet of thumbnails with their crops (Ctrl+2)</source>
+        <translation>Die Bilder als Kontaktabzug aus Miniaturen mit ihren Zuschnitten zeigen (Strg+2)</translation>
+    </message>
+    <message>
+        <source>Video Tutorial</source>
+        <translation>Video-Anleitung</translation>
+    </message>
+    <message>
+        <source>About Vellumo</source>
+        <translation>Über Vellumo</translation>
+    </message>
+</context>
+<context>
+    <name>MessageBox</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>OpenFilesDialog</name>
+    <message>
+        <source>Images (%1)</source>
+        <translation>Bilder (%1)</translation>
+    </message>
+</context>
+<context>
+    <name>OverwriteBox</name>
+    <message>
+        <source>Yes</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>Yes to All</source>
+        <translation>Ja, alle</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+    <message>
+        <source>No to All</source>
+        <translation>Nein, keine</translation>
+    </message>
+</context>
+<context>
+    <name>PopUpChoices</name>
+    <message>
+        <source>Custom…</source>
+        <translation>Eigenes…</translation>
+    </message>
+</context>
+<context>
+    <name>ReportText</name>
+    <message>
+        <source>1 image</source>
+        <translation>1 Bild</translation>
+    </message>
+    <message numerus="yes">
+        <source>%L1 images</source>
+        <translation>
+            <numerusform>%L1 Bild</numerusform>
+            <numerusform>%L1 Bilder</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%L1 would be written</source>
+        <translation>
+            <numerusform>%L1 würde geschrieben</numerusform>
+            <numerusform>%L1 würden geschrieben</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%L1 written</source>
+        <translation>
+            <numerusform>%L1 geschrieben</numerusform>
+            <numerusform>%L1 geschrieben</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 kept as it was</source>
+        <translation>1 unverändert behalten</translation>
+    </message>
+    <message numerus="yes">
+        <source>%L1 kept as they were</source>
+        <translation>
+            <numerusform>%L1 unverändert behalten</numerusform>
+            <numerusform>%L1 unverändert behalten</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%L1 failed</source>
+        <translation>
+            <numerusform>%L1 fehlgeschlagen</numerusform>
+            <numerusform>%L1 fehlgeschlagen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%L1 not cropped</source>
+        <translation>
+            <numerusform>%L1 nicht zugeschnitten</numerusform>
+            <numerusform>%L1 nicht zugeschnitten</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cropping was stopped: %L1 of 1 image was written.</source>
+        <translation>Das Zuschneiden wurde angehalten: %L1 von 1 Bild geschrieben.</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1; %2</source>
+        <translation>%1; %2</translation>
+    </message>
+    <message>
+        <source>1 with a warning</source>
+        <translation>1 mit Warnung</translation>
+    </message>
+    <message numerus="yes">
+        <source>%L1 with warnings</source>
+        <translation>
+            <numerusform>%L1 mit Warnung</numerusform>
+            <numerusform>%L1 mit Warnungen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Cropping was stopped: %L1 of %L2 images were written.</source>
+        <translation>
+            <numerusform>Das Zuschneiden wurde angehalten: %L1 von %L2 Bild geschrieben.</numerusform>
+            <numerusform>Das Zuschneiden wurde angehalten: %L1 von %L2 Bildern geschrieben.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>SaveFileDialog</name>
+    <message>
+        <source>Vellumo profiles (*.%1)</source>
+        <translation>Vellumo-Profile (*.%1)</translation>
+    </message>
+</context>
+<context>
+    <name>ThumbnailMaker</name>
+    <message>
+        <source>the file is missing</source>
+        <translation>die Datei fehlt</translation>
+    </message>
+    <message>
+        <source>the picture has no pixels</source>
+        <translation>das Bild hat keine Pixel</translation>
+    </message>
+</context>
+<context>
+    <name>vellumo::AboutBox</name>
+    <message>
+        <source>About Vellumo</source>
+        <translation>Über Vellumo</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Vellumo %1&lt;/b&gt;&lt;br&gt;Batch image cropping</source>
+        <translation>&lt;b&gt;Vellumo %1&lt;/b&gt;&lt;br&gt;Bilder stapelweise zuschneiden</translation>
+    </message>
+    <message>
+        <source>Asking the image worker about its sandbox…</source>
+        <translation>Der Bildprozess wird nach seiner Sandbox gefragt…</translation>
+    </message>
+    <message>
+        <source>Sandbox layers</source>
+        <translation>Sandbox-Schichten</translation>
+    </message>
+    <message>
+        <source>Refuse to decode images while a layer is missing (from the next start)</source>
+        <translation>Keine Bilder dekodieren, solange eine Schicht fehlt (ab dem nächsten Start)</translation>
+    </message>
+    <message>
+        <source>The image worker did not start: %1</source>
+        <translation>Der Bildprozess ist nicht gestartet: %1</translation>
+    </message>
+    <message>
+        <source>Images are decoded in a sandboxed worker: every layer is active.</source>
+        <translation>Bilder werden in einem abgeschotteten Prozess dekodiert: Alle Schichten sind aktiv.</translation>
+    </message>
+    <message>
+        <source>The image worker&apos;s sandbox is incomplete: %1 missing.</source>
+        <translation>Die Sandbox des Bildprozesses ist unvollständig; es fehlt: %1.</translation>
+    </message>
+</context>
+<context>
+    <name>vellumo::AutoCropRuleBox</name>
+    <message>
+        <source>Top left</source>
+        <translation>Oben links</translation>
+    </message>
+    <message>
+        <source>Top</source>
+        <translation>Oben</translation>
+    </message>
+    <message>
+        <source>Top right</source>
+        <translation>Oben rechts</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Links</translation>
+    </message>
+    <message>
+        <source>Centre</source>
+        <translation>Mitte</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Rechts</translation>
+    </message>
+    <message>
+        <source>Bottom left</source>
+        <translation>Unten links</translation>
+    </message>
+    <message>
+        <source>Bottom</source>
+        <translation>Unten</translation>
+    </message>
+    <message>
+        <source>Bottom right</source>
+        <translation>Unten rechts</translation>
+    </message>
+    <message>
+        <source>Match each image&apos;s orientation</source>
+        <translation>Ausrichtung jedes Bildes übernehmen</translation>
+    </message>
+    <message>
+        <source>Custom ratio width</source>
+        <translation>Breite des eigenen Verhältnisses</translation>
+    </message>
+    <message>
+        <source>Custom ratio height</source>
+        <translation>Höhe des eigenen Verhältnisses</translation>
+    </message>
+    <message>
+        <source>Turn the rectangle so that its longer side follows each image&apos;s longer side</source>
+        <translation>Das Rechteck so drehen, dass seine längere Seite der längeren Seite jedes Bildes folgt</translation>
+    </message>
+    <message>
+        <source>Custom ratio:</source>
+        <translation>Eigenes Verhältnis:</translation>
+    </message>
+    <message>
+        <source>Attention</source>
+        <translation>Blickfang</translation>
+    </message>
+    <message>
+        <source>Where the eye goes: skin, saturated colour, edges</source>
+        <translation>Wohin das Auge geht: Haut, satte Farben, Kanten</translation>
+    </message>
+    <message>
+        <source>Entropy</source>
+        <translation>Entropie</translation>
+    </message>
+    <message>
+        <source>The busiest part of the picture</source>
+        <translation>Der unruhigste Teil des Bildes</translation>
+    </message>
+    <message>
+        <source>Position:</source>
+        <translation>Position:</translation>
+    </message>
+</context>
+<context>
+    <name>vellumo::CropAdjustmentStore</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Undo %1</source>
+        <translation>&amp;Rückgängig: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>&amp;Redo %1</source>
+        <translation>&amp;Wiederholen: %1</translation>
+    </message>
+    <message>
+        <source>Adjust Crop</source>
+        <translation>Zuschnitt anpassen</translation>
+    </message>
+</context>
+<context>
+    <name>vellumo::CropPreviewView</name>
+    <message>
+        <source>No crop to show</source>
+        <translation>Kein Zuschnitt zu zeigen</translation>
+    </message>
+    <message>
+        <source>Crop %1 by %2 pixels at %3, %4 from the top left; arrow keys move it by one pixel, with Shift by ten</source>
+        <translation>Zuschnitt %1 × %2 Pixel bei %3, %4 von oben links; die Pfeiltasten verschieben ihn um ein Pixel, mit Umschalt um zehn</translation>
+    </message>
+</context>
+<context>
+    <name>vellumo::ImageList</name>
+    <message>
+        <source>No images</source>
+        <translation>Keine Bilder</translation>
+    </message>
+    <message>
+        <source>1 image</source>
+        <translation>1 Bild</translation>
+    </message>
+    <message numerus="yes">
+        <source>%L1 images</source>
+        <translation>
+            <numerusform>%L1 Bild</numerusform>
+            <numerusform>%L1 Bilder</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>, %L1 selected</source>
+        <translation>
+            <numerusform>, %L1 ausgewählt</numerusform>
+            <numerusform>, %L1 ausgewählt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cannot be shown: %1</source>
+        <translation>Kann nicht angezeigt werden: %1</translation>
+    </message>
+    <message>
+        <source>Crop adjusted by hand</source>
+        <translation>Zuschnitt von Hand angepasst</translation>
+    </message>
+    <message>
+        <source>, adjusted</source>
+        <translation>, angepasst</translation>
+    </message>
+    <message>
+        <source>, cannot be shown: %1</source>
+        <translation>, kann nicht angezeigt werden: %1</translation>
+    </message>
+</context>
+<context>
+    <name>vellumo::PlanFiles</name>
+    <message>
+        <source>Save the crop adjustments before closing?</source>
+        <translation>Die Zuschnittanpassungen vor dem Schließen speichern?</translation>
+    </message>
+    <message>
+        <source>the file no longer exists</source>
+        <translation>die Datei existiert nicht mehr</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Don&apos;t Save</source>
+        <translation>Nicht speichern</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Save Crop Plan</source>
+        <translation>Zuschnittplan speichern</translation>
+    </message>
+    <message>
+        <source>The crop plan could not be saved to %1: %2.</source>
+        <translation>Der Zuschnittplan konnte nicht unter %1 gespeichert werden: %2.</translation>
+    </message>
+    <message>
+        <source>Open Crop Plan</source>
+        <translation>Zuschnittplan öffnen</translation>
+    </message>
+    <message>
+        <source>The crop plan %1 could not be opened: %2.</source>
+        <translation>Der Zuschnittplan %1 konnte nicht geöffnet werden: %2.</translation>
+    </message>
+    <message>
+        <source>1 image of the crop plan no longer exists: %1</source>
+        <translation>1 Bild des Zuschnittplans existiert nicht mehr: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%L1 images of the crop plan no longer exist.</source>
+        <translation>
+            <numerusform>%L1 Bild des Zuschnittplans existiert nicht mehr.</numerusform>
+            <numerusform>%L1 Bilder des Zuschnittplans existieren nicht mehr.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>They stay in the list, marked, and fail when cropping.</source>
+        <translation>Sie bleiben markiert in der Liste und scheitern beim Zuschneiden.</translation>
+    </message>
+</context>
+<context>
+    <name>vellumo::ProfileFiles</name>
+    <message>
+        <source>The profile could not be saved to %1: %2.</source>
+        <translation>Das Profil konnte nicht unter %1 gespeichert werden: %2.</translation>
+    </message>
+    <message>
+        <source>Save Profile</source>
+        <translation>Profil speichern</translation>
+    </message>
+    <message>
+        <source>Load Profile</source>
+        <translation>Profil laden</translation>
+    </message>
+    <message>
+        <source>The profile %1 could not be loaded: %2.</source>
+        <translation>Das Profil %1 konnte nicht geladen werden: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>vellumo::RecentFiles</name>
+    <message>
+        <source>No Recent Files</source>
+        <translation>Keine zuletzt verwendeten Dateien</translation>
+    </message>
+    <message>
+        <source>Clear Menu</source>
+        <translation>Menü leeren</translation>
+    </message>
+</context>
+<context>
+    <name>vellumo::ResizeRuleBox</name>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>To width</source>
+        <translation>Auf Breite</translation>
+    </message>
+    <message>
+        <source>To height</source>
+        <translation>Auf Höhe</translation>
+    </message>
+    <message>
+        <source>To fit within</source>
+        <translation>Einpassen in</translation>
+    </message>
+    <message>
+        <source>To exactly</source>
+        <translation>Auf genau</translation>
+    </message>
+    <message>
+        <source>Allow enlarging</source>
+        <translation>Vergrößern erlauben</translation>
+    </message>
+    <message>
+        <source>&quot;To exactly&quot; crops to the ratio width:height first, so nothing is distorted</source>
+        <translation>„Auf genau“ schneidet zuerst auf das Verhältnis Breite:Höhe zu, damit nichts verzerrt wird</translation>
+    </message>
+    <message>
+        <source>Resize after cropping</source>
+        <translation>Nach dem Zuschnitt skalieren</translation>
+    </message>
+    <message>
+        <source>Resize width</source>
+        <translation>Zielbreite</translation>
+    </message>
+    <message>
+        <source>Resize height</source>
+        <translation>Zielhöhe</translation>
+    </message>
+    <message>
+        <source>Without it, a crop smaller than the size keeps its own size</source>
+        <translation>Ohne diese Option behält ein Zuschnitt, der kleiner als die Größe ist, seine eigene Größe</translation>
+    </message>
+</context>
+<context>
+    <name>vellumo::SettingsPanel</name>
+    <message>
+        <source>Select Folder</source>
+        <translation>Ordner wählen</translation>
+    </message>
+    <message>
+        <source>Cropping...</source>
+        <translation>Wird zugeschnitten...</translation>
+    </message>
+    <message>
+        <source>Crop Images</source>
+        <translation>Bilder zuschneiden</translation>
+    </message>
+    <message>
+        <source>GIF and BMP files cannot carry EXIF information</source>
+        <translation>GIF- und BMP-Dateien können keine EXIF-Informationen tragen</translation>
+    </message>
+    <message>
+        <source>Vellumo writes only the colour profile into %1 files</source>
+        <translation>Vellumo schreibt in %1-Dateien nur das Farbprofil</translation>
+    </message>
+    <message>
+        <source> (lossless)</source>
+        <translation> (verlustfrei)</translation>
+    </message>
+    <message>
+        <source> (not for JPEG files: lossless)</source>
+        <translation> (nicht für JPEG-Dateien: verlustfrei)</translation>
+    </message>
+    <message>
+        <source> (not used: lossless)</source>
+        <translation> (nicht verwendet: verlustfrei)</translation>
+    </message>
+</context>
+<context>
+    <name>vellumo::ViewController</name>
+    <message>
+        <source>No web browser could be opened. The video tutorial is at %1</source>
+        <translation>Es konnte kein Webbrowser geöffnet werden. Die Video-Anleitung ist unter %1</translation>
+    </message>
+    <message>
+        <source>The images could not be loaded.</source>
+        <translation>Die Bilder konnten nicht geladen werden.</translation>
+    </message>
+    <message>
+        <source>Reset Crop</source>
+        <translation>Zuschnitt zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Reset All Crops</source>
+        <translation>Alle Zuschnitte zurücksetzen</translation>
+    </message>
+</context>
+<context>
+    <name>vellumo::WindowCropJob</name>
+    <message>
+        <source>Preparing…</source>
+        <translation>Wird vorbereitet…</translation>
+    </message>
+    <message>
+        <source>The output folder %1 is a file, not a folder.</source>
+        <translation>Der Ausgabeordner %1 ist eine Datei, kein Ordner.</translation>
+    </message>
+    <message>
+        <source>The folder %1 could not be created: %2.</source>
+        <translation>Der Ordner %1 konnte nicht angelegt werden: %2.</translation>
+    </message>
+    <message>
+        <source>Stopping…</source>
+        <translation>Wird angehalten…</translation>
+    </message>
+    <message>
+        <source>No file manager could be opened to show the folder %1.</source>
+        <translation>Es konnte kein Dateimanager geöffnet werden, um den Ordner %1 zu zeigen.</translation>
+    </message>
+</context>
+</TS>
