@@ -141,8 +141,8 @@ void SmartPlacementOf(benchmark::State& state, CropAnchor anchor) {
             anchor == CropAnchor::Faces
                 ? std::optional<FaceSearch>(FindFaces(picture->picture, {6000, 4000}))
                 : std::nullopt;
-        const ResolvedCrop crop =
-            ResolveCrop(settings, full, &picture->picture, std::nullopt, faces ? &*faces : nullptr);
+        const ResolvedCrop crop = ResolveCrop(settings, full, &picture->picture, std::nullopt,
+                                              nullptr, faces ? &*faces : nullptr);
         benchmark::DoNotOptimize(crop);
     }
 }
