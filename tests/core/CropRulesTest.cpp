@@ -277,23 +277,10 @@ TEST(CropRules, AnchorNames) {
     EXPECT_EQ(CropAnchorNamed("middle"), std::nullopt);
 }
 
-// A photo-like picture: a flat background with one bright, busy patch near
-// its right edge, 200 x 200 at columns 950 to 1149 and rows 300 to 499 from
-// the top.
-vips::VImage OffCentreSubject() {
-    vips::VImage background =
-        vips::VImage::black(1200, 800, vips::VImage::option()->set("bands", 3)) + 90;
-    vips::VImage noise = vips::VImage::gaussnoise(
-        200, 200, vips::VImage::option()->set("sigma", 80)->set("mean", 128));
-    vips::VImage patch = vips::VImage::bandjoin(
-        {noise, noise.rot180() * 0.5 + 100, noise.flip(VIPS_DIRECTION_HORIZONTAL)});
-    return background.insert(patch, 950, 300).cast(VIPS_FORMAT_UCHAR);
-}
-
 TEST(CropRules, AttentionAndEntropyFindTheSubjectOffCentre) {
     test::TempDir dir;
     const std::string file = dir.File("subject.png");
-    OffCentreSubject().pngsave(file.c_str());
+    test::OffCentreSubject().pngsave(file.c_str());
     const PreviewResult picture = ImageTools::LoadPreview(file, kPlacementPictureSide);
     ASSERT_TRUE(picture) << picture.reason();
     const Image image = Image::OfSize(1200, 800);

@@ -249,21 +249,10 @@ TEST(FacePlacement, APortraitHasTheFaceAndEyesWhereAsked) {
     EXPECT_EQ(large.rect.width, 225.0);
 }
 
-// A picture with no face: a flat background and one busy patch on the right.
-vips::VImage Faceless() {
-    vips::VImage background =
-        vips::VImage::black(1200, 800, vips::VImage::option()->set("bands", 3)) + 90;
-    vips::VImage noise = vips::VImage::gaussnoise(
-        200, 200, vips::VImage::option()->set("sigma", 80)->set("mean", 128));
-    vips::VImage patch = vips::VImage::bandjoin(
-        {noise, noise.rot180() * 0.5 + 100, noise.flip(VIPS_DIRECTION_HORIZONTAL)});
-    return background.insert(patch, 950, 300).cast(VIPS_FORMAT_UCHAR);
-}
-
 TEST(Faces, WithoutAFaceTheAnchorFallsBackToAttentionAndSaysSo) {
     test::TempDir dir;
     const std::string file = dir.File("faceless.png");
-    Faceless().pngsave(file.c_str());
+    test::OffCentreSubject().pngsave(file.c_str());
     const PreviewResult picture = ImageTools::LoadPreview(file, kPlacementPictureSide);
     ASSERT_TRUE(picture) << picture.reason();
     const FaceSearch faces = FindFaces(picture->picture, {1200, 800});

@@ -52,6 +52,16 @@ Image MakeSizedImage(double width, double height) {
     return ImageAccess::MakeWithoutPixels(width, height);
 }
 
+vips::VImage OffCentreSubject() {
+    vips::VImage background =
+        vips::VImage::black(1200, 800, vips::VImage::option()->set("bands", 3)) + 90;
+    vips::VImage noise = vips::VImage::gaussnoise(
+        200, 200, vips::VImage::option()->set("sigma", 80)->set("mean", 128));
+    vips::VImage patch = vips::VImage::bandjoin(
+        {noise, noise.rot180() * 0.5 + 100, noise.flip(VIPS_DIRECTION_HORIZONTAL)});
+    return background.insert(patch, 950, 300).cast(VIPS_FORMAT_UCHAR);
+}
+
 vips::VImage PixelsOf(const Image& image) {
     const vips::VImage* pixels = ImageAccess::Pixels(image);
     if (pixels == nullptr) {

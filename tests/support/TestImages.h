@@ -27,6 +27,11 @@ Rgb CoordinatePixel(int x, int y);
 // timings and lossy-codec checks.
 vips::VImage PhotoLikeImage(int width, int height);
 
+// A photo-like 1200 x 800 picture without a face: a flat background with one
+// bright, busy patch near its right edge, 200 x 200 at columns 950 to 1149
+// and rows 300 to 499 from the top.
+vips::VImage OffCentreSubject();
+
 // An Image whose logical size and pixels are `pixels`.
 Image MakeImage(const vips::VImage& pixels);
 
