@@ -4,7 +4,8 @@
 # the time of
 #   vellumo-cli --dry-run --recursive --keep-structure --auto 1:1 --quiet
 # (the walk, the output names, the clashes; nothing is written). Prints the
-# best wall time of three and the count of images the dry run reported.
+# best wall time of three to the plan (the first image reported) and to the
+# end of the dry run, and the count of images it reported.
 #
 #   bench/plan-10000.sh [COUNT]      (run scripts/build vellumo-cli first)
 set -euo pipefail
@@ -22,6 +23,7 @@ if [ ! -f "$data/.made" ]; then
     per_folder=$(( (count + 99) / 100 ))
     # cp cannot copy one file to many names in one call: tee can.
     for folder in $(seq 1 100); do
+        mkdir -p "$data/f$folder"
         names=()
         for i in $(seq 1 "$per_folder"); do
             n=$(( (folder - 1) * per_folder + i ))
@@ -33,16 +35,26 @@ if [ ! -f "$data/.made" ]; then
     touch "$data/.made"
 fi
 
-best=
+# The plan is done when the first image is reported (the walk, every
+# output name and the clashes come before it); the rest of the dry run
+# reads each image's header in a worker to report its rectangle and size.
+best= best_plan=
 for run in 1 2 3; do
     start=$(date +%s.%N)
-    "$cli" --dry-run --recursive --keep-structure --auto 1:1 --json --output "$work/out" "$data" \
-        >"$work/plan.jsonl" 2>"$work/err.txt" || { cat "$work/err.txt" >&2; exit 1; }
+    "$cli" --dry-run --recursive --keep-structure --auto 1:1 --json --jobs 2 --output "$work/out" \
+        "$data" 2>"$work/err.txt" |
+        { read -r first; date +%s.%N >"$work/planned"; printf '%s\n' "$first"; cat; } \
+            >"$work/plan.jsonl" || { cat "$work/err.txt" >&2; exit 1; }
     end=$(date +%s.%N)
     seconds=$(awk -v a="$start" -v b="$end" 'BEGIN { printf "%.3f", b - a }')
+    plan=$(awk -v a="$start" -v b="$(cat "$work/planned")" 'BEGIN { printf "%.3f", b - a }')
     if [ -z "$best" ] || awk -v a="$seconds" -v b="$best" 'BEGIN { exit !(a < b) }'; then
         best=$seconds
     fi
+    if [ -z "$best_plan" ] || awk -v a="$plan" -v b="$best_plan" 'BEGIN { exit !(a < b) }'; then
+        best_plan=$plan
+    fi
 done
 planned=$(grep -c '"status":"planned"' "$work/plan.jsonl" || true)
-printf '%d images in 100 folders: dry run planned %d in %s s (best of 3)\n' "$count" "$planned" "$best"
+printf '%d images in 100 folders: planned (walk, names, clashes) in %s s; the whole dry run ' "$count" "$best_plan"
+printf 'reported %d images in %s s (best of 3 each)\n' "$planned" "$best"
