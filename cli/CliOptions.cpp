@@ -59,6 +59,7 @@ struct BatchGroup {  // this run's share of a large batch, and its record
 };
 
 struct Groups {
+    Command command = Command::Crop;
     SourceGroup source;
     RuleGroup rule;
     TrimPadGroup trimPad;
@@ -210,8 +211,10 @@ void AddJob(CLI::App& app, CliOptions& options, double& timeoutSeconds) {
                     "--sandbox-status)");
 }
 
-void AddInputs(CLI::App& app, SourceGroup& g, CliOptions& options) {
-    app.add_option("FILE", options.files, "Image files, and folders of them, to crop")
+void AddInputs(CLI::App& app, SourceGroup& g, CliOptions& options, Command command) {
+    app.add_option("FILE", options.files,
+                   command == Command::Watch ? "The folder to watch"
+                                             : "Image files, and folders of them, to crop")
         ->excludes(g.planOption);
     CLI::App* group = app.add_option_group("Inputs");
     g.inputsOption = group->add_option(
@@ -222,7 +225,9 @@ void AddInputs(CLI::App& app, SourceGroup& g, CliOptions& options) {
         ->add_flag("--null", g.nulSeparated,
                    "The --inputs file separates paths with NUL bytes (find -print0)")
         ->needs(g.inputsOption);
-    group->add_flag("--recursive", g.recursive, "Also crop the images in the folders' subfolders");
+    group->add_flag("--recursive", g.recursive,
+                    "Also crop the images in the folders' subfolders (watch: those made later "
+                    "too)");
 }
 
 void AddBatch(CLI::App& app, BatchGroup& g, CliOptions& options, CLI::Option* planOption) {
@@ -274,6 +279,31 @@ Problem WalkFolders(const SourceGroup& g, CliOptions& options) {
     options.files = std::move(walked.images);
     options.roots = walked.roots;
     options.walk = std::move(walked);
+    return std::nullopt;
+}
+
+// A watch takes one folder and the images arriving in it: nothing that
+// lists images, replaces them or takes a share of a batch.
+Problem WatchedFolder(const Groups& g, CliOptions& options) {
+    for (const auto& [option, name] :
+         {std::pair{g.source.planOption, "--plan"}, std::pair{g.source.inputsOption, "--inputs"},
+          std::pair{g.batch.shardOption, "--shard"},
+          std::pair{g.batch.shardCountOption, "--shard-count"}}) {
+        if (option->count() > 0) {
+            return std::string(name) + ": not with watch";
+        }
+    }
+    if (g.output.inPlace) {
+        return "--in-place: not with watch";
+    }
+    if (options.dryRun) {
+        return "--dry-run: not with watch";
+    }
+    if (options.files.size() != 1) {
+        return "watch: give one folder to watch";
+    }
+    options.roots = std::move(options.files);
+    options.files.clear();
     return std::nullopt;
 }
 
@@ -331,7 +361,7 @@ Problem LoadSettingsFiles(const SourceGroup& g, CliOptions& options) {
         s = loaded->settings;
         options.files = PlannedPaths(*loaded);
         options.adjustments = PlannedAdjustments(*loaded);
-    } else if (options.files.empty()) {
+    } else if (options.files.empty() && options.roots.empty()) {  // a watch has its folder
         return "FILE is required (or --inputs, or --plan)";
     }
     if (g.profileOption->count() > 0) {
@@ -513,11 +543,17 @@ Problem ApplyGroups(const Groups& g, bool standardInputIsTerminal,
                     const EnvironmentLookup& environment, CliOptions& options) {
     options.limits.timeout =
         std::chrono::milliseconds(static_cast<long long>(g.timeoutSeconds * 1000.0));
-    Problem problem = ReadInputs(g.source, options, standardInputIsTerminal);
-    if (!problem)
-        problem = WalkFolders(g.source, options);
-    if (!problem)
-        problem = SelectShard(g.batch, options, environment);
+    options.recursive = g.source.recursive;
+    Problem problem;
+    if (g.command == Command::Watch) {
+        problem = WatchedFolder(g, options);
+    } else {
+        problem = ReadInputs(g.source, options, standardInputIsTerminal);
+        if (!problem)
+            problem = WalkFolders(g.source, options);
+        if (!problem)
+            problem = SelectShard(g.batch, options, environment);
+    }
     if (!problem)
         problem = LoadSettingsFiles(g.source, options);
     if (!problem)
@@ -554,17 +590,21 @@ ParseOutcome Outcome(int exitCode, std::string message) {
 }  // namespace
 
 ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardInputIsTerminal,
-                              const EnvironmentLookup& environment) {
-    CLI::App app{"Crops image files in one go: the same engine as the Vellumo window.",
-                 "vellumo-cli"};
+                              const EnvironmentLookup& environment, Command command) {
+    const bool watch = command == Command::Watch;
+    CLI::App app{watch ? "Crops every image in FOLDER and every image that arrives in it later, "
+                         "once each, until stopped (SIGINT or SIGTERM)."
+                       : "Crops image files in one go: the same engine as the Vellumo window.",
+                 watch ? "vellumo-cli watch" : "vellumo-cli"};
     CliOptions options;
     Groups groups;
+    groups.command = command;
     AddSettingsSources(app, groups.source);
     AddCropRule(app, groups.rule);
     AddTrimAndPad(app, groups.trimPad);
     AddOutput(app, groups.output);
     AddJob(app, options, groups.timeoutSeconds);
-    AddInputs(app, groups.source, options);
+    AddInputs(app, groups.source, options, command);
     AddBatch(app, groups.batch, options, groups.source.planOption);
     // The version is the project's (CMake's PROJECT_VERSION), so the
     // program, the window and the package always agree.

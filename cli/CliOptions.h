@@ -35,9 +35,16 @@ struct CliOptions {
     // This run's share of the batch; then `files` is sorted, each path
     // once (SortedUnique), so that every shard sees the same list.
     std::optional<Shard> shard;
-    std::string manifest;  // where each finished image is recorded
-    bool resume = false;   // skip the images the manifest records as done
+    std::string manifest;    // where each finished image is recorded
+    bool resume = false;     // skip the images the manifest records as done
+    bool recursive = false;  // the folders' subfolders too (a watch watches them)
 };
+
+// What the words after the program's name ask for: a crop of the images
+// given, or `vellumo-cli watch FOLDER`, the images arriving in one folder
+// (CliOptions::roots holds it; no plan, list, share of a batch, in-place or
+// dry run).
+enum class Command { Crop, Watch };
 
 struct ParseOutcome {
     std::optional<CliOptions> options;  // set when the job can run
@@ -49,6 +56,7 @@ struct ParseOutcome {
 // terminal, none otherwise (no file is replaced without consent).
 // `environment` gives the scheduler's variables for --shard auto.
 ParseOutcome ParseCommandLine(int argc, const char* const* argv, bool standardInputIsTerminal,
-                              const EnvironmentLookup& environment);
+                              const EnvironmentLookup& environment,
+                              Command command = Command::Crop);
 
 }  // namespace vellumo::cli

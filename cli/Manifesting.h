@@ -8,6 +8,7 @@
 
 #include "batch/CropJob.h"
 #include "batch/Manifest.h"
+#include "cli/CliOptions.h"
 
 namespace vellumo::cli {
 
@@ -20,8 +21,9 @@ class Manifesting {
 
     // Records a finished image: its status, and for an output that is there
     // (written, or kept) its length and SHA-256. False, with `reason` set,
-    // when the entry could not be made durable.
-    bool Record(const ImageReport& image, std::string& reason);
+    // when the entry could not be made durable. The entry made goes to
+    // `made` when one is given.
+    bool Record(const ImageReport& image, std::string& reason, ManifestEntry* made = nullptr);
 
   private:
     Manifesting(ManifestWriter writer, std::string fingerprint)
@@ -30,5 +32,10 @@ class Manifesting {
     ManifestWriter writer_;
     std::string fingerprint_;
 };
+
+// The entries of the manifest a run appends to (options.manifest), when
+// they may be appended to: every entry written with these settings. Prints
+// why not and gives nothing otherwise.
+std::optional<std::vector<ManifestEntry>> UsableManifest(const CliOptions& options);
 
 }  // namespace vellumo::cli

@@ -23,8 +23,10 @@
 #include "batch/CropCommand.h"
 #include "cli/CliCrop.h"
 #include "cli/CliOptions.h"
+#include "cli/Manifesting.h"
 #include "cli/SandboxStatusCommand.h"
 #include "cli/VerifyCommand.h"
+#include "cli/WatchCommand.h"
 #include "imaging/AtomicFile.h"
 #include "worker/WorkerImageProcessor.h"
 
@@ -59,27 +61,6 @@ std::optional<std::string> Environment(const char* name) {
     return value == nullptr ? std::nullopt : std::optional<std::string>(value);
 }
 
-// The entries of the manifest a run appends to, when they may be appended
-// to: every entry written with these settings. Prints why not and gives
-// nothing otherwise.
-std::optional<std::vector<vellumo::ManifestEntry>> UsableManifest(
-    const vellumo::cli::CliOptions& options) {
-    using namespace vellumo;
-    const Loaded<std::vector<ManifestEntry>> read = ReadManifest(options.manifest);
-    if (!read) {
-        std::cerr << "vellumo-cli: --manifest: " << options.manifest << ": " << read.reason()
-                  << std::endl;
-        return std::nullopt;
-    }
-    if (const std::string foreign = ForeignSettings(*read, SettingsFingerprint(options.settings));
-        !foreign.empty()) {
-        std::cerr << "vellumo-cli: --manifest: " << options.manifest << ": " << foreign
-                  << "; give the same settings, or another manifest" << std::endl;
-        return std::nullopt;
-    }
-    return *read;
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -90,6 +71,11 @@ int main(int argc, char** argv) {
     if (argc == 2 && std::string_view(argv[1]) == "--sandbox-status") {
         return cli::RunSandboxStatus();
     }
+    std::stop_source stop;
+    WatchForStopSignals(stop);
+    if (argc > 1 && std::string_view(argv[1]) == "watch") {
+        return cli::RunWatch(argc - 1, argv + 1, stop);
+    }
     const cli::ParseOutcome parsed =
         cli::ParseCommandLine(argc, argv, isatty(STDIN_FILENO) == 1, &Environment);
     if (!parsed.options) {
@@ -97,13 +83,11 @@ int main(int argc, char** argv) {
         return parsed.exitCode;
     }
     const cli::CliOptions& options = *parsed.options;
-    std::stop_source stop;
-    WatchForStopSignals(stop);
     // A manifest is checked before anything is written: another batch's, or
     // a damaged one, is refused.
     std::vector<ManifestEntry> recorded;
     if (!options.manifest.empty() && !options.dryRun) {
-        std::optional<std::vector<ManifestEntry>> usable = UsableManifest(options);
+        std::optional<std::vector<ManifestEntry>> usable = cli::UsableManifest(options);
         if (!usable) {
             return 2;
         }
