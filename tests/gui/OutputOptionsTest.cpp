@@ -15,6 +15,7 @@
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
+#include <cstdint>
 
 #include "tests/gui/support/LoadedWindow.h"
 #include "tests/gui/support/PictureFiles.h"
@@ -85,7 +86,7 @@ class OutputOptionsTest : public QObject {
         auto& unit = loaded.Control<QComboBox>("comboMaxSizeUnit");
         auto& scaleDown = loaded.Control<QCheckBox>("checkScaleDownToFit");
         QCOMPARE(amount.text(), QString());
-        QCOMPARE(loaded.settings().Read().byteLimit.maxBytes, 0u);
+        QCOMPARE(loaded.settings().Read().byteLimit.maxBytes, std::uint64_t{0});
         QVERIFY(!scaleDown.isEnabled());
 
         // Only whole numbers from 1 on can be typed.
@@ -95,12 +96,12 @@ class OutputOptionsTest : public QObject {
         QVERIFY(scaleDown.isEnabled());
         Click(scaleDown);
         CropSettings read = loaded.settings().Read();
-        QCOMPARE(read.byteLimit.maxBytes, 500000u);
+        QCOMPARE(read.byteLimit.maxBytes, std::uint64_t{500000});
         QVERIFY(read.byteLimit.scaleDown);
         Choose(unit, "MB");
-        QCOMPARE(loaded.settings().Read().byteLimit.maxBytes, 500000000u);
+        QCOMPARE(loaded.settings().Read().byteLimit.maxBytes, std::uint64_t{500000000});
         Type(amount, "");
-        QCOMPARE(loaded.settings().Read().byteLimit.maxBytes, 0u);
+        QCOMPARE(loaded.settings().Read().byteLimit.maxBytes, std::uint64_t{0});
         QVERIFY(!scaleDown.isEnabled());
 
         // Written back in the largest unit that shows the limit exactly.

@@ -127,7 +127,7 @@ class ProfilesTest : public QObject {
         QCOMPARE(back.percentsOriginX, settings.percentsOriginX);  // 12.3f, exactly
         QCOMPARE(back.percentsHeight, settings.percentsHeight);
         QCOMPARE(back.quality, 42.5f);
-        QCOMPARE(back.byteLimit.maxBytes, 750000000u);
+        QCOMPARE(back.byteLimit.maxBytes, std::uint64_t{750000000});
         QVERIFY(back.byteLimit.scaleDown);
         QVERIFY(back.keepStructure);
         QVERIFY(loaded.boxes.empty());
