@@ -339,8 +339,10 @@ class InterfaceStatesTest : public QObject {
         QCOMPARE(loaded.Control<QualitySlider>("sliderQuality").isEnabled(), sliderEnabled);
         QCOMPARE(loaded.Control<QCheckBox>("checkKeepEXIFInformationAndCreationDate").isEnabled(),
                  metadataEnabled);
+        QCOMPARE(loaded.Control<QWidget>("sizeLimit").isEnabled(), format >= 0 && format <= 2);
         for (const QString& name : kLockedControls) {
-            if (name != "sliderQuality" && name != "checkKeepEXIFInformationAndCreationDate") {
+            if (name != "sliderQuality" && name != "checkKeepEXIFInformationAndCreationDate" &&
+                name != "sizeLimit") {
                 QVERIFY2(loaded.Control<QWidget>(qPrintable(name)).isEnabled(), qPrintable(name));
             }
         }

@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QRandomGenerator>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 #include <cstdint>
@@ -79,6 +80,9 @@ class OutputOptionsTest : public QObject {
     Q_OBJECT
 
   private Q_SLOTS:
+    // Crop plans are remembered as recent files: not in the user's settings.
+    void initTestCase() { QStandardPaths::setTestModeEnabled(true); }
+
     void theSizeLimitGoesThroughTheSettings() {
         LoadedWindow loaded;
         loaded.Show();
@@ -249,6 +253,32 @@ class OutputOptionsTest : public QObject {
         Type(name, "[Nope]");
         QVERIFY(
             LabelText(loaded, "labelOutputName").startsWith("Not a name: unknown token [Nope]"));
+    }
+
+    void aCropPlanKeepsTheNewSettings() {
+        QTemporaryDir dir;
+        LoadedWindow loaded;
+        loaded.Show();
+        loaded.AddImages(
+            {vellumo::test::Write(vellumo::test::Quarters(40, 30), dir.filePath("a.png"))});
+        Type(loaded.Control<QLineEdit>("textFieldMaxSize"), "64");
+        Choose(loaded.Control<QComboBox>("comboMaxSizeUnit"), "MB");
+        Click(loaded.Control<QCheckBox>("checkScaleDownToFit"));
+        loaded.Control<QCheckBox>("checkKeepFolderStructure").setChecked(true);
+        loaded.saveDialogAnswers.push_back(dir.filePath("batch"));
+        QVERIFY(loaded.plans().Save());
+
+        loaded.controller().OnFileNew();
+        QCOMPARE(loaded.settings().Read().byteLimit.maxBytes, std::uint64_t{0});
+        QVERIFY(!loaded.settings().Read().keepStructure);
+        loaded.openDialogAnswers.push_back(QStringList{dir.filePath("batch.vellumoplan")});
+        loaded.plans().Open();
+        const CropSettings back = loaded.settings().Read();
+        QCOMPARE(back.byteLimit.maxBytes, std::uint64_t{64000000});
+        QVERIFY(back.byteLimit.scaleDown);
+        QVERIFY(back.keepStructure);
+        QCOMPARE(loaded.Control<QLineEdit>("textFieldMaxSize").text(), QStringLiteral("64"));
+        QCOMPARE(loaded.Control<QComboBox>("comboMaxSizeUnit").currentText(), QStringLiteral("MB"));
     }
 
     void aSizeLimitedCropIsWrittenWithinTheLimit() {
