@@ -291,16 +291,16 @@ class OutputOptionsTest : public QObject {
         Type(loaded.Control<QLineEdit>("textFieldName"), "free");
         QVERIFY(vellumo::test::CropAndWait(loaded));
         const QFileInfo free(dir.filePath("out/free (1).jpg"));
-        QVERIFY(free.size() > 100000);
+        QVERIFY(free.size() > 60000);
 
         Type(loaded.Control<QLineEdit>("textFieldName"), "limited");
-        Type(loaded.Control<QLineEdit>("textFieldMaxSize"), "100");
+        Type(loaded.Control<QLineEdit>("textFieldMaxSize"), "60");
         Choose(loaded.Control<QComboBox>("comboMaxSizeUnit"), "KB");
         QVERIFY(vellumo::test::CropAndWait(loaded));
         QCOMPARE(loaded.boxes.back().text, QStringLiteral("Images cropped successfully."));
         const QFileInfo limited(dir.filePath("out/limited (1).jpg"));
         QVERIFY(limited.exists());
-        QVERIFY2(limited.size() <= 100000, qPrintable(QString::number(limited.size())));
+        QVERIFY2(limited.size() <= 60000, qPrintable(QString::number(limited.size())));
         QCOMPARE(QImage(limited.filePath()).size(), QSize(400, 400));
 
         // Too small for any quality: the picture is made smaller to fit.

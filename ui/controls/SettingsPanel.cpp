@@ -124,7 +124,10 @@ void SettingsPanel::Reset() {
     // folder and format are used again. Other enabled states stay as they
     // are.
     ui_.sliderQuality->setEnabled(true);
-    ui_.sizeLimit->setEnabled(true);
+    // JPG can be fitted to a size limit; a job under way keeps it locked.
+    if (!locked_) {
+        ui_.sizeLimit->setEnabled(true);
+    }
     if (wasReplacingOriginals || !ui_.checkKeepEXIFInformationAndCreationDate->isEnabled()) {
         SettleOutputControls();
     }
