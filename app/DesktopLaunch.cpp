@@ -26,7 +26,7 @@ struct Start {
 void AddToWindow(ViewController& controller, const QStringList& paths, bool recursive) {
     const LaunchRequest request = ExpandLaunchPaths(paths, recursive);
     if (!request.images.isEmpty()) {
-        controller.AppendImages(request.images);
+        controller.AppendImages(request.images, request.folders);
     }
     const QString warning = LaunchWarningText(request);
     if (!warning.isEmpty()) {

@@ -57,6 +57,8 @@ LaunchRequest ExpandLaunchPaths(const QStringList& paths, bool recursive) {
             const QStringList images = ImagesInFolder(absolute, recursive);
             if (images.isEmpty()) {
                 request.emptyFolders << path;
+            } else {
+                request.folders << absolute;
             }
             request.images << images;
         } else {

@@ -11,6 +11,7 @@ namespace vellumo {
 
 struct LaunchRequest {
     QStringList images;        // in the order given
+    QStringList folders;       // the folders given that held images
     QStringList missing;       // paths that do not exist
     QStringList emptyFolders;  // folders without an image
 };

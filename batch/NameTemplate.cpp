@@ -186,9 +186,9 @@ bool NameTemplate::NeedsImage() const {
            Holds(NameToken::Ratio);
 }
 
-ExpandedName NameTemplate::Expand(const NameValues& values) const {
+ExpandedName NameTemplate::Expand(const NameValues& values, Missing missing) const {
     ExpandedName expanded;
-    std::vector<std::string_view> missing;
+    std::vector<std::string_view> absent;
     for (const Part& part : parts_) {
         if (!part.token) {
             expanded.name += part.text;
@@ -196,14 +196,18 @@ ExpandedName NameTemplate::Expand(const NameValues& values) const {
         }
         if (const std::optional<std::string> value = ValueOf(*part.token, part.date, values)) {
             expanded.name += FileNameSafe(*value);
-        } else if (std::find(missing.begin(), missing.end(), NameOfToken(*part.token)) ==
-                   missing.end()) {
-            missing.push_back(NameOfToken(*part.token));
+            continue;
+        }
+        if (missing == Missing::KeptAsToken) {
+            expanded.name += part.text;
+        }
+        if (std::find(absent.begin(), absent.end(), NameOfToken(*part.token)) == absent.end()) {
+            absent.push_back(NameOfToken(*part.token));
         }
     }
     // Appended piece by piece: GCC 12 at -O3 takes "[" + name + "]" for an
     // overlapping copy (a false -Wrestrict).
-    for (const std::string_view name : missing) {
+    for (const std::string_view name : absent) {
         if (!expanded.warning.empty()) {
             expanded.warning += ", ";
         }
@@ -211,9 +215,9 @@ ExpandedName NameTemplate::Expand(const NameValues& values) const {
         expanded.warning += name;
         expanded.warning += ']';
     }
-    if (!missing.empty()) {
-        expanded.warning += missing.size() == 1 ? " has no value: left empty in the name"
-                                                : " have no value: left empty in the name";
+    if (!absent.empty()) {
+        expanded.warning += absent.size() == 1 ? " has no value: left empty in the name"
+                                               : " have no value: left empty in the name";
     }
     return expanded;
 }

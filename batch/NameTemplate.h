@@ -67,7 +67,12 @@ class NameTemplate {
     // Some token needs the photo's metadata ([Date], [Camera]).
     bool NeedsPhotoFacts() const;
 
-    ExpandedName Expand(const NameValues& values) const;
+    // What a token without a value becomes: empty text (a name to write),
+    // or the token as written ("[Date]"), for a name shown before the
+    // image's facts are known.
+    enum class Missing { LeftEmpty, KeptAsToken };
+
+    ExpandedName Expand(const NameValues& values, Missing missing = Missing::LeftEmpty) const;
 
   private:
     struct Part {

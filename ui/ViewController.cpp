@@ -102,6 +102,7 @@ void ViewController::OnCropImages() {
     CropRequest request;
     request.settings = settings_->Read();
     request.images = NativePaths(imageList_->paths());
+    request.roots = NativePaths(imageList_->folders());
     request.adjustments = cropAdjustments_->ForJob(imageList_->paths());
     cropJob_->Crop(std::move(request), imageProcessor_);
 }
@@ -146,11 +147,9 @@ void ViewController::ConnectCommands() {
             &ViewController::ShowImageCount);
     connect(ui_->tableViewImage, &ImageTableView::deletePressed, this,
             &ViewController::OnRemoveSelected);
-    // However the list changed (added, dropped, removed, reset), its count
-    // follows.
-    connect(imageList_, &QAbstractItemModel::modelReset, this, &ViewController::ShowImageCount);
-    connect(imageList_, &QAbstractItemModel::rowsInserted, this, &ViewController::ShowImageCount);
-    connect(imageList_, &QAbstractItemModel::rowsRemoved, this, &ViewController::ShowImageCount);
+    connect(imageList_, &QAbstractItemModel::modelReset, this, &ViewController::OnListChanged);
+    connect(imageList_, &QAbstractItemModel::rowsInserted, this, &ViewController::OnListChanged);
+    connect(imageList_, &QAbstractItemModel::rowsRemoved, this, &ViewController::OnListChanged);
     ConnectPreview();
     ConnectSettings();
     connect(ui_->buttonCropImages, &QPushButton::clicked, this, &ViewController::OnCropImages);
@@ -194,6 +193,9 @@ void ViewController::ConnectSettings() {
     connect(settings_, &SettingsPanel::cropChanged, this, &ViewController::UpdateCropPreview);
     connect(settings_, &SettingsPanel::cropRuleChanged, this, &ViewController::OnCropRuleChanged);
     connect(settings_, &SettingsPanel::outputChanged, this, &ViewController::UpdateImageSize);
+    connect(settings_, &SettingsPanel::nameChanged, this, &ViewController::ShowOutputName);
+    // A profile or plan loaded changes the name too, with or without an image.
+    connect(settings_, &SettingsPanel::cropChanged, this, &ViewController::ShowOutputName);
 }
 
 void ViewController::ResetInterface() {

@@ -113,6 +113,9 @@ class ViewController : public QObject, public WindowDelegate {
     // The four dimension labels and the note under the preview, for the
     // current image under the settings as they are now.
     void UpdateImageSize();
+    // The line under the name field: the name the template gives the image
+    // shown (or the list's first), with what the window knows of it.
+    void ShowOutputName();
 
     bool windowShouldClose(QWidget& window) override;
 
@@ -127,8 +130,9 @@ class ViewController : public QObject, public WindowDelegate {
 
     void OnAddImages();
     // Appends these images to the list in their order, leaving out those it
-    // holds (the program's arguments, a second start's files).
-    void AppendImages(const QStringList& paths);
+    // holds (the program's arguments, a second start's files); `folders` are
+    // the folders given that they were found through (ImageList::folders).
+    void AppendImages(const QStringList& paths, const QStringList& folders = {});
     void OnRemoveSelected();
     void OnRemoveAll();
 
@@ -155,6 +159,9 @@ class ViewController : public QObject, public WindowDelegate {
     void RefreshContactSheet();
     // The count under the list: "120 images", "120 images, 3 selected".
     void ShowImageCount();
+    // However the list changed (added, dropped, removed, reset): its count,
+    // the folder options and the name line follow.
+    void OnListChanged();
     // Asks before a non-empty list is emptied; true when it may be.
     bool AgreeToEmptyTheList();
     // Empties the preview; pictures still being made for it are dropped.

@@ -34,7 +34,8 @@ void ViewController::OnAddImages() {
     AppendImages(paths);
 }
 
-void ViewController::AppendImages(const QStringList& paths) {
+void ViewController::AppendImages(const QStringList& paths, const QStringList& folders) {
+    imageList_->AddFolders(folders);
     imageList_->Append(paths);
     ClearImageListSelection();
 }
@@ -72,6 +73,12 @@ void ViewController::OnRemoveAll() {
 void ViewController::ShowImageCount() {
     const auto selected = static_cast<int>(ui_->tableViewImage->SelectedRows().size());
     ui_->labelImageCount->setText(imageList_->CountText(selected));
+}
+
+void ViewController::OnListChanged() {
+    ShowImageCount();
+    settings_->SetListFromFolders(!imageList_->folders().isEmpty());
+    ShowOutputName();
 }
 
 }  // namespace vellumo

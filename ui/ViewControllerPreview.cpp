@@ -5,9 +5,12 @@
 // and its results reach the view, the list and the labels.
 
 #include <QAction>
+#include <QLabel>
+#include <algorithm>
 
 #include "batch/CropRectangle.h"
 #include "ui/ViewController.h"
+#include "ui/controls/OutputNameText.h"
 #include "ui/controls/SettingsPanel.h"
 #include "ui/files/PlanFiles.h"
 #include "ui/list/ImageList.h"
@@ -110,6 +113,24 @@ void ViewController::DecodeAgainIfPictureTooSmall() {
 void ViewController::UpdateImageSize() {
     ShowDimensions(*ui_, *preview_, settings_->Read(),
                    cropAdjustments_->Adjustment(preview_->path()));
+    ShowOutputName();
+}
+
+// The image the preview shows, else the list's first; its size only once
+// the preview holds it. Nothing is read from the file here.
+void ViewController::ShowOutputName() {
+    const CropSettings settings = settings_->Read();
+    NameExample example;
+    const bool shown = !preview_->path().isEmpty() && preview_->image().Width() > 0.0 &&
+                       preview_->image().Height() > 0.0;
+    example.path = shown ? preview_->path() : imageList_->pathAt(0);
+    example.index = std::max<long>(0, imageList_->paths().indexOf(example.path));
+    if (shown) {
+        example.outputSize =
+            CropAsWritten(*preview_, settings, cropAdjustments_->Adjustment(example.path))
+                .outputSize;
+    }
+    ui_->labelOutputName->setText(OutputNameLine(settings, example));
 }
 
 void ViewController::ConnectAdjustments() {

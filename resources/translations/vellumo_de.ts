@@ -537,6 +537,18 @@
         <source>About Vellumo</source>
         <translation>Über Vellumo</translation>
     </message>
+    <message>
+        <source>At most:</source>
+        <translation>Höchstens:</translation>
+    </message>
+    <message>
+        <source>Keep folder structure</source>
+        <translation>Ordnerstruktur beibehalten</translation>
+    </message>
+    <message>
+        <source>Each crop goes into the output folder&apos;s subfolder that matches the folder its image was found in</source>
+        <translation>Jeder Zuschnitt kommt in den Unterordner des Ausgabeordners, der dem Ordner entspricht, in dem sein Bild gefunden wurde</translation>
+    </message>
 </context>
 <context>
     <name>MessageBox</name>
@@ -869,6 +881,72 @@
     </message>
 </context>
 <context>
+    <name>vellumo::NameTokenButton</name>
+    <message>
+        <source>the image&apos;s own name</source>
+        <translation>der eigene Name des Bildes</translation>
+    </message>
+    <message>
+        <source>its place in the list</source>
+        <translation>seine Stelle in der Liste</translation>
+    </message>
+    <message>
+        <source>the name of its folder</source>
+        <translation>der Name seines Ordners</translation>
+    </message>
+    <message>
+        <source>its extension</source>
+        <translation>seine Dateiendung</translation>
+    </message>
+    <message>
+        <source>the day it was taken</source>
+        <translation>der Aufnahmetag</translation>
+    </message>
+    <message>
+        <source>the day and time it was taken</source>
+        <translation>Aufnahmetag und -uhrzeit</translation>
+    </message>
+    <message>
+        <source>the camera&apos;s model</source>
+        <translation>das Kameramodell</translation>
+    </message>
+    <message>
+        <source>the output&apos;s width in pixels</source>
+        <translation>die Breite der Ausgabe in Pixeln</translation>
+    </message>
+    <message>
+        <source>the output&apos;s height in pixels</source>
+        <translation>die Höhe der Ausgabe in Pixeln</translation>
+    </message>
+    <message>
+        <source>the output&apos;s aspect ratio</source>
+        <translation>das Seitenverhältnis der Ausgabe</translation>
+    </message>
+    <message>
+        <source>Tokens</source>
+        <translation>Platzhalter</translation>
+    </message>
+    <message>
+        <source>Put a token into the name at the cursor</source>
+        <translation>Einen Platzhalter an der Schreibmarke in den Namen einfügen</translation>
+    </message>
+    <message>
+        <source>Name tokens</source>
+        <translation>Platzhalter für den Namen</translation>
+    </message>
+</context>
+<context>
+    <name>vellumo::OutputNameText</name>
+    <message>
+        <source>Not a name: %1</source>
+        <translation>Kein Name: %1</translation>
+    </message>
+    <message>
+        <source>Becomes: %1</source>
+        <translation>Wird zu: %1</translation>
+    </message>
+</context>
+<context>
     <name>vellumo::PlanFiles</name>
     <message>
         <source>Save the crop adjustments before closing?</source>
@@ -1032,6 +1110,45 @@
     <message>
         <source> (not used: lossless)</source>
         <translation> (nicht verwendet: verlustfrei)</translation>
+    </message>
+</context>
+<context>
+    <name>vellumo::SizeLimitBox</name>
+    <message>
+        <source>bytes</source>
+        <translation>Byte</translation>
+    </message>
+    <message>
+        <source>KB</source>
+        <translation>KB</translation>
+    </message>
+    <message>
+        <source>MB</source>
+        <translation>MB</translation>
+    </message>
+    <message>
+        <source>Scale down to fit</source>
+        <translation>Verkleinern, bis es passt</translation>
+    </message>
+    <message>
+        <source>Largest file size</source>
+        <translation>Größte Dateigröße</translation>
+    </message>
+    <message>
+        <source>any size</source>
+        <translation>beliebige Größe</translation>
+    </message>
+    <message>
+        <source>Each file is written at the highest quality, up to the slider&apos;s, that keeps it within this size</source>
+        <translation>Jede Datei wird in der höchsten Qualität bis zu der des Schiebereglers geschrieben, bei der sie diese Größe nicht überschreitet</translation>
+    </message>
+    <message>
+        <source>Size unit</source>
+        <translation>Größeneinheit</translation>
+    </message>
+    <message>
+        <source>When even the lowest quality is too large, the picture is made smaller until it fits</source>
+        <translation>Ist selbst die niedrigste Qualität zu groß, wird das Bild verkleinert, bis es passt</translation>
     </message>
 </context>
 <context>

@@ -537,6 +537,18 @@
         <source>About Vellumo</source>
         <translation>Acerca de Vellumo</translation>
     </message>
+    <message>
+        <source>At most:</source>
+        <translation>Como máximo:</translation>
+    </message>
+    <message>
+        <source>Keep folder structure</source>
+        <translation>Mantener la estructura de carpetas</translation>
+    </message>
+    <message>
+        <source>Each crop goes into the output folder&apos;s subfolder that matches the folder its image was found in</source>
+        <translation>Cada recorte va a la subcarpeta de la carpeta de salida que corresponde a la carpeta donde se encontró su imagen</translation>
+    </message>
 </context>
 <context>
     <name>MessageBox</name>
@@ -869,6 +881,72 @@
     </message>
 </context>
 <context>
+    <name>vellumo::NameTokenButton</name>
+    <message>
+        <source>the image&apos;s own name</source>
+        <translation>el nombre propio de la imagen</translation>
+    </message>
+    <message>
+        <source>its place in the list</source>
+        <translation>su posición en la lista</translation>
+    </message>
+    <message>
+        <source>the name of its folder</source>
+        <translation>el nombre de su carpeta</translation>
+    </message>
+    <message>
+        <source>its extension</source>
+        <translation>su extensión</translation>
+    </message>
+    <message>
+        <source>the day it was taken</source>
+        <translation>el día en que se tomó</translation>
+    </message>
+    <message>
+        <source>the day and time it was taken</source>
+        <translation>el día y la hora en que se tomó</translation>
+    </message>
+    <message>
+        <source>the camera&apos;s model</source>
+        <translation>el modelo de la cámara</translation>
+    </message>
+    <message>
+        <source>the output&apos;s width in pixels</source>
+        <translation>el ancho de la salida en píxeles</translation>
+    </message>
+    <message>
+        <source>the output&apos;s height in pixels</source>
+        <translation>el alto de la salida en píxeles</translation>
+    </message>
+    <message>
+        <source>the output&apos;s aspect ratio</source>
+        <translation>la relación de aspecto de la salida</translation>
+    </message>
+    <message>
+        <source>Tokens</source>
+        <translation>Comodines</translation>
+    </message>
+    <message>
+        <source>Put a token into the name at the cursor</source>
+        <translation>Insertar un comodín en el nombre en la posición del cursor</translation>
+    </message>
+    <message>
+        <source>Name tokens</source>
+        <translation>Comodines del nombre</translation>
+    </message>
+</context>
+<context>
+    <name>vellumo::OutputNameText</name>
+    <message>
+        <source>Not a name: %1</source>
+        <translation>No es un nombre: %1</translation>
+    </message>
+    <message>
+        <source>Becomes: %1</source>
+        <translation>Se convierte en: %1</translation>
+    </message>
+</context>
+<context>
     <name>vellumo::PlanFiles</name>
     <message>
         <source>Save the crop adjustments before closing?</source>
@@ -1032,6 +1110,45 @@
     <message>
         <source> (not used: lossless)</source>
         <translation> (sin uso: sin pérdida)</translation>
+    </message>
+</context>
+<context>
+    <name>vellumo::SizeLimitBox</name>
+    <message>
+        <source>bytes</source>
+        <translation>bytes</translation>
+    </message>
+    <message>
+        <source>KB</source>
+        <translation>KB</translation>
+    </message>
+    <message>
+        <source>MB</source>
+        <translation>MB</translation>
+    </message>
+    <message>
+        <source>Scale down to fit</source>
+        <translation>Reducir hasta que quepa</translation>
+    </message>
+    <message>
+        <source>Largest file size</source>
+        <translation>Tamaño de archivo máximo</translation>
+    </message>
+    <message>
+        <source>any size</source>
+        <translation>cualquier tamaño</translation>
+    </message>
+    <message>
+        <source>Each file is written at the highest quality, up to the slider&apos;s, that keeps it within this size</source>
+        <translation>Cada archivo se escribe con la calidad más alta, hasta la del control deslizante, que lo mantiene dentro de este tamaño</translation>
+    </message>
+    <message>
+        <source>Size unit</source>
+        <translation>Unidad de tamaño</translation>
+    </message>
+    <message>
+        <source>When even the lowest quality is too large, the picture is made smaller until it fits</source>
+        <translation>Si incluso la calidad más baja es demasiado grande, la imagen se reduce hasta que quepa</translation>
     </message>
 </context>
 <context>

@@ -537,6 +537,18 @@
         <source>About Vellumo</source>
         <translation>À propos de Vellumo</translation>
     </message>
+    <message>
+        <source>At most:</source>
+        <translation>Au plus&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Keep folder structure</source>
+        <translation>Conserver l&apos;arborescence des dossiers</translation>
+    </message>
+    <message>
+        <source>Each crop goes into the output folder&apos;s subfolder that matches the folder its image was found in</source>
+        <translation>Chaque recadrage va dans le sous-dossier du dossier de sortie qui correspond au dossier où son image a été trouvée</translation>
+    </message>
 </context>
 <context>
     <name>MessageBox</name>
@@ -869,6 +881,72 @@
     </message>
 </context>
 <context>
+    <name>vellumo::NameTokenButton</name>
+    <message>
+        <source>the image&apos;s own name</source>
+        <translation>le nom propre de l&apos;image</translation>
+    </message>
+    <message>
+        <source>its place in the list</source>
+        <translation>sa place dans la liste</translation>
+    </message>
+    <message>
+        <source>the name of its folder</source>
+        <translation>le nom de son dossier</translation>
+    </message>
+    <message>
+        <source>its extension</source>
+        <translation>son extension</translation>
+    </message>
+    <message>
+        <source>the day it was taken</source>
+        <translation>le jour de la prise de vue</translation>
+    </message>
+    <message>
+        <source>the day and time it was taken</source>
+        <translation>le jour et l&apos;heure de la prise de vue</translation>
+    </message>
+    <message>
+        <source>the camera&apos;s model</source>
+        <translation>le modèle de l&apos;appareil photo</translation>
+    </message>
+    <message>
+        <source>the output&apos;s width in pixels</source>
+        <translation>la largeur de la sortie en pixels</translation>
+    </message>
+    <message>
+        <source>the output&apos;s height in pixels</source>
+        <translation>la hauteur de la sortie en pixels</translation>
+    </message>
+    <message>
+        <source>the output&apos;s aspect ratio</source>
+        <translation>les proportions de la sortie</translation>
+    </message>
+    <message>
+        <source>Tokens</source>
+        <translation>Jetons</translation>
+    </message>
+    <message>
+        <source>Put a token into the name at the cursor</source>
+        <translation>Insérer un jeton dans le nom à l&apos;emplacement du curseur</translation>
+    </message>
+    <message>
+        <source>Name tokens</source>
+        <translation>Jetons du nom</translation>
+    </message>
+</context>
+<context>
+    <name>vellumo::OutputNameText</name>
+    <message>
+        <source>Not a name: %1</source>
+        <translation>Pas un nom&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>Becomes: %1</source>
+        <translation>Devient&#xa0;: %1</translation>
+    </message>
+</context>
+<context>
     <name>vellumo::PlanFiles</name>
     <message>
         <source>Save the crop adjustments before closing?</source>
@@ -1032,6 +1110,45 @@
     <message>
         <source> (not used: lossless)</source>
         <translation> (inutilisée&#xa0;: sans perte)</translation>
+    </message>
+</context>
+<context>
+    <name>vellumo::SizeLimitBox</name>
+    <message>
+        <source>bytes</source>
+        <translation>octets</translation>
+    </message>
+    <message>
+        <source>KB</source>
+        <translation>Ko</translation>
+    </message>
+    <message>
+        <source>MB</source>
+        <translation>Mo</translation>
+    </message>
+    <message>
+        <source>Scale down to fit</source>
+        <translation>Réduire pour tenir</translation>
+    </message>
+    <message>
+        <source>Largest file size</source>
+        <translation>Taille de fichier maximale</translation>
+    </message>
+    <message>
+        <source>any size</source>
+        <translation>toute taille</translation>
+    </message>
+    <message>
+        <source>Each file is written at the highest quality, up to the slider&apos;s, that keeps it within this size</source>
+        <translation>Chaque fichier est écrit dans la meilleure qualité, jusqu&apos;à celle du curseur, qui le garde dans cette taille</translation>
+    </message>
+    <message>
+        <source>Size unit</source>
+        <translation>Unité de taille</translation>
+    </message>
+    <message>
+        <source>When even the lowest quality is too large, the picture is made smaller until it fits</source>
+        <translation>Si même la qualité la plus basse est trop grande, l&apos;image est réduite jusqu&apos;à ce qu&apos;elle tienne</translation>
     </message>
 </context>
 <context>

@@ -59,6 +59,23 @@ TEST(NameTemplate, TokenWithoutValueIsLeftEmptyWithAWarning) {
     EXPECT_EQ(Expand("[Date]", values).warning, "[Date] has no value: left empty in the name");
 }
 
+// A name shown before the facts are read keeps each token without a value
+// as written, pattern and all; the others take their values.
+TEST(NameTemplate, TokenWithoutValueCanBeKeptAsWritten) {
+    NameValues values = Photo();
+    values.facts.reset();
+    values.outputSize.reset();
+    std::string problem;
+    const std::optional<NameTemplate> name =
+        NameTemplate::Parse("[Date:yyyy-MM-dd HH-mm]_[Camera]_[FileName]_[Width]", problem);
+    ASSERT_TRUE(name) << problem;
+    const ExpandedName shown = name->Expand(values, NameTemplate::Missing::KeptAsToken);
+    EXPECT_EQ(shown.name, "[Date:yyyy-MM-dd HH-mm]_[Camera]_IMG_0042_[Width]");
+    EXPECT_EQ(shown.warning, "[Date], [Camera], [Width] have no value: left empty in the name");
+    EXPECT_EQ(name->Expand(Photo(), NameTemplate::Missing::KeptAsToken).name,
+              "2023-07-04 09-05_Canon EOS R5_IMG_0042_1920");
+}
+
 TEST(NameTemplate, SlashAndNulInAValueAreReplaced) {
     NameValues values = Photo();
     values.facts->camera = std::string("EOS R/5\0x", 9);

@@ -5,6 +5,7 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QDir>
 #include <QFile>
 #include <QMenuBar>
@@ -83,6 +84,10 @@ class DesktopLaunchTest : public QObject {
         // The folder's images sorted by name (p2 before p10), without its
         // subfolder; a path given twice is listed once.
         QCOMPARE(loaded.imageList().paths(), (QStringList{c, p2, p10, a, b}));
+        // The folder that gave images is what a kept tree is measured from,
+        // and keeping it is offered.
+        QCOMPARE(loaded.imageList().folders(), QStringList{dir.filePath(QStringLiteral("shoot"))});
+        QVERIFY(loaded.Control<QCheckBox>("checkKeepFolderStructure").isEnabled());
         // What gave nothing is named in one warning, once the window shows.
         QTRY_COMPARE(loaded.boxes.size(), std::size_t{1});
         QCOMPARE(loaded.boxes[0].text, QStringLiteral("Some items could not be added."));
@@ -100,6 +105,7 @@ class DesktopLaunchTest : public QObject {
         const vellumo::LaunchRequest request =
             vellumo::ExpandLaunchPaths({dir.filePath(QStringLiteral("shoot"))}, true);
         QCOMPARE(request.images, (QStringList{deep, top}));
+        QCOMPARE(request.folders, QStringList{dir.filePath(QStringLiteral("shoot"))});
         QVERIFY(request.missing.isEmpty() && request.emptyFolders.isEmpty());
     }
 

@@ -34,8 +34,10 @@ using vellumo::test::LoadedWindow;
 
 namespace {
 
-// The controls a crop job locks, in the order it locks them: the 27 of old,
-// then the choice to replace the originals.
+// The controls a crop job locks, in the order it locks them: the 27 of old
+// with the size limit among them, then the choice to replace the originals.
+// (Keeping the folders' tree is locked too, but is offered only for a list
+// found through folders: see OutputOptionsTest.)
 const QStringList kLockedControls = {
     "buttonAddImages",
     "buttonRemoveSelected",
@@ -62,6 +64,7 @@ const QStringList kLockedControls = {
     "textFieldName",
     "textFieldOutputFolder",
     "checkKeepEXIFInformationAndCreationDate",
+    "sizeLimit",
     "buttonBrowse",
     "buttonCropImages",
     "checkReplaceOriginals",
@@ -153,6 +156,11 @@ void VerifyStartValues(LoadedWindow& loaded) {
     QCOMPARE(loaded.Control<QLineEdit>("textFieldOutputFolder").text(), QString());
     QVERIFY(!loaded.Control<QCheckBox>("checkKeepEXIFInformationAndCreationDate").isChecked());
     QVERIFY(!loaded.Control<QCheckBox>("checkReplaceOriginals").isChecked());
+    QCOMPARE(loaded.Control<QLineEdit>("textFieldMaxSize").text(), QString());
+    QVERIFY(!loaded.Control<QCheckBox>("checkScaleDownToFit").isChecked());
+    QVERIFY(!loaded.Control<QCheckBox>("checkKeepFolderStructure").isChecked());
+    QVERIFY(!loaded.Control<QCheckBox>("checkKeepFolderStructure").isEnabled());
+    QCOMPARE(loaded.Control<QLabel>("labelOutputName").text(), QString());
     QCOMPARE(loaded.Control<QProgressBar>("progressIndicator").value(), 0);
     QCOMPARE(loaded.Control<QLabel>("labelImageCount").text(), QStringLiteral("No images"));
     QCOMPARE(loaded.Control<QLabel>("labelPreviewNote").text(), QString());
@@ -322,13 +330,19 @@ class InterfaceStatesTest : public QObject {
         if (!metadataEnabled) {
             expected << "checkKeepEXIFInformationAndCreationDate";
         }
+        // Only JPEG of these can be fitted to a size limit.
+        if (format < 0 || format > 2) {
+            expected << "sizeLimit";
+        }
         QCOMPARE(recorder.changes, expected);
         QCOMPARE(loaded.Control<QPushButton>("buttonCropImages").text(), "Crop Images");
         QCOMPARE(loaded.Control<QualitySlider>("sliderQuality").isEnabled(), sliderEnabled);
         QCOMPARE(loaded.Control<QCheckBox>("checkKeepEXIFInformationAndCreationDate").isEnabled(),
                  metadataEnabled);
+        QCOMPARE(loaded.Control<QWidget>("sizeLimit").isEnabled(), format >= 0 && format <= 2);
         for (const QString& name : kLockedControls) {
-            if (name != "sliderQuality" && name != "checkKeepEXIFInformationAndCreationDate") {
+            if (name != "sliderQuality" && name != "checkKeepEXIFInformationAndCreationDate" &&
+                name != "sizeLimit") {
                 QVERIFY2(loaded.Control<QWidget>(qPrintable(name)).isEnabled(), qPrintable(name));
             }
         }

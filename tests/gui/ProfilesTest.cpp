@@ -53,7 +53,7 @@ QStringList Controls(LoadedWindow& w) {
           "textFieldCustomCropPixelsWidth", "textFieldCustomCropPixelsHeight",
           "textFieldCustomCropPercentsOriginX", "textFieldCustomCropPercentsOriginY",
           "textFieldCustomCropPercentsWidth", "textFieldCustomCropPercentsHeight", "textFieldName",
-          "textFieldOutputFolder"}) {
+          "textFieldOutputFolder", "textFieldMaxSize"}) {
         state << QString("%1=%2").arg(field, w.Control<QLineEdit>(field).text());
     }
     state << QString("slider=%1 enabled=%2")
@@ -62,6 +62,10 @@ QStringList Controls(LoadedWindow& w) {
     state << "label=" + w.Control<QLabel>("labelQuality").text();
     state << QString("keep=%1").arg(
         w.Control<QCheckBox>("checkKeepEXIFInformationAndCreationDate").isChecked());
+    state << "unit=" + w.Control<QComboBox>("comboMaxSizeUnit").currentText();
+    for (const char* check : {"checkScaleDownToFit", "checkKeepFolderStructure"}) {
+        state << QString("%1=%2").arg(check).arg(w.Control<QCheckBox>(check).isChecked());
+    }
     return state;
 }
 
@@ -78,6 +82,12 @@ void ChangeEverything(LoadedWindow& w) {
     w.Control<QLineEdit>("textFieldCustomCropPercentsOriginY").setText("0.125");
     w.Control<QLineEdit>("textFieldCustomCropPercentsWidth").setText("150");
     w.Control<QLineEdit>("textFieldCustomCropPercentsHeight").setText("33.333");
+    // The size limit while JPG offers it; the tree is kept although no
+    // folder is listed (a profile holds the choice all the same).
+    vellumo::test::Type(w.Control<QLineEdit>("textFieldMaxSize"), "750");
+    vellumo::test::Choose(w.Control<QComboBox>("comboMaxSizeUnit"), "MB");
+    Click(w.Control<QCheckBox>("checkScaleDownToFit"));
+    w.Control<QCheckBox>("checkKeepFolderStructure").setChecked(true);
     vellumo::test::Choose(w.Control<QComboBox>("comboFormat"), "TIF");
     w.Control<vellumo::QualitySlider>("sliderQuality").setDoubleValue(42.5);
     w.settings().ShowQuality();
@@ -117,6 +127,9 @@ class ProfilesTest : public QObject {
         QCOMPARE(back.percentsOriginX, settings.percentsOriginX);  // 12.3f, exactly
         QCOMPARE(back.percentsHeight, settings.percentsHeight);
         QCOMPARE(back.quality, 42.5f);
+        QCOMPARE(back.byteLimit.maxBytes, std::uint64_t{750000000});
+        QVERIFY(back.byteLimit.scaleDown);
+        QVERIFY(back.keepStructure);
         QVERIFY(loaded.boxes.empty());
     }
 

@@ -11,6 +11,7 @@
 #include "ui/controls/QualitySlider.h"
 #include "ui/controls/QualityText.h"
 #include "ui/controls/ResizeRuleBox.h"
+#include "ui/controls/SizeLimitBox.h"
 #include "ui/controls/Stepper.h"
 #include "ui/controls/TextFieldNumber.h"
 
@@ -52,6 +53,8 @@ CropSettings SettingsBinding::Read() const {
     s.keepMetadata = c_.checkKeepMetadata.isChecked();
     s.replaceOriginals = c_.checkReplaceOriginals.isChecked();
     s.losslessJpeg = c_.checkLosslessJpeg.isChecked();
+    s.keepStructure = c_.checkKeepStructure.isChecked();
+    c_.sizeLimit.Read(s);
     return s;
 }
 
@@ -90,6 +93,8 @@ void SettingsBinding::Write(const CropSettings& s) const {
     c_.checkKeepMetadata.setChecked(s.keepMetadata);
     c_.checkReplaceOriginals.setChecked(s.replaceOriginals);
     c_.checkLosslessJpeg.setChecked(s.losslessJpeg);
+    c_.checkKeepStructure.setChecked(s.keepStructure);
+    c_.sizeLimit.Write(s);
 }
 
 }  // namespace vellumo

@@ -18,6 +18,7 @@ class AutoCropRuleBox;
 class LatchingRadioButton;
 class ResizeRuleBox;
 class QualitySlider;
+class SizeLimitBox;
 class Stepper;
 
 class SettingsBinding {
@@ -50,6 +51,8 @@ class SettingsBinding {
         QCheckBox& checkKeepMetadata;
         QCheckBox& checkReplaceOriginals;
         QCheckBox& checkLosslessJpeg;
+        QCheckBox& checkKeepStructure;
+        SizeLimitBox& sizeLimit;
     };
 
     explicit SettingsBinding(const Controls& controls) : c_(controls) {}

@@ -13,11 +13,13 @@
 #include "ui/WindowServices.h"
 #include "ui/controls/AutoCropRuleBox.h"
 #include "ui/controls/LatchingRadioButton.h"
+#include "ui/controls/NameTokenButton.h"
 #include "ui/controls/PopUpChoices.h"
 #include "ui/controls/QualitySlider.h"
 #include "ui/controls/QualityText.h"
 #include "ui/controls/ResizeRuleBox.h"
 #include "ui/controls/SettingsBinding.h"
+#include "ui/controls/SizeLimitBox.h"
 #include "ui/controls/Stepper.h"
 #include "ui/controls/TextFieldNumber.h"
 #include "ui_MainWindow.h"
@@ -69,6 +71,8 @@ SettingsBinding::Controls BoundControls(Ui::MainWindow& ui) {
         *ui.checkKeepEXIFInformationAndCreationDate,
         *ui.checkReplaceOriginals,
         *ui.checkCropJPEGFilesWithoutReencoding,
+        *ui.checkKeepFolderStructure,
+        *ui.sizeLimit,
     };
 }
 
@@ -120,6 +124,10 @@ void SettingsPanel::Reset() {
     // folder and format are used again. Other enabled states stay as they
     // are.
     ui_.sliderQuality->setEnabled(true);
+    // JPG can be fitted to a size limit; a job under way keeps it locked.
+    if (!locked_) {
+        ui_.sizeLimit->setEnabled(true);
+    }
     if (wasReplacingOriginals || !ui_.checkKeepEXIFInformationAndCreationDate->isEnabled()) {
         SettleOutputControls();
     }
@@ -197,6 +205,12 @@ void SettingsPanel::ConnectOutputControls() {
     // the metadata option are read when the job starts.
     connect(ui_.sliderQuality, &QualitySlider::doubleValueMoved, this, &SettingsPanel::ShowQuality);
     connect(ui_.buttonBrowse, &QPushButton::clicked, this, &SettingsPanel::OnBrowse);
+    // The name line under the field follows the template as it is typed or
+    // a token is put in.
+    ui_.buttonNameTokens->SetField(ui_.textFieldName);
+    connect(ui_.textFieldName, &QLineEdit::textEdited, this, &SettingsPanel::nameChanged);
+    connect(ui_.buttonNameTokens, &NameTokenButton::tokenInserted, this,
+            &SettingsPanel::nameChanged);
 }
 
 const OutputFormatInfo* SettingsPanel::ChosenFormat() const {
@@ -227,7 +241,19 @@ void SettingsPanel::SettleOutputControls() {
     ui_.textFieldName->setEnabled(!inPlace);
     ui_.textFieldOutputFolder->setEnabled(!inPlace);
     ui_.buttonBrowse->setEnabled(!inPlace);
+    // Replaced originals may be JPEGs, whose quality can be fitted.
+    ui_.sizeLimit->setEnabled(inPlace || (format != nullptr && ByteLimitFits(format->format)));
+    ui_.checkKeepFolderStructure->setEnabled(!inPlace && listFromFolders_);
     ShowQuality();
+}
+
+void SettingsPanel::SetListFromFolders(bool fromFolders) {
+    listFromFolders_ = fromFolders;
+    // This option only: the others keep the states they have.
+    if (!locked_) {
+        ui_.checkKeepFolderStructure->setEnabled(!ui_.checkReplaceOriginals->isChecked() &&
+                                                 listFromFolders_);
+    }
 }
 
 void SettingsPanel::ShowQuality() {
@@ -296,6 +322,8 @@ std::vector<QWidget*> SettingsPanel::LockedWhileCropping() const {
         ui_.textFieldOutputFolder,
         ui_.checkKeepEXIFInformationAndCreationDate,
         ui_.checkCropJPEGFilesWithoutReencoding,
+        ui_.sizeLimit,
+        ui_.checkKeepFolderStructure,
         ui_.buttonBrowse,
         ui_.buttonCropImages,
         ui_.checkReplaceOriginals,

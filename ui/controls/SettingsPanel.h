@@ -58,6 +58,10 @@ class SettingsPanel : public QObject {
     // The quality label for the slider's value, the format and the options.
     void ShowQuality();
 
+    // The list holds images found through folders (or no longer does): the
+    // option to keep their folders' tree is offered only then.
+    void SetListFromFolders(bool fromFolders);
+
   Q_SIGNALS:
     // A crop mode, a rectangle's number or the resize rule was changed.
     void cropChanged();
@@ -66,6 +70,8 @@ class SettingsPanel : public QObject {
     // The format, replacing the originals or lossless JPEG cropping was
     // changed: the output size may differ.
     void outputChanged();
+    // The name template was typed into, or a token put into it.
+    void nameChanged();
 
   private:
     // The format chosen in the format box; none while the box is empty.
@@ -78,8 +84,9 @@ class SettingsPanel : public QObject {
     // Enables the output controls that the format and the choice to replace
     // the originals leave in use: the quality slider for formats with a
     // quality, the metadata option for formats that carry metadata, the
-    // name, folder and format while the originals are not replaced. Nothing
-    // while locked.
+    // name, folder and format while the originals are not replaced; the
+    // size limit for formats whose quality can be fitted to it; keeping the
+    // folders' tree for a list found through folders. Nothing while locked.
     void SettleOutputControls();
     void OnAutoCropFormatSelected();
     void OnBrowse();
@@ -88,6 +95,7 @@ class SettingsPanel : public QObject {
     WindowServices& services_;
     std::unique_ptr<SettingsBinding> binding_;
     bool locked_ = false;
+    bool listFromFolders_ = false;
 };
 
 }  // namespace vellumo

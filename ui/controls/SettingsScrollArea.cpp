@@ -11,7 +11,13 @@ QSize SettingsScrollArea::sizeHint() const {
     if (widget() == nullptr) {
         return QScrollArea::sizeHint();
     }
-    return widget()->sizeHint() + QSize(frame, frame);
+    const QSize page = widget()->sizeHint();
+    return QSize(page.width(), pageHeightAsked_ ? page.height() : 0) + QSize(frame, frame);
+}
+
+void SettingsScrollArea::setPageHeightAsked(bool asked) {
+    pageHeightAsked_ = asked;
+    updateGeometry();
 }
 
 bool SettingsScrollArea::eventFilter(QObject* watched, QEvent* event) {

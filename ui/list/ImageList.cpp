@@ -86,9 +86,31 @@ bool ImageList::removeRows(int row, int rowCount, const QModelIndex& parent) {
     return true;
 }
 
+QStringList ImageList::folders() const {
+    QStringList holding;
+    for (const QString& folder : folders_) {
+        const QString inside =
+            folder.endsWith(QLatin1Char('/')) ? folder : folder + QLatin1Char('/');
+        if (std::any_of(paths_.begin(), paths_.end(),
+                        [&inside](const QString& path) { return path.startsWith(inside); })) {
+            holding << folder;
+        }
+    }
+    return holding;
+}
+
+void ImageList::AddFolders(const QStringList& folders) {
+    for (const QString& folder : folders) {
+        if (!folders_.contains(folder)) {
+            folders_ << folder;
+        }
+    }
+}
+
 void ImageList::ReplaceAll(const QStringList& paths) {
     beginResetModel();
     paths_.clear();
+    folders_.clear();
     AppendNewPaths(paths_, paths);
     for (auto it = unreadable_.begin(); it != unreadable_.end();) {
         it = paths_.contains(it.key()) ? std::next(it) : unreadable_.erase(it);

@@ -52,6 +52,13 @@ class ImageList : public QAbstractListModel {
     void ReplaceAll(const QStringList& paths);
     void Clear() { ReplaceAll({}); }
 
+    // The folders images were found through (folders given to the program),
+    // which an output that keeps the tree is measured from: those that hold
+    // a listed image, in the order they came. Emptying or replacing the
+    // list forgets them.
+    QStringList folders() const;
+    void AddFolders(const QStringList& folders);
+
     // Marks the rows of `path` as unreadable, for `reason`.
     void MarkUnreadable(const QString& path, const QString& reason);
     // Takes the mark off the rows of `path`.
@@ -94,6 +101,7 @@ class ImageList : public QAbstractListModel {
 
     const QStringList acceptedExtensions_;
     QStringList paths_;
+    QStringList folders_;
     QHash<QString, QIcon> icons_;
     QHash<QString, QString> unreadable_;  // path -> reason
     QSet<QString> adjusted_;

@@ -12,6 +12,30 @@
 
 namespace vellumo {
 
+ResolvedCrop CropAsWritten(const PreviewSession& preview, const CropSettings& settings,
+                           const std::optional<Rect>& adjusted) {
+    const Image& image = preview.image();
+    // The size the job writes for this image, in every mode. A smart anchor's picture is judged off
+    // this thread, and only where the rectangle sits depends on it: the sizes and notes here are
+    // the same (the note of a failed placement aside, which the picture's absence would give
+    // wrongly).
+    CropSettings sized = settings;
+    if (UsesPlacementPicture(settings) && preview.placementPicture()) {
+        sized.anchor = CropAnchor::Centre;
+    }
+    const QString& path = preview.path();
+    ResolvedCrop crop = ResolveCrop(sized, image, nullptr, adjusted);
+    // A JPEG cropped without re-encoding holds the rectangle on its block
+    // grid, and the labels say what the file will hold. Replaced originals
+    // are written in their own format.
+    const std::optional<OutputFormat> format =
+        settings.replaceOriginals ? OutputFormatOfPath(QFile::encodeName(path).toStdString())
+                                  : settings.outputFormat;
+    const std::optional<JpegGrid>& grid = preview.jpegGrid();
+    DecideLosslessCrop(settings, format, grid.has_value(), grid, crop);
+    return crop;
+}
+
 void ShowDimensions(Ui::MainWindow& ui, const PreviewSession& preview, const CropSettings& settings,
                     const std::optional<Rect>& adjusted) {
     const Image& image = preview.image();
@@ -28,26 +52,7 @@ void ShowDimensions(Ui::MainWindow& ui, const PreviewSession& preview, const Cro
     ui.labelOriginalDimensionsWidth->setText(DimensionText(kWidthCaption, width));
     ui.labelOriginalDimensionsHeight->setText(DimensionText(kHeightCaption, height));
 
-    // The output labels are the size the job writes for this image, in every
-    // mode; the note says when that is the whole image or a clipped part.
-    // A smart anchor's picture is judged off this thread, and only where the
-    // rectangle sits depends on it: the sizes and notes here are the same
-    // (the note of a failed placement aside, which the picture's absence
-    // would give wrongly).
-    CropSettings sized = settings;
-    if (UsesPlacementPicture(settings) && preview.placementPicture()) {
-        sized.anchor = CropAnchor::Centre;
-    }
-    const QString& path = preview.path();
-    ResolvedCrop crop = ResolveCrop(sized, image, nullptr, adjusted);
-    // A JPEG cropped without re-encoding holds the rectangle on its block
-    // grid, and the labels say what the file will hold. Replaced originals
-    // are written in their own format.
-    const std::optional<OutputFormat> format =
-        settings.replaceOriginals ? OutputFormatOfPath(QFile::encodeName(path).toStdString())
-                                  : settings.outputFormat;
-    const std::optional<JpegGrid>& grid = preview.jpegGrid();
-    DecideLosslessCrop(settings, format, grid.has_value(), grid, crop);
+    const ResolvedCrop crop = CropAsWritten(preview, settings, adjusted);
     ui.labelOutputDimensionsWidth->setText(DimensionText(kWidthCaption, crop.outputSize.width));
     ui.labelOutputDimensionsHeight->setText(DimensionText(kHeightCaption, crop.outputSize.height));
     const std::string note = JoinNotes(CropExtentNote(crop), FirstPageNote(preview.pages()));

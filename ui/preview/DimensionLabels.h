@@ -8,6 +8,7 @@
 
 #include <optional>
 
+#include "batch/CropRectangle.h"
 #include "batch/CropSettings.h"
 #include "imaging/Geometry.h"
 
@@ -18,6 +19,13 @@ class MainWindow;
 namespace vellumo {
 
 class PreviewSession;
+
+// The crop the job makes of the preview's image under `settings`: the
+// output labels' size (a JPEG cropped without re-encoding on its block
+// grid), and the output name's [Width], [Height] and [Ratio]. Only for an
+// image the preview holds.
+ResolvedCrop CropAsWritten(const PreviewSession& preview, const CropSettings& settings,
+                           const std::optional<Rect>& adjusted);
 
 void ShowDimensions(Ui::MainWindow& ui, const PreviewSession& preview, const CropSettings& settings,
                     const std::optional<Rect>& adjusted);
