@@ -76,8 +76,12 @@ std::optional<std::string> ValueOf(NameToken token, const std::optional<DateForm
         case NameToken::FileIndex:
             return std::to_string(values.index + 1);
         case NameToken::Folder: {
+            // The error-code form: an empty path has no absolute form, and
+            // the throwing one would end the program.
+            std::error_code error;
+            const fs::path whole = fs::absolute(source, error);
             const std::string folder =
-                fs::absolute(source).lexically_normal().parent_path().filename().string();
+                error ? std::string() : whole.lexically_normal().parent_path().filename().string();
             return folder.empty() ? std::nullopt : std::optional(folder);
         }
         case NameToken::Ext: {

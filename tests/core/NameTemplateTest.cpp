@@ -42,6 +42,14 @@ TEST(NameTemplate, EveryTokenTakesItsValue) {
     EXPECT_EQ(name.warning, "");
 }
 
+TEST(NameTemplate, AnEmptyPathHasNoFolder) {
+    NameValues values = Photo();
+    values.source.clear();
+    const ExpandedName name = Expand("[Folder]x", values);
+    EXPECT_EQ(name.name, "x (7)");
+    EXPECT_EQ(name.warning, "[Folder] has no value: left empty in the name");
+}
+
 TEST(NameTemplate, DatePatternsUseTheirLetters) {
     EXPECT_EQ(Expand("[Date:yyyy-MM-dd_HHmm]", Photo()).name, "2023-07-04_0905");
     EXPECT_EQ(Expand("[Date:yy.M.d H.m.s]", Photo()).name, "23.7.4 9.5.3");
