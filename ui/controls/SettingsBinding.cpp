@@ -8,11 +8,14 @@
 
 #include "ui/controls/AutoCropRuleBox.h"
 #include "ui/controls/LatchingRadioButton.h"
+#include "ui/controls/PadRuleBox.h"
+#include "ui/controls/PortraitRuleBox.h"
 #include "ui/controls/QualitySlider.h"
 #include "ui/controls/QualityText.h"
 #include "ui/controls/ResizeRuleBox.h"
 #include "ui/controls/Stepper.h"
 #include "ui/controls/TextFieldNumber.h"
+#include "ui/controls/TrimRuleBox.h"
 
 namespace vellumo {
 
@@ -52,6 +55,9 @@ CropSettings SettingsBinding::Read() const {
     s.keepMetadata = c_.checkKeepMetadata.isChecked();
     s.replaceOriginals = c_.checkReplaceOriginals.isChecked();
     s.losslessJpeg = c_.checkLosslessJpeg.isChecked();
+    c_.portraitRule.Read(s);
+    c_.trimRule.Read(s);
+    c_.padRule.Read(s);
     return s;
 }
 
@@ -90,6 +96,9 @@ void SettingsBinding::Write(const CropSettings& s) const {
     c_.checkKeepMetadata.setChecked(s.keepMetadata);
     c_.checkReplaceOriginals.setChecked(s.replaceOriginals);
     c_.checkLosslessJpeg.setChecked(s.losslessJpeg);
+    c_.portraitRule.Write(s);
+    c_.trimRule.Write(s);
+    c_.padRule.Write(s);
 }
 
 }  // namespace vellumo

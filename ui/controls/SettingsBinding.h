@@ -16,6 +16,9 @@ namespace vellumo {
 
 class AutoCropRuleBox;
 class LatchingRadioButton;
+class PadRuleBox;
+class PortraitRuleBox;
+class TrimRuleBox;
 class ResizeRuleBox;
 class QualitySlider;
 class Stepper;
@@ -50,6 +53,9 @@ class SettingsBinding {
         QCheckBox& checkKeepMetadata;
         QCheckBox& checkReplaceOriginals;
         QCheckBox& checkLosslessJpeg;
+        PortraitRuleBox& portraitRule;
+        TrimRuleBox& trimRule;
+        PadRuleBox& padRule;
     };
 
     explicit SettingsBinding(const Controls& controls) : c_(controls) {}

@@ -13,13 +13,16 @@
 #include "ui/WindowServices.h"
 #include "ui/controls/AutoCropRuleBox.h"
 #include "ui/controls/LatchingRadioButton.h"
+#include "ui/controls/PadRuleBox.h"
 #include "ui/controls/PopUpChoices.h"
+#include "ui/controls/PortraitRuleBox.h"
 #include "ui/controls/QualitySlider.h"
 #include "ui/controls/QualityText.h"
 #include "ui/controls/ResizeRuleBox.h"
 #include "ui/controls/SettingsBinding.h"
 #include "ui/controls/Stepper.h"
 #include "ui/controls/TextFieldNumber.h"
+#include "ui/controls/TrimRuleBox.h"
 #include "ui_MainWindow.h"
 
 namespace vellumo {
@@ -69,6 +72,9 @@ SettingsBinding::Controls BoundControls(Ui::MainWindow& ui) {
         *ui.checkKeepEXIFInformationAndCreationDate,
         *ui.checkReplaceOriginals,
         *ui.checkCropJPEGFilesWithoutReencoding,
+        *ui.portraitRule,
+        *ui.trimRule,
+        *ui.padRule,
     };
 }
 
@@ -142,6 +148,11 @@ void SettingsPanel::ConnectCropControls() {
             &SettingsPanel::OnAutoCropFormatSelected);
     connect(ui_.autoCropRule, &AutoCropRuleBox::changed, this, &SettingsPanel::cropRuleChanged);
     connect(ui_.resizeRule, &ResizeRuleBox::changed, this, &SettingsPanel::cropChanged);
+    // A portrait needs the faces and a trim what it finds on the file: the
+    // rule changes what the preview asks of its worker.
+    connect(ui_.portraitRule, &PortraitRuleBox::changed, this, &SettingsPanel::cropRuleChanged);
+    connect(ui_.trimRule, &TrimRuleBox::changed, this, &SettingsPanel::cropRuleChanged);
+    connect(ui_.padRule, &PadRuleBox::changed, this, &SettingsPanel::cropChanged);
     for (QLineEdit* field :
          {ui_.textFieldCustomCropPixelsOriginX, ui_.textFieldCustomCropPixelsOriginY,
           ui_.textFieldCustomCropPixelsWidth, ui_.textFieldCustomCropPixelsHeight}) {
@@ -274,6 +285,9 @@ std::vector<QWidget*> SettingsPanel::LockedWhileCropping() const {
         ui_.radioAutoCrop,
         ui_.comboAutoCropFormat,
         ui_.autoCropRule,
+        ui_.portraitRule,
+        ui_.trimRule,
+        ui_.padRule,
         ui_.resizeRule,
         ui_.radioCustomCrop,
         ui_.radioCustomCropPixels,
