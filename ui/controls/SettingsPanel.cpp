@@ -112,7 +112,7 @@ CropSettings SettingsPanel::Read() const {
 void SettingsPanel::Write(const CropSettings& settings) {
     binding_->Write(settings);
     SettleOutputControls();
-    Q_EMIT cropChanged();
+    Q_EMIT cropRuleChanged();
 }
 
 void SettingsPanel::Reset() {
