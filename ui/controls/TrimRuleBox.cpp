@@ -44,7 +44,7 @@ TrimRuleBox::TrimRuleBox(QWidget* parent)
     layout->addSpacing(8);
     layout->addWidget(new QLabel(tr("Margin:"), this));
     layout->addWidget(margin_);
-    layout->addWidget(new QLabel(tr("px"), this));
+    layout->addWidget(new QLabel(QStringLiteral("px"), this));
     layout->addStretch(1);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 
