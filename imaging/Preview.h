@@ -42,8 +42,8 @@ struct Preview {
     // A JPEG's block grid, which a crop without re-encoding follows.
     std::optional<JpegGrid> jpegGrid;
     // Only when asked for (PreviewLooks).
-    std::optional<FaceSearch> faces;
-    std::optional<TrimLook> trim;
+    std::optional<FaceSearch> faces{};
+    std::optional<TrimLook> trim{};
 };
 
 using PreviewResult = Loaded<Preview>;

@@ -66,7 +66,7 @@ struct PreviewRequest {
     int maxSide = 0;
     std::uint64_t maxPixels = 0;
     bool onlySecondDecoder = false;
-    PreviewLooks looks;
+    PreviewLooks looks{};
 };
 // The bytes the image being decoded will take.
 struct DecodingNote {

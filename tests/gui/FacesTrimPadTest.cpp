@@ -161,7 +161,7 @@ class FacesTrimPadTest : public QObject {
             CropSettings unusual = Unusual();
             QVERIFY(vellumo::ReadPadBackground(fill, unusual.pad));
             const QString first = dir.filePath(QStringLiteral("first.vellumo"));
-            QVERIFY(vellumo::WriteProfile(first.toStdString(), unusual));
+            QVERIFY(vellumo::WriteProfile(first.toStdString(), unusual).saved);
             loaded.openDialogAnswers.push_back(QStringList{first});
             loaded.profiles().Load();
             loaded.saveDialogAnswers.push_back(dir.filePath(QStringLiteral("second.vellumo")));

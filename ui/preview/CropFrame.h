@@ -24,7 +24,7 @@ struct CropFrame {
     double lockedRatio;  // width / height kept while resizing; 0: free
     bool adjusted;       // the rectangle was adjusted by hand
     // The faces the rule places the crop by, outlined while it does.
-    std::vector<Rect> faces;
+    std::vector<Rect> faces{};
 };
 
 // Between image pixels and the view's coordinates (y downward).
