@@ -160,6 +160,10 @@ class FacesTrimPadTest : public QObject {
         for (const char* fill : {"#123456", "edge", "blur", "transparent"}) {
             CropSettings unusual = Unusual();
             QVERIFY(vellumo::ReadPadBackground(fill, unusual.pad));
+            // A profile keeps the colour only as the fill itself.
+            if (unusual.pad.background != PadBackground::Colour) {
+                unusual.pad.colour = vellumo::RgbColour{};
+            }
             const QString first = dir.filePath(QStringLiteral("first.vellumo"));
             QVERIFY(vellumo::WriteProfile(first.toStdString(), unusual).saved);
             loaded.openDialogAnswers.push_back(QStringList{first});
