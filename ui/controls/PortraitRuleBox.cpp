@@ -61,7 +61,7 @@ PortraitRuleBox::PortraitRuleBox(QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(24, 0, 0, 0);
     layout->setSpacing(2);
-    layout->addWidget(on_);
+    layout->addWidget(on_, 0, Qt::AlignLeft);
     layout->addLayout(shares);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 

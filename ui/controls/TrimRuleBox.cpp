@@ -50,7 +50,7 @@ TrimRuleBox::TrimRuleBox(QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(2);
-    layout->addWidget(on_);
+    layout->addWidget(on_, 0, Qt::AlignLeft);
     layout->addLayout(values);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 
