@@ -69,24 +69,18 @@ PadRuleBox::PadRuleBox(QWidget* parent)
     ratioRow->addWidget(new QLabel(QStringLiteral(":"), this));
     ratioRow->addWidget(ratioHeight_);
     ratioRow->addStretch(1);
-    // The fill and its colour under the ratio, the colour on a line of its
-    // own: narrow enough for the window at its smallest in any language.
     auto* fillRow = new QHBoxLayout;
     fillRow->setContentsMargins(24, 0, 0, 0);
     fillRow->addWidget(new QLabel(tr("Background:"), this));
     fillRow->addWidget(background_);
+    fillRow->addWidget(colour_);
+    fillRow->addWidget(chooseColour_);
     fillRow->addStretch(1);
-    auto* colourRow = new QHBoxLayout;
-    colourRow->setContentsMargins(24, 0, 0, 0);
-    colourRow->addWidget(colour_);
-    colourRow->addWidget(chooseColour_);
-    colourRow->addStretch(1);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(2);
     layout->addLayout(ratioRow);
     layout->addLayout(fillRow);
-    layout->addLayout(colourRow);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 
     Write(CropSettings{});

@@ -46,23 +46,18 @@ PortraitRuleBox::PortraitRuleBox(QWidget* parent)
     faceHeight_->setToolTip(tr("The face's height, in percent of the output's height"));
     eyeLine_->setToolTip(tr("Where the eyes lie, in percent of the output's height from its top"));
 
-    // The check box on a line of its own, its shares under it: narrow
-    // enough for the window at its smallest in any language.
-    auto* shares = new QHBoxLayout;
-    shares->setContentsMargins(24, 0, 0, 0);
-    shares->addWidget(new QLabel(tr("Face height:"), this));
-    shares->addWidget(faceHeight_);
-    shares->addWidget(new QLabel(QStringLiteral("%"), this));
-    shares->addSpacing(8);
-    shares->addWidget(new QLabel(tr("Eye line:"), this));
-    shares->addWidget(eyeLine_);
-    shares->addWidget(new QLabel(QStringLiteral("%"), this));
-    shares->addStretch(1);
-    auto* layout = new QVBoxLayout(this);
+    auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(24, 0, 0, 0);
-    layout->setSpacing(2);
-    layout->addWidget(on_, 0, Qt::AlignLeft);
-    layout->addLayout(shares);
+    layout->addWidget(on_);
+    layout->addSpacing(8);
+    layout->addWidget(new QLabel(tr("Face height:"), this));
+    layout->addWidget(faceHeight_);
+    layout->addWidget(new QLabel(QStringLiteral("%"), this));
+    layout->addSpacing(8);
+    layout->addWidget(new QLabel(tr("Eye line:"), this));
+    layout->addWidget(eyeLine_);
+    layout->addWidget(new QLabel(QStringLiteral("%"), this));
+    layout->addStretch(1);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 
     Write(CropSettings{});

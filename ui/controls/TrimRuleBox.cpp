@@ -35,23 +35,18 @@ TrimRuleBox::TrimRuleBox(QWidget* parent)
     margin_->setToolTip(tr("Pixels of the border kept on each side"));
     margin_->setRange(0, kLargestTrimMargin);
 
-    // The check box on a line of its own, its values under it: narrow
-    // enough for the window at its smallest in any language.
-    auto* values = new QHBoxLayout;
-    values->setContentsMargins(24, 0, 0, 0);
-    values->addWidget(new QLabel(tr("Tolerance:"), this));
-    values->addWidget(tolerance_);
-    values->addWidget(new QLabel(QStringLiteral("%"), this));
-    values->addSpacing(8);
-    values->addWidget(new QLabel(tr("Margin:"), this));
-    values->addWidget(margin_);
-    values->addWidget(new QLabel(QStringLiteral("px"), this));
-    values->addStretch(1);
-    auto* layout = new QVBoxLayout(this);
+    auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(2);
-    layout->addWidget(on_, 0, Qt::AlignLeft);
-    layout->addLayout(values);
+    layout->addWidget(on_);
+    layout->addSpacing(8);
+    layout->addWidget(new QLabel(tr("Tolerance:"), this));
+    layout->addWidget(tolerance_);
+    layout->addWidget(new QLabel(QStringLiteral("%"), this));
+    layout->addSpacing(8);
+    layout->addWidget(new QLabel(tr("Margin:"), this));
+    layout->addWidget(margin_);
+    layout->addWidget(new QLabel(QStringLiteral("px"), this));
+    layout->addStretch(1);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 
     Write(CropSettings{});
