@@ -13,12 +13,18 @@ class PreviewDecoder {
   public:
     virtual ~PreviewDecoder() = default;
     virtual PreviewResult Decode(const std::string& path, int maxSide) = 0;
+    // The same, with what `looks` asks for found too. A decoder that cannot
+    // look answers the picture alone.
+    virtual PreviewResult DecodeLooking(const std::string& path, int maxSide,
+                                        const PreviewLooks& looks);
 };
 
 // Decodes right here, in the calling thread.
 class InProcessPreviewDecoder final : public PreviewDecoder {
   public:
     PreviewResult Decode(const std::string& path, int maxSide) override;
+    PreviewResult DecodeLooking(const std::string& path, int maxSide,
+                                const PreviewLooks& looks) override;
 };
 
 }  // namespace vellumo

@@ -58,11 +58,12 @@ void ViewController::ConnectPreview() {
     connect(&view, &CropPreviewView::resized, &previewResizeSettle_, qOverload<>(&QTimer::start));
 }
 
-// A smart anchor judges a reduced picture of the file, which the selection
-// decodes only while one is chosen: choosing one decodes it now.
+// A smart anchor judges a reduced picture of the file, the faces are found
+// in it and a trim measures the file's pixels: the selection's worker does
+// each only while the rule needs it, so a rule that needs more decodes the
+// file again now.
 void ViewController::OnCropRuleChanged() {
-    if (UsesPlacementPicture(settings_->Read()) && !preview_->placementPicture() &&
-        !preview_->image().IsEmpty()) {
+    if (!preview_->Has(PreviewNeeds::Of(settings_->Read())) && !preview_->image().IsEmpty()) {
         ShowSelectedImage();
         return;
     }
@@ -77,7 +78,7 @@ void ViewController::ShowSelectedImage() {
     }
     const int side =
         PreviewSession::PictureSideFor(ui_->imageViewCropPreview->LongestPictureSide());
-    preview_->Open(imageList_->pathAt(row), side, UsesPlacementPicture(settings_->Read()));
+    preview_->Open(imageList_->pathAt(row), side, PreviewNeeds::Of(settings_->Read()));
 }
 
 void ViewController::ClearImageListSelection() {

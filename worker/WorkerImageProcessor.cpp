@@ -57,9 +57,15 @@ ImageOutcome WorkerImageProcessor::Process(const ImageTask& task) {
 WorkerPreviewDecoder::WorkerPreviewDecoder(WorkerLimits limits) : workers_(limits) {}
 
 PreviewResult WorkerPreviewDecoder::Decode(const std::string& path, int maxSide) {
+    return DecodeLooking(path, maxSide, PreviewLooks{});
+}
+
+PreviewResult WorkerPreviewDecoder::DecodeLooking(const std::string& path, int maxSide,
+                                                  const PreviewLooks& looks) {
     const WorkerPool::Loan worker = workers_.Borrow();
     const EngineFiles files(path);
-    workerprotocol::PreviewRequest request{path, maxSide, workers_.limits().maxPixels};
+    workerprotocol::PreviewRequest request{path, maxSide, workers_.limits().maxPixels, false,
+                                           looks};
     WorkerProcess::Reply reply = worker->Exchange(request, files.Given());
     if (WorthASecondDecoder(reply, path)) {
         request.onlySecondDecoder = true;

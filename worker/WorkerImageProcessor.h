@@ -44,6 +44,8 @@ class WorkerPreviewDecoder final : public PreviewDecoder {
   public:
     explicit WorkerPreviewDecoder(WorkerLimits limits = {});
     PreviewResult Decode(const std::string& path, int maxSide) override;
+    PreviewResult DecodeLooking(const std::string& path, int maxSide,
+                                const PreviewLooks& looks) override;
 
     // How many worker processes the previews have started.
     std::size_t WorkerCount() const { return workers_.size(); }

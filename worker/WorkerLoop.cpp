@@ -101,8 +101,8 @@ workerprotocol::Message Answer(int socket, const workerprotocol::Request& reques
         return workerprotocol::Encode(
             workerprotocol::PreviewReply{PreviewResult::Failure(*refusal)});
     }
-    return workerprotocol::Encode(
-        workerprotocol::PreviewReply{previews.Decode(source, preview.maxSide)});
+    return workerprotocol::Encode(workerprotocol::PreviewReply{
+        previews.DecodeLooking(source, preview.maxSide, preview.looks)});
 }
 
 bool OnlySecondDecoder(const workerprotocol::Request& request) {

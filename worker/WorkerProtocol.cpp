@@ -333,13 +333,22 @@ void to_json(Json& json, const PreviewRequest& m) {
             {"path", m.path},
             {"maxSide", m.maxSide},
             {"maxPixels", m.maxPixels},
-            {"onlySecondDecoder", m.onlySecondDecoder}};
+            {"onlySecondDecoder", m.onlySecondDecoder},
+            {"faces", m.looks.faces}};
+    if (m.looks.trimTolerance) {
+        json["trimTolerance"] = *m.looks.trimTolerance;
+    }
 }
 void from_json(const Json& json, PreviewRequest& m) {
     m.path = json.at("path").get<std::string>();
     m.maxSide = Whole<int>(json.at("maxSide"));
     m.maxPixels = Whole<std::uint64_t>(json.at("maxPixels"));
     m.onlySecondDecoder = json.at("onlySecondDecoder").get<bool>();
+    m.looks.faces = json.at("faces").get<bool>();
+    m.looks.trimTolerance.reset();
+    if (const auto tolerance = json.find("trimTolerance"); tolerance != json.end()) {
+        m.looks.trimTolerance = tolerance->get<double>();
+    }
 }
 
 void to_json(Json& json, const DecodingNote& m) {
@@ -360,6 +369,41 @@ namespace {
 
 Message Framed(const Json& json) {
     return {json.dump(), {}};
+}
+
+// What a preview looked for, beside its picture: each face as its box and
+// how sure the detector is, or why none could be looked for; the trim's
+// tolerance and content (null for background throughout).
+void PutLooks(const Preview& preview, Json& json) {
+    if (const std::optional<FaceSearch>& search = preview.faces) {
+        Json faces = Json::array();
+        for (const DetectedFace& face : search->faces) {
+            faces.push_back({{"box", RectJson(face.box)}, {"confidence", face.confidence}});
+        }
+        json["faces"] = {{"found", faces}, {"failure", search->failure}};
+    }
+    if (const std::optional<TrimLook>& trim = preview.trim) {
+        json["trim"] = {{"tolerance", trim->tolerance},
+                        {"content", trim->content ? RectJson(*trim->content) : Json()}};
+    }
+}
+
+void TakeLooks(const Json& json, Preview& preview) {
+    if (const auto faces = json.find("faces"); faces != json.end()) {
+        FaceSearch search;
+        for (const Json& face : faces->at("found")) {
+            search.faces.push_back({RectOf(face.at("box")), face.at("confidence").get<double>()});
+        }
+        search.failure = faces->at("failure").get<std::string>();
+        preview.faces = std::move(search);
+    }
+    if (const auto trim = json.find("trim"); trim != json.end()) {
+        TrimLook look{trim->at("tolerance").get<double>(), std::nullopt};
+        if (const Json& content = trim->at("content"); !content.is_null()) {
+            look.content = RectOf(content);
+        }
+        preview.trim = look;
+    }
 }
 
 // The picture as 8-bit sRGB, three samples a pixel, or four when it has
@@ -387,6 +431,7 @@ Message EncodePreview(const PreviewResult& preview) {
             json["jpegGrid"] = {grid->blockWidth, grid->blockHeight, grid->storedWidth,
                                 grid->storedHeight, grid->orientation};
         }
+        PutLooks(*preview, json);
         Message message{json.dump(), std::string(static_cast<const char*>(data), size)};
         g_free(data);
         return message;
@@ -419,8 +464,10 @@ PreviewResult DecodePreview(const Json& json, const std::string& binary) {
             JpegGrid{Whole<int>(found->at(0)), Whole<int>(found->at(1)), Whole<int>(found->at(2)),
                      Whole<int>(found->at(3)), Whole<int>(found->at(4))};
     }
-    return PreviewResult::Success(Preview{full, ImageAccess::Make(pixels, width, height),
-                                          Whole<int>(json.at("pages")), grid});
+    Preview preview{full, ImageAccess::Make(pixels, width, height), Whole<int>(json.at("pages")),
+                    grid};
+    TakeLooks(json, preview);
+    return PreviewResult::Success(std::move(preview));
 }
 
 // The message of `type` in `json`, or nothing.

@@ -28,8 +28,10 @@ namespace vellumo::workerprotocol {
 
 // 2: a task says its kind and output target by name; an outcome carries its
 // failure (stage and reason) instead of a reason alone. 3: the "name-facts"
-// task, whose outcome carries the photo's facts.
-inline constexpr int kVersion = 3;
+// task, whose outcome carries the photo's facts. 4: a preview may be asked
+// to look for faces and a trim's content (PreviewLooks), and its reply
+// carries what was found.
+inline constexpr int kVersion = 4;
 
 struct Message {
     std::string json;
@@ -64,6 +66,7 @@ struct PreviewRequest {
     int maxSide = 0;
     std::uint64_t maxPixels = 0;
     bool onlySecondDecoder = false;
+    PreviewLooks looks{};
 };
 // The bytes the image being decoded will take.
 struct DecodingNote {
@@ -74,7 +77,8 @@ struct OutcomeReply {
     static constexpr char kType[] = "outcome";
     ImageOutcome outcome;
 };
-// The picture travels as the frame's binary part.
+// The picture travels as the frame's binary part; the faces and the trim's
+// content, when they were asked for, in the JSON.
 struct PreviewReply {
     static constexpr char kType[] = "preview";
     PreviewResult preview;

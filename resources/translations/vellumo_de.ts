@@ -804,6 +804,14 @@
         <source>Position:</source>
         <translation>Position:</translation>
     </message>
+    <message>
+        <source>Faces</source>
+        <translation>Gesichter</translation>
+    </message>
+    <message>
+        <source>As many faces as fit, kept whole</source>
+        <translation>So viele Gesichter wie passen, jedes ganz</translation>
+    </message>
 </context>
 <context>
     <name>vellumo::CropAdjustmentStore</name>
@@ -947,6 +955,65 @@
     </message>
 </context>
 <context>
+    <name>vellumo::PadRuleBox</name>
+    <message>
+        <source>Colour</source>
+        <translation>Farbe</translation>
+    </message>
+    <message>
+        <source>Edge</source>
+        <translation>Rand</translation>
+    </message>
+    <message>
+        <source>Blur</source>
+        <translation>Unschärfe</translation>
+    </message>
+    <message>
+        <source>Transparent</source>
+        <translation>Transparent</translation>
+    </message>
+    <message>
+        <source>Pad to ratio</source>
+        <translation>Auf Seitenverhältnis auffüllen</translation>
+    </message>
+    <message>
+        <source>Pad ratio width</source>
+        <translation>Breite des Auffüllverhältnisses</translation>
+    </message>
+    <message>
+        <source>Pad ratio height</source>
+        <translation>Höhe des Auffüllverhältnisses</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>Wählen…</translation>
+    </message>
+    <message>
+        <source>Place the whole crop on a canvas of this ratio instead of cutting it</source>
+        <translation>Den ganzen Ausschnitt auf eine Fläche dieses Verhältnisses setzen, statt ihn zu beschneiden</translation>
+    </message>
+    <message>
+        <source>Pad background</source>
+        <translation>Hintergrund der Auffüllung</translation>
+    </message>
+    <message>
+        <source>Pad colour</source>
+        <translation>Füllfarbe</translation>
+    </message>
+    <message>
+        <source>A colour name (white, black, grey…) or #rrggbb</source>
+        <translation>Ein Farbname (white, black, grey…) oder #rrggbb</translation>
+    </message>
+    <message>
+        <source>Choose pad colour</source>
+        <translation>Füllfarbe wählen</translation>
+    </message>
+    <message>
+        <source>Background:</source>
+        <translation>Hintergrund:</translation>
+    </message>
+</context>
+<context>
     <name>vellumo::PlanFiles</name>
     <message>
         <source>Save the crop adjustments before closing?</source>
@@ -998,6 +1065,41 @@
     <message>
         <source>They stay in the list, marked, and fail when cropping.</source>
         <translation>Sie bleiben markiert in der Liste und scheitern beim Zuschneiden.</translation>
+    </message>
+</context>
+<context>
+    <name>vellumo::PortraitRuleBox</name>
+    <message>
+        <source>Head and shoulders</source>
+        <translation>Kopf und Schultern</translation>
+    </message>
+    <message>
+        <source>Face height</source>
+        <translation>Gesichtshöhe</translation>
+    </message>
+    <message>
+        <source>Eye line</source>
+        <translation>Augenlinie</translation>
+    </message>
+    <message>
+        <source>A portrait of the largest face in each image, of the chosen ratio</source>
+        <translation>Ein Porträt des größten Gesichts jedes Bildes, im gewählten Verhältnis</translation>
+    </message>
+    <message>
+        <source>The face&apos;s height, in percent of the output&apos;s height</source>
+        <translation>Die Höhe des Gesichts, in Prozent der Höhe der Ausgabe</translation>
+    </message>
+    <message>
+        <source>Where the eyes lie, in percent of the output&apos;s height from its top</source>
+        <translation>Wo die Augen liegen, in Prozent der Höhe der Ausgabe von oben</translation>
+    </message>
+    <message>
+        <source>Face height:</source>
+        <translation>Gesichtshöhe:</translation>
+    </message>
+    <message>
+        <source>Eye line:</source>
+        <translation>Augenlinie:</translation>
     </message>
 </context>
 <context>
@@ -1149,6 +1251,41 @@
     <message>
         <source>When even the lowest quality is too large, the picture is made smaller until it fits</source>
         <translation>Ist selbst die niedrigste Qualität zu groß, wird das Bild verkleinert, bis es passt</translation>
+    </message>
+</context>
+<context>
+    <name>vellumo::TrimRuleBox</name>
+    <message>
+        <source>Trim uniform borders</source>
+        <translation>Einfarbige Ränder abschneiden</translation>
+    </message>
+    <message>
+        <source>Cut away borders of the corners&apos; colour first; the crop is made within what is left</source>
+        <translation>Zuerst Ränder in der Farbe der Ecken abschneiden; der Ausschnitt entsteht im Rest</translation>
+    </message>
+    <message>
+        <source>Trim tolerance</source>
+        <translation>Toleranz beim Abschneiden</translation>
+    </message>
+    <message>
+        <source>How far a colour may be from the border&apos;s and still be cut, in percent of the full range (0 to 100)</source>
+        <translation>Wie weit eine Farbe von der des Randes abweichen darf und doch abgeschnitten wird, in Prozent des ganzen Bereichs (0 bis 100)</translation>
+    </message>
+    <message>
+        <source>Pixels of the border kept on each side</source>
+        <translation>Pixel des Randes, die auf jeder Seite bleiben</translation>
+    </message>
+    <message>
+        <source>Trim margin</source>
+        <translation>Rand beim Abschneiden</translation>
+    </message>
+    <message>
+        <source>Tolerance:</source>
+        <translation>Toleranz:</translation>
+    </message>
+    <message>
+        <source>Margin:</source>
+        <translation>Rand:</translation>
     </message>
 </context>
 <context>

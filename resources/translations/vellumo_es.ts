@@ -804,6 +804,14 @@
         <source>Position:</source>
         <translation>Posición:</translation>
     </message>
+    <message>
+        <source>Faces</source>
+        <translation>Caras</translation>
+    </message>
+    <message>
+        <source>As many faces as fit, kept whole</source>
+        <translation>Tantas caras como quepan, cada una entera</translation>
+    </message>
 </context>
 <context>
     <name>vellumo::CropAdjustmentStore</name>
@@ -947,6 +955,65 @@
     </message>
 </context>
 <context>
+    <name>vellumo::PadRuleBox</name>
+    <message>
+        <source>Colour</source>
+        <translation>Color</translation>
+    </message>
+    <message>
+        <source>Edge</source>
+        <translation>Borde</translation>
+    </message>
+    <message>
+        <source>Blur</source>
+        <translation>Desenfoque</translation>
+    </message>
+    <message>
+        <source>Transparent</source>
+        <translation>Transparente</translation>
+    </message>
+    <message>
+        <source>Pad to ratio</source>
+        <translation>Rellenar a la proporción</translation>
+    </message>
+    <message>
+        <source>Pad ratio width</source>
+        <translation>Ancho de la proporción de relleno</translation>
+    </message>
+    <message>
+        <source>Pad ratio height</source>
+        <translation>Alto de la proporción de relleno</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>Elegir…</translation>
+    </message>
+    <message>
+        <source>Place the whole crop on a canvas of this ratio instead of cutting it</source>
+        <translation>Colocar el recorte entero sobre un lienzo de esta proporción en lugar de cortarlo</translation>
+    </message>
+    <message>
+        <source>Pad background</source>
+        <translation>Fondo del relleno</translation>
+    </message>
+    <message>
+        <source>Pad colour</source>
+        <translation>Color de relleno</translation>
+    </message>
+    <message>
+        <source>A colour name (white, black, grey…) or #rrggbb</source>
+        <translation>Un nombre de color (white, black, grey…) o #rrggbb</translation>
+    </message>
+    <message>
+        <source>Choose pad colour</source>
+        <translation>Elegir el color de relleno</translation>
+    </message>
+    <message>
+        <source>Background:</source>
+        <translation>Fondo:</translation>
+    </message>
+</context>
+<context>
     <name>vellumo::PlanFiles</name>
     <message>
         <source>Save the crop adjustments before closing?</source>
@@ -998,6 +1065,41 @@
     <message>
         <source>They stay in the list, marked, and fail when cropping.</source>
         <translation>Siguen en la lista, marcadas, y fallan al recortar.</translation>
+    </message>
+</context>
+<context>
+    <name>vellumo::PortraitRuleBox</name>
+    <message>
+        <source>Head and shoulders</source>
+        <translation>Cabeza y hombros</translation>
+    </message>
+    <message>
+        <source>Face height</source>
+        <translation>Altura de la cara</translation>
+    </message>
+    <message>
+        <source>Eye line</source>
+        <translation>Línea de los ojos</translation>
+    </message>
+    <message>
+        <source>A portrait of the largest face in each image, of the chosen ratio</source>
+        <translation>Un retrato de la cara más grande de cada imagen, en la proporción elegida</translation>
+    </message>
+    <message>
+        <source>The face&apos;s height, in percent of the output&apos;s height</source>
+        <translation>La altura de la cara, en porcentaje de la altura de la salida</translation>
+    </message>
+    <message>
+        <source>Where the eyes lie, in percent of the output&apos;s height from its top</source>
+        <translation>Dónde quedan los ojos, en porcentaje de la altura de la salida desde arriba</translation>
+    </message>
+    <message>
+        <source>Face height:</source>
+        <translation>Altura de la cara:</translation>
+    </message>
+    <message>
+        <source>Eye line:</source>
+        <translation>Línea de los ojos:</translation>
     </message>
 </context>
 <context>
@@ -1149,6 +1251,41 @@
     <message>
         <source>When even the lowest quality is too large, the picture is made smaller until it fits</source>
         <translation>Si incluso la calidad más baja es demasiado grande, la imagen se reduce hasta que quepa</translation>
+    </message>
+</context>
+<context>
+    <name>vellumo::TrimRuleBox</name>
+    <message>
+        <source>Trim uniform borders</source>
+        <translation>Recortar los bordes uniformes</translation>
+    </message>
+    <message>
+        <source>Cut away borders of the corners&apos; colour first; the crop is made within what is left</source>
+        <translation>Cortar primero los bordes del color de las esquinas; el recorte se hace en lo que queda</translation>
+    </message>
+    <message>
+        <source>Trim tolerance</source>
+        <translation>Tolerancia del recorte de bordes</translation>
+    </message>
+    <message>
+        <source>How far a colour may be from the border&apos;s and still be cut, in percent of the full range (0 to 100)</source>
+        <translation>Cuánto puede alejarse un color del del borde y aun así cortarse, en porcentaje del rango completo (0 a 100)</translation>
+    </message>
+    <message>
+        <source>Pixels of the border kept on each side</source>
+        <translation>Píxeles del borde que se conservan en cada lado</translation>
+    </message>
+    <message>
+        <source>Trim margin</source>
+        <translation>Margen del recorte de bordes</translation>
+    </message>
+    <message>
+        <source>Tolerance:</source>
+        <translation>Tolerancia:</translation>
+    </message>
+    <message>
+        <source>Margin:</source>
+        <translation>Margen:</translation>
     </message>
 </context>
 <context>

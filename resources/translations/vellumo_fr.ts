@@ -804,6 +804,14 @@
         <source>Position:</source>
         <translation>Position&#xa0;:</translation>
     </message>
+    <message>
+        <source>Faces</source>
+        <translation>Visages</translation>
+    </message>
+    <message>
+        <source>As many faces as fit, kept whole</source>
+        <translation>Autant de visages qu’il en tient, chacun entier</translation>
+    </message>
 </context>
 <context>
     <name>vellumo::CropAdjustmentStore</name>
@@ -947,6 +955,65 @@
     </message>
 </context>
 <context>
+    <name>vellumo::PadRuleBox</name>
+    <message>
+        <source>Colour</source>
+        <translation>Couleur</translation>
+    </message>
+    <message>
+        <source>Edge</source>
+        <translation>Bord</translation>
+    </message>
+    <message>
+        <source>Blur</source>
+        <translation>Flou</translation>
+    </message>
+    <message>
+        <source>Transparent</source>
+        <translation>Transparent</translation>
+    </message>
+    <message>
+        <source>Pad to ratio</source>
+        <translation>Compléter au rapport</translation>
+    </message>
+    <message>
+        <source>Pad ratio width</source>
+        <translation>Largeur du rapport de complément</translation>
+    </message>
+    <message>
+        <source>Pad ratio height</source>
+        <translation>Hauteur du rapport de complément</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>Choisir…</translation>
+    </message>
+    <message>
+        <source>Place the whole crop on a canvas of this ratio instead of cutting it</source>
+        <translation>Placer le recadrage entier sur un fond de ce rapport au lieu de le couper</translation>
+    </message>
+    <message>
+        <source>Pad background</source>
+        <translation>Fond du complément</translation>
+    </message>
+    <message>
+        <source>Pad colour</source>
+        <translation>Couleur de complément</translation>
+    </message>
+    <message>
+        <source>A colour name (white, black, grey…) or #rrggbb</source>
+        <translation>Un nom de couleur (white, black, grey…) ou #rrggbb</translation>
+    </message>
+    <message>
+        <source>Choose pad colour</source>
+        <translation>Choisir la couleur de complément</translation>
+    </message>
+    <message>
+        <source>Background:</source>
+        <translation>Fond&#xa0;:</translation>
+    </message>
+</context>
+<context>
     <name>vellumo::PlanFiles</name>
     <message>
         <source>Save the crop adjustments before closing?</source>
@@ -998,6 +1065,41 @@
     <message>
         <source>They stay in the list, marked, and fail when cropping.</source>
         <translation>Elles restent dans la liste, marquées, et échouent au recadrage.</translation>
+    </message>
+</context>
+<context>
+    <name>vellumo::PortraitRuleBox</name>
+    <message>
+        <source>Head and shoulders</source>
+        <translation>Tête et épaules</translation>
+    </message>
+    <message>
+        <source>Face height</source>
+        <translation>Hauteur du visage</translation>
+    </message>
+    <message>
+        <source>Eye line</source>
+        <translation>Ligne des yeux</translation>
+    </message>
+    <message>
+        <source>A portrait of the largest face in each image, of the chosen ratio</source>
+        <translation>Un portrait du plus grand visage de chaque image, au rapport choisi</translation>
+    </message>
+    <message>
+        <source>The face&apos;s height, in percent of the output&apos;s height</source>
+        <translation>La hauteur du visage, en pour cent de la hauteur de la sortie</translation>
+    </message>
+    <message>
+        <source>Where the eyes lie, in percent of the output&apos;s height from its top</source>
+        <translation>Où se trouvent les yeux, en pour cent de la hauteur de la sortie depuis le haut</translation>
+    </message>
+    <message>
+        <source>Face height:</source>
+        <translation>Hauteur du visage&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Eye line:</source>
+        <translation>Ligne des yeux&#xa0;:</translation>
     </message>
 </context>
 <context>
@@ -1149,6 +1251,41 @@
     <message>
         <source>When even the lowest quality is too large, the picture is made smaller until it fits</source>
         <translation>Si même la qualité la plus basse est trop grande, l&apos;image est réduite jusqu&apos;à ce qu&apos;elle tienne</translation>
+    </message>
+</context>
+<context>
+    <name>vellumo::TrimRuleBox</name>
+    <message>
+        <source>Trim uniform borders</source>
+        <translation>Rogner les bords unis</translation>
+    </message>
+    <message>
+        <source>Cut away borders of the corners&apos; colour first; the crop is made within what is left</source>
+        <translation>Couper d’abord les bords de la couleur des coins&#xa0;; le recadrage se fait dans ce qui reste</translation>
+    </message>
+    <message>
+        <source>Trim tolerance</source>
+        <translation>Tolérance du rognage</translation>
+    </message>
+    <message>
+        <source>How far a colour may be from the border&apos;s and still be cut, in percent of the full range (0 to 100)</source>
+        <translation>Jusqu’où une couleur peut s’écarter de celle du bord et être coupée quand même, en pour cent de toute l’étendue (0 à 100)</translation>
+    </message>
+    <message>
+        <source>Pixels of the border kept on each side</source>
+        <translation>Pixels du bord gardés de chaque côté</translation>
+    </message>
+    <message>
+        <source>Trim margin</source>
+        <translation>Marge du rognage</translation>
+    </message>
+    <message>
+        <source>Tolerance:</source>
+        <translation>Tolérance&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Margin:</source>
+        <translation>Marge&#xa0;:</translation>
     </message>
 </context>
 <context>

@@ -83,6 +83,14 @@ TEST(WorkerProtocol, ARequestReadsBackAsItWasSent) {
     EXPECT_EQ(p->maxSide, 512);
     EXPECT_EQ(p->maxPixels, 99u);
     EXPECT_FALSE(p->onlySecondDecoder);
+    EXPECT_EQ(p->looks, PreviewLooks{});
+
+    // What the preview asks its worker to look for besides the picture.
+    const PreviewLooks looks{true, 12.345678901};
+    const std::optional<Request> looking =
+        DecodeRequest(Encode(Request(PreviewRequest{"/p.jpg", 512, 99, false, looks})));
+    ASSERT_TRUE(looking);
+    EXPECT_EQ(std::get<PreviewRequest>(*looking).looks, looks);
 }
 
 TEST(WorkerProtocol, RepliesReadBackAsTheyWereSent) {
@@ -130,10 +138,46 @@ TEST(WorkerProtocol, APictureTravelsWithEveryPixel) {
     EXPECT_EQ(ImageTools::RenderRgba8(back->picture)->pixels,
               ImageTools::RenderRgba8(picture)->pixels);
 
+    EXPECT_FALSE(back->faces);
+    EXPECT_FALSE(back->trim);
+
     const auto failed =
         DecodeReply(Encode(Reply(PreviewReply{PreviewResult::Failure("cannot decode: cut")})));
     ASSERT_TRUE(failed);
     EXPECT_EQ(std::get<PreviewReply>(*failed).preview.reason(), "cannot decode: cut");
+}
+
+TEST(WorkerProtocol, WhatAPreviewLookedForTravelsWithIt) {
+    Preview sent{Size{4000, 3000}, test::MakeImage(test::CoordinateImage(40, 30)), 1, {}};
+    sent.faces =
+        FaceSearch{{{Rect{100.5, 200, 300, 310.25}, 1.75}, {Rect{10, 20, 30, 40}, 0.01}}, ""};
+    sent.trim = TrimLook{7.5, Rect{12, 14, 3000, 2000}};
+    auto reply = DecodeReply(Encode(Reply(PreviewReply{PreviewResult::Success(sent)})));
+    ASSERT_TRUE(reply);
+    const PreviewResult& back = std::get<PreviewReply>(*reply).preview;
+    ASSERT_TRUE(back) << back.reason();
+    ASSERT_TRUE(back->faces);
+    EXPECT_EQ(back->faces->faces, sent.faces->faces);
+    EXPECT_FALSE(back->faces->Failed());
+    EXPECT_EQ(back->trim, sent.trim);
+
+    // No face found, a detector that failed, a picture all background.
+    sent.faces = FaceSearch{{}, "the detector ran out of memory"};
+    sent.trim = TrimLook{0.0, std::nullopt};
+    reply = DecodeReply(Encode(Reply(PreviewReply{PreviewResult::Success(sent)})));
+    ASSERT_TRUE(reply);
+    const PreviewResult& second = std::get<PreviewReply>(*reply).preview;
+    ASSERT_TRUE(second && second->faces);
+    EXPECT_TRUE(second->faces->faces.empty());
+    EXPECT_EQ(second->faces->failure, "the detector ran out of memory");
+    EXPECT_EQ(second->trim, sent.trim);
+
+    // A face of the wrong shape is no reply.
+    Message damaged = Encode(Reply(PreviewReply{PreviewResult::Success(sent)}));
+    const std::size_t at = damaged.json.find("\"failure\"");
+    ASSERT_NE(at, std::string::npos);
+    damaged.json.replace(at, 9, "\"fail\"");
+    EXPECT_FALSE(DecodeReply(damaged));
 }
 
 TEST(WorkerProtocol, FramesHoldingNoMessageOfTheirDirectionAreRefused) {
@@ -145,7 +189,7 @@ TEST(WorkerProtocol, FramesHoldingNoMessageOfTheirDirectionAreRefused) {
     EXPECT_FALSE(DecodeRequest({"{\"type\": \"unknown\"}", {}}));  // another type
     EXPECT_FALSE(
         DecodeRequest({"{\"type\": \"preview\", \"path\": 5, \"maxSide\": 1, "
-                       "\"maxPixels\": 1, \"onlySecondDecoder\": false}",
+                       "\"maxPixels\": 1, \"onlySecondDecoder\": false, \"faces\": false}",
                        {}}));  // a field of another kind
     Message cut = image;
     cut.json.erase(cut.json.find("\"maxPixels\""), 1);

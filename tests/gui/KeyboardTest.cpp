@@ -85,6 +85,8 @@ class KeyboardTest : public QObject {
                                      "anchorBottomRight",
                                      "anchorAttention",
                                      "anchorEntropy",
+                                     "anchorFaces",
+                                     "checkHeadAndShoulders",
                                      "radioCustomCrop",
                                      "radioCustomCropPixels",
                                      "textFieldCustomCropPixelsOriginX",
@@ -100,6 +102,8 @@ class KeyboardTest : public QObject {
                                      "stepperCustomCropPercentsWidth",
                                      "textFieldCustomCropPercentsHeight",
                                      "stepperCustomCropPercentsHeight",
+                                     "checkTrim",
+                                     "checkPad",
                                      "imageViewCropPreview",
                                      "buttonCropImages"};
         QCOMPARE(InOrderOf(chain, reading), reading);

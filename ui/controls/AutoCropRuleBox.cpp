@@ -106,13 +106,17 @@ AutoCropRuleBox::AutoCropRuleBox(QWidget* parent)
                                        tr("Where the eye goes: skin, saturated colour, edges"));
     QToolButton* entropy =
         Checkable(this, "anchorEntropy", tr("Entropy"), tr("The busiest part of the picture"));
+    QToolButton* faces =
+        Checkable(this, "anchorFaces", tr("Faces"), tr("As many faces as fit, kept whole"));
     anchors_->addButton(attention, static_cast<int>(CropAnchor::Attention));
     anchors_->addButton(entropy, static_cast<int>(CropAnchor::Entropy));
+    anchors_->addButton(faces, static_cast<int>(CropAnchor::Faces));
     anchors_->setExclusive(true);
     auto* smartRow = new QHBoxLayout;
     smartRow->addWidget(new QLabel(tr("Position:"), this));
     smartRow->addWidget(attention);
     smartRow->addWidget(entropy);
+    smartRow->addWidget(faces);
     smartRow->addStretch(1);
 
     auto* settings = new QVBoxLayout;

@@ -2,8 +2,8 @@
 
 // The controls under the auto-crop ratio: the sides of a custom ratio, the
 // orientation rule and where the rectangle sits (a 3 x 3 anchor picker and
-// the two smart placements). They read into and write from CropSettings;
-// any change by the person emits changed().
+// the smart placements: attention, entropy and faces). They read into and
+// write from CropSettings; any change by the person emits changed().
 
 #include <QWidget>
 #include <array>

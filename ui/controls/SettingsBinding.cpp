@@ -8,12 +8,15 @@
 
 #include "ui/controls/AutoCropRuleBox.h"
 #include "ui/controls/LatchingRadioButton.h"
+#include "ui/controls/PadRuleBox.h"
+#include "ui/controls/PortraitRuleBox.h"
 #include "ui/controls/QualitySlider.h"
 #include "ui/controls/QualityText.h"
 #include "ui/controls/ResizeRuleBox.h"
 #include "ui/controls/SizeLimitBox.h"
 #include "ui/controls/Stepper.h"
 #include "ui/controls/TextFieldNumber.h"
+#include "ui/controls/TrimRuleBox.h"
 
 namespace vellumo {
 
@@ -55,6 +58,9 @@ CropSettings SettingsBinding::Read() const {
     s.losslessJpeg = c_.checkLosslessJpeg.isChecked();
     s.keepStructure = c_.checkKeepStructure.isChecked();
     c_.sizeLimit.Read(s);
+    c_.portraitRule.Read(s);
+    c_.trimRule.Read(s);
+    c_.padRule.Read(s);
     return s;
 }
 
@@ -95,6 +101,9 @@ void SettingsBinding::Write(const CropSettings& s) const {
     c_.checkLosslessJpeg.setChecked(s.losslessJpeg);
     c_.checkKeepStructure.setChecked(s.keepStructure);
     c_.sizeLimit.Write(s);
+    c_.portraitRule.Write(s);
+    c_.trimRule.Write(s);
+    c_.padRule.Write(s);
 }
 
 }  // namespace vellumo

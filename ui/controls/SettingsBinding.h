@@ -16,6 +16,9 @@ namespace vellumo {
 
 class AutoCropRuleBox;
 class LatchingRadioButton;
+class PadRuleBox;
+class PortraitRuleBox;
+class TrimRuleBox;
 class ResizeRuleBox;
 class QualitySlider;
 class SizeLimitBox;
@@ -53,6 +56,9 @@ class SettingsBinding {
         QCheckBox& checkLosslessJpeg;
         QCheckBox& checkKeepStructure;
         SizeLimitBox& sizeLimit;
+        PortraitRuleBox& portraitRule;
+        TrimRuleBox& trimRule;
+        PadRuleBox& padRule;
     };
 
     explicit SettingsBinding(const Controls& controls) : c_(controls) {}

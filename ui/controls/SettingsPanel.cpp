@@ -14,7 +14,9 @@
 #include "ui/controls/AutoCropRuleBox.h"
 #include "ui/controls/LatchingRadioButton.h"
 #include "ui/controls/NameTokenButton.h"
+#include "ui/controls/PadRuleBox.h"
 #include "ui/controls/PopUpChoices.h"
+#include "ui/controls/PortraitRuleBox.h"
 #include "ui/controls/QualitySlider.h"
 #include "ui/controls/QualityText.h"
 #include "ui/controls/ResizeRuleBox.h"
@@ -22,6 +24,7 @@
 #include "ui/controls/SizeLimitBox.h"
 #include "ui/controls/Stepper.h"
 #include "ui/controls/TextFieldNumber.h"
+#include "ui/controls/TrimRuleBox.h"
 #include "ui_MainWindow.h"
 
 namespace vellumo {
@@ -73,6 +76,9 @@ SettingsBinding::Controls BoundControls(Ui::MainWindow& ui) {
         *ui.checkCropJPEGFilesWithoutReencoding,
         *ui.checkKeepFolderStructure,
         *ui.sizeLimit,
+        *ui.portraitRule,
+        *ui.trimRule,
+        *ui.padRule,
     };
 }
 
@@ -110,7 +116,7 @@ CropSettings SettingsPanel::Read() const {
 void SettingsPanel::Write(const CropSettings& settings) {
     binding_->Write(settings);
     SettleOutputControls();
-    Q_EMIT cropChanged();
+    Q_EMIT cropRuleChanged();
 }
 
 void SettingsPanel::Reset() {
@@ -150,6 +156,11 @@ void SettingsPanel::ConnectCropControls() {
             &SettingsPanel::OnAutoCropFormatSelected);
     connect(ui_.autoCropRule, &AutoCropRuleBox::changed, this, &SettingsPanel::cropRuleChanged);
     connect(ui_.resizeRule, &ResizeRuleBox::changed, this, &SettingsPanel::cropChanged);
+    // A portrait needs the faces and a trim what it finds on the file: the
+    // rule changes what the preview asks of its worker.
+    connect(ui_.portraitRule, &PortraitRuleBox::changed, this, &SettingsPanel::cropRuleChanged);
+    connect(ui_.trimRule, &TrimRuleBox::changed, this, &SettingsPanel::cropRuleChanged);
+    connect(ui_.padRule, &PadRuleBox::changed, this, &SettingsPanel::cropChanged);
     for (QLineEdit* field :
          {ui_.textFieldCustomCropPixelsOriginX, ui_.textFieldCustomCropPixelsOriginY,
           ui_.textFieldCustomCropPixelsWidth, ui_.textFieldCustomCropPixelsHeight}) {
@@ -300,6 +311,9 @@ std::vector<QWidget*> SettingsPanel::LockedWhileCropping() const {
         ui_.radioAutoCrop,
         ui_.comboAutoCropFormat,
         ui_.autoCropRule,
+        ui_.portraitRule,
+        ui_.trimRule,
+        ui_.padRule,
         ui_.resizeRule,
         ui_.radioCustomCrop,
         ui_.radioCustomCropPixels,

@@ -38,7 +38,9 @@ class SettingsPanel : public QObject {
     // job, profiles and plans all go through this.
     CropSettings Read() const;
     // Puts every setting into the controls (a loaded profile or plan) and
-    // settles the output controls, then tells of it (cropChanged).
+    // settles the output controls, then tells of it (cropRuleChanged: the
+    // rule may need more of the selected file, its faces or a trim's
+    // content).
     void Write(const CropSettings& settings);
     // Every value back to its start value: custom crop in pixels, an empty
     // rectangle, a centred 60 % one once percents are chosen, "JPG" at

@@ -133,4 +133,21 @@ void PaintFrame(QPainter& painter, const QRectF& frame, bool adjusted) {
     painter.restore();
 }
 
+void PaintFaceOutlines(QPainter& painter, const std::vector<QRectF>& faces) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    painter.setBrush(Qt::NoBrush);
+    // Thin and dashed, in a colour of their own: they say what the rule saw
+    // and are not taken for the crop's frame.
+    QPen pen(QColor(255, 214, 0), 1.0, Qt::DashLine);
+    pen.setCosmetic(true);
+    for (const QRectF& face : faces) {
+        painter.setPen(QPen(QColor(0, 0, 0, 120), 2.0));
+        painter.drawRect(face);
+        painter.setPen(pen);
+        painter.drawRect(face);
+    }
+    painter.restore();
+}
+
 }  // namespace vellumo

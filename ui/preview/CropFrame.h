@@ -9,6 +9,7 @@
 #include <QColor>
 #include <QPointF>
 #include <QRectF>
+#include <vector>
 
 #include "imaging/Geometry.h"
 #include "imaging/RectEditing.h"
@@ -22,6 +23,8 @@ struct CropFrame {
     Size imageSize;      // the full image's size
     double lockedRatio;  // width / height kept while resizing; 0: free
     bool adjusted;       // the rectangle was adjusted by hand
+    // The faces the rule places the crop by, outlined while it does.
+    std::vector<Rect> faces{};
 };
 
 // Between image pixels and the view's coordinates (y downward).
@@ -53,5 +56,7 @@ QColor AdjustedMarkColour();
 // outline and its eight handles.
 void PaintVeil(QPainter& painter, const QRectF& target, const QRectF& frame);
 void PaintFrame(QPainter& painter, const QRectF& frame, bool adjusted);
+// A thin outline around each face (in the view's coordinates).
+void PaintFaceOutlines(QPainter& painter, const std::vector<QRectF>& faces);
 
 }  // namespace vellumo

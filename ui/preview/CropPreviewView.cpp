@@ -277,6 +277,18 @@ QSize CropPreviewView::minimumSizeHint() const {
     return {160, 120};
 }
 
+std::vector<QRectF> CropPreviewView::FaceOutlines() const {
+    std::vector<QRectF> outlines;
+    const std::optional<FrameMapping> mapping = Mapping();
+    if (!mapping || image_.isNull()) {
+        return outlines;
+    }
+    for (const Rect& face : frame_->faces) {
+        outlines.push_back(mapping->ToView(face));
+    }
+    return outlines;
+}
+
 void CropPreviewView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(QPalette::Base).darker(104));
@@ -296,6 +308,7 @@ void CropPreviewView::paintEvent(QPaintEvent*) {
             painter.drawImage(target.topLeft(), ScaledImage(deviceSize, ratio));
         }
         if (mapping) {
+            PaintFaceOutlines(painter, FaceOutlines());
             PaintFrame(painter, FrameRectInView(), frame_->adjusted || liveRect_.has_value());
         }
     }

@@ -45,6 +45,9 @@ class CropPreviewView : public QWidget {
     // The crop rectangle of the image shown; none hides it.
     void SetCropFrame(const std::optional<CropFrame>& frame);
     const std::optional<CropFrame>& cropFrame() const { return frame_; }
+    // The outlines of the frame's faces as drawn now, in the view's
+    // coordinates; none without a frame or a picture.
+    std::vector<QRectF> FaceOutlines() const;
     // Whether a person may adjust the rectangle (not while a job runs).
     void SetFrameAdjustable(bool adjustable);
     // The rectangle being dragged, or adjusted and not yet shown by a new

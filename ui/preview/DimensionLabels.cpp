@@ -24,7 +24,12 @@ ResolvedCrop CropAsWritten(const PreviewSession& preview, const CropSettings& se
         sized.anchor = CropAnchor::Centre;
     }
     const QString& path = preview.path();
-    ResolvedCrop crop = ResolveCrop(sized, image, nullptr, adjusted);
+    // A trim's content and the faces (a portrait's size follows the face)
+    // are what the worker found with the picture.
+    const std::optional<TrimFinding> trimmed = preview.TrimFindingFor(settings);
+    const std::optional<FaceSearch>& faces = preview.faces();
+    ResolvedCrop crop = ResolveCrop(sized, image, nullptr, adjusted, trimmed ? &*trimmed : nullptr,
+                                    faces ? &*faces : nullptr);
     // A JPEG cropped without re-encoding holds the rectangle on its block
     // grid, and the labels say what the file will hold. Replaced originals
     // are written in their own format.

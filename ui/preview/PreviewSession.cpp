@@ -3,6 +3,7 @@
 #include <QFile>
 #include <algorithm>
 
+#include "batch/FaceCrop.h"
 #include "imaging/Fatal.h"
 #include "ui/job/WorkerSettings.h"
 #include "ui/preview/PreviewPicture.h"
@@ -17,6 +18,16 @@ constexpr int kSmallestPictureSide = 256;
 constexpr int kLargestPictureSide = 4096;
 
 }  // namespace
+
+PreviewNeeds PreviewNeeds::Of(const CropSettings& settings) {
+    PreviewNeeds needs;
+    needs.placement = UsesPlacementPicture(settings);
+    needs.looks.faces = UsesFaces(settings);
+    if (UsesTrimming(settings)) {
+        needs.looks.trimTolerance = settings.trim.tolerance;
+    }
+    return needs;
+}
 
 PreviewSession::PreviewSession(QObject* parent)
     : QObject(parent),
@@ -56,42 +67,50 @@ void PreviewSession::SetImage(const Image& image) {
     picture_ = image;
 }
 
-void PreviewSession::Open(const QString& path, int side, bool placement) {
+void PreviewSession::Open(const QString& path, int side, const PreviewNeeds& needs) {
     auto request = std::make_shared<const OpenRequest>(OpenRequest{path, side});
     openRequest_ = request;
     // Pictures of earlier selections not yet begun are not needed any more.
     work_.clear();
     // A picture made ahead (or recently) is shown at once.
-    if (!placement) {
+    if (needs == PreviewNeeds{}) {
         if (const std::optional<PreviewPrefetch::Picture> kept = prefetch_->Find(path, side)) {
             loading_ = false;
-            Deliver(request, kept->result, std::nullopt, kept->plain);
+            Deliver(request, kept->result, {}, kept->plain);
             PrefetchAround(*request);
             return;
         }
     }
     loading_ = true;
     Q_EMIT loadingStarted();
-    Decode(request, placement);
+    Decode(request, needs);
 }
 
-void PreviewSession::Decode(const std::shared_ptr<const OpenRequest>& request, bool placement) {
-    work_.start([this, decoder = decoder_, request, placement] {
+// The faces are looked for in the reduced picture, as the job looks for
+// them; the trim's content on the full image, with the picture's decoding.
+void PreviewSession::Decode(const std::shared_ptr<const OpenRequest>& request,
+                            const PreviewNeeds& needs) {
+    work_.start([this, decoder = decoder_, request, needs] {
         const std::string file = QFile::encodeName(request->path).toStdString();
-        PreviewResult result = decoder->Decode(file, request->side);
-        std::optional<Image> placementPicture;
+        PreviewResult result =
+            needs.looks.trimTolerance
+                ? decoder->DecodeLooking(file, request->side,
+                                         PreviewLooks{false, needs.looks.trimTolerance})
+                : decoder->Decode(file, request->side);
+        Placement placement;
         const QImage plain = result ? PictureAsQImage(result->picture) : QImage();
-        if (result && placement) {
-            if (const PreviewResult reduced = decoder->Decode(file, kPlacementPictureSide)) {
-                placementPicture = reduced->picture;
+        if (result && needs.placement) {
+            const PreviewResult reduced = decoder->DecodeLooking(
+                file, kPlacementPictureSide, PreviewLooks{needs.looks.faces, std::nullopt});
+            if (reduced) {
+                placement = {reduced->picture, reduced->faces};
             }
         }
         QMetaObject::invokeMethod(
             this,
-            [this, request, result = std::move(result),
-             placementPicture = std::move(placementPicture), plain] {
+            [this, request, result = std::move(result), placement = std::move(placement), plain] {
                 prefetch_->Keep(request->path, request->side, {result, plain});
-                Deliver(request, result, placementPicture, plain);
+                Deliver(request, result, placement, plain);
                 if (request == openRequest_) {
                     PrefetchAround(*request);
                 }
@@ -101,8 +120,8 @@ void PreviewSession::Decode(const std::shared_ptr<const OpenRequest>& request, b
 }
 
 void PreviewSession::Deliver(const std::shared_ptr<const OpenRequest>& request,
-                             const PreviewResult& result,
-                             const std::optional<Image>& placementPicture, const QImage& plain) {
+                             const PreviewResult& result, const Placement& placement,
+                             const QImage& plain) {
     ++deliveries_.decodes;
     if (request != openRequest_) {
         return;
@@ -115,10 +134,25 @@ void PreviewSession::Deliver(const std::shared_ptr<const OpenRequest>& request,
     path_ = request->path;
     image_ = Image::OfSize(result->fullSize.width, result->fullSize.height);
     picture_ = result->picture;
-    placementPicture_ = placementPicture;
+    placementPicture_ = placement.picture;
+    faces_ = placement.faces;
+    trim_ = result->trim;
     pages_ = result->pages;
     jpegGrid_ = result->jpegGrid;
     Q_EMIT loaded(path_, plain);
+}
+
+std::optional<TrimFinding> PreviewSession::TrimFindingFor(const CropSettings& settings) const {
+    if (!UsesTrimming(settings) || !trim_ || trim_->tolerance != settings.trim.tolerance) {
+        return std::nullopt;
+    }
+    return TrimFinding{trim_->content};
+}
+
+bool PreviewSession::Has(const PreviewNeeds& needs) const {
+    const std::optional<double>& tolerance = needs.looks.trimTolerance;
+    return (!needs.placement || placementPicture_) && (!needs.looks.faces || faces_) &&
+           (!tolerance || (trim_ && trim_->tolerance == *tolerance));
 }
 
 void PreviewSession::PrefetchAround(const OpenRequest& request) {
@@ -133,6 +167,8 @@ void PreviewSession::Close() {
     image_ = Image();
     picture_ = Image();
     placementPicture_.reset();
+    faces_.reset();
+    trim_.reset();
     pages_ = 1;
     jpegGrid_.reset();
 }
@@ -144,21 +180,33 @@ void PreviewSession::Redraw(const CropSettings& settings, const std::optional<Re
     // What is drawn is what the job cuts: nothing veiled when the image is
     // written whole, the part on the image when the rectangle is clipped. A
     // smart anchor looks at pixels, so the rule runs with the picture off
-    // this thread.
+    // this thread. The faces the rule goes by are outlined.
     auto request = std::make_shared<const RedrawRequest>();
     pendingRedraw_ = request;
     const Size fullSize{image_.Width(), image_.Height()};
+    const std::optional<FaceSearch> faces = UsesFaces(settings) ? faces_ : std::nullopt;
     work_.start([this, request, picture = picture_, placement = placementPicture_, settings,
-                 image = image_, fullSize, adjusted] {
+                 image = image_, fullSize, adjusted, faces, trimmed = TrimFindingFor(settings)] {
         const Image* judged = placement ? &*placement : nullptr;
-        const ResolvedCrop rule = ResolveCrop(settings, image, judged);
-        const Rect rect = adjusted ? ResolveCrop(settings, image, judged, adjusted).cut : rule.cut;
+        const TrimFinding* trim = trimmed ? &*trimmed : nullptr;
+        const FaceSearch* found = faces ? &*faces : nullptr;
+        const ResolvedCrop rule = ResolveCrop(settings, image, judged, std::nullopt, trim, found);
+        const Rect rect =
+            adjusted ? ResolveCrop(settings, image, judged, adjusted, trim, found).cut : rule.cut;
         // A ratio rule keeps its ratio while the rectangle is resized by
         // hand; pixels and percents are free.
         const bool locked =
             settings.mode == CropMode::Auto && !IsWhole(rule.extent) && rule.cut.height > 0.0;
-        const CropFrame frame{rect, fullSize, locked ? rule.cut.width / rule.cut.height : 0.0,
-                              adjusted.has_value()};
+        CropFrame frame{rect,
+                        fullSize,
+                        locked ? rule.cut.width / rule.cut.height : 0.0,
+                        adjusted.has_value(),
+                        {}};
+        if (faces) {
+            for (const DetectedFace& face : faces->faces) {
+                frame.faces.push_back(face.box);
+            }
+        }
         const QImage veiled = VeiledPreviewPicture(picture, fullSize, rect);
         QMetaObject::invokeMethod(
             this, [this, request, veiled, frame] { ShowRedrawn(request, veiled, frame); },

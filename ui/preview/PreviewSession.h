@@ -32,6 +32,17 @@ namespace vellumo {
 
 class PreviewPrefetch;
 
+// What the crop rule of some settings needs of a file beyond its picture:
+// the reduced picture a smart anchor judges, the faces in it, what a trim
+// finds. All of it comes from the worker with the file's decoding.
+struct PreviewNeeds {
+    bool placement = false;
+    PreviewLooks looks;
+
+    static PreviewNeeds Of(const CropSettings& settings);
+    friend bool operator==(const PreviewNeeds&, const PreviewNeeds&) = default;
+};
+
 class PreviewSession : public QObject {
     Q_OBJECT
 
@@ -66,17 +77,24 @@ class PreviewSession : public QObject {
     // The reduced picture smart anchors judge, decoded with the image while
     // one is chosen (kPlacementPictureSide).
     const std::optional<Image>& placementPicture() const { return placementPicture_; }
+    // The faces found in the placement picture, when they were asked for.
+    const std::optional<FaceSearch>& faces() const { return faces_; }
+    // What the trim of `settings` finds on the image, when it was looked
+    // for at the settings' tolerance; nothing when the settings do not trim.
+    std::optional<TrimFinding> TrimFindingFor(const CropSettings& settings) const;
+    // The open image came with everything `needs` asks for.
+    bool Has(const PreviewNeeds& needs) const;
     // How many pages or frames the file has, and the block grid of a JPEG.
     int pages() const { return pages_; }
     const std::optional<JpegGrid>& jpegGrid() const { return jpegGrid_; }
 
     // ---- Requests ---------------------------------------------------------
 
-    // Opens `path` for pictures of `side` pixels, with the placement picture
-    // when `placement`: a picture made ahead is used at once, else it is
-    // decoded (loadingStarted). Ends with loaded or loadingFailed, unless a
-    // newer open or a Close came first.
-    void Open(const QString& path, int side, bool placement);
+    // Opens `path` for pictures of `side` pixels, with what `needs` asks
+    // for: a picture made ahead is used at once when nothing more is needed,
+    // else it is decoded (loadingStarted). Ends with loaded or loadingFailed,
+    // unless a newer open or a Close came first.
+    void Open(const QString& path, int side, const PreviewNeeds& needs);
     // No image any more; what is under way for the last open is dropped.
     void Close();
     // Draws the picture with the crop of `settings` marked (`adjusted`, the
@@ -119,10 +137,15 @@ class PreviewSession : public QObject {
         int side = 0;
     };
     struct RedrawRequest {};
+    // What came with a decoding beyond the picture.
+    struct Placement {
+        std::optional<Image> picture;
+        std::optional<FaceSearch> faces;
+    };
 
-    void Decode(const std::shared_ptr<const OpenRequest>& request, bool placement);
+    void Decode(const std::shared_ptr<const OpenRequest>& request, const PreviewNeeds& needs);
     void Deliver(const std::shared_ptr<const OpenRequest>& request, const PreviewResult& result,
-                 const std::optional<Image>& placementPicture, const QImage& plain);
+                 const Placement& placement, const QImage& plain);
     void PrefetchAround(const OpenRequest& request);
     void ShowRedrawn(const std::shared_ptr<const RedrawRequest>& request, const QImage& picture,
                      const CropFrame& frame);
@@ -137,6 +160,8 @@ class PreviewSession : public QObject {
     // The image's picture, as decoded for the preview.
     Image picture_;
     std::optional<Image> placementPicture_;
+    std::optional<FaceSearch> faces_;
+    std::optional<TrimLook> trim_;
     int pages_ = 1;
     std::optional<JpegGrid> jpegGrid_;
 
