@@ -318,6 +318,10 @@
         <translation>Ausgabe</translation>
     </message>
     <message>
+        <source>Faces, trim, pad</source>
+        <translation>Gesichter, Ränder, Auffüllen</translation>
+    </message>
+    <message>
         <source>Format:</source>
         <translation>Format:</translation>
     </message>

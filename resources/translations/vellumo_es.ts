@@ -318,6 +318,10 @@
         <translation>Salida</translation>
     </message>
     <message>
+        <source>Faces, trim, pad</source>
+        <translation>Caras, recorte, relleno</translation>
+    </message>
+    <message>
         <source>Format:</source>
         <translation>Formato:</translation>
     </message>

@@ -318,6 +318,10 @@
         <translation>Sortie</translation>
     </message>
     <message>
+        <source>Faces, trim, pad</source>
+        <translation>Visages, rognage, marges</translation>
+    </message>
+    <message>
         <source>Format:</source>
         <translation>Format&#xa0;:</translation>
     </message>

@@ -86,7 +86,6 @@ class KeyboardTest : public QObject {
                                      "anchorAttention",
                                      "anchorEntropy",
                                      "anchorFaces",
-                                     "checkHeadAndShoulders",
                                      "radioCustomCrop",
                                      "radioCustomCropPixels",
                                      "textFieldCustomCropPixelsOriginX",
@@ -102,10 +101,19 @@ class KeyboardTest : public QObject {
                                      "stepperCustomCropPercentsWidth",
                                      "textFieldCustomCropPercentsHeight",
                                      "stepperCustomCropPercentsHeight",
-                                     "checkTrim",
-                                     "checkPad",
                                      "imageViewCropPreview",
                                      "buttonCropImages"};
+        QCOMPARE(InOrderOf(chain, reading), reading);
+    }
+
+    void tabReachesTheFacesTrimAndPadControlsInReadingOrder() {
+        LoadedWindow loaded;
+        loaded.Show();
+        loaded.Control<QTabWidget>("tabView").setCurrentIndex(2);
+        const QStringList chain = Names(TabChain(&loaded.Control<QWidget>("buttonAddImages")));
+        const QStringList reading = {
+            "qt_tabwidget_tabbar",  "checkHeadAndShoulders", "checkTrim", "checkPad",
+            "imageViewCropPreview", "buttonCropImages"};
         QCOMPARE(InOrderOf(chain, reading), reading);
     }
 

@@ -146,9 +146,10 @@ class WindowControlsTest : public QObject {
                      QString::fromLatin1(control.className));
         }
         auto& tabs = loaded.Control<QTabWidget>("tabView");
-        QCOMPARE(tabs.count(), 2);
+        QCOMPARE(tabs.count(), 3);
         QCOMPARE(tabs.tabText(0), QStringLiteral("Crop"));
         QCOMPARE(tabs.tabText(1), QStringLiteral("Output"));
+        QCOMPARE(tabs.tabText(2), QStringLiteral("Faces, trim, pad"));
     }
 
     void theMenuCarriesTheCommandsWithTheirShortcuts() {

@@ -8,6 +8,7 @@
 #include <QRadioButton>
 #include <QStyle>
 #include <QStyleOptionButton>
+#include <QTabWidget>
 #include <QTest>
 
 #include "ui/list/ImageTableView.h"
@@ -54,7 +55,19 @@ QImage PreviewPicture(LoadedWindow& loaded) {
     return loaded.Control<CropPreviewView>("imageViewCropPreview").image();
 }
 
+// As a person would, the tab that holds `control` is chosen first.
+void ShowTabOf(QWidget& control) {
+    for (QWidget* page = &control; page != nullptr; page = page->parentWidget()) {
+        QWidget* stack = page->parentWidget();
+        auto* tabs = stack != nullptr ? qobject_cast<QTabWidget*>(stack->parentWidget()) : nullptr;
+        if (tabs != nullptr && tabs->indexOf(page) >= 0) {
+            tabs->setCurrentWidget(page);
+        }
+    }
+}
+
 void Click(QAbstractButton& button) {
+    ShowTabOf(button);
     QPoint where = button.rect().center();
     if (auto* radio = qobject_cast<QRadioButton*>(&button)) {
         QStyleOptionButton option;
