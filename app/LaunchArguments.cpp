@@ -5,27 +5,9 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include "batch/InputFolders.h"
-#include "ui/list/ImagePaths.h"
+#include "ui/list/FolderImages.h"
 
 namespace vellumo {
-
-namespace {
-
-// The folder walked as the command line walks it (hidden files, other
-// files and linked loops left out), in the list's reading order.
-QStringList ImagesInFolder(const QString& folder, bool recursive) {
-    const WalkedInputs walked = WalkInputs({folder.toStdString()}, recursive);
-    QStringList images;
-    images.reserve(static_cast<qsizetype>(walked.images.size()));
-    for (const std::string& image : walked.images) {
-        images << QString::fromStdString(image);
-    }
-    SortInReadingOrder(images);
-    return images;
-}
-
-}  // namespace
 
 QStringList ParseLaunchArguments(const QStringList& arguments, bool& recursive) {
     QCommandLineParser parser;

@@ -8,8 +8,8 @@ BatchPart SelectBatchPart(const CropSettings& settings, const std::vector<std::s
                           ClashPolicy policy, const std::optional<Shard>& shard,
                           const std::vector<ManifestEntry>& done,
                           const std::vector<ImageNameFacts>* facts,
-                          const std::vector<std::string>* roots) {
-    const OutputPlan whole = PlanOutputs(settings, all, policy, facts, roots);
+                          const std::vector<std::string>* roots, long firstIndex) {
+    const OutputPlan whole = PlanOutputs(settings, all, policy, facts, roots, firstIndex);
     // The latest entry of each source.
     std::unordered_map<std::string, const ManifestEntry*> latest;
     for (const ManifestEntry& entry : done) {

@@ -26,13 +26,13 @@ struct BatchPart {
 // `all` is the whole batch (for a shard: sorted, each path once; see
 // SortedUnique). An image is already done when the latest entry of `done`
 // for its source is done, names the output planned for it, and that file
-// still has the recorded length and SHA-256; it is not opened. `facts` and
-// `roots` are PlanOutputs'.
+// still has the recorded length and SHA-256; it is not opened. `facts`,
+// `roots` and `firstIndex` are PlanOutputs'.
 BatchPart SelectBatchPart(const CropSettings& settings, const std::vector<std::string>& all,
                           ClashPolicy policy, const std::optional<Shard>& shard,
                           const std::vector<ManifestEntry>& done,
                           const std::vector<ImageNameFacts>* facts = nullptr,
-                          const std::vector<std::string>* roots = nullptr);
+                          const std::vector<std::string>* roots = nullptr, long firstIndex = 0);
 
 // Why a manifest cannot be resumed with these settings: its first entry
 // written with others ("line 3 was written with other settings"); empty

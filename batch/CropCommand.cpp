@@ -83,7 +83,7 @@ std::optional<BatchPart> CropCommand::Plan(CropQuestions& questions) const {
         GatherNameFacts(settings, request_.images, processor_, &request_.adjustments);
     const auto part = [&](ClashPolicy policy) {
         return SelectBatchPart(settings, request_.images, policy, request_.shard, request_.recorded,
-                               &facts, &request_.roots);
+                               &facts, &request_.roots, request_.firstIndex);
     };
     BatchPart planned = part(request_.clashes.value_or(ClashPolicy::Refuse));
     // An auto crop always lies on the image.

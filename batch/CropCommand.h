@@ -96,6 +96,9 @@ struct CropRequest {
     // A large batch's share and what its manifest records as done.
     std::optional<Shard> shard;
     std::vector<ManifestEntry> recorded;
+    // The index ([FileIndex] less one) of the list's first image: a watch
+    // numbers each group of arrivals on after the images it did before.
+    long firstIndex = 0;
 };
 
 struct CropCommandResult {

@@ -94,6 +94,7 @@ struct Naming {
     const std::vector<ImageNameFacts>* facts = nullptr;
     // Where the tree is kept: what each image's subfolder is measured from.
     std::vector<std::string> roots;
+    long firstIndex = 0;  // the index of the list's first image
 };
 
 // A new file's path by the name template; false, with the refusal set, when
@@ -106,7 +107,7 @@ bool PlaceNewFile(const CropSettings& settings, const std::vector<std::string>& 
     }
     NameValues values;
     values.source = listImagePaths[i];
-    values.index = i;
+    values.index = naming.firstIndex + i;
     if (naming.facts != nullptr && static_cast<std::size_t>(i) < naming.facts->size()) {
         values.outputSize = (*naming.facts)[i].outputSize;
         values.facts = (*naming.facts)[i].photoFacts;
@@ -208,8 +209,9 @@ void SettleClashes(OutputPlan& plan, PlannedKeys& k, ClashPolicy policy) {
 
 OutputPlan PlanOutputs(const CropSettings& settings, const std::vector<std::string>& listImagePaths,
                        ClashPolicy policy, const std::vector<ImageNameFacts>* facts,
-                       const std::vector<std::string>* roots) {
+                       const std::vector<std::string>* roots, long firstIndex) {
     Naming naming;
+    naming.firstIndex = firstIndex;
     naming.name = NameTemplate::Parse(settings.nameTemplate, naming.problem);
     naming.facts = facts;
     if (settings.keepStructure) {

@@ -73,10 +73,11 @@ struct OutputPlan {
 // A name template that cannot be read refuses every image with its reason.
 // When the settings keep the tree, each output's subfolder is measured from
 // the deepest of `roots` holding its image; without roots, from the folder
-// all the images share.
+// all the images share. The list's first image is numbered as index
+// `firstIndex` ([FileIndex] one more), the others after it.
 OutputPlan PlanOutputs(const CropSettings& settings, const std::vector<std::string>& listImagePaths,
                        ClashPolicy policy, const std::vector<ImageNameFacts>* facts = nullptr,
-                       const std::vector<std::string>* roots = nullptr);
+                       const std::vector<std::string>* roots = nullptr, long firstIndex = 0);
 
 // The output format a file's extension names ("jpg" gives Jpg), any case;
 // nothing for an extension that is no output format.

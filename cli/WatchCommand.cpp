@@ -126,8 +126,15 @@ int StartTree(Watch& watch, ArrivingFiles& files) {
 int CropArrived(Watch& watch, std::vector<std::string> images, ImageProcessor& processor,
                 std::stop_source& stop) {
     CliOptions batch = watch.options;
-    batch.files = std::move(images);
-    const CropCommand command(RequestOf(batch, watch.record.entries), processor);
+    batch.files = NotYetDone(std::move(images), watch.record, watch.options);
+    if (batch.files.empty()) {
+        return 0;
+    }
+    // [FileIndex] goes on across the watch's batches, and after those of
+    // earlier watches: each image done so far has an entry.
+    CropRequest request = RequestOf(batch, watch.record.entries);
+    request.firstIndex = static_cast<long>(watch.record.entries.size());
+    const CropCommand command(std::move(request), processor);
     CliAnswers answers(batch.overwrite);
     WatchProgress progress(watch.options, *watch.manifesting, watch.record, stop);
     CropCommandResult result = command.Agree(answers);

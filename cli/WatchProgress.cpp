@@ -1,6 +1,7 @@
 #include "cli/WatchProgress.h"
 
 #include <iostream>
+#include <unordered_map>
 
 namespace vellumo::cli {
 
@@ -13,6 +14,26 @@ WatchRecord RecordOf(std::vector<ManifestEntry> entries) {
     }
     record.entries = std::move(entries);
     return record;
+}
+
+std::vector<std::string> NotYetDone(std::vector<std::string> arrived, const WatchRecord& record,
+                                    const CliOptions& options) {
+    // Set aside before the batch is planned: its names number on from the
+    // record, so a path planned now is not the one an earlier run wrote.
+    std::unordered_map<std::string, const ManifestEntry*> latest;
+    for (const ManifestEntry& entry : record.entries) {
+        latest[entry.source] = &entry;
+    }
+    const std::size_t count = arrived.size();
+    std::erase_if(arrived, [&latest](const std::string& image) {
+        const auto found = latest.find(image);
+        return found != latest.end() && found->second->Done() && OutputAsRecorded(*found->second);
+    });
+    if (arrived.size() < count && !options.quiet) {
+        std::cerr << "vellumo-cli: " << count - arrived.size() << " of " << count
+                  << " images already done (recorded in " << options.manifest << ")" << std::endl;
+    }
+    return arrived;
 }
 
 WatchProgress::WatchProgress(const CliOptions& options, Manifesting& manifesting,

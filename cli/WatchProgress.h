@@ -30,6 +30,13 @@ struct WatchRecord {
 // The record of the entries of a manifest read at the start.
 WatchRecord RecordOf(std::vector<ManifestEntry> entries);
 
+// Of `arrived`, those the record does not hold as done: an image whose
+// latest entry is done and whose output still has the recorded length and
+// SHA-256 is cropped once only, whatever number its name got. Says how many
+// were set aside (unless quiet).
+std::vector<std::string> NotYetDone(std::vector<std::string> arrived, const WatchRecord& record,
+                                    const CliOptions& options);
+
 class WatchProgress final : public CropObserver {
   public:
     // A manifest that cannot record an image stops the watch through `stop`.

@@ -350,12 +350,16 @@
         <translation>Dateiname</translation>
     </message>
     <message>
-        <source>The output&apos;s name; [FileName] is the image&apos;s own name, [FileIndex] its place in the list</source>
-        <translation>Der Name der Ausgabe; [FileName] ist der eigene Name des Bildes, [FileIndex] sein Platz in der Liste</translation>
+        <source>The output&apos;s name; tokens in brackets, such as [FileName] or [FileIndex], are filled in for each image (the Tokens menu has them all)</source>
+        <translation>Der Name der Ausgabe; Platzhalter in Klammern wie [FileName] oder [FileIndex] werden für jedes Bild ausgefüllt (das Menü „Platzhalter“ enthält sie alle)</translation>
     </message>
     <message>
-        <source>[FileName] is the image&apos;s own name, [FileIndex] its place in the list</source>
-        <translation>[FileName] ist der eigene Name des Bildes, [FileIndex] sein Platz in der Liste</translation>
+        <source>Tokens: [FileName] [FileIndex] [Folder] [Ext] [Date] [Date:pattern] [Camera] [Width] [Height] [Ratio]; the Tokens menu says what each one is and puts it in</source>
+        <translation>Platzhalter: [FileName] [FileIndex] [Folder] [Ext] [Date] [Date:pattern] [Camera] [Width] [Height] [Ratio]; das Menü „Platzhalter“ erklärt jeden und fügt ihn ein</translation>
+    </message>
+    <message>
+        <source>[FileName], [FileIndex], [Date] and more: see the Tokens menu</source>
+        <translation>[FileName], [FileIndex], [Date] und mehr: siehe Menü „Platzhalter“</translation>
     </message>
     <message>
         <source>Output folder:</source>

@@ -350,12 +350,16 @@
         <translation>Nombre de archivo</translation>
     </message>
     <message>
-        <source>The output&apos;s name; [FileName] is the image&apos;s own name, [FileIndex] its place in the list</source>
-        <translation>El nombre de la salida; [FileName] es el nombre propio de la imagen, [FileIndex] su lugar en la lista</translation>
+        <source>The output&apos;s name; tokens in brackets, such as [FileName] or [FileIndex], are filled in for each image (the Tokens menu has them all)</source>
+        <translation>El nombre de la salida; los comodines entre corchetes, como [FileName] o [FileIndex], se rellenan para cada imagen (el menú «Comodines» los tiene todos)</translation>
     </message>
     <message>
-        <source>[FileName] is the image&apos;s own name, [FileIndex] its place in the list</source>
-        <translation>[FileName] es el nombre propio de la imagen, [FileIndex] su lugar en la lista</translation>
+        <source>Tokens: [FileName] [FileIndex] [Folder] [Ext] [Date] [Date:pattern] [Camera] [Width] [Height] [Ratio]; the Tokens menu says what each one is and puts it in</source>
+        <translation>Comodines: [FileName] [FileIndex] [Folder] [Ext] [Date] [Date:pattern] [Camera] [Width] [Height] [Ratio]; el menú «Comodines» explica cada uno y lo inserta</translation>
+    </message>
+    <message>
+        <source>[FileName], [FileIndex], [Date] and more: see the Tokens menu</source>
+        <translation>[FileName], [FileIndex], [Date] y más: ver el menú «Comodines»</translation>
     </message>
     <message>
         <source>Output folder:</source>

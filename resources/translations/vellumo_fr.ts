@@ -350,12 +350,16 @@
         <translation>Nom de fichier</translation>
     </message>
     <message>
-        <source>The output&apos;s name; [FileName] is the image&apos;s own name, [FileIndex] its place in the list</source>
-        <translation>Le nom de la sortie&#xa0;; [FileName] est le nom propre de l’image, [FileIndex] sa place dans la liste</translation>
+        <source>The output&apos;s name; tokens in brackets, such as [FileName] or [FileIndex], are filled in for each image (the Tokens menu has them all)</source>
+        <translation>Le nom de la sortie&#xa0;; les jetons entre crochets, comme [FileName] ou [FileIndex], sont remplis pour chaque image (le menu «&#xa0;Jetons&#xa0;» les contient tous)</translation>
     </message>
     <message>
-        <source>[FileName] is the image&apos;s own name, [FileIndex] its place in the list</source>
-        <translation>[FileName] est le nom propre de l’image, [FileIndex] sa place dans la liste</translation>
+        <source>Tokens: [FileName] [FileIndex] [Folder] [Ext] [Date] [Date:pattern] [Camera] [Width] [Height] [Ratio]; the Tokens menu says what each one is and puts it in</source>
+        <translation>Jetons&#xa0;: [FileName] [FileIndex] [Folder] [Ext] [Date] [Date:pattern] [Camera] [Width] [Height] [Ratio]&#xa0;; le menu «&#xa0;Jetons&#xa0;» explique chacun et l’insère</translation>
+    </message>
+    <message>
+        <source>[FileName], [FileIndex], [Date] and more: see the Tokens menu</source>
+        <translation>[FileName], [FileIndex], [Date] et d’autres&#xa0;: voir le menu «&#xa0;Jetons&#xa0;»</translation>
     </message>
     <message>
         <source>Output folder:</source>

@@ -271,6 +271,50 @@ TEST_F(WatchCliTest, ArrivingImagesAreCroppedOnceAndARestartRedoesNothing) {
         << test::ReadFile(dir.File("err2.txt"));
 }
 
+TEST_F(WatchCliTest, FileIndexNumbersOnAcrossArrivalsAndARestart) {
+    fs::create_directories(In());
+    const std::vector<std::string> arguments = {
+        In(),     "--auto",           "1:1",      "--format", "PNG",
+        "--name", "shot [FileIndex]", "--output", Out(),      "--json"};
+    const auto shot = [this](int number) {
+        std::string path = Out() + "/shot ";
+        path += std::to_string(number);
+        path += ".png";
+        return path;
+    };
+    {
+        WatchProcess watch(arguments, dir.File("out1.txt"), dir.File("err1.txt"));
+        ASSERT_TRUE(Eventually([&] { return watch.Watching(); }))
+            << test::ReadFile(dir.File("err1.txt"));
+        // One at a time, each cropped before the next arrives: three groups.
+        for (int i = 1; i <= 3; ++i) {
+            CopyIn(i);
+            ASSERT_TRUE(Eventually([&] { return DoneCount() == i; }))
+                << test::ReadFile(dir.File("err1.txt"));
+        }
+        EXPECT_EQ(watch.Stop(SIGTERM), 0);
+    }
+    CopyIn(4);  // while no watch runs
+    WatchProcess again(arguments, dir.File("out2.txt"), dir.File("err2.txt"));
+    ASSERT_TRUE(Eventually([&] { return DoneCount() == 4; }))
+        << test::ReadFile(dir.File("err2.txt"));
+    CopyIn(5);
+    ASSERT_TRUE(Eventually([&] { return DoneCount() == 5; }))
+        << test::ReadFile(dir.File("err2.txt"));
+    EXPECT_EQ(again.Stop(SIGINT), 0);
+
+    // Image i became "shot i": its own square, numbered once each.
+    for (int i = 1; i <= 5; ++i) {
+        const test::MagickSize size = test::MagickIdentifySize(shot(i));
+        EXPECT_EQ(size.width, Side(i)) << shot(i);
+        EXPECT_EQ(size.height, Side(i)) << shot(i);
+    }
+    EXPECT_EQ(FilesIn(Out()), 5 + 1);  // the crops and the manifest
+    for (const auto& [source, times] : DoneBySource(Manifest())) {
+        EXPECT_EQ(times, 1) << source;
+    }
+}
+
 TEST_F(WatchCliTest, CropsWrittenInsideTheWatchedFolderAreNeverCroppedAgain) {
     fs::create_directories(In());
     CopyIn(1);

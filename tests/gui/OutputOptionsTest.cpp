@@ -18,11 +18,13 @@
 #include <QTest>
 #include <cstdint>
 
+#include "tests/gui/support/DragAndDrop.h"
 #include "tests/gui/support/LoadedWindow.h"
 #include "tests/gui/support/PictureFiles.h"
 #include "tests/gui/support/WindowDriving.h"
 #include "ui/controls/LatchingRadioButton.h"
 #include "ui/controls/NameTokenButton.h"
+#include "ui/list/ImageTableView.h"
 
 using vellumo::CropSettings;
 using vellumo::test::Choose;
@@ -197,6 +199,36 @@ class OutputOptionsTest : public QObject {
         QCOMPARE(FilesIn(dir.filePath("out/a")), QStringList{"x_cropped (1).jpg"});
         QCOMPARE(FilesIn(dir.filePath("out/b/c")), QStringList{"y_cropped (2).jpg"});
         QCOMPARE(QImage(dir.filePath("out/b/c/y_cropped (2).jpg")).size(), QSize(30, 30));
+    }
+
+    void aDroppedFolderIsWhereTheKeptTreeIsMeasuredFrom() {
+        QTemporaryDir dir;
+        QDir(dir.path()).mkpath("catalogue/shoes/red");
+        QDir(dir.path()).mkpath("catalogue/bags");
+        const QImage picture = vellumo::test::Quarters(40, 30);
+        vellumo::test::Write(picture, dir.filePath("catalogue/cover.png"));
+        vellumo::test::Write(picture, dir.filePath("catalogue/shoes/red/boot.png"));
+        vellumo::test::Write(picture, dir.filePath("catalogue/bags/tote.png"));
+        LoadedWindow loaded;
+        loaded.Show();
+        OutputInto(loaded, dir);
+        auto& table = loaded.Control<vellumo::ImageTableView>("tableViewImage");
+        const auto data = vellumo::test::FileUrlData({dir.filePath("catalogue")});
+        QVERIFY(
+            vellumo::test::DragAndDrop(table, vellumo::test::BelowLastRow(table), *data).accepted);
+        QCOMPARE(loaded.imageList().count(), 3);
+        auto& keep = loaded.Control<QCheckBox>("checkKeepFolderStructure");
+        QVERIFY(keep.isEnabled());
+        AutoCrop(loaded, "1:1");
+        Type(loaded.Control<QLineEdit>("textFieldName"), "[FileName]");
+        Click(keep);
+        QVERIFY(vellumo::test::CropAndWait(loaded));
+        QCOMPARE(loaded.boxes.back().text, QStringLiteral("Images cropped successfully."));
+        QCOMPARE(FilesIn(dir.filePath("out")), QStringList{"cover.jpg"});
+        QCOMPARE(FilesIn(dir.filePath("out/shoes/red")), QStringList{"boot.jpg"});
+        QCOMPARE(FilesIn(dir.filePath("out/bags")), QStringList{"tote.jpg"});
+        QCOMPARE(QImage(dir.filePath("out/shoes/red/boot.jpg")).size(), QSize(30, 30));
+        QVERIFY(!QFileInfo::exists(dir.filePath("out/catalogue")));
     }
 
     void theTokenMenuPutsATokenAtTheCursor() {

@@ -12,6 +12,7 @@
 #include "imaging/Fatal.h"
 #include "ui/WindowLocale.h"
 #include "ui/list/FileKindIcons.h"
+#include "ui/list/FolderImages.h"
 #include "ui/list/ImagePaths.h"
 
 namespace vellumo {
@@ -150,6 +151,34 @@ void ImageList::SetThumbnailIcons(std::function<QImage(const QString&)> icons) {
     thumbnailIcons_ = std::move(icons);
 }
 
+QStringList ImageList::TakenFromDrop(const QList<QUrl>& urls) {
+    // Every URL is looked at here, not only those that made the drag
+    // acceptable; each must pass on its own. A folder stands for the images
+    // below it, all the way down, and is kept as a folder the images were
+    // found through, so that an output keeping the tree is measured from it.
+    QStringList taken;
+    const auto take = [this, &taken](const QString& path) {
+        if (path.isEmpty() || !QFileInfo::exists(path) || ListContainsPath(paths_, path) ||
+            ListContainsPath(taken, path) ||
+            !acceptedExtensions_.contains(LowerCaseExtension(path))) {
+            return;
+        }
+        taken.push_back(path);
+    };
+    for (const QUrl& url : urls) {
+        if (!IsLocalFolderUrl(url)) {
+            take(url.toLocalFile());
+            continue;
+        }
+        const QString folder = CleanFolderPath(url);
+        AddFolders({folder});
+        for (const QString& image : ImagesInFolder(folder, true)) {
+            take(image);
+        }
+    }
+    return taken;
+}
+
 void ImageList::PathDataChanged(const QString& path) {
     for (int row = 0; row < count(); ++row) {
         if (paths_[row] == path) {
@@ -244,7 +273,9 @@ bool ImageList::canDropMimeData(const QMimeData* data, Qt::DropAction action, in
         return false;
     }
     const QList<QUrl> urls = data->urls();
-    return std::any_of(urls.begin(), urls.end(), IsImageFileUrl);
+    return std::any_of(urls.begin(), urls.end(), [](const QUrl& url) {
+        return IsImageFileUrl(url) || IsLocalFolderUrl(url);
+    });
 }
 
 bool ImageList::dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
@@ -255,18 +286,7 @@ bool ImageList::dropMimeData(const QMimeData* data, Qt::DropAction action, int r
     if (row < 0 || row > count()) {
         Fatal("a drop was placed outside the image list");
     }
-    // Every URL is looked at here, not only those that made the drag
-    // acceptable; each must pass on its own.
-    QStringList taken;
-    for (const QUrl& url : data->urls()) {
-        const QString path = url.toLocalFile();
-        if (path.isEmpty() || !QFileInfo::exists(path) || ListContainsPath(paths_, path) ||
-            ListContainsPath(taken, path) ||
-            !acceptedExtensions_.contains(LowerCaseExtension(path))) {
-            continue;
-        }
-        taken.push_back(path);
-    }
+    const QStringList taken = TakenFromDrop(data->urls());
     if (!taken.isEmpty()) {
         beginInsertRows(QModelIndex(), row, row + static_cast<int>(taken.size()) - 1);
         for (qsizetype k = 0; k < taken.size(); ++k) {

@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QSet>
 #include <QStringList>
+#include <QUrl>
 #include <functional>
 
 namespace vellumo {
@@ -52,7 +53,7 @@ class ImageList : public QAbstractListModel {
     void ReplaceAll(const QStringList& paths);
     void Clear() { ReplaceAll({}); }
 
-    // The folders images were found through (folders given to the program),
+    // The folders images were found through (given to the program or dropped),
     // which an output that keeps the tree is measured from: those that hold
     // a listed image, in the order they came. Emptying or replacing the
     // list forgets them.
@@ -91,12 +92,16 @@ class ImageList : public QAbstractListModel {
     bool canDropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
                          const QModelIndex& parent) const override;
     // Inserts, at `row`, each dropped file that exists, is not listed yet and
-    // has an accepted extension; the drop counts as taken even when every
-    // file was skipped.
+    // has an accepted extension; a dropped folder gives its images and those
+    // of its subfolders (sorted by name), and joins folders(). The drop
+    // counts as taken even when every file was skipped.
     bool dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
                       const QModelIndex& parent) override;
 
   private:
+    // The paths a drop of `urls` inserts, in their order; dropped folders
+    // are added to the folders.
+    QStringList TakenFromDrop(const QList<QUrl>& urls);
     void PathDataChanged(const QString& path);
 
     const QStringList acceptedExtensions_;
