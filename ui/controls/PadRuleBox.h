@@ -4,20 +4,17 @@
 // ratio instead of being cut to it, the rest filled with a colour (typed as
 // a name or #rrggbb, or chosen in a colour dialog), the picture's edge
 // pixels repeated, a blurred copy of it, or transparency. Read into and
-// written from CropSettings::pad; any change by the person emits changed().
-
-#include <QWidget>
+// written from CropSettings::pad.
 
 #include "batch/CropSettings.h"
+#include "ui/controls/SwitchedFields.h"
 
-class QCheckBox;
 class QComboBox;
-class QLineEdit;
 class QPushButton;
 
 namespace vellumo {
 
-class PadRuleBox : public QWidget {
+class PadRuleBox : public SwitchedFields {
     Q_OBJECT
 
   public:
@@ -26,17 +23,16 @@ class PadRuleBox : public QWidget {
     void Read(CropSettings& settings) const;
     void Write(const CropSettings& settings);
 
-  Q_SIGNALS:
-    void changed();
+  protected:
+    // The colour takes part while the fill is a colour; the button shows
+    // the colour.
+    void SettleFields() override;
 
   private:
-    // The ratio and fill take part while padding is on, the colour while
-    // the fill is a colour; the button shows the colour.
-    void SettleFields();
+    QLayout* FillLine();
     void OnChooseColour();
     RgbColour Colour() const;
 
-    QCheckBox* on_;
     QLineEdit* ratioWidth_;
     QLineEdit* ratioHeight_;
     QComboBox* background_;
