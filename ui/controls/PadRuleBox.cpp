@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QPixmap>
 #include <QPushButton>
+#include <QStandardItemModel>
 
 #include "imaging/Padding.h"
 #include "ui/controls/DecimalField.h"
@@ -31,8 +32,9 @@ QString ColourName(RgbColour colour) {
 
 PadRuleBox::PadRuleBox(QWidget* parent)
     : SwitchedFields(tr("Pad to ratio"), QStringLiteral("checkPad"),
-                     tr("Place the whole crop on a canvas of this ratio instead of cutting it"), 0,
-                     parent),
+                     tr("Place the whole image, or what the trim leaves, on a canvas of this "
+                        "ratio instead of cutting it: the crop modes are turned off"),
+                     0, parent),
       ratioWidth_(NumberField("textFieldPadRatioWidth", tr("Pad ratio width"))),
       ratioHeight_(NumberField("textFieldPadRatioHeight", tr("Pad ratio height"))),
       background_(new QComboBox(this)),
@@ -84,10 +86,26 @@ void PadRuleBox::SettleFields() {
     const bool colour = background_->currentIndex() == static_cast<int>(PadBackground::Colour);
     colour_->setEnabled(IsOn() && colour);
     chooseColour_->setEnabled(IsOn() && colour);
+    const bool transparent =
+        background_->currentIndex() == static_cast<int>(PadBackground::Transparent);
+    background_->setToolTip(transparent ? noTransparency_ : QString());
     const RgbColour shown = Colour();
     QPixmap swatch(12, 12);
     swatch.fill(QColor(shown.red, shown.green, shown.blue));
     chooseColour_->setIcon(QIcon(swatch));
+}
+
+void PadRuleBox::SetTransparencyKept(bool kept, const QString& why) {
+    noTransparency_ = kept ? QString() : why;
+    // A QComboBox's own model: its items can be disabled one by one.
+    auto* fills = qobject_cast<QStandardItemModel*>(background_->model());
+    if (QStandardItem* item = fills != nullptr
+                                  ? fills->item(static_cast<int>(PadBackground::Transparent))
+                                  : nullptr) {
+        item->setEnabled(kept);
+        item->setToolTip(noTransparency_);
+    }
+    SettleFields();
 }
 
 void PadRuleBox::OnChooseColour() {

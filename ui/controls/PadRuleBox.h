@@ -23,6 +23,12 @@ class PadRuleBox : public SwitchedFields {
     void Read(CropSettings& settings) const;
     void Write(const CropSettings& settings);
 
+    // Whether the output keeps a transparent fill: while it does not, the
+    // Transparent fill cannot be chosen and `why` says so, on the fill and,
+    // while it is still the chosen one (loaded, or chosen before the
+    // format), on the box.
+    void SetTransparencyKept(bool kept, const QString& why);
+
   protected:
     // The colour takes part while the fill is a colour; the button shows
     // the colour.
@@ -41,6 +47,8 @@ class PadRuleBox : public SwitchedFields {
     // The colour last written or chosen, kept while the field holds no
     // colour (being typed).
     RgbColour lastColour_;
+    // Why a transparent fill would not be kept; empty while it would.
+    QString noTransparency_;
 };
 
 }  // namespace vellumo

@@ -29,14 +29,13 @@ class SwitchedFields : public QWidget {
                    int indent, QWidget* parent = nullptr);
 
     bool IsOn() const;
+    // Shows `on` (sending nothing) and settles the fields.
+    void SetOn(bool on);
 
   Q_SIGNALS:
     void changed();
 
   protected:
-    // Shows `on` (sending nothing) and settles the fields.
-    void SetOn(bool on);
-
     // A field for an unsigned decimal number, narrow and right-aligned.
     QLineEdit* NumberField(const char* name, const QString& accessibleName);
 
