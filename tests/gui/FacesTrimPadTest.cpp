@@ -86,6 +86,27 @@ QImage Framed(QSize picture, QRect content) {
     return image;
 }
 
+// A window listing one 400 x 200 picture, with padding settings written
+// into it as a profile brings them, to be cropped into dir/out.
+struct PaddingWindow {
+    PaddingWindow(CropMode mode, PadBackground fill, vellumo::OutputFormat format) {
+        loaded.Show();
+        loaded.AddImages(
+            {vellumo::test::Write(vellumo::test::Quarters(400, 200), dir.filePath("wide.png"))});
+        CropSettings s = loaded.settings().Read();
+        s.mode = mode;
+        s.pad.on = true;
+        s.pad.background = fill;
+        s.outputFormat = format;
+        s.outputFolder = out().toStdString();
+        loaded.settings().Write(s);
+    }
+    QString out() const { return dir.filePath("out"); }
+
+    QTemporaryDir dir;
+    LoadedWindow loaded;
+};
+
 }  // namespace
 
 class FacesTrimPadTest : public QObject {
@@ -303,29 +324,18 @@ class FacesTrimPadTest : public QObject {
     // Settings that pad a cut (a profile the window saved before, say) are
     // refused as the command line refuses them: a notice, no file.
     void paddingAfterACutIsRefusedBeforeAnythingIsWritten() {
-        QTemporaryDir dir;
-        const QString source =
-            vellumo::test::Write(vellumo::test::Quarters(400, 200), dir.filePath("wide.png"));
-        LoadedWindow loaded;
-        loaded.Show();
-        loaded.AddImages({source});
-        CropSettings s = loaded.settings().Read();
-        s.mode = CropMode::Auto;
-        s.pad.on = true;
-        s.outputFormat = vellumo::OutputFormat::Png;
-        s.outputFolder = dir.filePath("out").toStdString();
-        loaded.settings().Write(s);
-        QVERIFY(vellumo::test::CropAndWait(loaded));
-        QCOMPARE(loaded.boxes.size(), std::size_t{1});
-        QCOMPARE(loaded.boxes[0],
+        PaddingWindow w(CropMode::Auto, PadBackground::Colour, vellumo::OutputFormat::Png);
+        QVERIFY(vellumo::test::CropAndWait(w.loaded));
+        QCOMPARE(w.loaded.boxes.size(), std::size_t{1});
+        QCOMPARE(w.loaded.boxes[0],
                  vellumo::NoticeRequest(
                      "Padding places the whole image, or what the trim leaves, on a canvas of "
                      "its ratio, so it cannot follow the auto-crop or a custom rectangle, which "
                      "cut the image. Turn “Pad to ratio” off, or tick it again to pad instead of "
                      "cutting."));
         // Refused before the folder was even offered to be made.
-        QVERIFY(!QDir(dir.filePath("out")).exists());
-        QVERIFY(loaded.Control<QPushButton>("buttonAddImages").isEnabled());
+        QVERIFY(!QDir(w.out()).exists());
+        QVERIFY(w.loaded.Control<QPushButton>("buttonAddImages").isEnabled());
     }
 
     void transparentPaddingIsOfferedOnlyForAFormatWithAlpha() {
@@ -362,33 +372,21 @@ class FacesTrimPadTest : public QObject {
     }
 
     void transparentPaddingInJpegIsRefusedBeforeAnythingIsWritten() {
-        QTemporaryDir dir;
-        const QString source =
-            vellumo::test::Write(vellumo::test::Quarters(400, 200), dir.filePath("wide.png"));
-        LoadedWindow loaded;
-        loaded.Show();
-        loaded.AddImages({source});
-        QVERIFY(QDir(dir.path()).mkpath("out"));
-        CropSettings s = loaded.settings().Read();
-        s.mode = CropMode::None;
-        s.pad.on = true;
-        s.pad.background = PadBackground::Transparent;
-        s.outputFormat = vellumo::OutputFormat::Jpeg;
-        s.outputFolder = dir.filePath("out").toStdString();
-        loaded.settings().Write(s);
-        QVERIFY(vellumo::test::CropAndWait(loaded));
-        QCOMPARE(loaded.boxes.size(), std::size_t{1});
-        QCOMPARE(loaded.boxes[0],
+        PaddingWindow w(CropMode::None, PadBackground::Transparent, vellumo::OutputFormat::Jpeg);
+        QVERIFY(QDir(w.dir.path()).mkpath("out"));
+        QVERIFY(vellumo::test::CropAndWait(w.loaded));
+        QCOMPARE(w.loaded.boxes.size(), std::size_t{1});
+        QCOMPARE(w.loaded.boxes[0],
                  vellumo::NoticeRequest(
                      "JPEG files have no transparency: choose another background, or a format "
                      "that keeps it (PNG, TIFF, WEBP, AVIF, HEIC, JXL, JP2, GIF or BMP)."));
-        QVERIFY(QDir(dir.filePath("out")).entryList(QDir::Files).isEmpty());
+        QVERIFY(QDir(w.out()).entryList(QDir::Files).isEmpty());
 
         // The same settings in PNG are written, transparent where padded.
-        Choose(loaded.Control<QComboBox>("comboFormat"), "PNG");
-        loaded.boxes.clear();
-        QVERIFY(vellumo::test::CropAndWait(loaded));
-        const QImage written = WrittenPicture(dir.filePath("out"));
+        Choose(w.loaded.Control<QComboBox>("comboFormat"), "PNG");
+        w.loaded.boxes.clear();
+        QVERIFY(vellumo::test::CropAndWait(w.loaded));
+        const QImage written = WrittenPicture(w.out());
         QCOMPARE(written.size(), QSize(400, 400));
         QCOMPARE(written.pixelColor(0, 0).alpha(), 0);
         QCOMPARE(written.pixelColor(200, 200).alpha(), 255);
