@@ -8,6 +8,7 @@
 #include "batch/NameFacts.h"
 #include "batch/OutputFolder.h"
 #include "batch/Preconditions.h"
+#include "batch/RuleClash.h"
 #include "imaging/AtomicFile.h"
 
 namespace vellumo {
@@ -22,7 +23,7 @@ CropCommandResult Ended(CropCommandResult::Ending ending) {
 
 CropCommandResult Refused(CropRefusal::Kind kind, std::string folder, std::string detail = {}) {
     CropCommandResult result = Ended(CropCommandResult::Ending::Refused);
-    result.refusal = CropRefusal{kind, std::move(folder), std::move(detail)};
+    result.refusal = CropRefusal{kind, std::move(folder), std::move(detail), std::nullopt};
     return result;
 }
 
@@ -56,6 +57,12 @@ CropCommandResult CropCommand::Agree(CropQuestions& questions) const {
     if (const std::optional<std::string> refusal = CropJobRefusal(request_.images, settings)) {
         return Refused(CropRefusal::Kind::Unready, settings.outputFolder, *refusal);
     }
+    // Before any question, so that nothing is made for a job that cannot run.
+    if (const std::optional<RuleClash> clash = RuleClashOf(settings)) {
+        CropCommandResult refused = Refused(CropRefusal::Kind::RulesClash, settings.outputFolder);
+        refused.refusal->clash = clash;
+        return refused;
+    }
     if (settings.replaceOriginals) {
         return Ended(questions.ReplaceOriginals(request_.images.size()) == Answer::Yes
                          ? Ending::Agreed
@@ -86,8 +93,9 @@ std::optional<BatchPart> CropCommand::Plan(CropQuestions& questions) const {
                                &facts, &request_.roots, request_.firstIndex);
     };
     BatchPart planned = part(request_.clashes.value_or(ClashPolicy::Refuse));
-    // An auto crop always lies on the image.
-    if (settings.mode != CropMode::Auto &&
+    // An auto crop always lies on the image; padding, asked for, puts each
+    // image on a canvas (one of the ratio already is left as it is).
+    if (settings.mode != CropMode::Auto && !settings.pad.on &&
         EveryImageLeftWhole(settings, planned.list, planned.plan, processor_,
                             &request_.adjustments) &&
         questions.WriteUncroppedCopies() == Answer::No) {

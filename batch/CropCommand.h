@@ -7,13 +7,14 @@
 // progress (a bar and a status line; lines on standard output, a
 // manifest).
 //
-// In order: Agree() checks that there is something to crop and somewhere
-// to write it, and asks before the originals are replaced or a missing
-// output folder is made; nothing is read. Run() plans the outputs, asks
-// before writing only uncropped copies (where whether the rule crops
-// depends on the images, their headers are read until the first image it
-// crops) and before numbering images that would share a path, asks about
-// every existing output file, makes the output folder, and runs the job.
+// In order: Agree() checks that there is something to crop, somewhere to
+// write it and rules that go together (RuleClash.h), and asks before the
+// originals are replaced or a missing output folder is made; nothing is
+// read. Run() plans the outputs, asks before writing only uncropped copies
+// (where whether the rule crops depends on the images, their headers are
+// read until the first image it crops) and before numbering images that
+// would share a path, asks about every existing output file, makes the
+// output folder, and runs the job.
 
 #include <cstddef>
 #include <optional>
@@ -29,6 +30,7 @@
 #include "batch/Manifest.h"
 #include "batch/OutputPlan.h"
 #include "batch/OverwritePrompts.h"
+#include "batch/RuleClash.h"
 #include "batch/Shard.h"
 
 namespace vellumo {
@@ -40,10 +42,12 @@ struct CropRefusal {
         NotAFolder,     // something that is no folder is at the output folder's path
         FolderNotMade,  // the output folder could not be made: `detail` says why
         NotStarted,     // the front end's own last step failed: `detail` says why
+        RulesClash,     // the settings' rules cannot be followed together: `clash` says which
     };
     Kind kind = Kind::Unready;
     std::string folder;  // the output folder
     std::string detail;
+    std::optional<RuleClash> clash;
 };
 
 // The answer to one of the command's yes-or-no questions.

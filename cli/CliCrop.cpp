@@ -5,6 +5,7 @@
 #include <iostream>
 
 #include "batch/OutputFolder.h"
+#include "cli/RuleClashText.h"
 #include "cli/TerminalPrompt.h"
 
 namespace vellumo::cli {
@@ -98,6 +99,12 @@ int ReportRefusal(const CliOptions& options, const CropRefusal& refusal) {
             break;
         case CropRefusal::Kind::NotStarted:
             std::cerr << "--manifest: " << options.manifest << ": " << refusal.detail;
+            break;
+        case CropRefusal::Kind::RulesClash:
+            // The options check the same before (ApplyTrimAndPad): the
+            // command's own check words it as they do.
+            std::cerr << RuleClashText(refusal.clash.value_or(RuleClash::PadAfterCut),
+                                       options.settings);
             break;
     }
     std::cerr << std::endl;

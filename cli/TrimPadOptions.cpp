@@ -4,7 +4,9 @@
 #include <cmath>
 #include <exception>
 
+#include "batch/RuleClash.h"
 #include "cli/OptionValues.h"
+#include "cli/RuleClashText.h"
 #include "imaging/Formats.h"
 
 namespace vellumo::cli {
@@ -75,20 +77,14 @@ Problem ApplyPad(const TrimPadGroup& g, CropSettings& s) {
 }
 
 // What the settings cannot do together, whether they came from here or
-// from a profile.
+// from a profile: the trim here, the rest as the crop command refuses it.
 Problem Combinations(const CropSettings& s) {
     if (s.trim.on && (s.mode == CropMode::Pixels || s.mode == CropMode::Percents)) {
         return "--trim: trims the whole image or the --auto crop, not a rectangle of --pixels or "
                "--percents";
     }
-    if (s.pad.on && s.mode != CropMode::None) {
-        return "--pad: places the whole image (or what --trim leaves) on a canvas of the ratio; "
-               "it cannot follow --auto, --pixels or --percents, which cut it";
-    }
-    if (s.pad.on && s.pad.background == PadBackground::Transparent && !s.replaceOriginals &&
-        !InfoOf(s.outputFormat).keepsAlpha) {
-        return "--background transparent: " + std::string(InfoOf(s.outputFormat).title) +
-               " has no transparency (use PNG, TIFF, WEBP, AVIF, HEIC, JXL, JP2, GIF or BMP)";
+    if (const std::optional<RuleClash> clash = RuleClashOf(s)) {
+        return RuleClashText(*clash, s);
     }
     return std::nullopt;
 }

@@ -997,10 +997,6 @@
         <translation>Wählen…</translation>
     </message>
     <message>
-        <source>Place the whole crop on a canvas of this ratio instead of cutting it</source>
-        <translation>Den ganzen Ausschnitt auf eine Fläche dieses Verhältnisses setzen, statt ihn zu beschneiden</translation>
-    </message>
-    <message>
         <source>Pad background</source>
         <translation>Hintergrund der Auffüllung</translation>
     </message>
@@ -1019,6 +1015,10 @@
     <message>
         <source>Background:</source>
         <translation>Hintergrund:</translation>
+    </message>
+    <message>
+        <source>Place the whole image, or what the trim leaves, on a canvas of this ratio instead of cutting it: the crop modes are turned off</source>
+        <translation>Das ganze Bild oder das, was das Abschneiden übrig lässt, auf eine Fläche dieses Verhältnisses setzen, statt es zu beschneiden: die Zuschnittarten werden ausgeschaltet</translation>
     </message>
 </context>
 <context>
@@ -1185,6 +1185,17 @@
     <message>
         <source>Without it, a crop smaller than the size keeps its own size</source>
         <translation>Ohne diese Option behält ein Zuschnitt, der kleiner als die Größe ist, seine eigene Größe</translation>
+    </message>
+</context>
+<context>
+    <name>vellumo::RuleClashNotice</name>
+    <message>
+        <source>Padding places the whole image, or what the trim leaves, on a canvas of its ratio, so it cannot follow the auto-crop or a custom rectangle, which cut the image. Turn “Pad to ratio” off, or tick it again to pad instead of cutting.</source>
+        <translation>Das Auffüllen setzt das ganze Bild oder das, was das Abschneiden übrig lässt, auf eine Fläche seines Verhältnisses; es kann daher nicht auf den automatischen oder einen eigenen Zuschnitt folgen, die das Bild beschneiden. Schalten Sie „Auf Seitenverhältnis auffüllen“ aus, oder setzen Sie das Häkchen erneut, um aufzufüllen statt zuzuschneiden.</translation>
+    </message>
+    <message>
+        <source>%1 files have no transparency: choose another background, or a format that keeps it (PNG, TIFF, WEBP, AVIF, HEIC, JXL, JP2, GIF or BMP).</source>
+        <translation>%1-Dateien haben keine Transparenz: Wählen Sie einen anderen Hintergrund oder ein Format, das sie behält (PNG, TIFF, WEBP, AVIF, HEIC, JXL, JP2, GIF oder BMP).</translation>
     </message>
 </context>
 <context>

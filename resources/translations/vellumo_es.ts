@@ -997,10 +997,6 @@
         <translation>Elegir…</translation>
     </message>
     <message>
-        <source>Place the whole crop on a canvas of this ratio instead of cutting it</source>
-        <translation>Colocar el recorte entero sobre un lienzo de esta proporción en lugar de cortarlo</translation>
-    </message>
-    <message>
         <source>Pad background</source>
         <translation>Fondo del relleno</translation>
     </message>
@@ -1019,6 +1015,10 @@
     <message>
         <source>Background:</source>
         <translation>Fondo:</translation>
+    </message>
+    <message>
+        <source>Place the whole image, or what the trim leaves, on a canvas of this ratio instead of cutting it: the crop modes are turned off</source>
+        <translation>Colocar la imagen entera, o lo que deja el recorte de bordes, en un lienzo de esta proporción en lugar de recortarla: los modos de recorte se desactivan</translation>
     </message>
 </context>
 <context>
@@ -1185,6 +1185,17 @@
     <message>
         <source>Without it, a crop smaller than the size keeps its own size</source>
         <translation>Sin esta opción, un recorte más pequeño que el tamaño conserva su propio tamaño</translation>
+    </message>
+</context>
+<context>
+    <name>vellumo::RuleClashNotice</name>
+    <message>
+        <source>Padding places the whole image, or what the trim leaves, on a canvas of its ratio, so it cannot follow the auto-crop or a custom rectangle, which cut the image. Turn “Pad to ratio” off, or tick it again to pad instead of cutting.</source>
+        <translation>El relleno coloca la imagen entera, o lo que deja el recorte de bordes, en un lienzo de su proporción, así que no puede seguir al recorte automático ni a un recorte personalizado, que cortan la imagen. Desactive «Rellenar a la proporción», o márquelo de nuevo para rellenar en lugar de recortar.</translation>
+    </message>
+    <message>
+        <source>%1 files have no transparency: choose another background, or a format that keeps it (PNG, TIFF, WEBP, AVIF, HEIC, JXL, JP2, GIF or BMP).</source>
+        <translation>Los archivos %1 no tienen transparencia: elija otro fondo, o un formato que la conserve (PNG, TIFF, WEBP, AVIF, HEIC, JXL, JP2, GIF o BMP).</translation>
     </message>
 </context>
 <context>

@@ -997,10 +997,6 @@
         <translation>Choisir…</translation>
     </message>
     <message>
-        <source>Place the whole crop on a canvas of this ratio instead of cutting it</source>
-        <translation>Placer le recadrage entier sur un fond de ce rapport au lieu de le couper</translation>
-    </message>
-    <message>
         <source>Pad background</source>
         <translation>Fond du complément</translation>
     </message>
@@ -1019,6 +1015,10 @@
     <message>
         <source>Background:</source>
         <translation>Fond&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Place the whole image, or what the trim leaves, on a canvas of this ratio instead of cutting it: the crop modes are turned off</source>
+        <translation>Placer l’image entière, ou ce que le rognage en laisse, sur un fond de ce rapport au lieu de la recadrer&#xa0;: les modes de recadrage sont désactivés</translation>
     </message>
 </context>
 <context>
@@ -1185,6 +1185,17 @@
     <message>
         <source>Without it, a crop smaller than the size keeps its own size</source>
         <translation>Sans cette option, un recadrage plus petit que la taille garde sa propre taille</translation>
+    </message>
+</context>
+<context>
+    <name>vellumo::RuleClashNotice</name>
+    <message>
+        <source>Padding places the whole image, or what the trim leaves, on a canvas of its ratio, so it cannot follow the auto-crop or a custom rectangle, which cut the image. Turn “Pad to ratio” off, or tick it again to pad instead of cutting.</source>
+        <translation>Le complément place l’image entière, ou ce que le rognage en laisse, sur un fond de son rapport&#xa0;; il ne peut donc pas suivre le recadrage automatique ni un recadrage personnalisé, qui coupent l’image. Désactivez «&#xa0;Compléter au rapport&#xa0;», ou cochez-le de nouveau pour compléter au lieu de recadrer.</translation>
+    </message>
+    <message>
+        <source>%1 files have no transparency: choose another background, or a format that keeps it (PNG, TIFF, WEBP, AVIF, HEIC, JXL, JP2, GIF or BMP).</source>
+        <translation>Les fichiers %1 n’ont pas de transparence&#xa0;: choisissez un autre fond, ou un format qui la garde (PNG, TIFF, WEBP, AVIF, HEIC, JXL, JP2, GIF ou BMP).</translation>
     </message>
 </context>
 <context>

@@ -160,6 +160,45 @@ TEST_F(CropCommandTest, AMissingFolderIsAskedForAndMadeOnlyWhenTheJobStarts) {
     EXPECT_EQ(test::MagickIdentifySize(dir.File("out/a.png")).width, 300);
 }
 
+// The command line refuses these before the command; a window's settings
+// (a profile, a format chosen after the fill) reach it.
+TEST_F(CropCommandTest, RulesThatClashAreRefusedBeforeAnyQuestionOrFolder) {
+    Image("a.png");
+    request.settings.pad.on = true;  // after the auto-crop
+    CropCommandResult result = Crop();
+    EXPECT_EQ(result.ending, Ending::Refused);
+    ASSERT_TRUE(result.refusal);
+    EXPECT_EQ(result.refusal->kind, CropRefusal::Kind::RulesClash);
+    EXPECT_EQ(result.refusal->clash, RuleClash::PadAfterCut);
+
+    request.settings.mode = CropMode::None;
+    request.settings.pad.background = PadBackground::Transparent;
+    request.settings.outputFormat = OutputFormat::Jpg;
+    result = Crop();
+    ASSERT_TRUE(result.refusal);
+    EXPECT_EQ(result.refusal->clash, RuleClash::TransparentWithoutAlpha);
+    EXPECT_TRUE(questions.asked.empty());
+    EXPECT_FALSE(fs::exists(request.settings.outputFolder));
+
+    // Replaced originals keep their own formats: asked, not refused.
+    request.settings.replaceOriginals = true;
+    questions.answers = {Answer::No};
+    EXPECT_EQ(Crop().ending, Ending::Declined);
+    EXPECT_EQ(questions.asked, std::vector<std::string>{"replace 1"});
+}
+
+// A padded image is put on a canvas, not copied: nothing to ask.
+TEST_F(CropCommandTest, PaddingTheWholeImageAsksNotAboutUncroppedCopies) {
+    Image("a.png", 300, 200);
+    request.settings.mode = CropMode::None;
+    request.settings.pad.on = true;
+    const CropCommandResult result = Crop();
+    EXPECT_EQ(result.ending, Ending::Finished);
+    EXPECT_EQ(questions.asked, std::vector<std::string>{"create " + request.settings.outputFolder});
+    EXPECT_EQ(test::MagickIdentifySize(dir.File("out/a.png")).width, 300);
+    EXPECT_EQ(test::MagickIdentifySize(dir.File("out/a.png")).height, 300);
+}
+
 TEST_F(CropCommandTest, ReplacingTheOriginalsIsAskedWithTheirCount) {
     const std::string a = Image("a.png", 300, 200);
     Image("b.png", 200, 300);

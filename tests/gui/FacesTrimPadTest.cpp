@@ -9,7 +9,9 @@
 #include <QFile>
 #include <QImage>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSpinBox>
+#include <QStandardItemModel>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QToolButton>
@@ -22,6 +24,7 @@
 #include "tests/gui/support/RealImages.h"
 #include "tests/gui/support/WindowDriving.h"
 #include "ui/controls/LatchingRadioButton.h"
+#include "ui/dialogs/MessageBox.h"
 #include "ui/preview/CropPreviewView.h"
 
 using vellumo::CropAnchor;
@@ -83,6 +86,27 @@ QImage Framed(QSize picture, QRect content) {
     return image;
 }
 
+// A window listing one 400 x 200 picture, with padding settings written
+// into it as a profile brings them, to be cropped into dir/out.
+struct PaddingWindow {
+    PaddingWindow(CropMode mode, PadBackground fill, vellumo::OutputFormat format) {
+        loaded.Show();
+        loaded.AddImages(
+            {vellumo::test::Write(vellumo::test::Quarters(400, 200), dir.filePath("wide.png"))});
+        CropSettings s = loaded.settings().Read();
+        s.mode = mode;
+        s.pad.on = true;
+        s.pad.background = fill;
+        s.outputFormat = format;
+        s.outputFolder = out().toStdString();
+        loaded.settings().Write(s);
+    }
+    QString out() const { return dir.filePath("out"); }
+
+    QTemporaryDir dir;
+    LoadedWindow loaded;
+};
+
 }  // namespace
 
 class FacesTrimPadTest : public QObject {
@@ -112,6 +136,8 @@ class FacesTrimPadTest : public QObject {
         QTest::keyClicks(&margin, "7");
         QCOMPARE(loaded.settings().Read().trim, (vellumo::TrimRule{true, 12.5, 7}));
 
+        // A format that keeps a transparent fill.
+        Choose(loaded.Control<QComboBox>("comboFormat"), "PNG");
         Click(loaded.Control<QCheckBox>("checkPad"));
         Type(loaded.Control<QLineEdit>("textFieldPadRatioWidth"), "16");
         Type(loaded.Control<QLineEdit>("textFieldPadRatioHeight"), "9");
@@ -256,15 +282,114 @@ class FacesTrimPadTest : public QObject {
         Choose(loaded.Control<QComboBox>("comboFormat"), "PNG");
         Click(loaded.Control<LatchingRadioButton>("radioAutoCrop"));
         Click(loaded.Control<QCheckBox>("checkPad"));
-        Type(loaded.Control<QLineEdit>("textFieldPadRatioWidth"), "3");
-        Type(loaded.Control<QLineEdit>("textFieldPadRatioHeight"), "2");
+        Type(loaded.Control<QLineEdit>("textFieldPadRatioWidth"), "1");
+        Type(loaded.Control<QLineEdit>("textFieldPadRatioHeight"), "1");
         Choose(loaded.Control<QComboBox>("comboPadBackground"), "Edge");
         QVERIFY(vellumo::test::WaitForPreview(loaded));
-        // The 500 x 500 square on a 3:2 canvas.
-        QCOMPARE(Sizes(loaded), Size(750, 500));
+        // The whole 1000 x 500 picture on a square canvas, not the auto-crop.
+        QCOMPARE(Sizes(loaded), Size(1000, 1000));
         QVERIFY(vellumo::test::CropAndWait(loaded));
+        // The report only: no refusal, and padding is no "uncropped copy".
+        QCOMPARE(loaded.boxes.size(), std::size_t{1});
         const QImage written = WrittenPicture(dir.filePath("out"));
         QCOMPARE(Sizes(loaded), Size(written.width(), written.height()));
+    }
+
+    // Padding keeps the whole picture; a crop mode cuts it. Each turns the
+    // other off, as the command line takes --pad only without a rectangle.
+    void paddingAndACropModeTurnEachOtherOff() {
+        LoadedWindow loaded;
+        loaded.Show();
+        auto& autoCrop = loaded.Control<LatchingRadioButton>("radioAutoCrop");
+        auto& customCrop = loaded.Control<LatchingRadioButton>("radioCustomCrop");
+        auto& pad = loaded.Control<QCheckBox>("checkPad");
+        Click(autoCrop);
+        Click(pad);
+        QVERIFY(pad.isChecked());
+        QVERIFY(!autoCrop.isChecked() && !customCrop.isChecked());
+        QCOMPARE(loaded.settings().Read().mode, CropMode::None);
+        QVERIFY(loaded.settings().Read().pad.on);
+
+        Click(customCrop);
+        QVERIFY(!pad.isChecked());
+        QVERIFY(!loaded.Control<QLineEdit>("textFieldPadRatioWidth").isEnabled());
+        QCOMPARE(loaded.settings().Read().mode, CropMode::Pixels);
+        QVERIFY(!loaded.settings().Read().pad.on);
+        Click(pad);
+        Click(autoCrop);
+        QVERIFY(!pad.isChecked());
+        QCOMPARE(loaded.settings().Read().mode, CropMode::Auto);
+    }
+
+    // Settings that pad a cut (a profile the window saved before, say) are
+    // refused as the command line refuses them: a notice, no file.
+    void paddingAfterACutIsRefusedBeforeAnythingIsWritten() {
+        PaddingWindow w(CropMode::Auto, PadBackground::Colour, vellumo::OutputFormat::Png);
+        QVERIFY(vellumo::test::CropAndWait(w.loaded));
+        QCOMPARE(w.loaded.boxes.size(), std::size_t{1});
+        QCOMPARE(w.loaded.boxes[0],
+                 vellumo::NoticeRequest(
+                     "Padding places the whole image, or what the trim leaves, on a canvas of "
+                     "its ratio, so it cannot follow the auto-crop or a custom rectangle, which "
+                     "cut the image. Turn “Pad to ratio” off, or tick it again to pad instead of "
+                     "cutting."));
+        // Refused before the folder was even offered to be made.
+        QVERIFY(!QDir(w.out()).exists());
+        QVERIFY(w.loaded.Control<QPushButton>("buttonAddImages").isEnabled());
+    }
+
+    void transparentPaddingIsOfferedOnlyForAFormatWithAlpha() {
+        LoadedWindow loaded;
+        loaded.Show();
+        auto& fills = loaded.Control<QComboBox>("comboPadBackground");
+        const auto transparent = [&fills] {
+            return qobject_cast<QStandardItemModel*>(fills.model())
+                ->item(static_cast<int>(PadBackground::Transparent));
+        };
+        const QString why = QStringLiteral(
+            "JPG files have no transparency: choose another background, or a format that keeps "
+            "it (PNG, TIFF, WEBP, AVIF, HEIC, JXL, JP2, GIF or BMP).");
+        Click(loaded.Control<QCheckBox>("checkPad"));
+        QCOMPARE(loaded.Control<QComboBox>("comboFormat").currentText(), QStringLiteral("JPG"));
+        QVERIFY(!transparent()->isEnabled());
+        QCOMPARE(transparent()->toolTip(), why);
+        // The key that steps to it from Blur finds nothing to choose.
+        Choose(fills, "Blur");
+        QTest::keyClick(&fills, Qt::Key_Down);
+        QCOMPARE(fills.currentText(), QStringLiteral("Blur"));
+
+        Choose(loaded.Control<QComboBox>("comboFormat"), "PNG");
+        QVERIFY(transparent()->isEnabled());
+        QCOMPARE(transparent()->toolTip(), QString());
+        Choose(fills, "Transparent");
+        QCOMPARE(loaded.settings().Read().pad.background, PadBackground::Transparent);
+        QCOMPARE(fills.toolTip(), QString());
+        // Chosen before the format: it stays, and the box says why it will
+        // not be written.
+        Choose(loaded.Control<QComboBox>("comboFormat"), "JPG");
+        QVERIFY(!transparent()->isEnabled());
+        QCOMPARE(fills.toolTip(), why);
+    }
+
+    void transparentPaddingInJpegIsRefusedBeforeAnythingIsWritten() {
+        PaddingWindow w(CropMode::None, PadBackground::Transparent, vellumo::OutputFormat::Jpeg);
+        QVERIFY(QDir(w.dir.path()).mkpath("out"));
+        QVERIFY(vellumo::test::CropAndWait(w.loaded));
+        QCOMPARE(w.loaded.boxes.size(), std::size_t{1});
+        QCOMPARE(w.loaded.boxes[0],
+                 vellumo::NoticeRequest(
+                     "JPEG files have no transparency: choose another background, or a format "
+                     "that keeps it (PNG, TIFF, WEBP, AVIF, HEIC, JXL, JP2, GIF or BMP)."));
+        QVERIFY(QDir(w.out()).entryList(QDir::Files).isEmpty());
+
+        // The same settings in PNG are written, transparent where padded.
+        Choose(w.loaded.Control<QComboBox>("comboFormat"), "PNG");
+        w.loaded.boxes.clear();
+        QVERIFY(vellumo::test::CropAndWait(w.loaded));
+        const QImage written = WrittenPicture(w.out());
+        QCOMPARE(written.size(), QSize(400, 400));
+        QCOMPARE(written.pixelColor(0, 0).alpha(), 0);
+        QCOMPARE(written.pixelColor(200, 200).alpha(), 255);
     }
 };
 

@@ -1,6 +1,5 @@
 #include "ui/controls/PadRuleBox.h"
 
-#include <QCheckBox>
 #include <QColorDialog>
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -8,7 +7,7 @@
 #include <QLineEdit>
 #include <QPixmap>
 #include <QPushButton>
-#include <QVBoxLayout>
+#include <QStandardItemModel>
 
 #include "imaging/Padding.h"
 #include "ui/controls/DecimalField.h"
@@ -25,16 +24,6 @@ constexpr const char* kFills[] = {
     QT_TRANSLATE_NOOP("vellumo::PadRuleBox", "Transparent"),
 };
 
-QLineEdit* RatioField(QWidget* parent, const char* name, const QString& accessibleName) {
-    auto* field = new QLineEdit(parent);
-    field->setObjectName(QString::fromLatin1(name));
-    field->setAccessibleName(accessibleName);
-    field->setValidator(UnsignedDecimals(field));
-    field->setMaximumWidth(56);
-    field->setAlignment(Qt::AlignRight);
-    return field;
-}
-
 QString ColourName(RgbColour colour) {
     return QString::fromStdString(ColourText(colour));
 }
@@ -42,15 +31,29 @@ QString ColourName(RgbColour colour) {
 }  // namespace
 
 PadRuleBox::PadRuleBox(QWidget* parent)
-    : QWidget(parent),
-      on_(new QCheckBox(tr("Pad to ratio"), this)),
-      ratioWidth_(RatioField(this, "textFieldPadRatioWidth", tr("Pad ratio width"))),
-      ratioHeight_(RatioField(this, "textFieldPadRatioHeight", tr("Pad ratio height"))),
+    : SwitchedFields(tr("Pad to ratio"), QStringLiteral("checkPad"),
+                     tr("Place the whole image, or what the trim leaves, on a canvas of this "
+                        "ratio instead of cutting it: the crop modes are turned off"),
+                     0, parent),
+      ratioWidth_(NumberField("textFieldPadRatioWidth", tr("Pad ratio width"))),
+      ratioHeight_(NumberField("textFieldPadRatioHeight", tr("Pad ratio height"))),
       background_(new QComboBox(this)),
       colour_(new QLineEdit(this)),
       chooseColour_(new QPushButton(tr("Choose…"), this)) {
-    on_->setObjectName(QStringLiteral("checkPad"));
-    on_->setToolTip(tr("Place the whole crop on a canvas of this ratio instead of cutting it"));
+    AddField(QString(), ratioWidth_, QStringLiteral(":"));
+    AddField(QString(), ratioHeight_, QString());
+    AddLine(FillLine());
+    Write(CropSettings{});
+    const auto settles = [this] {
+        SettleFields();
+        Q_EMIT changed();
+    };
+    connect(background_, &QComboBox::activated, this, settles);
+    connect(colour_, &QLineEdit::textEdited, this, settles);
+    connect(chooseColour_, &QPushButton::clicked, this, &PadRuleBox::OnChooseColour);
+}
+
+QLayout* PadRuleBox::FillLine() {
     background_->setObjectName(QStringLiteral("comboPadBackground"));
     background_->setAccessibleName(tr("Pad background"));
     for (const char* fill : kFills) {
@@ -62,38 +65,16 @@ PadRuleBox::PadRuleBox(QWidget* parent)
     colour_->setMaximumWidth(88);
     chooseColour_->setObjectName(QStringLiteral("buttonPadColour"));
     chooseColour_->setAccessibleName(tr("Choose pad colour"));
+    AddSwitched(background_);
 
-    auto* ratioRow = new QHBoxLayout;
-    ratioRow->addWidget(on_);
-    ratioRow->addWidget(ratioWidth_);
-    ratioRow->addWidget(new QLabel(QStringLiteral(":"), this));
-    ratioRow->addWidget(ratioHeight_);
-    ratioRow->addStretch(1);
-    auto* fillRow = new QHBoxLayout;
-    fillRow->setContentsMargins(24, 0, 0, 0);
-    fillRow->addWidget(new QLabel(tr("Background:"), this));
-    fillRow->addWidget(background_);
-    fillRow->addWidget(colour_);
-    fillRow->addWidget(chooseColour_);
-    fillRow->addStretch(1);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(2);
-    layout->addLayout(ratioRow);
-    layout->addLayout(fillRow);
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-
-    Write(CropSettings{});
-    const auto settles = [this] {
-        SettleFields();
-        Q_EMIT changed();
-    };
-    connect(on_, &QCheckBox::clicked, this, settles);
-    connect(background_, &QComboBox::activated, this, settles);
-    connect(ratioWidth_, &QLineEdit::textEdited, this, &PadRuleBox::changed);
-    connect(ratioHeight_, &QLineEdit::textEdited, this, &PadRuleBox::changed);
-    connect(colour_, &QLineEdit::textEdited, this, settles);
-    connect(chooseColour_, &QPushButton::clicked, this, &PadRuleBox::OnChooseColour);
+    auto* line = new QHBoxLayout;
+    line->setContentsMargins(24, 0, 0, 0);
+    line->addWidget(new QLabel(tr("Background:"), this));
+    line->addWidget(background_);
+    line->addWidget(colour_);
+    line->addWidget(chooseColour_);
+    line->addStretch(1);
+    return line;
 }
 
 RgbColour PadRuleBox::Colour() const {
@@ -101,19 +82,30 @@ RgbColour PadRuleBox::Colour() const {
 }
 
 void PadRuleBox::SettleFields() {
-    const bool on = on_->isChecked();
+    SwitchedFields::SettleFields();
     const bool colour = background_->currentIndex() == static_cast<int>(PadBackground::Colour);
-    for (QWidget* control :
-         {static_cast<QWidget*>(ratioWidth_), static_cast<QWidget*>(ratioHeight_),
-          static_cast<QWidget*>(background_)}) {
-        control->setEnabled(on);
-    }
-    colour_->setEnabled(on && colour);
-    chooseColour_->setEnabled(on && colour);
+    colour_->setEnabled(IsOn() && colour);
+    chooseColour_->setEnabled(IsOn() && colour);
+    const bool transparent =
+        background_->currentIndex() == static_cast<int>(PadBackground::Transparent);
+    background_->setToolTip(transparent ? noTransparency_ : QString());
     const RgbColour shown = Colour();
     QPixmap swatch(12, 12);
     swatch.fill(QColor(shown.red, shown.green, shown.blue));
     chooseColour_->setIcon(QIcon(swatch));
+}
+
+void PadRuleBox::SetTransparencyKept(bool kept, const QString& why) {
+    noTransparency_ = kept ? QString() : why;
+    // A QComboBox's own model: its items can be disabled one by one.
+    auto* fills = qobject_cast<QStandardItemModel*>(background_->model());
+    if (QStandardItem* item = fills != nullptr
+                                  ? fills->item(static_cast<int>(PadBackground::Transparent))
+                                  : nullptr) {
+        item->setEnabled(kept);
+        item->setToolTip(noTransparency_);
+    }
+    SettleFields();
 }
 
 void PadRuleBox::OnChooseColour() {
@@ -133,7 +125,7 @@ void PadRuleBox::OnChooseColour() {
 }
 
 void PadRuleBox::Read(CropSettings& s) const {
-    s.pad.on = on_->isChecked();
+    s.pad.on = IsOn();
     // A side emptied while typing, or out of bounds, is the usual side.
     const auto side = [](const QLineEdit& field, double usual) {
         const double value = TextFieldDoubleValue(field, usual);
@@ -146,13 +138,12 @@ void PadRuleBox::Read(CropSettings& s) const {
 }
 
 void PadRuleBox::Write(const CropSettings& s) {
-    on_->setChecked(s.pad.on);
     SetTextFieldDouble(*ratioWidth_, s.pad.ratio.width);
     SetTextFieldDouble(*ratioHeight_, s.pad.ratio.height);
     background_->setCurrentIndex(static_cast<int>(s.pad.background));
     lastColour_ = s.pad.colour;
     colour_->setText(ColourName(s.pad.colour));
-    SettleFields();
+    SetOn(s.pad.on);
 }
 
 }  // namespace vellumo

@@ -4,20 +4,17 @@
 // ratio instead of being cut to it, the rest filled with a colour (typed as
 // a name or #rrggbb, or chosen in a colour dialog), the picture's edge
 // pixels repeated, a blurred copy of it, or transparency. Read into and
-// written from CropSettings::pad; any change by the person emits changed().
-
-#include <QWidget>
+// written from CropSettings::pad.
 
 #include "batch/CropSettings.h"
+#include "ui/controls/SwitchedFields.h"
 
-class QCheckBox;
 class QComboBox;
-class QLineEdit;
 class QPushButton;
 
 namespace vellumo {
 
-class PadRuleBox : public QWidget {
+class PadRuleBox : public SwitchedFields {
     Q_OBJECT
 
   public:
@@ -26,17 +23,22 @@ class PadRuleBox : public QWidget {
     void Read(CropSettings& settings) const;
     void Write(const CropSettings& settings);
 
-  Q_SIGNALS:
-    void changed();
+    // Whether the output keeps a transparent fill: while it does not, the
+    // Transparent fill cannot be chosen and `why` says so, on the fill and,
+    // while it is still the chosen one (loaded, or chosen before the
+    // format), on the box.
+    void SetTransparencyKept(bool kept, const QString& why);
+
+  protected:
+    // The colour takes part while the fill is a colour; the button shows
+    // the colour.
+    void SettleFields() override;
 
   private:
-    // The ratio and fill take part while padding is on, the colour while
-    // the fill is a colour; the button shows the colour.
-    void SettleFields();
+    QLayout* FillLine();
     void OnChooseColour();
     RgbColour Colour() const;
 
-    QCheckBox* on_;
     QLineEdit* ratioWidth_;
     QLineEdit* ratioHeight_;
     QComboBox* background_;
@@ -45,6 +47,8 @@ class PadRuleBox : public QWidget {
     // The colour last written or chosen, kept while the field holds no
     // colour (being typed).
     RgbColour lastColour_;
+    // Why a transparent fill would not be kept; empty while it would.
+    QString noTransparency_;
 };
 
 }  // namespace vellumo

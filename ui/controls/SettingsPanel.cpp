@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <utility>
 
+#include "batch/RuleClash.h"
 #include "imaging/Formats.h"
 #include "imaging/OutputCodec.h"
 #include "ui/WindowServices.h"
@@ -25,6 +26,7 @@
 #include "ui/controls/Stepper.h"
 #include "ui/controls/TextFieldNumber.h"
 #include "ui/controls/TrimRuleBox.h"
+#include "ui/dialogs/RuleClashNotice.h"
 #include "ui_MainWindow.h"
 
 namespace vellumo {
@@ -137,14 +139,19 @@ void SettingsPanel::Reset() {
     if (wasReplacingOriginals || !ui_.checkKeepEXIFInformationAndCreationDate->isEnabled()) {
         SettleOutputControls();
     }
+    // "JPG" keeps no transparency.
+    SettlePadFill();
 }
 
 // A radio turns itself on when clicked; its handler turns the other of its
 // pair off. The two pairs are independent of each other.
 void SettingsPanel::ConnectCropControls() {
+    // A crop mode chosen cuts what padding would keep whole (RuleClash.h):
+    // padding goes off, as the crop modes go off when padding is turned on.
     const auto turnsOff = [this](LatchingRadioButton* clicked, LatchingRadioButton* other) {
         connect(clicked, &QAbstractButton::clicked, this, [this, other] {
             other->setChecked(false);
+            ui_.padRule->SetOn(false);
             Q_EMIT cropChanged();
         });
     };
@@ -160,12 +167,28 @@ void SettingsPanel::ConnectCropControls() {
     // rule changes what the preview asks of its worker.
     connect(ui_.portraitRule, &PortraitRuleBox::changed, this, &SettingsPanel::cropRuleChanged);
     connect(ui_.trimRule, &TrimRuleBox::changed, this, &SettingsPanel::cropRuleChanged);
-    connect(ui_.padRule, &PadRuleBox::changed, this, &SettingsPanel::cropChanged);
+    connect(ui_.padRule, &PadRuleBox::changed, this, &SettingsPanel::OnPadChanged);
     for (QLineEdit* field :
          {ui_.textFieldCustomCropPixelsOriginX, ui_.textFieldCustomCropPixelsOriginY,
           ui_.textFieldCustomCropPixelsWidth, ui_.textFieldCustomCropPixelsHeight}) {
         connect(field, &QLineEdit::textEdited, this, &SettingsPanel::cropChanged);
     }
+}
+
+void SettingsPanel::OnPadChanged() {
+    const CropMode mode = CropModeOfRadios(
+        ui_.radioAutoCrop->isChecked(), ui_.radioCustomCrop->isChecked(),
+        ui_.radioCustomCropPixels->isChecked(), ui_.radioCustomCropPercents->isChecked());
+    if (!ui_.padRule->IsOn() || mode == CropMode::None) {
+        Q_EMIT cropChanged();
+        return;
+    }
+    // Padding places the whole image, or what the trim leaves, on its
+    // canvas: no crop mode cuts it first. Without the auto-crop the preview
+    // needs neither faces nor placement.
+    ui_.radioAutoCrop->setChecked(false);
+    ui_.radioCustomCrop->setChecked(false);
+    Q_EMIT cropRuleChanged();
 }
 
 void SettingsPanel::OnAutoCropFormatSelected() {
@@ -255,7 +278,15 @@ void SettingsPanel::SettleOutputControls() {
     // Replaced originals may be JPEGs, whose quality can be fitted.
     ui_.sizeLimit->setEnabled(inPlace || (format != nullptr && ByteLimitFits(format->format)));
     ui_.checkKeepFolderStructure->setEnabled(!inPlace && listFromFolders_);
+    SettlePadFill();
     ShowQuality();
+}
+
+void SettingsPanel::SettlePadFill() {
+    const OutputFormatInfo* format = ChosenFormat();
+    ui_.padRule->SetTransparencyKept(
+        KeepsPadTransparency(binding_->Read()),
+        format != nullptr ? RuleClashNotice::NoTransparency(format->format) : QString());
 }
 
 void SettingsPanel::SetListFromFolders(bool fromFolders) {

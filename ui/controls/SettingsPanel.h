@@ -88,8 +88,14 @@ class SettingsPanel : public QObject {
     // quality, the metadata option for formats that carry metadata, the
     // name, folder and format while the originals are not replaced; the
     // size limit for formats whose quality can be fitted to it; keeping the
-    // folders' tree for a list found through folders. Nothing while locked.
+    // folders' tree for a list found through folders; the transparent pad
+    // fill for formats that keep it. Nothing while locked.
     void SettleOutputControls();
+    // The transparent pad fill offered only for an output that keeps it.
+    void SettlePadFill();
+    // Padding turned on turns the crop modes off (a crop mode chosen turns
+    // padding off).
+    void OnPadChanged();
     void OnAutoCropFormatSelected();
     void OnBrowse();
 

@@ -3,19 +3,14 @@
 // "Trim uniform borders": the borders of the corners' colour cut away first,
 // colours within the tolerance (0 to 100 % of the range) counted as the
 // border's, a margin of pixels kept around what is left. Read into and
-// written from CropSettings::trim; any change by the person emits changed().
-
-#include <QWidget>
+// written from CropSettings::trim.
 
 #include "batch/CropSettings.h"
-
-class QCheckBox;
-class QLineEdit;
-class QSpinBox;
+#include "ui/controls/SwitchedFields.h"
 
 namespace vellumo {
 
-class TrimRuleBox : public QWidget {
+class TrimRuleBox : public SwitchedFields {
     Q_OBJECT
 
   public:
@@ -24,14 +19,7 @@ class TrimRuleBox : public QWidget {
     void Read(CropSettings& settings) const;
     void Write(const CropSettings& settings);
 
-  Q_SIGNALS:
-    void changed();
-
   private:
-    // The tolerance and margin take part only while trimming is on.
-    void SettleFields();
-
-    QCheckBox* on_;
     QLineEdit* tolerance_;
     QSpinBox* margin_;
 };

@@ -15,6 +15,7 @@
 #include "ui/ProgressFraction.h"
 #include "ui/WindowServices.h"
 #include "ui/dialogs/CropResult.h"
+#include "ui/dialogs/RuleClashNotice.h"
 #include "ui/job/WindowCropObserver.h"
 #include "ui/job/WindowCropQuestions.h"
 #include "ui_MainWindow.h"
@@ -46,7 +47,7 @@ void WindowCropJob::Crop(CropRequest request, std::shared_ptr<ImageProcessor> pr
     const CropCommandResult agreed = command->Agree(questions);
     if (agreed.ending != CropCommandResult::Ending::Agreed) {
         if (agreed.refusal) {
-            ShowRefusal(*agreed.refusal);
+            ShowRefusal(*agreed.refusal, command->request().settings);
         }
         return;
     }
@@ -71,11 +72,15 @@ void WindowCropJob::Run(const std::shared_ptr<const CropCommand>& command,
                     [this](long index) { ReportProgress(index); }});
         CropCommandResult result = command->Run(questions, observer, stop);
         QMetaObject::invokeMethod(
-            this, [this, result = std::move(result)] { Finish(result); }, Qt::QueuedConnection);
+            this,
+            [this, command, result = std::move(result)] {
+                Finish(result, command->request().settings);
+            },
+            Qt::QueuedConnection);
     });
 }
 
-void WindowCropJob::ShowRefusal(const CropRefusal& refusal) {
+void WindowCropJob::ShowRefusal(const CropRefusal& refusal, const CropSettings& settings) {
     QString notice;
     switch (refusal.kind) {
         case CropRefusal::Kind::Unready:
@@ -89,6 +94,9 @@ void WindowCropJob::ShowRefusal(const CropRefusal& refusal) {
         case CropRefusal::Kind::FolderNotMade:
             notice = tr("The folder %1 could not be created: %2.")
                          .arg(PathText(refusal.folder), QString::fromStdString(refusal.detail));
+            break;
+        case CropRefusal::Kind::RulesClash:
+            notice = RuleClashNotice::Of(refusal.clash.value_or(RuleClash::PadAfterCut), settings);
             break;
     }
     services_.showMessageBox(NoticeRequest(notice));
@@ -104,13 +112,13 @@ void WindowCropJob::StartJob(long count, const QString& folder) {
     Q_EMIT progressed(0.0);
 }
 
-void WindowCropJob::Finish(const CropCommandResult& result) {
+void WindowCropJob::Finish(const CropCommandResult& result, const CropSettings& settings) {
     if (result.ending == CropCommandResult::Ending::Finished) {
         FinishJob(result.report);
         return;
     }
     if (result.refusal) {
-        ShowRefusal(*result.refusal);
+        ShowRefusal(*result.refusal, settings);
     }
     Abandon();
 }

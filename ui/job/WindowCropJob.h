@@ -66,10 +66,11 @@ class WindowCropJob : public QObject {
              std::shared_ptr<ImageProcessor> processor);
     void StartJob(long count, const QString& folder);
     void ReportProgress(long index);
-    void Finish(const CropCommandResult& result);
+    void Finish(const CropCommandResult& result, const CropSettings& settings);
     void FinishJob(const JobReport& report);
     void ShowResult(const JobReport& report);
-    void ShowRefusal(const CropRefusal& refusal);
+    // `settings`: the job's, which some refusals name.
+    void ShowRefusal(const CropRefusal& refusal, const CropSettings& settings);
     // Ends the command before the job started, the interface unlocked.
     void Abandon();
 
