@@ -5,6 +5,7 @@
 #include <QSettings>
 #include <QSplitter>
 
+#include "ui/controls/FlowLayout.h"
 #include "ui_MainWindow.h"
 
 // The icons live in this library; a static library's resources are only
@@ -15,11 +16,35 @@ static void LoadWindowResources() {
 
 namespace vellumo {
 
+namespace {
+
+// The list's three command buttons flow onto a second row when the panel is
+// narrower than they are together (a small window, a longer language); the
+// view-mode buttons stay at the row's right end.
+void FlowListButtons(Ui::MainWindow& ui) {
+    QHBoxLayout* row = ui.listButtonsLayout;
+    auto* flow = new FlowLayout;
+    flow->setContentsMargins(0, 0, 0, 0);
+    flow->setSpacing(row->spacing());
+    for (QWidget* button :
+         {static_cast<QWidget*>(ui.buttonAddImages), static_cast<QWidget*>(ui.buttonRemoveSelected),
+          static_cast<QWidget*>(ui.buttonRemoveAll)}) {
+        row->removeWidget(button);
+        flow->addWidget(button);
+    }
+    row->insertLayout(0, flow, 1);
+    row->setAlignment(ui.buttonShowList, Qt::AlignTop);
+    row->setAlignment(ui.buttonShowContactSheet, Qt::AlignTop);
+}
+
+}  // namespace
+
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent), ui_(std::make_unique<Ui::MainWindow>()) {
     LoadWindowResources();
     ui_->setupUi(this);
     splitter_ = ui_->splitterMain;
+    FlowListButtons(*ui_);
     // The job's status line keeps its height when it is empty, so the window
     // does not move when a job starts or ends.
     ui_->labelJobStatus->setMinimumHeight(ui_->labelJobStatus->fontMetrics().height());
