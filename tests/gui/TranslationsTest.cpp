@@ -1,8 +1,8 @@
 // The window in other languages: every translation complete and keeping the
 // source's placeholders; the desktop's language choosing the translation and
-// the numbers' format; and, with a pseudo-translation that makes every text
-// 40 % longer and marks it, a window at its smallest that shows no English
-// and clips no text.
+// the numbers' format; a pseudo-translation that makes every text 40 % longer
+// and marks it showing no English; and the window at 625 x 512 in English,
+// each translation and the pseudo-translation, clipping no text.
 
 #include <QAbstractButton>
 #include <QAction>

@@ -78,8 +78,8 @@ class WindowSizeTest : public QObject {
         const QSize smallest = window.size();
         qInfo("smallest window: %d x %d", smallest.width(), smallest.height());
         QVERIFY2(
-            smallest.width() >= 400 && smallest.height() >= 300 && smallest.width() <= 780 &&
-                smallest.height() <= 560,
+            smallest.width() >= 400 && smallest.height() >= 300 && smallest.width() <= 625 &&
+                smallest.height() <= 512,
             qPrintable(QStringLiteral("%1 x %2").arg(smallest.width()).arg(smallest.height())));
         auto& tabs = loaded.Control<QTabWidget>("tabView");
         for (int tab = 0; tab < tabs.count(); ++tab) {
