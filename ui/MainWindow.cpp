@@ -6,6 +6,7 @@
 #include <QSplitter>
 
 #include "ui/controls/FlowLayout.h"
+#include "ui/controls/FocusFrameStyle.h"
 #include "ui_MainWindow.h"
 
 // The icons live in this library; a static library's resources are only
@@ -42,6 +43,8 @@ void FlowListButtons(Ui::MainWindow& ui) {
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent), ui_(std::make_unique<Ui::MainWindow>()) {
     LoadWindowResources();
+    // The focused control shows it in a dark palette as in a light one.
+    FocusFrameStyle::Install();
     ui_->setupUi(this);
     splitter_ = ui_->splitterMain;
     FlowListButtons(*ui_);
