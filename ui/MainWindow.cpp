@@ -4,6 +4,7 @@
 #include <QScreen>
 #include <QSettings>
 #include <QSplitter>
+#include <algorithm>
 
 #include "ui/controls/FlowLayout.h"
 #include "ui/controls/FocusFrameStyle.h"
@@ -90,10 +91,16 @@ void MainWindow::showEvent(QShowEvent* event) {
         if (!restoredSplit_.isEmpty() && splitter_->restoreState(restoredSplit_)) {
             return;
         }
-        // The list of full paths gets a little less than half of the width;
-        // later the splitter keeps whatever the user makes of it.
-        const int width = splitter_->width();
-        splitter_->setSizes({width * 46 / 100, width - width * 46 / 100});
+        // The list of full paths gets a little less than half of the width,
+        // but in a narrow window the settings come first: the list keeps
+        // only what the settings leave of their full width, at least its
+        // own smallest. Later the splitter keeps whatever the user makes of
+        // it.
+        const int width = splitter_->width() - splitter_->handleWidth();
+        const int settingsWidth = ui_->panelSettings->sizeHint().width();
+        const int listWidth = std::max(ui_->panelImages->minimumSizeHint().width(),
+                                       std::min(width * 46 / 100, width - settingsWidth));
+        splitter_->setSizes({listWidth, width - listWidth});
     }
 }
 
