@@ -4,7 +4,10 @@
 #include <QScreen>
 #include <QSettings>
 #include <QSplitter>
+#include <algorithm>
 
+#include "ui/controls/FlowLayout.h"
+#include "ui/controls/FocusFrameStyle.h"
 #include "ui_MainWindow.h"
 
 // The icons live in this library; a static library's resources are only
@@ -15,11 +18,37 @@ static void LoadWindowResources() {
 
 namespace vellumo {
 
+namespace {
+
+// The list's three command buttons flow onto a second row when the panel is
+// narrower than they are together (a small window, a longer language); the
+// view-mode buttons stay at the row's right end.
+void FlowListButtons(Ui::MainWindow& ui) {
+    QHBoxLayout* row = ui.listButtonsLayout;
+    auto* flow = new FlowLayout;
+    flow->setContentsMargins(0, 0, 0, 0);
+    flow->setSpacing(row->spacing());
+    for (QWidget* button :
+         {static_cast<QWidget*>(ui.buttonAddImages), static_cast<QWidget*>(ui.buttonRemoveSelected),
+          static_cast<QWidget*>(ui.buttonRemoveAll)}) {
+        row->removeWidget(button);
+        flow->addWidget(button);
+    }
+    row->insertLayout(0, flow, 1);
+    row->setAlignment(ui.buttonShowList, Qt::AlignTop);
+    row->setAlignment(ui.buttonShowContactSheet, Qt::AlignTop);
+}
+
+}  // namespace
+
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent), ui_(std::make_unique<Ui::MainWindow>()) {
     LoadWindowResources();
+    // The focused control shows it in a dark palette as in a light one.
+    FocusFrameStyle::Install();
     ui_->setupUi(this);
     splitter_ = ui_->splitterMain;
+    FlowListButtons(*ui_);
     // The job's status line keeps its height when it is empty, so the window
     // does not move when a job starts or ends.
     ui_->labelJobStatus->setMinimumHeight(ui_->labelJobStatus->fontMetrics().height());
@@ -62,10 +91,16 @@ void MainWindow::showEvent(QShowEvent* event) {
         if (!restoredSplit_.isEmpty() && splitter_->restoreState(restoredSplit_)) {
             return;
         }
-        // The list of full paths gets a little less than half of the width;
-        // later the splitter keeps whatever the user makes of it.
-        const int width = splitter_->width();
-        splitter_->setSizes({width * 46 / 100, width - width * 46 / 100});
+        // The list of full paths gets a little less than half of the width,
+        // but in a narrow window the settings come first: the list keeps
+        // only what the settings leave of their full width, at least its
+        // own smallest. Later the splitter keeps whatever the user makes of
+        // it.
+        const int width = splitter_->width() - splitter_->handleWidth();
+        const int settingsWidth = ui_->panelSettings->sizeHint().width();
+        const int listWidth = std::max(ui_->panelImages->minimumSizeHint().width(),
+                                       std::min(width * 46 / 100, width - settingsWidth));
+        splitter_->setSizes({listWidth, width - listWidth});
     }
 }
 

@@ -9,6 +9,7 @@
 #include <QRegularExpressionValidator>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "ui/controls/TextFieldNumber.h"
 
@@ -98,7 +99,10 @@ AutoCropRuleBox::AutoCropRuleBox(QWidget* parent)
         QToolButton* button = Checkable(this, a.objectName, QString::fromUtf8(a.glyph), tr(a.tip));
         // A screen reader says the place ("Top left"), not the arrow drawn.
         button->setAccessibleName(tr(a.tip));
-        button->setMinimumWidth(button->sizeHint().height() + 4);
+        // A little wider than tall, and never narrower than its arrow needs
+        // when a narrow window squeezes the settings.
+        const QSize hint = button->sizeHint();
+        button->setMinimumWidth(std::max(hint.width(), hint.height() + 4));
         anchors_->addButton(button, static_cast<int>(a.anchor));
         grid->addWidget(button, a.row, a.column);
     }

@@ -4,7 +4,11 @@
 
 namespace vellumo {
 
-SettingsScrollArea::SettingsScrollArea(QWidget* parent) : QScrollArea(parent) {}
+SettingsScrollArea::SettingsScrollArea(QWidget* parent) : QScrollArea(parent) {
+    // Tab goes to the settings within; the area scrolls to show each, and a
+    // stop on the area itself would show nothing.
+    setFocusPolicy(Qt::NoFocus);
+}
 
 QSize SettingsScrollArea::sizeHint() const {
     const int frame = 2 * frameWidth();

@@ -1,9 +1,12 @@
 #include "ui/controls/Stepper.h"
 
 #include <QLineEdit>
+#include <QPainter>
 #include <QStyle>
 #include <QStyleOptionSpinBox>
 #include <algorithm>
+
+#include "ui/controls/FocusFrameStyle.h"
 
 namespace vellumo {
 
@@ -68,6 +71,14 @@ QSize Stepper::sizeHint() const {
     const int frame = style()->pixelMetric(QStyle::PM_SpinBoxFrameWidth, &option, this);
     // Just the arrows and the frame around them.
     return {up.width() + 2 * frame, option.rect.height()};
+}
+
+// Without its frame the style draws no focus on it: the arrows are framed
+// here while the keyboard steps them.
+void Stepper::paintEvent(QPaintEvent* event) {
+    QAbstractSpinBox::paintEvent(event);
+    QPainter painter(this);
+    PaintFocusFrame(*this, painter, rect());
 }
 
 QSize Stepper::minimumSizeHint() const {

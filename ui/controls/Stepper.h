@@ -41,6 +41,7 @@ class Stepper : public QAbstractSpinBox {
 
   protected:
     StepEnabled stepEnabled() const override;
+    void paintEvent(QPaintEvent* event) override;
 
   private:
     double Bounded(double value) const;

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "imaging/Fatal.h"
+#include "ui/controls/FocusFrameStyle.h"
 #include "ui/list/ImageList.h"
 #include "ui/list/ImagePathCellDelegate.h"
 
@@ -122,6 +123,11 @@ std::pair<int, DropPosition> ImageTableView::ProposedDropAt(const QPoint& positi
 
 void ImageTableView::paintEvent(QPaintEvent* event) {
     QTableView::paintEvent(event);
+    // Without a current row no row shows the focus: the list does.
+    if (!currentIndex().isValid()) {
+        QPainter painter(viewport());
+        PaintFocusFrame(*this, painter, viewport()->rect());
+    }
     const std::optional<int> dropRow = DropIndicatorRow();
     if (!dropRow) {
         return;

@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "ui/controls/FocusFrameStyle.h"
+
 namespace vellumo {
 
 namespace {
@@ -323,6 +325,8 @@ void CropPreviewView::paintEvent(QPaintEvent*) {
     frame.state |= QStyle::State_Sunken;
     frame.lineWidth = 1;
     style()->drawPrimitive(QStyle::PE_Frame, &frame, &painter, this);
+    // The arrow keys move the crop: the frame says where they go.
+    PaintFocusFrame(*this, painter, rect().adjusted(1, 1, -1, -1));
 }
 
 void CropPreviewView::resizeEvent(QResizeEvent* event) {

@@ -1,6 +1,7 @@
 #include "tests/gui/support/WindowDriving.h"
 
 #include <QAbstractButton>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -68,13 +69,18 @@ void ShowTabOf(QWidget& control) {
 
 void Click(QAbstractButton& button) {
     ShowTabOf(button);
+    // A radio button or check box is clicked on its indicator: stretched
+    // across a wide panel, its middle lies beyond its caption.
     QPoint where = button.rect().center();
-    if (auto* radio = qobject_cast<QRadioButton*>(&button)) {
-        QStyleOptionButton option;
-        option.initFrom(radio);
-        where = radio->style()
-                    ->subElementRect(QStyle::SE_RadioButtonIndicator, &option, radio)
+    QStyleOptionButton option;
+    option.initFrom(&button);
+    if (qobject_cast<QRadioButton*>(&button) != nullptr) {
+        where = button.style()
+                    ->subElementRect(QStyle::SE_RadioButtonIndicator, &option, &button)
                     .center();
+    } else if (qobject_cast<QCheckBox*>(&button) != nullptr) {
+        where =
+            button.style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, &button).center();
     }
     QTest::mouseClick(&button, Qt::LeftButton, {}, where);
 }
