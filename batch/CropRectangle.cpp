@@ -257,7 +257,9 @@ std::string ExtentText(const ResolvedCrop& crop) {
             return "Clipped to " + WholePixelsText(crop.cutSize.width) + " \u00d7 " +
                    WholePixelsText(crop.cutSize.height);
         case CropExtent::WholeNoMode:
-            return "Whole image: neither pixels nor percents are chosen";
+            // Padding without a crop mode keeps the whole image by choice:
+            // nothing to warn of.
+            return crop.pad ? std::string() : "Whole image: neither pixels nor percents are chosen";
         case CropExtent::WholeEmpty:
             return "Whole image: the rectangle is empty";
         case CropExtent::WholeOutside:

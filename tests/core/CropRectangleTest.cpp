@@ -139,6 +139,17 @@ TEST(ResolveCrop, NoUnitChosenLeavesTheImageWhole) {
     EXPECT_EQ(crop.outputSize, (Size{100, 68}));
 }
 
+TEST(ResolveCrop, PaddingWithoutACropModeKeepsTheWholeImageWithoutAWarning) {
+    CropSettings s;
+    s.mode = CropMode::None;
+    s.pad.on = true;
+    s.pad.ratio = AspectRatio{1, 1};
+    const ResolvedCrop crop = ResolveCrop(s, test::MakeSizedImage(100, 68));
+    EXPECT_EQ(crop.extent, CropExtent::WholeNoMode);
+    EXPECT_EQ(crop.outputSize, (Size{100, 100}));
+    EXPECT_EQ(CropExtentNote(crop), "");
+}
+
 TEST(ResolveCrop, AWholePercentRectangleOnAHugeImageIsNotClipped) {
     const ResolvedCrop crop =
         ResolveCrop(Percents(0, 0, 100, 100), test::MakeSizedImage(300007, 200003));
