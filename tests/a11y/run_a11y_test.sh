@@ -11,7 +11,11 @@ xvfb_display=$(mktemp)
 Xvfb -displayfd 3 -screen 0 1280x800x24 3>"$xvfb_display" >/dev/null 2>&1 &
 xvfb=$!
 trap 'kill $xvfb 2>/dev/null; kill $app 2>/dev/null; rm -f "$xvfb_display"' EXIT
-for _ in $(seq 50); do [ -s "$xvfb_display" ] && break; sleep 0.1; done
+# Xvfb writes its display number once it takes connections; on a machine
+# busy with other tests that can take seconds, so this waits up to a minute
+# (and says so, rather than starting the window on no display at all).
+for _ in $(seq 600); do [ -s "$xvfb_display" ] && break; sleep 0.1; done
+[ -s "$xvfb_display" ] || { echo "a11y: Xvfb gave no display within a minute" >&2; exit 1; }
 export DISPLAY=":$(cat "$xvfb_display")"
 export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 QT_QPA_PLATFORM=xcb
 export XDG_CONFIG_HOME=$output/.config XDG_CACHE_HOME=$output/.cache

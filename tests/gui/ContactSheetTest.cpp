@@ -190,6 +190,9 @@ class ContactSheetTest : public QObject {
 
     void theSheetShowsTheSameRowsAndSelection() {
         LoadedWindow loaded;
+        // Wide enough for the three cells side by side: in a narrow window the
+        // settings keep their width and the sheet gets what is left.
+        loaded.window().resize(1280, 800);
         loaded.Show();
         const QString a = Picture("a.png", 120, 80, Qt::red);
         const QString b = Picture("b.png", 80, 120, Qt::green);
