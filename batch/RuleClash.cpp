@@ -7,6 +7,10 @@ bool KeepsPadTransparency(const CropSettings& settings) {
 }
 
 std::optional<RuleClash> RuleClashOf(const CropSettings& settings) {
+    if (settings.trim.on &&
+        (settings.mode == CropMode::Pixels || settings.mode == CropMode::Percents)) {
+        return RuleClash::TrimOfRectangle;
+    }
     if (!settings.pad.on) {
         return std::nullopt;
     }

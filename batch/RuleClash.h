@@ -11,6 +11,9 @@
 namespace vellumo {
 
 enum class RuleClash {
+    // Trimming finds the borders of the whole image, and the auto-crop then
+    // works within what is left; a typed rectangle says itself what is cut.
+    TrimOfRectangle,
     // Padding keeps the whole image (or what a trim leaves) and places it
     // on a canvas of its ratio; the auto-crop and the typed rectangles cut
     // away what it would keep.

@@ -15,6 +15,9 @@ std::string NoTransparencyText(OutputFormat format) {
 
 std::string RuleClashText(RuleClash clash, const CropSettings& settings) {
     switch (clash) {
+        case RuleClash::TrimOfRectangle:
+            return "--trim: trims the whole image or the --auto crop, not a rectangle of --pixels "
+                   "or --percents";
         case RuleClash::PadAfterCut:
             return "--pad: places the whole image (or what --trim leaves) on a canvas of the "
                    "ratio; it cannot follow --auto, --pixels or --percents, which cut it";

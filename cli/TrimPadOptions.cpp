@@ -77,12 +77,8 @@ Problem ApplyPad(const TrimPadGroup& g, CropSettings& s) {
 }
 
 // What the settings cannot do together, whether they came from here or
-// from a profile: the trim here, the rest as the crop command refuses it.
+// from a profile, as the crop command refuses it.
 Problem Combinations(const CropSettings& s) {
-    if (s.trim.on && (s.mode == CropMode::Pixels || s.mode == CropMode::Percents)) {
-        return "--trim: trims the whole image or the --auto crop, not a rectangle of --pixels or "
-               "--percents";
-    }
     if (const std::optional<RuleClash> clash = RuleClashOf(s)) {
         return RuleClashText(*clash, s);
     }

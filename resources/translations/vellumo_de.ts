@@ -1190,6 +1190,10 @@
 <context>
     <name>vellumo::RuleClashNotice</name>
     <message>
+        <source>Trimming finds the uniform borders of the whole image, and the auto-crop then works within what is left; a custom rectangle already says what is cut. Turn “Trim uniform borders” off, or choose the auto-crop.</source>
+        <translation>Das Abschneiden findet die einfarbigen Ränder des ganzen Bildes, und der automatische Zuschnitt arbeitet dann innerhalb dessen, was übrig bleibt; ein eigenes Rechteck sagt bereits, was ausgeschnitten wird. Schalten Sie „Einfarbige Ränder abschneiden“ aus, oder wählen Sie den automatischen Zuschnitt.</translation>
+    </message>
+    <message>
         <source>Padding places the whole image, or what the trim leaves, on a canvas of its ratio, so it cannot follow the auto-crop or a custom rectangle, which cut the image. Turn “Pad to ratio” off, or tick it again to pad instead of cutting.</source>
         <translation>Das Auffüllen setzt das ganze Bild oder das, was das Abschneiden übrig lässt, auf eine Fläche seines Verhältnisses; es kann daher nicht auf den automatischen oder einen eigenen Zuschnitt folgen, die das Bild beschneiden. Schalten Sie „Auf Seitenverhältnis auffüllen“ aus, oder setzen Sie das Häkchen erneut, um aufzufüllen statt zuzuschneiden.</translation>
     </message>

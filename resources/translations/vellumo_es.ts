@@ -1190,6 +1190,10 @@
 <context>
     <name>vellumo::RuleClashNotice</name>
     <message>
+        <source>Trimming finds the uniform borders of the whole image, and the auto-crop then works within what is left; a custom rectangle already says what is cut. Turn “Trim uniform borders” off, or choose the auto-crop.</source>
+        <translation>El recorte de bordes encuentra los bordes uniformes de la imagen entera, y el recorte automático trabaja después dentro de lo que queda; un rectángulo personalizado ya dice qué se corta. Desactive «Recortar los bordes uniformes» o elija el recorte automático.</translation>
+    </message>
+    <message>
         <source>Padding places the whole image, or what the trim leaves, on a canvas of its ratio, so it cannot follow the auto-crop or a custom rectangle, which cut the image. Turn “Pad to ratio” off, or tick it again to pad instead of cutting.</source>
         <translation>El relleno coloca la imagen entera, o lo que deja el recorte de bordes, en un lienzo de su proporción, así que no puede seguir al recorte automático ni a un recorte personalizado, que cortan la imagen. Desactive «Rellenar a la proporción», o márquelo de nuevo para rellenar en lugar de recortar.</translation>
     </message>

@@ -1190,6 +1190,10 @@
 <context>
     <name>vellumo::RuleClashNotice</name>
     <message>
+        <source>Trimming finds the uniform borders of the whole image, and the auto-crop then works within what is left; a custom rectangle already says what is cut. Turn “Trim uniform borders” off, or choose the auto-crop.</source>
+        <translation>Le rognage trouve les bords unis de l’image entière, puis le recadrage automatique travaille dans ce qui reste&#xa0;; un rectangle personnalisé dit déjà ce qui est coupé. Désactivez «&#xa0;Rogner les bords unis&#xa0;» ou choisissez le recadrage automatique.</translation>
+    </message>
+    <message>
         <source>Padding places the whole image, or what the trim leaves, on a canvas of its ratio, so it cannot follow the auto-crop or a custom rectangle, which cut the image. Turn “Pad to ratio” off, or tick it again to pad instead of cutting.</source>
         <translation>Le complément place l’image entière, ou ce que le rognage en laisse, sur un fond de son rapport&#xa0;; il ne peut donc pas suivre le recadrage automatique ni un recadrage personnalisé, qui coupent l’image. Désactivez «&#xa0;Compléter au rapport&#xa0;», ou cochez-le de nouveau pour compléter au lieu de recadrer.</translation>
     </message>

@@ -180,6 +180,21 @@ TEST_F(CropCommandTest, RulesThatClashAreRefusedBeforeAnyQuestionOrFolder) {
     EXPECT_TRUE(questions.asked.empty());
     EXPECT_FALSE(fs::exists(request.settings.outputFolder));
 
+    // A trim goes with the whole image or the auto-crop, not a typed rectangle.
+    request.settings.pad.on = false;
+    request.settings.trim.on = true;
+    for (const CropMode mode : {CropMode::Pixels, CropMode::Percents}) {
+        request.settings.mode = mode;
+        result = Crop();
+        ASSERT_TRUE(result.refusal);
+        EXPECT_EQ(result.refusal->clash, RuleClash::TrimOfRectangle);
+    }
+    EXPECT_TRUE(questions.asked.empty());
+    EXPECT_FALSE(fs::exists(request.settings.outputFolder));
+    request.settings.trim.on = false;
+    request.settings.pad.on = true;
+    request.settings.mode = CropMode::None;
+
     // Replaced originals keep their own formats: asked, not refused.
     request.settings.replaceOriginals = true;
     questions.answers = {Answer::No};

@@ -338,6 +338,33 @@ class FacesTrimPadTest : public QObject {
         QVERIFY(w.loaded.Control<QPushButton>("buttonAddImages").isEnabled());
     }
 
+    // A trim of a typed rectangle would be ignored: the window says so, as
+    // the command line refuses it, and writes nothing.
+    void aTrimOfACustomRectangleIsRefusedBeforeAnythingIsWritten() {
+        QTemporaryDir dir;
+        LoadedWindow loaded;
+        loaded.Show();
+        loaded.AddImages(
+            {vellumo::test::Write(vellumo::test::Quarters(400, 200), dir.filePath("wide.png"))});
+        Click(loaded.Control<LatchingRadioButton>("radioCustomCrop"));
+        Click(loaded.Control<QCheckBox>("checkTrim"));
+        CropSettings s = loaded.settings().Read();
+        QCOMPARE(s.mode, CropMode::Pixels);
+        QVERIFY(s.trim.on);
+        s.pixelsWidth = 100.0f;
+        s.pixelsHeight = 100.0f;
+        s.outputFolder = dir.filePath("out").toStdString();
+        loaded.settings().Write(s);
+        QVERIFY(vellumo::test::CropAndWait(loaded));
+        QCOMPARE(loaded.boxes.size(), std::size_t{1});
+        QCOMPARE(loaded.boxes[0],
+                 vellumo::NoticeRequest(
+                     "Trimming finds the uniform borders of the whole image, and the auto-crop "
+                     "then works within what is left; a custom rectangle already says what is "
+                     "cut. Turn “Trim uniform borders” off, or choose the auto-crop."));
+        QVERIFY(!QDir(dir.filePath("out")).exists());
+    }
+
     void transparentPaddingIsOfferedOnlyForAFormatWithAlpha() {
         LoadedWindow loaded;
         loaded.Show();

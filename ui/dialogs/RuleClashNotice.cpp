@@ -4,6 +4,11 @@ namespace vellumo {
 
 QString RuleClashNotice::Of(RuleClash clash, const CropSettings& settings) {
     switch (clash) {
+        case RuleClash::TrimOfRectangle:
+            return tr(
+                "Trimming finds the uniform borders of the whole image, and the auto-crop then "
+                "works within what is left; a custom rectangle already says what is cut. Turn "
+                "“Trim uniform borders” off, or choose the auto-crop.");
         case RuleClash::PadAfterCut:
             return tr(
                 "Padding places the whole image, or what the trim leaves, on a canvas of its "
