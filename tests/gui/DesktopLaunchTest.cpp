@@ -21,6 +21,7 @@
 #include "app/DesktopLaunch.h"
 #include "app/LaunchArguments.h"
 #include "tests/gui/support/LoadedWindow.h"
+#include "tests/gui/support/Palettes.h"
 #include "tests/gui/support/PictureFiles.h"
 #include "tests/gui/support/WindowDriving.h"
 #include "ui/preview/CropPreviewView.h"
@@ -208,15 +209,7 @@ class DesktopLaunchTest : public QObject {
 
     void aDarkPaletteKeepsTheListAndPreviewLegible() {
         const QPalette original = QApplication::palette();
-        QPalette dark;
-        dark.setColor(QPalette::Window, QColor(45, 45, 48));
-        dark.setColor(QPalette::WindowText, QColor(230, 230, 230));
-        dark.setColor(QPalette::Base, QColor(30, 30, 32));
-        dark.setColor(QPalette::AlternateBase, QColor(40, 40, 44));
-        dark.setColor(QPalette::Text, QColor(235, 235, 235));
-        dark.setColor(QPalette::Button, QColor(55, 55, 58));
-        dark.setColor(QPalette::ButtonText, QColor(230, 230, 230));
-        QApplication::setPalette(dark);
+        QApplication::setPalette(vellumo::test::DarkPalette());
         QTemporaryDir dir;
         {
             LoadedWindow loaded;

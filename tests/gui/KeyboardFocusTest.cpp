@@ -13,25 +13,12 @@
 #include <cstdlib>
 
 #include "tests/gui/support/LoadedWindow.h"
+#include "tests/gui/support/Palettes.h"
 
+using vellumo::test::DarkPalette;
 using vellumo::test::LoadedWindow;
 
 namespace {
-
-// A palette like a dark desktop theme's, its selection colour a muted blue.
-QPalette DarkPalette() {
-    QPalette dark;
-    dark.setColor(QPalette::Window, QColor(45, 45, 48));
-    dark.setColor(QPalette::WindowText, QColor(230, 230, 230));
-    dark.setColor(QPalette::Base, QColor(30, 30, 32));
-    dark.setColor(QPalette::AlternateBase, QColor(40, 40, 44));
-    dark.setColor(QPalette::Text, QColor(235, 235, 235));
-    dark.setColor(QPalette::Button, QColor(55, 55, 58));
-    dark.setColor(QPalette::ButtonText, QColor(230, 230, 230));
-    dark.setColor(QPalette::Highlight, QColor(38, 79, 120));
-    dark.setColor(QPalette::HighlightedText, QColor(255, 255, 255));
-    return dark;
-}
 
 // Pixels that differ between the two renderings by more than a faint
 // shade: a text cursor alone is one line of them, a focus frame runs round
