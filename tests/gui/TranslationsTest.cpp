@@ -14,6 +14,8 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QRegularExpression>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSet>
 #include <QStyleOptionComboBox>
 #include <QTabBar>
@@ -318,6 +320,33 @@ QString ListCountText(int count, int selected) {
     return list.CountText(selected);
 }
 
+// Tabs whose page is wider than their scroll area shows, so that the page
+// scrolls sideways, each with the width its page needs and the width shown.
+QStringList ScrollingSideways(QTabWidget& tabs) {
+    QStringList scrolling;
+    for (int tab = 0; tab < tabs.count(); ++tab) {
+        tabs.setCurrentIndex(tab);
+        QApplication::processEvents();
+        auto* area = tabs.widget(tab)->findChild<QScrollArea*>();
+        if (area == nullptr || area->widget() == nullptr) {
+            continue;
+        }
+        const int needed = area->widget()->minimumSizeHint().width();
+        const int shown = area->viewport()->width();
+        const int sideways = area->horizontalScrollBar()->maximum();
+        qInfo("  %-20s page needs %4d, viewport %4d, scrolls sideways %3d",
+              qPrintable(tabs.tabText(tab)), needed, shown, sideways);
+        if (sideways > 0 || needed > shown) {
+            scrolling << QStringLiteral("%1: page needs %2, shows %3, scrolls %4")
+                             .arg(tabs.tabText(tab))
+                             .arg(needed)
+                             .arg(shown)
+                             .arg(sideways);
+        }
+    }
+    return scrolling;
+}
+
 QString Listed(const QStringList& problems) {
     return problems.join(QStringLiteral("\n  "));
 }
@@ -482,6 +511,33 @@ class TranslationsTest : public QObject {
         for (const char* language : {"en", "de", "fr", "es", "pseudo"}) {
             QTest::newRow(language) << QString::fromLatin1(language);
         }
+    }
+
+    void noSettingsTabScrollsSidewaysAtTheSmallestWindow_data() {
+        theSmallestWindowClipsNothingInAnyLanguage_data();
+    }
+
+    // A sideways scroll bar hides the end of every row from a reader who
+    // does not think to scroll: at 625 x 512 each tab's page fits its width.
+    void noSettingsTabScrollsSidewaysAtTheSmallestWindow() {
+        QFETCH(QString, language);
+        WindowLanguage translation;
+        QTranslator pseudo;
+        if (language == QStringLiteral("pseudo")) {
+            QVERIFY(pseudo.load(QStringLiteral(VELLUMO_PSEUDO_QM)));
+            QCoreApplication::installTranslator(&pseudo);
+        } else {
+            QCOMPARE(translation.Install({language}), language != QStringLiteral("en"));
+        }
+        LoadedWindow loaded;
+        loaded.Show();
+        loaded.window().resize(kSmallest);
+        QApplication::processEvents();
+        qInfo("%s at %d x %d:", qPrintable(language), loaded.window().width(),
+              loaded.window().height());
+        const QStringList scrolling = ScrollingSideways(loaded.Control<QTabWidget>("tabView"));
+        QVERIFY2(scrolling.isEmpty(),
+                 qPrintable(QStringLiteral("scrolling sideways:\n  ") + Listed(scrolling)));
     }
 
     // English, each translation, and the pseudo-translation 40 % longer.

@@ -3,7 +3,8 @@
 //
 //   vellumo_window_demo [--auto RATIO] [--anchor BUTTON] [--select ROW]
 //                       [--name TEMPLATE] [--output FOLDER] [--crop] [--sheet]
-//                       [--size WIDTHxHEIGHT] [--adjust ROW=X,Y,W,H]... image...
+//                       [--size WIDTHxHEIGHT] [--adjust ROW=X,Y,W,H]... [--tab INDEX]
+//                       image...
 //
 // --auto chooses auto crop with that ratio (an entry of the list, or any
 // W:H as a custom ratio), --anchor clicks the anchor button of that object
@@ -12,7 +13,8 @@
 // presses Crop Images once the window shows; --sheet shows the list as a
 // contact sheet; --size gives the window that size; --adjust gives the image
 // of that row its own crop rectangle (in its pixels, origin at the
-// lower-left corner), as a drag on the preview would.
+// lower-left corner), as a drag on the preview would; --tab shows the
+// settings tab of that index (from 0).
 
 #include <QAbstractButton>
 #include <QAction>
@@ -20,6 +22,7 @@
 #include <QLineEdit>
 #include <QSize>
 #include <QStringList>
+#include <QTabWidget>
 #include <QTableView>
 #include <QTimer>
 #include <cstdio>
@@ -39,6 +42,7 @@ struct DemoOptions {
     QString autoCropRatio;
     QString anchorButton;
     int selectedRow = -1;
+    int tab = -1;
     QString nameTemplate;
     QString outputFolder;
     bool crop = false;
@@ -62,6 +66,8 @@ DemoOptions ParseOptions(int argc, char** argv) {
             options.nameTemplate = QString::fromLocal8Bit(argv[++i]);
         } else if (argument == "--output" && i + 1 < argc) {
             options.outputFolder = QString::fromLocal8Bit(argv[++i]);
+        } else if (argument == "--tab" && i + 1 < argc) {
+            options.tab = std::atoi(argv[++i]);
         } else if (argument == "--crop") {
             options.crop = true;
         } else if (argument == "--size" && i + 1 < argc) {
@@ -149,6 +155,9 @@ int main(int argc, char** argv) {
             if (!options.outputFolder.isEmpty()) {
                 window.findChild<QLineEdit*>("textFieldOutputFolder")
                     ->setText(options.outputFolder);
+            }
+            if (options.tab >= 0) {
+                window.findChild<QTabWidget*>("tabView")->setCurrentIndex(options.tab);
             }
             if (options.sheet) {
                 window.findChild<QAction*>("actionShowContactSheet")->trigger();

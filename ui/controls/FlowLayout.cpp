@@ -43,13 +43,22 @@ int FlowLayout::heightForWidth(int width) const {
     return Arrange(QRect(0, 0, width, 0), false);
 }
 
-// The widest item decides how narrow the rows can get; one row is the
-// height asked for, more rows come from heightForWidth.
+void FlowLayout::setWrapIndent(int indent) {
+    wrapIndent_ = indent;
+    invalidate();
+}
+
+// The widest item (with the indent, unless it comes first) decides how
+// narrow the rows can get; one row is the height asked for, more rows come
+// from heightForWidth.
 QSize FlowLayout::minimumSize() const {
     QSize size;
+    bool first = true;
     for (const QLayoutItem* item : items_) {
         if (!item->isEmpty()) {
-            size = size.expandedTo(item->minimumSize().expandedTo(item->sizeHint()));
+            const QSize least = item->minimumSize().expandedTo(item->sizeHint());
+            size = size.expandedTo(least + QSize(first ? 0 : wrapIndent_, 0));
+            first = false;
         }
     }
     const QMargins margins = contentsMargins();
@@ -79,6 +88,7 @@ int FlowLayout::Arrange(const QRect& rect, bool place) const {
     int x = area.x();
     int y = area.y();
     int rowHeight = 0;
+    bool rowEmpty = true;
     for (QLayoutItem* item : items_) {
         if (item->isEmpty()) {
             continue;
@@ -86,11 +96,12 @@ int FlowLayout::Arrange(const QRect& rect, bool place) const {
         const QSize hint = item->sizeHint();
         // A new row when this item would cross the right edge, unless it
         // is the first of its row (then it takes the row alone).
-        if (x > area.x() && x + hint.width() > area.right() + 1) {
-            x = area.x();
+        if (!rowEmpty && x + hint.width() > area.right() + 1) {
+            x = area.x() + wrapIndent_;
             y += rowHeight + VerticalGap();
             rowHeight = 0;
         }
+        rowEmpty = false;
         if (place) {
             item->setGeometry(QRect(QPoint(x, y), hint));
         }

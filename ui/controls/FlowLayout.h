@@ -28,6 +28,10 @@ class FlowLayout : public QLayout {
     QSize sizeHint() const override;
     void setGeometry(const QRect& rect) override;
 
+    // Rows after the first begin this many pixels further in, as the
+    // continued lines of a check box's row line up under its text.
+    void setWrapIndent(int indent);
+
   private:
     // Places the items within `rect` (only measures when `place` is false)
     // and returns the height the rows take.
@@ -36,6 +40,7 @@ class FlowLayout : public QLayout {
     int VerticalGap() const;
 
     QList<QLayoutItem*> items_;
+    int wrapIndent_ = 0;
 };
 
 }  // namespace vellumo

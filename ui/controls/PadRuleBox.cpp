@@ -11,6 +11,7 @@
 
 #include "imaging/Padding.h"
 #include "ui/controls/DecimalField.h"
+#include "ui/controls/FlowLayout.h"
 
 namespace vellumo {
 
@@ -67,13 +68,13 @@ QLayout* PadRuleBox::FillLine() {
     chooseColour_->setAccessibleName(tr("Choose pad colour"));
     AddSwitched(background_);
 
-    auto* line = new QHBoxLayout;
+    // The colour and its button go under the background's list where the
+    // line is narrower than the three.
+    auto* line = new FlowLayout;
     line->setContentsMargins(24, 0, 0, 0);
-    line->addWidget(new QLabel(tr("Background:"), this));
-    line->addWidget(background_);
-    line->addWidget(colour_);
-    line->addWidget(chooseColour_);
-    line->addStretch(1);
+    line->setWrapIndent(WrapIndent());
+    line->addWidget(Group({new QLabel(tr("Background:"), this), background_}));
+    line->addWidget(Group({colour_, chooseColour_}));
     return line;
 }
 

@@ -5,9 +5,11 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QSpinBox>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include "ui/controls/DecimalField.h"
+#include "ui/controls/FlowLayout.h"
 
 namespace vellumo {
 
@@ -23,13 +25,12 @@ SwitchedFields::SwitchedFields(const QString& title, const QString& checkName,
     : QWidget(parent),
       on_(new QCheckBox(title, this)),
       lines_(new QVBoxLayout(this)),
-      row_(new QHBoxLayout) {
+      row_(new FlowLayout) {
     on_->setObjectName(checkName);
     on_->setToolTip(toolTip);
     row_->setContentsMargins(indent, 0, 0, 0);
+    row_->setWrapIndent(WrapIndent());
     row_->addWidget(on_);
-    // Fields go in before the stretch, which keeps them to the left.
-    row_->addStretch(1);
     lines_->setContentsMargins(0, 0, 0, 0);
     lines_->setSpacing(2);
     lines_->addLayout(row_);
@@ -59,15 +60,39 @@ QLineEdit* SwitchedFields::NumberField(const char* name, const QString& accessib
     return field;
 }
 
-void SwitchedFields::Put(const QString& label, QWidget* field, const QString& unit) {
-    const auto append = [this](QWidget* widget) { row_->insertWidget(row_->count() - 1, widget); };
-    if (!label.isEmpty()) {
-        row_->insertSpacing(row_->count() - 1, kFieldGap);
-        append(new QLabel(label, this));
+QWidget* SwitchedFields::Group(std::initializer_list<QWidget*> controls) {
+    auto* holder = new QWidget(this);
+    auto* group = new QHBoxLayout(holder);
+    group->setContentsMargins(0, 0, 0, 0);
+    for (QWidget* control : controls) {
+        control->setParent(holder);
+        group->addWidget(control);
     }
-    append(field);
+    return holder;
+}
+
+int SwitchedFields::WrapIndent() const {
+    return style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, on_) +
+           style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing, nullptr, on_);
+}
+
+// Each labelled field is a group of its own in the row, so that the row
+// wraps between fields, never between a label and its field.
+void SwitchedFields::Put(const QString& label, QWidget* field, const QString& unit) {
+    if (!label.isEmpty() || group_ == nullptr) {
+        auto* holder = new QWidget(this);
+        group_ = new QHBoxLayout(holder);
+        group_->setContentsMargins(label.isEmpty() ? 0 : kFieldGap, 0, 0, 0);
+        row_->addWidget(holder);
+    }
+    QWidget* holder = group_->parentWidget();
+    if (!label.isEmpty()) {
+        group_->addWidget(new QLabel(label, holder));
+    }
+    field->setParent(holder);
+    group_->addWidget(field);
     if (!unit.isEmpty()) {
-        append(new QLabel(unit, this));
+        group_->addWidget(new QLabel(unit, holder));
     }
     AddSwitched(field);
 }

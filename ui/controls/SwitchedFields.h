@@ -2,12 +2,15 @@
 
 // A rule's row of controls: a check box that turns the rule on, then the
 // rule's fields, each with a label before it and a unit after; the fields
-// take part only while the check box is on. A click on the check box, or an
+// take part only while the check box is on. Where the row is narrower than
+// its fields, each labelled field moves whole onto a line of its own under
+// the check box's text. A click on the check box, or an
 // edit in a field, emits changed(). The portrait, trim and pad boxes each
 // add their own fields and read and write their part of CropSettings.
 
 #include <QString>
 #include <QWidget>
+#include <initializer_list>
 #include <vector>
 
 class QCheckBox;
@@ -18,6 +21,8 @@ class QLineEdit;
 class QSpinBox;
 
 namespace vellumo {
+
+class FlowLayout;
 
 class SwitchedFields : public QWidget {
     Q_OBJECT
@@ -50,6 +55,11 @@ class SwitchedFields : public QWidget {
     void AddSwitched(QWidget* control);
     // A further line under the row.
     void AddLine(QLayout* line);
+    // The controls side by side, held together where a line wraps.
+    QWidget* Group(std::initializer_list<QWidget*> controls);
+    // The pixels by which the lines a row wraps onto begin further in than
+    // the row: under the check box's text.
+    int WrapIndent() const;
 
     // Enables the fields while the check box is on; a box with more to
     // settle extends it.
@@ -60,7 +70,10 @@ class SwitchedFields : public QWidget {
 
     QCheckBox* on_;
     QVBoxLayout* lines_;
-    QHBoxLayout* row_;
+    FlowLayout* row_;
+    // The labelled field last put in the row, which a field without a
+    // label joins (the two sides of a ratio stay together).
+    QHBoxLayout* group_ = nullptr;
     std::vector<QWidget*> switched_;
 };
 
