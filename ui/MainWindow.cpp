@@ -6,6 +6,7 @@
 #include <QSplitter>
 #include <algorithm>
 
+#include "ui/SettingsWrapping.h"
 #include "ui/controls/FlowLayout.h"
 #include "ui/controls/FocusFrameStyle.h"
 #include "ui_MainWindow.h"
@@ -49,6 +50,7 @@ MainWindow::MainWindow(QWidget* parent)
     ui_->setupUi(this);
     splitter_ = ui_->splitterMain;
     FlowListButtons(*ui_);
+    WrapCropTabRows(*ui_);
     // The job's status line keeps its height when it is empty, so the window
     // does not move when a job starts or ends.
     ui_->labelJobStatus->setMinimumHeight(ui_->labelJobStatus->fontMetrics().height());

@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "ui/controls/FlowLayout.h"
 #include "ui/controls/TextFieldNumber.h"
 
 namespace vellumo {
@@ -123,18 +124,26 @@ AutoCropRuleBox::AutoCropRuleBox(QWidget* parent)
     smartRow->addWidget(faces);
     smartRow->addStretch(1);
 
-    auto* settings = new QVBoxLayout;
+    auto* settingsHolder = new QWidget(this);
+    auto* settings = new QVBoxLayout(settingsHolder);
+    settings->setContentsMargins(0, 0, 0, 0);
     settings->setSpacing(2);
     settings->addLayout(ratioRow);
     settings->addWidget(matchOrientation_);
     settings->addLayout(smartRow);
+    auto* gridHolder = new QWidget(this);
+    grid->setContentsMargins(0, 0, 0, 0);
+    gridHolder->setLayout(grid);
 
-    auto* layout = new QHBoxLayout(this);
+    // The picker goes under the settings where the tab is too narrow for
+    // both side by side.
+    auto* layout = new FlowLayout;
+    setLayout(layout);
     layout->setContentsMargins(24, 0, 0, 0);
-    layout->addLayout(settings);
-    layout->addSpacing(8);
-    layout->addLayout(grid);
-    layout->addStretch(1);
+    layout->setSpacing(8);
+    layout->setRowSpacing(4);
+    layout->addWidget(settingsHolder);
+    layout->addWidget(gridHolder);
 
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     Write(CropSettings{});

@@ -48,6 +48,11 @@ void FlowLayout::setWrapIndent(int indent) {
     invalidate();
 }
 
+void FlowLayout::setRowSpacing(int spacing) {
+    rowSpacing_ = spacing;
+    invalidate();
+}
+
 // The widest item (with the indent, unless it comes first) decides how
 // narrow the rows can get; one row is the height asked for, more rows come
 // from heightForWidth.
@@ -124,6 +129,9 @@ int FlowLayout::HorizontalGap() const {
 }
 
 int FlowLayout::VerticalGap() const {
+    if (rowSpacing_ >= 0) {
+        return rowSpacing_;
+    }
     if (spacing() >= 0) {
         return spacing();
     }

@@ -31,6 +31,9 @@ class FlowLayout : public QLayout {
     // Rows after the first begin this many pixels further in, as the
     // continued lines of a check box's row line up under its text.
     void setWrapIndent(int indent);
+    // The room between rows, where it differs from the spacing between the
+    // items of a row (negative: the same).
+    void setRowSpacing(int spacing);
 
   private:
     // Places the items within `rect` (only measures when `place` is false)
@@ -41,6 +44,7 @@ class FlowLayout : public QLayout {
 
     QList<QLayoutItem*> items_;
     int wrapIndent_ = 0;
+    int rowSpacing_ = -1;
 };
 
 }  // namespace vellumo
