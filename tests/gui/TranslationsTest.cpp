@@ -177,6 +177,22 @@ int TextWidth(const QWidget& widget, const QString& text) {
         .width();
 }
 
+// What a button whose text wraps needs at its width: its text's lines
+// below one another, beside what the button shows besides its text (its
+// indicator), and its longest word on one line.
+QSize WrappedButtonSize(const QAbstractButton& button) {
+    const QString text = button.text();
+    const int chrome = button.sizeHint().width() - TextWidth(button, text);
+    const QFontMetrics metrics = button.fontMetrics();
+    int longestWord = 0;
+    for (const QString& word : text.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+        longestWord = std::max(longestWord, TextWidth(button, word));
+    }
+    const QRect lines = metrics.boundingRect(QRect(0, 0, button.width() - chrome, 0),
+                                             Qt::TextWordWrap | Qt::TextShowMnemonic, text);
+    return {chrome + longestWord, button.sizeHint().height() + lines.height() - metrics.height()};
+}
+
 // What a label, button or combo box needs to show its whole text; an empty
 // size for other widgets.
 QSize NeededSize(const QWidget& widget) {
@@ -195,7 +211,10 @@ QSize NeededSize(const QWidget& widget) {
                 label->fontMetrics().height()};
     }
     if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
-        return button->text().isEmpty() ? QSize() : button->sizeHint();
+        if (button->text().isEmpty()) {
+            return {};
+        }
+        return button->hasHeightForWidth() ? WrappedButtonSize(*button) : button->sizeHint();
     }
     if (const auto* combo = qobject_cast<const QComboBox*>(&widget)) {
         QStyleOptionComboBox option;

@@ -66,6 +66,28 @@ QToolButton* Checkable(QWidget* parent, const char* name, const QString& text, c
 
 }  // namespace
 
+// The 3 x 3 picker beside the ratio's settings, the smart placements under
+// them: the whole box is no taller than the picker.
+QWidget* AutoCropRuleBox::AnchorGrid() {
+    auto* holder = new QWidget(this);
+    auto* grid = new QGridLayout(holder);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(1);
+    for (const AnchorButton& a : kGrid) {
+        QToolButton* button =
+            Checkable(holder, a.objectName, QString::fromUtf8(a.glyph), tr(a.tip));
+        // A screen reader says the place ("Top left"), not the arrow drawn.
+        button->setAccessibleName(tr(a.tip));
+        // A little wider than tall, and never narrower than its arrow needs
+        // when a narrow window squeezes the settings.
+        const QSize hint = button->sizeHint();
+        button->setMinimumWidth(std::max(hint.width(), hint.height() + 4));
+        anchors_->addButton(button, static_cast<int>(a.anchor));
+        grid->addWidget(button, a.row, a.column);
+    }
+    return holder;
+}
+
 AutoCropRuleBox::AutoCropRuleBox(QWidget* parent)
     : QWidget(parent),
       ratioWidth_(new QLineEdit(this)),
@@ -92,21 +114,7 @@ AutoCropRuleBox::AutoCropRuleBox(QWidget* parent)
     ratioRow->addWidget(ratioHeight_);
     ratioRow->addStretch(1);
 
-    // The 3 x 3 picker beside the ratio's settings, the smart placements
-    // under them: the whole box is no taller than the picker.
-    auto* grid = new QGridLayout;
-    grid->setSpacing(1);
-    for (const AnchorButton& a : kGrid) {
-        QToolButton* button = Checkable(this, a.objectName, QString::fromUtf8(a.glyph), tr(a.tip));
-        // A screen reader says the place ("Top left"), not the arrow drawn.
-        button->setAccessibleName(tr(a.tip));
-        // A little wider than tall, and never narrower than its arrow needs
-        // when a narrow window squeezes the settings.
-        const QSize hint = button->sizeHint();
-        button->setMinimumWidth(std::max(hint.width(), hint.height() + 4));
-        anchors_->addButton(button, static_cast<int>(a.anchor));
-        grid->addWidget(button, a.row, a.column);
-    }
+    QWidget* gridHolder = AnchorGrid();
     QToolButton* attention = Checkable(this, "anchorAttention", tr("Attention"),
                                        tr("Where the eye goes: skin, saturated colour, edges"));
     QToolButton* entropy =
@@ -131,9 +139,6 @@ AutoCropRuleBox::AutoCropRuleBox(QWidget* parent)
     settings->addLayout(ratioRow);
     settings->addWidget(matchOrientation_);
     settings->addLayout(smartRow);
-    auto* gridHolder = new QWidget(this);
-    grid->setContentsMargins(0, 0, 0, 0);
-    gridHolder->setLayout(grid);
 
     // The picker goes under the settings where the tab is too narrow for
     // both side by side.

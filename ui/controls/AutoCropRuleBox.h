@@ -33,6 +33,9 @@ class AutoCropRuleBox : public QWidget {
     void changed();
 
   private:
+    // The nine buttons that place the rectangle, in a widget of their own.
+    QWidget* AnchorGrid();
+
     QLineEdit* ratioWidth_;
     QLineEdit* ratioHeight_;
     QCheckBox* matchOrientation_;
