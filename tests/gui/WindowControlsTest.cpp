@@ -58,7 +58,7 @@ constexpr ExpectedControl kControls[] = {
     {"textFieldName", "QLineEdit", "QLineEdit"},
     {"textFieldOutputFolder", "QLineEdit", "QLineEdit"},
     {"buttonBrowse", "QPushButton", "QPushButton"},
-    {"checkKeepEXIFInformationAndCreationDate", "QCheckBox", "QCheckBox"},
+    {"checkKeepEXIFInformationAndCreationDate", "vellumo::WrappingCheckBox", "QCheckBox"},
     {"tabView", "QTabWidget", "QTabWidget"},
     {"imageViewCropPreview", "vellumo::CropPreviewView", "QWidget"},
 };

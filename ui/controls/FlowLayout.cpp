@@ -57,7 +57,7 @@ void FlowLayout::setRowSpacing(int spacing) {
 // narrow the rows can get; one row is the height asked for, more rows come
 // from heightForWidth.
 QSize FlowLayout::minimumSize() const {
-    QSize size;
+    QSize size(0, 0);
     bool first = true;
     for (const QLayoutItem* item : items_) {
         if (!item->isEmpty()) {
@@ -70,8 +70,11 @@ QSize FlowLayout::minimumSize() const {
     return size + QSize(margins.left() + margins.right(), margins.top() + margins.bottom());
 }
 
+// All the items on one row. (From an empty size: a default QSize is -1
+// wide, which made the hint a pixel short of the row, so that at the width
+// hinted the last item wrapped.)
 QSize FlowLayout::sizeHint() const {
-    QSize size;
+    QSize size(0, 0);
     for (const QLayoutItem* item : items_) {
         if (!item->isEmpty()) {
             const QSize hint = item->sizeHint();
