@@ -292,6 +292,36 @@ QStringList Overlapping(QWidget& window) {
     return overlapping;
 }
 
+// Whether `widget` lies whole within each of its parents up to the window,
+// or up to the viewport of a scroll area (whose page may reach beyond it:
+// the part out of view is scrolled to).
+bool WithinItsParents(const QWidget& widget, const QWidget& window) {
+    QRect area = widget.geometry();
+    for (const QWidget* parent = widget.parentWidget(); parent != nullptr && parent != &window;
+         parent = parent->parentWidget()) {
+        if (parent->objectName() == QStringLiteral("qt_scrollarea_viewport")) {
+            return true;
+        }
+        if (!parent->rect().contains(area)) {
+            return false;
+        }
+        area.translate(parent->pos());
+    }
+    return true;
+}
+
+// Visible controls that a parent too small for them cuts off.
+QStringList CutOff(QWidget& window) {
+    QStringList cut;
+    for (QWidget* widget : window.findChildren<QWidget*>()) {
+        if (IsControl(widget) && widget->isVisibleTo(&window) && !IsQtsOwn(widget) &&
+            !IsQtsOwn(widget->parent()) && !WithinItsParents(*widget, window)) {
+            cut << NameOf(widget) + QStringLiteral(" in ") + NameOf(widget->parent());
+        }
+    }
+    return cut;
+}
+
 // What the window's main parts need at least, for a message when the
 // window cannot be made small enough.
 QString PartsNeed(QWidget& window) {
@@ -593,6 +623,8 @@ class TranslationsTest : public QObject {
             const QStringList clipped = Clipped(window);
             QVERIFY2(clipped.isEmpty(),
                      qPrintable(QStringLiteral("clipped:\n  ") + Listed(clipped)));
+            const QStringList cut = CutOff(window);
+            QVERIFY2(cut.isEmpty(), qPrintable(QStringLiteral("cut off:\n  ") + Listed(cut)));
             const QStringList overlapping = Overlapping(window);
             QVERIFY2(overlapping.isEmpty(),
                      qPrintable(QStringLiteral("overlapping:\n  ") + Listed(overlapping)));

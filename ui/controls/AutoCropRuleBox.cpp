@@ -150,7 +150,11 @@ AutoCropRuleBox::AutoCropRuleBox(QWidget* parent)
     layout->addWidget(settingsHolder);
     layout->addWidget(gridHolder);
 
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    // As tall as its lines at the width it is given (a fixed policy would
+    // cap it at one line where the picker has wrapped under the settings).
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
     Write(CropSettings{});
     connect(ratioWidth_, &QLineEdit::textEdited, this, &AutoCropRuleBox::changed);
     connect(ratioHeight_, &QLineEdit::textEdited, this, &AutoCropRuleBox::changed);

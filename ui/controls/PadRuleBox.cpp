@@ -70,9 +70,8 @@ QLayout* PadRuleBox::FillLine() {
 
     // The colour and its button go under the background's list where the
     // line is narrower than the three.
-    auto* line = new FlowLayout;
+    FlowLayout* line = WrappingLine();
     line->setContentsMargins(24, 0, 0, 0);
-    line->setWrapIndent(WrapIndent());
     line->addWidget(Group({new QLabel(tr("Background:"), this), background_}));
     line->addWidget(Group({colour_, chooseColour_}));
     return line;

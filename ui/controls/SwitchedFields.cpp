@@ -17,6 +17,10 @@ namespace {
 
 // Room between the check box and a labelled field, and between fields.
 constexpr int kFieldGap = 8;
+// Room between the controls of a line, and between the lines a row wraps
+// onto.
+constexpr int kControlGap = 2;
+constexpr int kWrappedLineGap = 4;
 
 }  // namespace
 
@@ -25,16 +29,19 @@ SwitchedFields::SwitchedFields(const QString& title, const QString& checkName,
     : QWidget(parent),
       on_(new QCheckBox(title, this)),
       lines_(new QVBoxLayout(this)),
-      row_(new FlowLayout) {
+      row_(WrappingLine()) {
     on_->setObjectName(checkName);
     on_->setToolTip(toolTip);
     row_->setContentsMargins(indent, 0, 0, 0);
-    row_->setWrapIndent(WrapIndent());
     row_->addWidget(on_);
     lines_->setContentsMargins(0, 0, 0, 0);
     lines_->setSpacing(2);
     lines_->addLayout(row_);
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    // As tall as its lines at the width it is given: one, or more where the
+    // row wraps (a fixed policy would cap it at one line).
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
     connect(on_, &QCheckBox::clicked, this, [this] {
         SettleFields();
         Q_EMIT changed();
@@ -64,11 +71,20 @@ QWidget* SwitchedFields::Group(std::initializer_list<QWidget*> controls) {
     auto* holder = new QWidget(this);
     auto* group = new QHBoxLayout(holder);
     group->setContentsMargins(0, 0, 0, 0);
+    group->setSpacing(kControlGap);
     for (QWidget* control : controls) {
         control->setParent(holder);
         group->addWidget(control);
     }
     return holder;
+}
+
+FlowLayout* SwitchedFields::WrappingLine() const {
+    auto* line = new FlowLayout;
+    line->setSpacing(kControlGap);
+    line->setRowSpacing(kWrappedLineGap);
+    line->setWrapIndent(WrapIndent());
+    return line;
 }
 
 int SwitchedFields::WrapIndent() const {
@@ -82,6 +98,7 @@ void SwitchedFields::Put(const QString& label, QWidget* field, const QString& un
     if (!label.isEmpty() || group_ == nullptr) {
         auto* holder = new QWidget(this);
         group_ = new QHBoxLayout(holder);
+        group_->setSpacing(kControlGap);
         group_->setContentsMargins(label.isEmpty() ? 0 : kFieldGap, 0, 0, 0);
         row_->addWidget(holder);
     }

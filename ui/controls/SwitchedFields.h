@@ -57,6 +57,8 @@ class SwitchedFields : public QWidget {
     void AddLine(QLayout* line);
     // The controls side by side, held together where a line wraps.
     QWidget* Group(std::initializer_list<QWidget*> controls);
+    // An empty line for AddLine that wraps as the row does.
+    FlowLayout* WrappingLine() const;
     // The pixels by which the lines a row wraps onto begin further in than
     // the row: under the check box's text.
     int WrapIndent() const;
