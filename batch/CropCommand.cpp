@@ -121,7 +121,7 @@ CropCommandResult CropCommand::Run(CropQuestions& questions, CropObserver& obser
     }
     observer.Planned(*part);
     const std::vector<OverwriteDecision> decisions = PromptOverwrites(
-        part->plan, [&](const std::string& question) { return questions.Overwrite(question); });
+        part->plan, [&](const std::string& path) { return questions.Overwrite(path); });
     if (!settings.replaceOriginals && !request_.dryRun &&
         OutputFolderState(settings.outputFolder) == FolderState::Missing) {
         if (const SaveResult made = CreateOutputFolder(settings.outputFolder); !made.saved) {

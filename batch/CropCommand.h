@@ -66,8 +66,8 @@ class CropQuestions {
     // Images of `list` would share a path: number the later ones (" (2)")?
     virtual Answer NumberClashes(const std::vector<OutputClash>& clashes,
                                  const std::vector<std::string>& list) = 0;
-    // An output file exists (the question's text, see OverwriteQuestion).
-    virtual OverwriteAnswer Overwrite(const std::string& question) = 0;
+    // The output file at `path` exists: is it to be replaced?
+    virtual OverwriteAnswer Overwrite(const std::string& path) = 0;
 };
 
 // What the command tells while it runs, on the thread that runs it.

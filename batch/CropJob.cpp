@@ -53,7 +53,9 @@ ImageOutcome ProcessImage(const JobInput& in, const ImageTask& task, ImageProces
     }
     ImageOutcome outcome = processor.Process(task);
     if (outcome.status != ImageStatus::Failed) {
-        outcome.warning = JoinNotes(in.plan.images[task.index].warning, outcome.warning);
+        Sentences warnings = in.plan.images[task.index].warnings;
+        Append(warnings, outcome.warnings);
+        outcome.warnings = std::move(warnings);
     }
     return outcome;
 }

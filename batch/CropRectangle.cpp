@@ -28,9 +28,9 @@ Rect KeptWithin(const Rect& rect, const Rect& within) {
 // A smart anchor judges the whole picture; with the crop kept within a
 // trimmed area, its choice is moved into that area.
 Rect SmartlyPlaced(const CropSettings& s, Size size, Rect rect, const Rect& within,
-                   const Image* picture, std::string* placementNote, const FaceSearch* faces) {
+                   const Image* picture, Sentence* placementNote, const FaceSearch* faces) {
     if (s.anchor == CropAnchor::Faces) {
-        std::string note;
+        Sentence note;
         rect = KeptWithin(FacesAnchoredRectangle(size, rect, picture, faces, note), within);
         if (placementNote != nullptr) {
             *placementNote = note;
@@ -45,7 +45,12 @@ Rect SmartlyPlaced(const CropSettings& s, Size size, Rect rect, const Rect& with
     }
     if (placementNote != nullptr) {
         *placementNote =
-            std::string(CropAnchorName(s.anchor)) + " placement could not be found; centred";
+            s.anchor == CropAnchor::Attention
+                ? Sentence{VELLUMO_TEXT("Engine",
+                                        "attention placement could not be found; centred"),
+                           {}}
+                : Sentence{VELLUMO_TEXT("Engine", "entropy placement could not be found; centred"),
+                           {}};
     }
     return rect;
 }
@@ -53,10 +58,10 @@ Rect SmartlyPlaced(const CropSettings& s, Size size, Rect rect, const Rect& with
 // The auto-crop's rectangle inside `within` (the whole image, or what a trim
 // left of it).
 Rect AutoCropRectangle(const CropSettings& s, const Image& image, const Rect& within,
-                       const Image* picture, std::string* placementNote, const FaceSearch* faces) {
+                       const Image* picture, Sentence* placementNote, const FaceSearch* faces) {
     const Size size{image.Width(), image.Height()};
     if (s.portraitOfFace) {
-        std::string note;
+        Sentence note;
         const Rect portrait = PortraitRectangle(s, size, faces, note);
         if (placementNote != nullptr) {
             *placementNote = note;
@@ -92,7 +97,7 @@ Rect AutoCropRectangle(const CropSettings& s, const Image& image, const Rect& wi
 
 // The rule's rectangle, the auto-crop kept within `within`.
 Rect RuleRectangle(const CropSettings& settings, const Image& image, const Rect& within,
-                   const Image* picture, std::string* placementNote, const FaceSearch* faces) {
+                   const Image* picture, Sentence* placementNote, const FaceSearch* faces) {
     switch (settings.mode) {
         case CropMode::Auto:
             return AutoCropRectangle(settings, image, within, picture, placementNote, faces);
@@ -132,7 +137,7 @@ bool UsesPlacementPicture(const CropSettings& settings) {
 }
 
 Rect ResolveCropRectangle(const CropSettings& settings, const Image& image, const Image* picture,
-                          std::string* placementNote, const FaceSearch* faces) {
+                          Sentence* placementNote, const FaceSearch* faces) {
     if (settings.mode == CropMode::None) {
         return {};
     }
@@ -249,51 +254,53 @@ ResolvedCrop ResolveCrop(const CropSettings& settings, const Image& image, const
 
 namespace {
 
-std::string ExtentText(const ResolvedCrop& crop) {
+Sentence ExtentText(const ResolvedCrop& crop) {
     switch (crop.extent) {
         case CropExtent::Inside:
             return {};
         case CropExtent::Clipped:
-            return "Clipped to " + WholePixelsText(crop.cutSize.width) + " \u00d7 " +
-                   WholePixelsText(crop.cutSize.height);
+            return {VELLUMO_TEXT("Engine", "Clipped to %1 × %2"),
+                    {WholePixelsText(crop.cutSize.width), WholePixelsText(crop.cutSize.height)}};
         case CropExtent::WholeNoMode:
             // Padding without a crop mode keeps the whole image by choice:
             // nothing to warn of.
-            return crop.pad ? std::string() : "Whole image: neither pixels nor percents are chosen";
+            if (crop.pad) {
+                return {};
+            }
+            return {VELLUMO_TEXT("Engine", "Whole image: neither pixels nor percents are chosen"),
+                    {}};
         case CropExtent::WholeEmpty:
-            return "Whole image: the rectangle is empty";
+            return {VELLUMO_TEXT("Engine", "Whole image: the rectangle is empty"), {}};
         case CropExtent::WholeOutside:
-            return "Whole image: the rectangle lies outside this image";
+            return {VELLUMO_TEXT("Engine", "Whole image: the rectangle lies outside this image"),
+                    {}};
         case CropExtent::WholeSliver:
-            return "Whole image: less than a pixel of the rectangle lies on this image";
+            return {
+                VELLUMO_TEXT("Engine",
+                             "Whole image: less than a pixel of the rectangle lies on this image"),
+                {}};
         case CropExtent::WholeBackground:
-            return "Whole image: nothing but background to trim";
+            return {VELLUMO_TEXT("Engine", "Whole image: nothing but background to trim"), {}};
     }
     return {};
 }
 
 }  // namespace
 
-std::string CropExtentNote(const ResolvedCrop& crop) {
-    return JoinNotes(JoinNotes(JoinNotes(ExtentText(crop), crop.placementNote), crop.resizeNote),
-                     crop.losslessNote);
+Sentences CropExtentNotes(const ResolvedCrop& crop) {
+    Sentences notes;
+    Append(notes, ExtentText(crop));
+    Append(notes, crop.placementNote);
+    Append(notes, crop.resizeNote);
+    Append(notes, crop.losslessNotes);
+    return notes;
 }
 
-std::string FirstPageNote(int pages) {
+Sentence FirstPageNote(int pages) {
     if (pages <= 1) {
         return {};
     }
-    return "first frame only (of " + std::to_string(pages) + ")";
-}
-
-std::string JoinNotes(const std::string& a, const std::string& b) {
-    if (a.empty()) {
-        return b;
-    }
-    if (b.empty()) {
-        return a;
-    }
-    return a + "; " + b;
+    return {VELLUMO_TEXT("Engine", "first frame only (of %1)"), {std::to_string(pages)}};
 }
 
 }  // namespace vellumo

@@ -9,6 +9,7 @@
 #include "imaging/Geometry.h"
 #include "imaging/Image.h"
 #include "imaging/Padding.h"
+#include "imaging/Sentence.h"
 
 namespace vellumo {
 
@@ -29,7 +30,7 @@ namespace vellumo {
 //   None: (0, 0, 0, 0).
 // Nothing is rounded, checked or clamped here.
 Rect ResolveCropRectangle(const CropSettings& settings, const Image& image,
-                          const Image* picture = nullptr, std::string* placementNote = nullptr,
+                          const Image* picture = nullptr, Sentence* placementNote = nullptr,
                           const FaceSearch* faces = nullptr);
 
 // What trimming found on one image's pixels (ImageTools::FindContent): the
@@ -81,9 +82,9 @@ struct ResolvedCrop {
     // The cut placed on a canvas of the padding's ratio, when the settings
     // pad; the output's size is then the canvas's, resized.
     std::optional<PadLayout> pad;
-    std::string placementNote;  // a smart anchor that fell back to centre
-    std::string resizeNote;     // a resize that was not carried out
-    std::string losslessNote;   // a crop without re-encoding moved or refused
+    Sentence placementNote;   // a smart anchor that fell back to centre
+    Sentence resizeNote;      // a resize that was not carried out
+    Sentences losslessNotes;  // a crop without re-encoding moved or refused
     // The rule cannot make this image's crop (a portrait without a face):
     // nothing is written.
     std::optional<Failure> failure;
@@ -103,17 +104,14 @@ ResolvedCrop ResolveCrop(const CropSettings& settings, const Image& image,
                          const std::optional<Rect>& adjusted = std::nullopt,
                          const TrimFinding* trimmed = nullptr, const FaceSearch* faces = nullptr);
 
-// A sentence for anything but a plain crop, shown under the preview and
-// carried as the job's warning for the image: "Whole image: the rectangle
+// The sentences for anything but a plain crop, shown under the preview and
+// carried as the job's warnings for the image: "Whole image: the rectangle
 // lies outside this image", "Clipped to 100 × 68", followed by the
-// placement and resize notes. Empty for a plain crop.
-std::string CropExtentNote(const ResolvedCrop& crop);
+// placement, resize and lossless notes. None for a plain crop.
+Sentences CropExtentNotes(const ResolvedCrop& crop);
 
 // The warning for a file of several pages or frames of which only the first
 // is cropped: "first frame only (of 12)". Empty for one page.
-std::string FirstPageNote(int pages);
-
-// Notes joined into one warning line: "a; b" (empty ones left out).
-std::string JoinNotes(const std::string& a, const std::string& b);
+Sentence FirstPageNote(int pages);
 
 }  // namespace vellumo

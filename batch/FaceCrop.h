@@ -12,6 +12,7 @@
 #include "imaging/Failure.h"
 #include "imaging/Geometry.h"
 #include "imaging/Image.h"
+#include "imaging/Sentence.h"
 
 namespace vellumo {
 
@@ -24,7 +25,7 @@ bool UsesFaces(const CropSettings& settings);
 // not be looked for, the attention anchor's place, and `note` says why;
 // without a picture either, `centred`.
 Rect FacesAnchoredRectangle(Size image, Rect centred, const Image* picture, const FaceSearch* faces,
-                            std::string& note);
+                            Sentence& note);
 
 // Why the settings' portrait cannot be cut from an image with these faces:
 // none was found, or none could be looked for. Nothing when it can, or the
@@ -35,6 +36,6 @@ std::optional<Failure> PortraitRefusal(const CropSettings& settings, const FaceS
 // the face lay too near an edge for it as asked. An empty rectangle when
 // PortraitRefusal refuses.
 Rect PortraitRectangle(const CropSettings& settings, Size image, const FaceSearch* faces,
-                       std::string& note);
+                       Sentence& note);
 
 }  // namespace vellumo

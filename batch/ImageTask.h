@@ -13,6 +13,7 @@
 #include "imaging/Failure.h"
 #include "imaging/Geometry.h"
 #include "imaging/PhotoFacts.h"
+#include "imaging/Sentence.h"
 
 namespace vellumo {
 
@@ -88,7 +89,7 @@ struct ImageOutcome {
     // Something the person should know about an image that was written (or
     // would be): "Clipped to 100 × 68", "Whole image: the rectangle lies
     // outside this image", "first frame only (of 12)". Empty when none.
-    std::string warning;
+    Sentences warnings;
     // The crop rule leaves the image whole (see CropExtent).
     bool wholeImage = false;
     // The faces found, largest first, when the rule looks for them (the
@@ -101,6 +102,8 @@ struct ImageOutcome {
     // When it was taken and with what camera, for a NameFacts task.
     std::optional<PhotoFacts> photoFacts;
 
+    // The warnings in English on one line ("a; b"); empty without one.
+    std::string WarningLine() const { return EnglishLine(warnings); }
     // The failure's line; empty without one.
     std::string Reason() const { return failure ? failure->reason : std::string(); }
 };

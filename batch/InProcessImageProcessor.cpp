@@ -91,7 +91,8 @@ LosslessDecision Describe(const ImageTask& task, const Image& image, const Image
     outcome.rect = lossless.cut ? lossless.cut->upright : crop.rect;
     outcome.outputSize = crop.outputSize;
     outcome.wholeImage = IsWhole(crop.extent);
-    outcome.warning = JoinNotes(CropExtentNote(crop), FirstPageNote(header.pages));
+    outcome.warnings = CropExtentNotes(crop);
+    Append(outcome.warnings, FirstPageNote(header.pages));
     return lossless;
 }
 
@@ -135,10 +136,10 @@ void NoteFit(const SaveResult& result, ImageOutcome& outcome) {
     if (result.fit->scale < 1.0) {
         outcome.outputSize =
             Size{static_cast<double>(result.fit->width), static_cast<double>(result.fit->height)};
-        outcome.warning =
-            JoinNotes(outcome.warning, "made smaller to " + std::to_string(result.fit->width) +
-                                           " × " + std::to_string(result.fit->height) + " to fit " +
-                                           ByteCountText(result.fit->bytes) + "");
+        Append(outcome.warnings,
+               Sentence{VELLUMO_TEXT("Engine", "made smaller to %1 × %2 to fit %3"),
+                        {std::to_string(result.fit->width), std::to_string(result.fit->height),
+                         ByteCountText(result.fit->bytes)}});
     }
 }
 
@@ -152,8 +153,9 @@ ImageOutcome Plan(const ImageTask& task, const std::optional<ImageHeader>& known
     ImageOutcome outcome;
     const std::optional<ImageHeader> header = HeaderOf(task, known);
     if (!header) {
-        outcome.failure =
-            Failure::At(FailureStage::Decode, "the file is not an image Vellumo can read");
+        outcome.failure = Failure::At(
+            FailureStage::Decode,
+            Sentence{VELLUMO_TEXT("Engine", "the file is not an image Vellumo can read"), {}});
         return outcome;
     }
     // A trim is measured on the pixels, so a dry run that trims decodes them.
@@ -258,7 +260,9 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task,
     }
     const std::optional<ImageHeader> header = HeaderOf(task, known);
     if (!header) {
-        outcome.failure = Failure::At(FailureStage::Decode, "the image's size cannot be read");
+        outcome.failure =
+            Failure::At(FailureStage::Decode,
+                        Sentence{VELLUMO_TEXT("Engine", "the image's size cannot be read"), {}});
         return outcome;
     }
     const Image image = ImageTools::BringImageToActualSize(*loaded, header->pixelSize);

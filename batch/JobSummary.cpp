@@ -44,7 +44,7 @@ JobCounts CountJob(const JobReport& report) {
         }
         const bool writes = image.outcome.status == ImageStatus::Written ||
                             image.outcome.status == ImageStatus::Planned;
-        if (!image.outcome.warning.empty() && writes) {
+        if (!image.outcome.warnings.empty() && writes) {
             ++counts.warned;
         }
     }

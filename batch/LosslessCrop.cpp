@@ -9,8 +9,8 @@ namespace vellumo {
 
 namespace {
 
-std::string Count(int n, const char* one, const char* many) {
-    return std::to_string(n) + " " + (n == 1 ? one : many);
+Sentence Plain(const char* pattern) {
+    return {pattern, {}};
 }
 
 // The whole pixels the job's crop takes for `cut` on the upright image.
@@ -22,21 +22,27 @@ Rect WholePixelCut(const Rect& cut, const JpegGrid& grid) {
                                      {cut.x, cut.y, std::trunc(cut.width), std::trunc(cut.height)});
 }
 
-std::string SnapNote(const Rect& chosen, const LosslessCut& cut, const JpegGrid& grid) {
-    std::string note;
+Sentences SnapNotes(const Rect& chosen, const LosslessCut& cut, const JpegGrid& grid) {
+    Sentences notes;
     if (cut.upright != chosen) {
-        note = "Lossless: widened to the file's " + std::to_string(grid.blockWidth) + " \u00d7 " +
-               std::to_string(grid.blockHeight) + " blocks";
+        notes.push_back({VELLUMO_TEXT("Engine", "Lossless: widened to the file's %1 × %2 blocks"),
+                         {std::to_string(grid.blockWidth), std::to_string(grid.blockHeight)}});
     }
     if (cut.trimmedColumns > 0) {
-        note = JoinNotes(note, Count(cut.trimmedColumns, "column", "columns") +
-                                   " at the left edge left out (a partial block)");
+        notes.push_back(
+            {cut.trimmedColumns == 1
+                 ? VELLUMO_TEXT("Engine", "%1 column at the left edge left out (a partial block)")
+                 : VELLUMO_TEXT("Engine", "%1 columns at the left edge left out (a partial block)"),
+             {std::to_string(cut.trimmedColumns)}});
     }
     if (cut.trimmedRows > 0) {
-        note = JoinNotes(note, Count(cut.trimmedRows, "row", "rows") +
-                                   " at the top edge left out (a partial block)");
+        notes.push_back(
+            {cut.trimmedRows == 1
+                 ? VELLUMO_TEXT("Engine", "%1 row at the top edge left out (a partial block)")
+                 : VELLUMO_TEXT("Engine", "%1 rows at the top edge left out (a partial block)"),
+             {std::to_string(cut.trimmedRows)}});
     }
-    return note;
+    return notes;
 }
 
 }  // namespace
@@ -50,24 +56,28 @@ LosslessDecision DecideLosslessCrop(const CropSettings& settings,
     }
     LosslessDecision decision;
     if (!grid || grid->blockWidth <= 0 || grid->blockHeight <= 0) {
-        decision.note = "Re-encoded: this JPEG cannot be cropped without re-encoding";
+        decision.notes = {Plain(
+            VELLUMO_TEXT("Engine", "Re-encoded: this JPEG cannot be cropped without re-encoding"))};
     } else if (crop.outputSize != crop.cutSize) {
-        decision.note = "Re-encoded: a resized crop cannot be lossless";
+        decision.notes = {
+            Plain(VELLUMO_TEXT("Engine", "Re-encoded: a resized crop cannot be lossless"))};
     } else if (crop.pad) {
-        decision.note = "Re-encoded: a padded picture cannot be lossless";
+        decision.notes = {
+            Plain(VELLUMO_TEXT("Engine", "Re-encoded: a padded picture cannot be lossless"))};
     } else {
         const Rect chosen = WholePixelCut(crop.cut, *grid);
         decision.cut = SnapToJpegGrid(chosen, *grid);
         if (!decision.cut) {
-            decision.note = "Re-encoded: the rectangle holds no whole block of the file";
+            decision.notes = {Plain(VELLUMO_TEXT(
+                "Engine", "Re-encoded: the rectangle holds no whole block of the file"))};
         } else {
-            decision.note = SnapNote(chosen, *decision.cut, *grid);
+            decision.notes = SnapNotes(chosen, *decision.cut, *grid);
             crop.cut = decision.cut->upright;
             crop.cutSize = {crop.cut.width, crop.cut.height};
             crop.outputSize = crop.cutSize;
         }
     }
-    crop.losslessNote = decision.note;
+    crop.losslessNotes = decision.notes;
     return decision;
 }
 

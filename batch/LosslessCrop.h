@@ -17,7 +17,7 @@ namespace vellumo {
 // to the file's block grid, or why it is re-encoded after all.
 struct LosslessDecision {
     std::optional<LosslessCut> cut;  // none: encoded as usual
-    std::string note;                // for the person; empty for a plain crop
+    Sentences notes;                 // for the person; none for a plain crop
 };
 
 // Decides for one image written in `outputFormat` (its own format when the

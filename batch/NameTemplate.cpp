@@ -120,6 +120,24 @@ std::string_view NameOfToken(NameToken token) {
     return {};
 }
 
+// "[Camera], [Width] have no value: left empty in the name".
+Sentence AbsentTokensNote(const std::vector<std::string_view>& absent) {
+    std::string names;
+    // Appended piece by piece: GCC 12 at -O3 takes "[" + name + "]" for an
+    // overlapping copy (a false -Wrestrict).
+    for (const std::string_view name : absent) {
+        if (!names.empty()) {
+            names += ", ";
+        }
+        names += '[';
+        names += name;
+        names += ']';
+    }
+    return {absent.size() == 1 ? VELLUMO_TEXT("Engine", "%1 has no value: left empty in the name")
+                               : VELLUMO_TEXT("Engine", "%1 have no value: left empty in the name"),
+            {names}};
+}
+
 }  // namespace
 
 std::optional<NameTemplate> NameTemplate::Parse(const std::string& given, std::string& problem) {
@@ -209,19 +227,8 @@ ExpandedName NameTemplate::Expand(const NameValues& values, Missing missing) con
             absent.push_back(NameOfToken(*part.token));
         }
     }
-    // Appended piece by piece: GCC 12 at -O3 takes "[" + name + "]" for an
-    // overlapping copy (a false -Wrestrict).
-    for (const std::string_view name : absent) {
-        if (!expanded.warning.empty()) {
-            expanded.warning += ", ";
-        }
-        expanded.warning += '[';
-        expanded.warning += name;
-        expanded.warning += ']';
-    }
     if (!absent.empty()) {
-        expanded.warning += absent.size() == 1 ? " has no value: left empty in the name"
-                                               : " have no value: left empty in the name";
+        expanded.warnings.push_back(AbsentTokensNote(absent));
     }
     return expanded;
 }

@@ -26,6 +26,7 @@
 #include "batch/DateFormat.h"
 #include "imaging/Geometry.h"
 #include "imaging/PhotoFacts.h"
+#include "imaging/Sentence.h"
 
 namespace vellumo {
 
@@ -48,9 +49,9 @@ struct ImageNameFacts {
 
 struct ExpandedName {
     std::string name;
-    // "[Camera] has no value", for each token left empty, joined; empty
-    // when every token had one.
-    std::string warning;
+    // "[Camera] has no value: left empty in the name", naming every token
+    // left empty; none when every token had one.
+    Sentences warnings;
 };
 
 class NameTemplate {

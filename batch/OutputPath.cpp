@@ -11,7 +11,7 @@ OutputName GenerateOutputName(const NameTemplate& name, const CropSettings& sett
     const std::string folder =
         subfolder.empty() ? settings.outputFolder : settings.outputFolder + "/" + subfolder;
     return {folder + "/" + expanded.name + "." + OutputFormatExtension(settings.outputFormat),
-            std::move(expanded.warning)};
+            std::move(expanded.warnings)};
 }
 
 std::string GenerateOutputPathWithImageIndex(const CropSettings& settings,

@@ -10,7 +10,7 @@ namespace vellumo {
 
 struct OutputName {
     std::string path;
-    std::string warning;  // tokens that had no value (NameTemplate::Expand)
+    Sentences warnings;  // tokens that had no value (NameTemplate::Expand)
 };
 
 // The full path of the file the job writes for the image `values` describe:

@@ -116,7 +116,7 @@ bool PlaceNewFile(const CropSettings& settings, const std::vector<std::string>& 
         settings.keepStructure ? FolderBelowRoots(listImagePaths[i], naming.roots) : std::string();
     OutputName named = GenerateOutputName(*naming.name, settings, values, subfolder);
     image.path = std::move(named.path);
-    image.warning = std::move(named.warning);
+    image.warnings = std::move(named.warnings);
     image.format = settings.outputFormat;
     return true;
 }

@@ -53,7 +53,7 @@ struct PlannedOutput {
     std::string refusal;  // why nothing is written for this image; empty when it is
     OutputTarget target = OutputTarget::NewFile;
     // Tokens of the name that had no value for this image, in words.
-    std::string warning;
+    Sentences warnings;
 };
 
 // A set of images that would be written to one path.

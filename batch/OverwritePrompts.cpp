@@ -43,7 +43,7 @@ std::vector<OverwriteDecision> PromptOverwrites(const OutputPlan& plan, const Ov
             decisions.push_back(OverwriteDecision::Overwrite);
             continue;
         }
-        switch (ask(OverwriteQuestion(path))) {
+        switch (ask(path)) {
             case OverwriteAnswer::Yes:
                 decisions.push_back(OverwriteDecision::Overwrite);
                 break;

@@ -26,8 +26,10 @@ enum class OverwriteAnswer { Yes, YesToAll, No, NoToAll };
 std::string OverwriteQuestion(const std::string& path);
 inline const std::vector<std::string> kOverwriteButtons = {"Yes", "Yes to All", "No", "No to All"};
 
-// Asks `question` and returns the answer.
-using OverwriteAsker = std::function<OverwriteAnswer(const std::string& question)>;
+// Asks whether the file at `path` is to be replaced (each front end words
+// the question, the command line with OverwriteQuestion) and returns the
+// answer.
+using OverwriteAsker = std::function<OverwriteAnswer(const std::string& path)>;
 
 // One decision for each image of the plan, in order. An existing item of any
 // kind at the output path (a folder too) is a conflict. "Yes to All" and

@@ -28,7 +28,7 @@ class CliAnswers final : public CropQuestions {
                          const std::vector<std::string>&) override {
         return Answer::No;
     }
-    OverwriteAnswer Overwrite(const std::string& question) override { return ask_(question); }
+    OverwriteAnswer Overwrite(const std::string& path) override { return ask_(path); }
 
   private:
     OverwriteAsker ask_;

@@ -22,8 +22,8 @@ nlohmann::ordered_json ToJson(const ImageReport& report) {
         {"status", StatusName(outcome.status)},
         {"reason", outcome.failure ? nlohmann::ordered_json(outcome.failure->reason)
                                    : nlohmann::ordered_json(nullptr)},
-        {"warning", outcome.warning.empty() ? nlohmann::ordered_json(nullptr)
-                                            : nlohmann::ordered_json(outcome.warning)},
+        {"warning", outcome.warnings.empty() ? nlohmann::ordered_json(nullptr)
+                                             : nlohmann::ordered_json(outcome.WarningLine())},
     };
     if (outcome.rect) {
         object["rect"] = {outcome.rect->x, outcome.rect->y, outcome.rect->width,
@@ -59,7 +59,8 @@ std::string Describe(const ImageReport& report) {
                                       : std::string()) +
                ")";
     }
-    std::string warning = outcome.warning.empty() ? "" : " \u2014 warning: " + outcome.warning;
+    std::string warning =
+        outcome.warnings.empty() ? "" : " \u2014 warning: " + outcome.WarningLine();
     for (const ImageNote& note : outcome.notes) {
         if (note.kind == NoteKind::MetadataNotCarried) {
             warning += " \u2014 metadata not kept: " + note.detail;

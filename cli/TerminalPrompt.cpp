@@ -7,9 +7,10 @@ namespace vellumo::cli {
 
 namespace {
 
-OverwriteAnswer AskOnTerminal(const std::string& question) {
+OverwriteAnswer AskOnTerminal(const std::string& path) {
     for (;;) {
-        std::cerr << question << " [y]es, yes to [a]ll, [n]o, no to a[l]l: " << std::flush;
+        std::cerr << OverwriteQuestion(path)
+                  << " [y]es, yes to [a]ll, [n]o, no to a[l]l: " << std::flush;
         std::string answer;
         if (!std::getline(std::cin, answer)) {
             std::cerr << std::endl;

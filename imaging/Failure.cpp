@@ -36,11 +36,16 @@ std::optional<FailureStage> StageFromName(const std::string& name) {
     return ValueNamed(kStageNames, name);
 }
 
-Failure Failure::At(FailureStage stage, const std::string& detail) {
+Failure Failure::At(FailureStage stage, const Sentence& detail) {
     if (stage == FailureStage::Read) {
-        return {stage, detail};
+        return {stage, detail.English(), detail};
     }
-    return {stage, std::string("cannot ") + NameOf(kStageVerbs, stage) + ": " + detail};
+    return {stage, std::string("cannot ") + NameOf(kStageVerbs, stage) + ": " + detail.English(),
+            detail};
+}
+
+Failure Failure::At(FailureStage stage, const std::string& detail) {
+    return At(stage, Sentence{"%1", {detail}});
 }
 
 }  // namespace vellumo

@@ -6,6 +6,8 @@
 #include <optional>
 #include <string>
 
+#include "imaging/Sentence.h"
+
 namespace vellumo {
 
 enum class FailureStage {
@@ -27,12 +29,19 @@ struct Failure {
     // The line a person reads: "cannot decode: not a JPEG file",
     // "cannot write: permission denied".
     std::string reason;
+    // The cause alone, for a front end that words the stage in its own
+    // language: "not a JPEG file". A library's or the system's own text is
+    // the pattern "%1" with that text as its value. Empty for a failure made
+    // without a cause (its reason is all there is).
+    Sentence detail;
 
     // A failure at `stage` whose cause is `detail`, worded "cannot <verb>:
     // detail": "decode", "crop", "carry metadata"; "write" for both an
     // encoder's refusal and the file system's (the person sees that the output
     // could not be written). A file that cannot be opened or read words
     // itself ("cannot open: ..."), so its detail is taken as the line.
+    static Failure At(FailureStage stage, const Sentence& detail);
+    // A cause in a library's or the system's own words.
     static Failure At(FailureStage stage, const std::string& detail);
 
     friend bool operator==(const Failure&, const Failure&) = default;

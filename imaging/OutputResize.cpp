@@ -58,12 +58,13 @@ Size ResizedSize(Size cut, const ResizeRule& rule) {
     return {Side(cut.width, scale), Side(cut.height, scale)};
 }
 
-std::string ResizeNote(Size cut, const ResizeRule& rule) {
+Sentence ResizeNote(Size cut, const ResizeRule& rule) {
     if (rule.mode == ResizeMode::None || rule.enlarge || !(cut.width >= 1.0) ||
         !(cut.height >= 1.0) || Scale(cut, rule) <= 1.0) {
         return {};
     }
-    return "not enlarged: the crop is " + Whole(cut.width) + " \u00d7 " + Whole(cut.height);
+    return {VELLUMO_TEXT("Engine", "not enlarged: the crop is %1 × %2"),
+            {Whole(cut.width), Whole(cut.height)}};
 }
 
 }  // namespace vellumo

@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "imaging/Geometry.h"
+#include "imaging/Sentence.h"
 
 namespace vellumo {
 
@@ -48,6 +49,6 @@ Size ResizedSize(Size cut, const ResizeRule& rule);
 
 // What the person should know when the rule could not be met: "not enlarged:
 // the crop is 800 x 600" when a smaller crop keeps its size. Empty otherwise.
-std::string ResizeNote(Size cut, const ResizeRule& rule);
+Sentence ResizeNote(Size cut, const ResizeRule& rule);
 
 }  // namespace vellumo

@@ -107,6 +107,169 @@
     </message>
 </context>
 <context>
+    <name>Engine</name>
+    <message>
+        <source>cannot decode: %1</source>
+        <translation>kann nicht dekodiert werden: %1</translation>
+    </message>
+    <message>
+        <source>cannot crop: %1</source>
+        <translation>kann nicht zugeschnitten werden: %1</translation>
+    </message>
+    <message>
+        <source>cannot write: %1</source>
+        <translation>kann nicht geschrieben werden: %1</translation>
+    </message>
+    <message>
+        <source>cannot carry metadata: %1</source>
+        <translation>Metadaten können nicht übernommen werden: %1</translation>
+    </message>
+    <message>
+        <source>; </source>
+        <translation>; </translation>
+    </message>
+    <message>
+        <source>attention placement could not be found; centred</source>
+        <translation>keine Platzierung nach Blickfang gefunden; zentriert</translation>
+    </message>
+    <message>
+        <source>entropy placement could not be found; centred</source>
+        <translation>keine Platzierung nach Entropie gefunden; zentriert</translation>
+    </message>
+    <message>
+        <source>Clipped to %1 × %2</source>
+        <translation>Beschnitten auf %1 × %2</translation>
+    </message>
+    <message>
+        <source>Whole image: neither pixels nor percents are chosen</source>
+        <translation>Ganzes Bild: weder Pixel noch Prozent gewählt</translation>
+    </message>
+    <message>
+        <source>Whole image: the rectangle is empty</source>
+        <translation>Ganzes Bild: das Rechteck ist leer</translation>
+    </message>
+    <message>
+        <source>Whole image: the rectangle lies outside this image</source>
+        <translation>Ganzes Bild: das Rechteck liegt außerhalb dieses Bildes</translation>
+    </message>
+    <message>
+        <source>Whole image: less than a pixel of the rectangle lies on this image</source>
+        <translation>Ganzes Bild: weniger als ein Pixel des Rechtecks liegt auf diesem Bild</translation>
+    </message>
+    <message>
+        <source>Whole image: nothing but background to trim</source>
+        <translation>Ganzes Bild: nichts als Hintergrund zum Abschneiden</translation>
+    </message>
+    <message>
+        <source>first frame only (of %1)</source>
+        <translation>nur das erste Bild (von %1)</translation>
+    </message>
+    <message>
+        <source>faces were not looked for; placed by attention</source>
+        <translation>nicht nach Gesichtern gesucht; nach Blickfang platziert</translation>
+    </message>
+    <message>
+        <source>faces were not looked for; centred</source>
+        <translation>nicht nach Gesichtern gesucht; zentriert</translation>
+    </message>
+    <message>
+        <source>faces could not be looked for: %1; placed by attention</source>
+        <translation>Gesichter konnten nicht gesucht werden: %1; nach Blickfang platziert</translation>
+    </message>
+    <message>
+        <source>faces could not be looked for: %1; centred</source>
+        <translation>Gesichter konnten nicht gesucht werden: %1; zentriert</translation>
+    </message>
+    <message>
+        <source>no face found; placed by attention</source>
+        <translation>kein Gesicht gefunden; nach Blickfang platziert</translation>
+    </message>
+    <message>
+        <source>no face found; centred</source>
+        <translation>kein Gesicht gefunden; zentriert</translation>
+    </message>
+    <message>
+        <source>the portrait needs a face, and none was looked for</source>
+        <translation>das Porträt braucht ein Gesicht, und es wurde keines gesucht</translation>
+    </message>
+    <message>
+        <source>faces could not be looked for: %1</source>
+        <translation>Gesichter konnten nicht gesucht werden: %1</translation>
+    </message>
+    <message>
+        <source>no face found for the portrait</source>
+        <translation>kein Gesicht für das Porträt gefunden</translation>
+    </message>
+    <message>
+        <source>the face is too near the image&apos;s edges for the portrait as asked; made smaller and moved onto the image</source>
+        <translation>das Gesicht liegt zu nah an den Bildrändern für das gewünschte Porträt; verkleinert und auf das Bild verschoben</translation>
+    </message>
+    <message>
+        <source>the face is too near the image&apos;s edge for the portrait as asked; moved onto the image</source>
+        <translation>das Gesicht liegt zu nah am Bildrand für das gewünschte Porträt; auf das Bild verschoben</translation>
+    </message>
+    <message>
+        <source>made smaller to %1 × %2 to fit %3</source>
+        <translation>auf %1 × %2 verkleinert, um in %3 zu passen</translation>
+    </message>
+    <message>
+        <source>the file is not an image Vellumo can read</source>
+        <translation>die Datei ist kein Bild, das Vellumo lesen kann</translation>
+    </message>
+    <message>
+        <source>the image&apos;s size cannot be read</source>
+        <translation>die Größe des Bildes kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>Lossless: widened to the file&apos;s %1 × %2 blocks</source>
+        <translation>Verlustfrei: auf die %1 × %2 Blöcke der Datei erweitert</translation>
+    </message>
+    <message>
+        <source>%1 column at the left edge left out (a partial block)</source>
+        <translation>%1 Spalte am linken Rand ausgelassen (ein angeschnittener Block)</translation>
+    </message>
+    <message>
+        <source>%1 columns at the left edge left out (a partial block)</source>
+        <translation>%1 Spalten am linken Rand ausgelassen (ein angeschnittener Block)</translation>
+    </message>
+    <message>
+        <source>%1 row at the top edge left out (a partial block)</source>
+        <translation>%1 Zeile am oberen Rand ausgelassen (ein angeschnittener Block)</translation>
+    </message>
+    <message>
+        <source>%1 rows at the top edge left out (a partial block)</source>
+        <translation>%1 Zeilen am oberen Rand ausgelassen (ein angeschnittener Block)</translation>
+    </message>
+    <message>
+        <source>Re-encoded: this JPEG cannot be cropped without re-encoding</source>
+        <translation>Neu kodiert: dieses JPEG lässt sich nicht ohne Neukodierung zuschneiden</translation>
+    </message>
+    <message>
+        <source>Re-encoded: a resized crop cannot be lossless</source>
+        <translation>Neu kodiert: ein skalierter Zuschnitt kann nicht verlustfrei sein</translation>
+    </message>
+    <message>
+        <source>Re-encoded: a padded picture cannot be lossless</source>
+        <translation>Neu kodiert: ein aufgefülltes Bild kann nicht verlustfrei sein</translation>
+    </message>
+    <message>
+        <source>Re-encoded: the rectangle holds no whole block of the file</source>
+        <translation>Neu kodiert: das Rechteck enthält keinen ganzen Block der Datei</translation>
+    </message>
+    <message>
+        <source>%1 has no value: left empty in the name</source>
+        <translation>%1 hat keinen Wert: im Namen leer gelassen</translation>
+    </message>
+    <message>
+        <source>%1 have no value: left empty in the name</source>
+        <translation>%1 haben keinen Wert: im Namen leer gelassen</translation>
+    </message>
+    <message>
+        <source>not enlarged: the crop is %1 × %2</source>
+        <translation>nicht vergrößert: der Zuschnitt ist %1 × %2</translation>
+    </message>
+</context>
+<context>
     <name>JobStatusText</name>
     <message>
         <source>about %L1 s left</source>
@@ -590,6 +753,10 @@
         <source>No to All</source>
         <translation>Nein, keine</translation>
     </message>
+    <message>
+        <source>The file %1 already exists. Do you want to overwrite it?</source>
+        <translation>Die Datei %1 existiert bereits. Möchten Sie sie überschreiben?</translation>
+    </message>
 </context>
 <context>
     <name>PopUpChoices</name>
@@ -732,6 +899,18 @@
     <message>
         <source>The image worker&apos;s sandbox is incomplete: %1 missing.</source>
         <translation>Die Sandbox des Bildprozesses ist unvollständig; es fehlt: %1.</translation>
+    </message>
+    <message>
+        <source>active</source>
+        <translation>aktiv</translation>
+    </message>
+    <message>
+        <source>MISSING</source>
+        <translation>FEHLT</translation>
+    </message>
+    <message>
+        <source>not reported by the worker</source>
+        <translation>vom Bildprozess nicht gemeldet</translation>
     </message>
 </context>
 <context>

@@ -107,6 +107,169 @@
     </message>
 </context>
 <context>
+    <name>Engine</name>
+    <message>
+        <source>cannot decode: %1</source>
+        <translation>no se puede decodificar: %1</translation>
+    </message>
+    <message>
+        <source>cannot crop: %1</source>
+        <translation>no se puede recortar: %1</translation>
+    </message>
+    <message>
+        <source>cannot write: %1</source>
+        <translation>no se puede escribir: %1</translation>
+    </message>
+    <message>
+        <source>cannot carry metadata: %1</source>
+        <translation>no se pueden conservar los metadatos: %1</translation>
+    </message>
+    <message>
+        <source>; </source>
+        <translation>; </translation>
+    </message>
+    <message>
+        <source>attention placement could not be found; centred</source>
+        <translation>no se encontró colocación por atención; centrado</translation>
+    </message>
+    <message>
+        <source>entropy placement could not be found; centred</source>
+        <translation>no se encontró colocación por entropía; centrado</translation>
+    </message>
+    <message>
+        <source>Clipped to %1 × %2</source>
+        <translation>Recortado a %1 × %2</translation>
+    </message>
+    <message>
+        <source>Whole image: neither pixels nor percents are chosen</source>
+        <translation>Imagen entera: no se eligieron píxeles ni porcentajes</translation>
+    </message>
+    <message>
+        <source>Whole image: the rectangle is empty</source>
+        <translation>Imagen entera: el rectángulo está vacío</translation>
+    </message>
+    <message>
+        <source>Whole image: the rectangle lies outside this image</source>
+        <translation>Imagen entera: el rectángulo está fuera de esta imagen</translation>
+    </message>
+    <message>
+        <source>Whole image: less than a pixel of the rectangle lies on this image</source>
+        <translation>Imagen entera: menos de un píxel del rectángulo está en esta imagen</translation>
+    </message>
+    <message>
+        <source>Whole image: nothing but background to trim</source>
+        <translation>Imagen entera: solo hay fondo que recortar</translation>
+    </message>
+    <message>
+        <source>first frame only (of %1)</source>
+        <translation>solo el primer fotograma (de %1)</translation>
+    </message>
+    <message>
+        <source>faces were not looked for; placed by attention</source>
+        <translation>no se buscaron caras; colocado por atención</translation>
+    </message>
+    <message>
+        <source>faces were not looked for; centred</source>
+        <translation>no se buscaron caras; centrado</translation>
+    </message>
+    <message>
+        <source>faces could not be looked for: %1; placed by attention</source>
+        <translation>no se pudieron buscar caras: %1; colocado por atención</translation>
+    </message>
+    <message>
+        <source>faces could not be looked for: %1; centred</source>
+        <translation>no se pudieron buscar caras: %1; centrado</translation>
+    </message>
+    <message>
+        <source>no face found; placed by attention</source>
+        <translation>no se encontró ninguna cara; colocado por atención</translation>
+    </message>
+    <message>
+        <source>no face found; centred</source>
+        <translation>no se encontró ninguna cara; centrado</translation>
+    </message>
+    <message>
+        <source>the portrait needs a face, and none was looked for</source>
+        <translation>el retrato necesita una cara y no se buscó ninguna</translation>
+    </message>
+    <message>
+        <source>faces could not be looked for: %1</source>
+        <translation>no se pudieron buscar caras: %1</translation>
+    </message>
+    <message>
+        <source>no face found for the portrait</source>
+        <translation>no se encontró ninguna cara para el retrato</translation>
+    </message>
+    <message>
+        <source>the face is too near the image&apos;s edges for the portrait as asked; made smaller and moved onto the image</source>
+        <translation>la cara está demasiado cerca de los bordes de la imagen para el retrato pedido; reducido y movido dentro de la imagen</translation>
+    </message>
+    <message>
+        <source>the face is too near the image&apos;s edge for the portrait as asked; moved onto the image</source>
+        <translation>la cara está demasiado cerca del borde de la imagen para el retrato pedido; movido dentro de la imagen</translation>
+    </message>
+    <message>
+        <source>made smaller to %1 × %2 to fit %3</source>
+        <translation>reducido a %1 × %2 para caber en %3</translation>
+    </message>
+    <message>
+        <source>the file is not an image Vellumo can read</source>
+        <translation>el archivo no es una imagen que Vellumo pueda leer</translation>
+    </message>
+    <message>
+        <source>the image&apos;s size cannot be read</source>
+        <translation>no se puede leer el tamaño de la imagen</translation>
+    </message>
+    <message>
+        <source>Lossless: widened to the file&apos;s %1 × %2 blocks</source>
+        <translation>Sin pérdida: ampliado a los bloques de %1 × %2 del archivo</translation>
+    </message>
+    <message>
+        <source>%1 column at the left edge left out (a partial block)</source>
+        <translation>%1 columna del borde izquierdo omitida (un bloque parcial)</translation>
+    </message>
+    <message>
+        <source>%1 columns at the left edge left out (a partial block)</source>
+        <translation>%1 columnas del borde izquierdo omitidas (un bloque parcial)</translation>
+    </message>
+    <message>
+        <source>%1 row at the top edge left out (a partial block)</source>
+        <translation>%1 fila del borde superior omitida (un bloque parcial)</translation>
+    </message>
+    <message>
+        <source>%1 rows at the top edge left out (a partial block)</source>
+        <translation>%1 filas del borde superior omitidas (un bloque parcial)</translation>
+    </message>
+    <message>
+        <source>Re-encoded: this JPEG cannot be cropped without re-encoding</source>
+        <translation>Recodificado: este JPEG no se puede recortar sin recodificar</translation>
+    </message>
+    <message>
+        <source>Re-encoded: a resized crop cannot be lossless</source>
+        <translation>Recodificado: un recorte redimensionado no puede ser sin pérdida</translation>
+    </message>
+    <message>
+        <source>Re-encoded: a padded picture cannot be lossless</source>
+        <translation>Recodificado: una imagen con relleno no puede ser sin pérdida</translation>
+    </message>
+    <message>
+        <source>Re-encoded: the rectangle holds no whole block of the file</source>
+        <translation>Recodificado: el rectángulo no contiene ningún bloque entero del archivo</translation>
+    </message>
+    <message>
+        <source>%1 has no value: left empty in the name</source>
+        <translation>%1 no tiene valor: se deja vacío en el nombre</translation>
+    </message>
+    <message>
+        <source>%1 have no value: left empty in the name</source>
+        <translation>%1 no tienen valor: se dejan vacíos en el nombre</translation>
+    </message>
+    <message>
+        <source>not enlarged: the crop is %1 × %2</source>
+        <translation>no ampliado: el recorte mide %1 × %2</translation>
+    </message>
+</context>
+<context>
     <name>JobStatusText</name>
     <message>
         <source>about %L1 s left</source>
@@ -590,6 +753,10 @@
         <source>No to All</source>
         <translation>No a todo</translation>
     </message>
+    <message>
+        <source>The file %1 already exists. Do you want to overwrite it?</source>
+        <translation>El archivo %1 ya existe. ¿Desea sobrescribirlo?</translation>
+    </message>
 </context>
 <context>
     <name>PopUpChoices</name>
@@ -732,6 +899,18 @@
     <message>
         <source>The image worker&apos;s sandbox is incomplete: %1 missing.</source>
         <translation>El entorno aislado del proceso de imágenes está incompleto; falta: %1.</translation>
+    </message>
+    <message>
+        <source>active</source>
+        <translation>activa</translation>
+    </message>
+    <message>
+        <source>MISSING</source>
+        <translation>FALTA</translation>
+    </message>
+    <message>
+        <source>not reported by the worker</source>
+        <translation>no informado por el proceso de imágenes</translation>
     </message>
 </context>
 <context>

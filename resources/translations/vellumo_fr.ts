@@ -107,6 +107,169 @@
     </message>
 </context>
 <context>
+    <name>Engine</name>
+    <message>
+        <source>cannot decode: %1</source>
+        <translation>décodage impossible&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>cannot crop: %1</source>
+        <translation>recadrage impossible&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>cannot write: %1</source>
+        <translation>écriture impossible&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>cannot carry metadata: %1</source>
+        <translation>métadonnées non reprises&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>; </source>
+        <translation>&#xa0;; </translation>
+    </message>
+    <message>
+        <source>attention placement could not be found; centred</source>
+        <translation>placement par attention introuvable&#xa0;; centré</translation>
+    </message>
+    <message>
+        <source>entropy placement could not be found; centred</source>
+        <translation>placement par entropie introuvable&#xa0;; centré</translation>
+    </message>
+    <message>
+        <source>Clipped to %1 × %2</source>
+        <translation>Rogné à %1 × %2</translation>
+    </message>
+    <message>
+        <source>Whole image: neither pixels nor percents are chosen</source>
+        <translation>Image entière&#xa0;: ni pixels ni pourcentages choisis</translation>
+    </message>
+    <message>
+        <source>Whole image: the rectangle is empty</source>
+        <translation>Image entière&#xa0;: le rectangle est vide</translation>
+    </message>
+    <message>
+        <source>Whole image: the rectangle lies outside this image</source>
+        <translation>Image entière&#xa0;: le rectangle est hors de cette image</translation>
+    </message>
+    <message>
+        <source>Whole image: less than a pixel of the rectangle lies on this image</source>
+        <translation>Image entière&#xa0;: moins d’un pixel du rectangle est sur cette image</translation>
+    </message>
+    <message>
+        <source>Whole image: nothing but background to trim</source>
+        <translation>Image entière&#xa0;: rien que du fond à rogner</translation>
+    </message>
+    <message>
+        <source>first frame only (of %1)</source>
+        <translation>première image seulement (sur %1)</translation>
+    </message>
+    <message>
+        <source>faces were not looked for; placed by attention</source>
+        <translation>visages non recherchés&#xa0;; placé par attention</translation>
+    </message>
+    <message>
+        <source>faces were not looked for; centred</source>
+        <translation>visages non recherchés&#xa0;; centré</translation>
+    </message>
+    <message>
+        <source>faces could not be looked for: %1; placed by attention</source>
+        <translation>les visages n’ont pas pu être recherchés&#xa0;: %1&#xa0;; placé par attention</translation>
+    </message>
+    <message>
+        <source>faces could not be looked for: %1; centred</source>
+        <translation>les visages n’ont pas pu être recherchés&#xa0;: %1&#xa0;; centré</translation>
+    </message>
+    <message>
+        <source>no face found; placed by attention</source>
+        <translation>aucun visage trouvé&#xa0;; placé par attention</translation>
+    </message>
+    <message>
+        <source>no face found; centred</source>
+        <translation>aucun visage trouvé&#xa0;; centré</translation>
+    </message>
+    <message>
+        <source>the portrait needs a face, and none was looked for</source>
+        <translation>le portrait a besoin d’un visage, et aucun n’a été recherché</translation>
+    </message>
+    <message>
+        <source>faces could not be looked for: %1</source>
+        <translation>les visages n’ont pas pu être recherchés&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>no face found for the portrait</source>
+        <translation>aucun visage trouvé pour le portrait</translation>
+    </message>
+    <message>
+        <source>the face is too near the image&apos;s edges for the portrait as asked; made smaller and moved onto the image</source>
+        <translation>le visage est trop près des bords de l’image pour le portrait demandé&#xa0;; réduit et ramené sur l’image</translation>
+    </message>
+    <message>
+        <source>the face is too near the image&apos;s edge for the portrait as asked; moved onto the image</source>
+        <translation>le visage est trop près du bord de l’image pour le portrait demandé&#xa0;; ramené sur l’image</translation>
+    </message>
+    <message>
+        <source>made smaller to %1 × %2 to fit %3</source>
+        <translation>réduit à %1 × %2 pour tenir dans %3</translation>
+    </message>
+    <message>
+        <source>the file is not an image Vellumo can read</source>
+        <translation>le fichier n’est pas une image que Vellumo sait lire</translation>
+    </message>
+    <message>
+        <source>the image&apos;s size cannot be read</source>
+        <translation>la taille de l’image ne peut pas être lue</translation>
+    </message>
+    <message>
+        <source>Lossless: widened to the file&apos;s %1 × %2 blocks</source>
+        <translation>Sans perte&#xa0;: élargi aux blocs de %1 × %2 du fichier</translation>
+    </message>
+    <message>
+        <source>%1 column at the left edge left out (a partial block)</source>
+        <translation>%1 colonne au bord gauche laissée de côté (un bloc partiel)</translation>
+    </message>
+    <message>
+        <source>%1 columns at the left edge left out (a partial block)</source>
+        <translation>%1 colonnes au bord gauche laissées de côté (un bloc partiel)</translation>
+    </message>
+    <message>
+        <source>%1 row at the top edge left out (a partial block)</source>
+        <translation>%1 ligne au bord supérieur laissée de côté (un bloc partiel)</translation>
+    </message>
+    <message>
+        <source>%1 rows at the top edge left out (a partial block)</source>
+        <translation>%1 lignes au bord supérieur laissées de côté (un bloc partiel)</translation>
+    </message>
+    <message>
+        <source>Re-encoded: this JPEG cannot be cropped without re-encoding</source>
+        <translation>Réencodé&#xa0;: ce JPEG ne peut pas être recadré sans réencodage</translation>
+    </message>
+    <message>
+        <source>Re-encoded: a resized crop cannot be lossless</source>
+        <translation>Réencodé&#xa0;: un recadrage redimensionné ne peut pas être sans perte</translation>
+    </message>
+    <message>
+        <source>Re-encoded: a padded picture cannot be lossless</source>
+        <translation>Réencodé&#xa0;: une image complétée ne peut pas être sans perte</translation>
+    </message>
+    <message>
+        <source>Re-encoded: the rectangle holds no whole block of the file</source>
+        <translation>Réencodé&#xa0;: le rectangle ne contient aucun bloc entier du fichier</translation>
+    </message>
+    <message>
+        <source>%1 has no value: left empty in the name</source>
+        <translation>%1 n’a pas de valeur&#xa0;: laissé vide dans le nom</translation>
+    </message>
+    <message>
+        <source>%1 have no value: left empty in the name</source>
+        <translation>%1 n’ont pas de valeur&#xa0;: laissés vides dans le nom</translation>
+    </message>
+    <message>
+        <source>not enlarged: the crop is %1 × %2</source>
+        <translation>non agrandi&#xa0;: le recadrage fait %1 × %2</translation>
+    </message>
+</context>
+<context>
     <name>JobStatusText</name>
     <message>
         <source>about %L1 s left</source>
@@ -590,6 +753,10 @@
         <source>No to All</source>
         <translation>Non pour tout</translation>
     </message>
+    <message>
+        <source>The file %1 already exists. Do you want to overwrite it?</source>
+        <translation>Le fichier %1 existe déjà. Voulez-vous le remplacer&#xa0;?</translation>
+    </message>
 </context>
 <context>
     <name>PopUpChoices</name>
@@ -732,6 +899,18 @@
     <message>
         <source>The image worker&apos;s sandbox is incomplete: %1 missing.</source>
         <translation>Le bac à sable du processus de décodage est incomplet&#xa0;; il manque&#xa0;: %1.</translation>
+    </message>
+    <message>
+        <source>active</source>
+        <translation>actif</translation>
+    </message>
+    <message>
+        <source>MISSING</source>
+        <translation>ABSENT</translation>
+    </message>
+    <message>
+        <source>not reported by the worker</source>
+        <translation>non signalé par le processus de décodage</translation>
     </message>
 </context>
 <context>

@@ -121,7 +121,7 @@ TEST(AdjustedCrop, ARectangleBeyondASmallerImageIsClippedAndSaysSo) {
         ResolveCrop(Rule1To1(), test::MakeSizedImage(300, 200), nullptr, Rect{200, 100, 400, 400});
     EXPECT_EQ(crop.extent, CropExtent::Clipped);
     EXPECT_EQ(crop.cutSize, (Size{100, 100}));
-    EXPECT_EQ(CropExtentNote(crop), "Clipped to 100 \u00d7 100");
+    EXPECT_EQ(EnglishLine(CropExtentNotes(crop)), "Clipped to 100 \u00d7 100");
     const ResolvedCrop outside =
         ResolveCrop(Rule1To1(), test::MakeSizedImage(300, 200), nullptr, Rect{400, 300, 50, 50});
     EXPECT_EQ(outside.extent, CropExtent::WholeOutside);

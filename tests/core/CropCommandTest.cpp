@@ -35,8 +35,8 @@ class RecordingQuestions final : public CropQuestions {
                          const std::vector<std::string>&) override {
         return Note("clashes " + std::to_string(clashes.size()));
     }
-    OverwriteAnswer Overwrite(const std::string& question) override {
-        asked.push_back(question);
+    OverwriteAnswer Overwrite(const std::string& path) override {
+        asked.push_back(path);
         if (overwrites.empty()) {
             return OverwriteAnswer::Yes;
         }
@@ -288,7 +288,7 @@ TEST_F(CropCommandTest, AnExistingOutputIsAskedAboutAndKeptOnNo) {
     std::ofstream(dir.File("out/a.png")) << "precious";
     questions.overwrites = {OverwriteAnswer::No};
     const CropCommandResult result = Crop();
-    EXPECT_EQ(questions.asked, std::vector<std::string>{OverwriteQuestion(dir.File("out/a.png"))});
+    EXPECT_EQ(questions.asked, std::vector<std::string>{dir.File("out/a.png")});
     ASSERT_EQ(result.report.images.size(), 1u);
     EXPECT_EQ(result.report.images[0].outcome.status, ImageStatus::Skipped);
     EXPECT_EQ(test::ReadFileBytes(dir.File("out/a.png")), "precious");

@@ -99,7 +99,7 @@ TEST(ResolveCrop, ARectangleOnTheImageIsCutAsItIs) {
     const ResolvedCrop crop = ResolveCrop(Pixels(10, 20, 30.9f, 40), test::MakeSizedImage(100, 68));
     EXPECT_EQ(crop.extent, CropExtent::Inside);
     EXPECT_EQ(crop.outputSize, (Size{30, 40}));
-    EXPECT_EQ(CropExtentNote(crop), "");
+    EXPECT_EQ(EnglishLine(CropExtentNotes(crop)), "");
 }
 
 TEST(ResolveCrop, ARectangleBeyondTheImageLeavesItWhole) {
@@ -108,14 +108,15 @@ TEST(ResolveCrop, ARectangleBeyondTheImageLeavesItWhole) {
     EXPECT_EQ(crop.extent, CropExtent::WholeOutside);
     EXPECT_EQ(crop.outputSize, (Size{100, 68}));
     EXPECT_EQ(crop.cut, (Rect{0, 0, 100, 68}));
-    EXPECT_EQ(CropExtentNote(crop), "Whole image: the rectangle lies outside this image");
+    EXPECT_EQ(EnglishLine(CropExtentNotes(crop)),
+              "Whole image: the rectangle lies outside this image");
 }
 
 TEST(ResolveCrop, TheEmptyDefaultRectangleLeavesTheImageWhole) {
     const ResolvedCrop crop = ResolveCrop(CropSettings{}, test::MakeSizedImage(640, 480));
     EXPECT_EQ(crop.extent, CropExtent::WholeEmpty);
     EXPECT_EQ(crop.outputSize, (Size{640, 480}));
-    EXPECT_EQ(CropExtentNote(crop), "Whole image: the rectangle is empty");
+    EXPECT_EQ(EnglishLine(CropExtentNotes(crop)), "Whole image: the rectangle is empty");
 }
 
 TEST(ResolveCrop, LessThanAPixelOnTheImageLeavesItWhole) {
@@ -128,7 +129,7 @@ TEST(ResolveCrop, APartlyOutsideRectangleIsClippedAndSaysToWhat) {
     const ResolvedCrop crop = ResolveCrop(Pixels(-20, 10, 100, 100), test::MakeSizedImage(100, 68));
     EXPECT_EQ(crop.extent, CropExtent::Clipped);
     EXPECT_EQ(crop.outputSize, (Size{80, 58}));
-    EXPECT_EQ(CropExtentNote(crop), "Clipped to 80 \u00d7 58");
+    EXPECT_EQ(EnglishLine(CropExtentNotes(crop)), "Clipped to 80 \u00d7 58");
 }
 
 TEST(ResolveCrop, NoUnitChosenLeavesTheImageWhole) {
@@ -147,7 +148,7 @@ TEST(ResolveCrop, PaddingWithoutACropModeKeepsTheWholeImageWithoutAWarning) {
     const ResolvedCrop crop = ResolveCrop(s, test::MakeSizedImage(100, 68));
     EXPECT_EQ(crop.extent, CropExtent::WholeNoMode);
     EXPECT_EQ(crop.outputSize, (Size{100, 100}));
-    EXPECT_EQ(CropExtentNote(crop), "");
+    EXPECT_EQ(EnglishLine(CropExtentNotes(crop)), "");
 }
 
 TEST(ResolveCrop, AWholePercentRectangleOnAHugeImageIsNotClipped) {
@@ -167,11 +168,24 @@ TEST(ResolveCrop, AutoCropIsAlwaysInside) {
 }
 
 TEST(Notes, FirstPageAndJoining) {
-    EXPECT_EQ(FirstPageNote(1), "");
-    EXPECT_EQ(FirstPageNote(12), "first frame only (of 12)");
-    EXPECT_EQ(JoinNotes("a", ""), "a");
-    EXPECT_EQ(JoinNotes("", "b"), "b");
-    EXPECT_EQ(JoinNotes("a", "b"), "a; b");
+    EXPECT_TRUE(FirstPageNote(1).empty());
+    EXPECT_EQ(FirstPageNote(12).pattern, "first frame only (of %1)");
+    EXPECT_EQ(FirstPageNote(12).English(), "first frame only (of 12)");
+    Sentences notes;
+    Append(notes, Sentence{"a", {}});
+    Append(notes, Sentence{});
+    EXPECT_EQ(EnglishLine(notes), "a");
+    Append(notes, Sentences{Sentence{}, Sentence{"%1 × %2", {"3", "4"}}});
+    EXPECT_EQ(EnglishLine(notes), "a; 3 × 4");
+}
+
+TEST(Notes, PatternsAreFilledInOnePass) {
+    EXPECT_EQ(FillPattern("%2 of %1", {"a", "b"}), "b of a");
+    // A value holding a placeholder stays as it is; a number without a value
+    // stays as written.
+    EXPECT_EQ(FillPattern("%1 and %2", {"%2", "x"}), "%2 and x");
+    EXPECT_EQ(FillPattern("%1 at 100%3", {"5"}), "5 at 100%3");
+    EXPECT_EQ(FillPattern("100%", {}), "100%");
 }
 
 }  // namespace

@@ -242,7 +242,7 @@ TEST(CropRules, OutputSizeAfterTheResize) {
     // Never larger than the crop unless asked, and then it says so.
     const ResolvedCrop small = ResolveCrop(Resized(square, ResizeMode::Fit, 5000, 5000), photo);
     EXPECT_EQ(small.outputSize, (Size{4000, 4000}));
-    EXPECT_EQ(CropExtentNote(small), "not enlarged: the crop is 4000 \u00d7 4000");
+    EXPECT_EQ(EnglishLine(CropExtentNotes(small)), "not enlarged: the crop is 4000 \u00d7 4000");
     EXPECT_EQ(ResolveCrop(Resized(square, ResizeMode::Fit, 5000, 5000, true), photo).outputSize,
               (Size{5000, 5000}));
     EXPECT_EQ(ResolveCrop(Resized(square, ResizeMode::Exact, 5000, 5000), photo).outputSize,
@@ -287,7 +287,7 @@ TEST(CropRules, AttentionAndEntropyFindTheSubjectOffCentre) {
     for (const CropAnchor anchor : {CropAnchor::Attention, CropAnchor::Entropy}) {
         const ResolvedCrop crop =
             ResolveCrop(Auto(RatioChoice::Ratio1x1, true, anchor), image, &picture->picture);
-        EXPECT_EQ(crop.placementNote, "");
+        EXPECT_TRUE(crop.placementNote.empty());
         // The 800 x 800 square holds the whole patch: it starts at or
         // right of column 350 (the centred square starts at 200).
         EXPECT_EQ(crop.rect.width, 800.0);
@@ -307,7 +307,8 @@ TEST(CropRules, ASmartAnchorWithoutAPictureIsCentredAndSaysSo) {
     const ResolvedCrop crop = ResolveCrop(Auto(RatioChoice::Ratio1x1, true, CropAnchor::Attention),
                                           Image::OfSize(1200, 800));
     EXPECT_EQ(crop.rect, (Rect{200, 0, 800, 800}));
-    EXPECT_EQ(CropExtentNote(crop), "attention placement could not be found; centred");
+    EXPECT_EQ(EnglishLine(CropExtentNotes(crop)),
+              "attention placement could not be found; centred");
     EXPECT_TRUE(UsesPlacementPicture(Auto(RatioChoice::Ratio1x1, true, CropAnchor::Entropy)));
     EXPECT_FALSE(UsesPlacementPicture(Auto(RatioChoice::Ratio1x1, true, CropAnchor::Top)));
 }

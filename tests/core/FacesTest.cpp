@@ -165,7 +165,7 @@ TEST(Faces, TheAnchorKeepsAsManyLabelledFacesAsAnyCropCould) {
                 << photo.file << " at " << ratio.width << ":" << ratio.height;
             EXPECT_GE(kept, KeptFaces(centre, photo.faces));
             EXPECT_GE(kept, KeptFaces(attention, photo.faces));
-            EXPECT_EQ(crop.placementNote, "");
+            EXPECT_TRUE(crop.placementNote.empty());
             std::cout << "| " << photo.file << " | " << ratio.width << ":" << ratio.height << " | "
                       << photo.faces.size() << " | "
                       << MostKeepable(photo, {crop.rect.width, crop.rect.height}) << " | "
@@ -265,7 +265,7 @@ TEST(Faces, WithoutAFaceTheAnchorFallsBackToAttentionAndSaysSo) {
     attention.anchor = CropAnchor::Attention;
     EXPECT_EQ(crop.rect, ResolveCrop(attention, image, &picture->picture).rect);
     EXPECT_GE(crop.rect.x, 350.0);
-    EXPECT_EQ(CropExtentNote(crop), "no face found; placed by attention");
+    EXPECT_EQ(EnglishLine(CropExtentNotes(crop)), "no face found; placed by attention");
     EXPECT_FALSE(crop.failure);
     // A portrait of the face fails: nothing to write.
     CropSettings portrait = FacesRule({3, 4});
@@ -286,7 +286,7 @@ TEST(Faces, ADetectorThatCannotRunGivesAReasonPerImage) {
     const ResolvedCrop crop =
         ResolveCrop(FacesRule({1, 1}), image, nullptr, std::nullopt, nullptr, &failed);
     EXPECT_EQ(crop.rect, (Rect{200, 0, 800, 800}));
-    EXPECT_EQ(CropExtentNote(crop),
+    EXPECT_EQ(EnglishLine(CropExtentNotes(crop)),
               "faces could not be looked for: there is no picture to look "
               "for faces in; centred");
     CropSettings portrait = FacesRule({3, 4});
@@ -320,7 +320,7 @@ TEST(Faces, APortraitOfTheLargestLabelledFace) {
         EXPECT_DOUBLE_EQ(crop.rect.height, face.height / 0.45);
         EXPECT_DOUBLE_EQ(crop.rect.width, crop.rect.height * 0.75);
         EXPECT_TRUE(Holds(crop.rect, photo.faces[2]));
-        EXPECT_EQ(CropExtentNote(crop), "");
+        EXPECT_EQ(EnglishLine(CropExtentNotes(crop)), "");
     }
 }
 

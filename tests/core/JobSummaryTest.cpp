@@ -14,7 +14,9 @@ JobReport Report(std::initializer_list<std::pair<ImageStatus, const char*>> imag
         ImageReport image;
         image.index = index++;
         image.outcome.status = status;
-        image.outcome.warning = warning;
+        if (*warning != '\0') {
+            image.outcome.warnings = {Sentence{warning, {}}};
+        }
         if (status == ImageStatus::Failed) {
             report.allSucceeded = false;
         }

@@ -125,7 +125,8 @@ TEST_F(DecideLossless, AJpegToJpegCropTakesTheGridAndSaysSo) {
     ASSERT_TRUE(decision.cut.has_value());
     EXPECT_EQ(crop.cut, (Rect{32, 45, 306, 207}));
     EXPECT_EQ(crop.outputSize, (Size{306, 207}));
-    EXPECT_EQ(CropExtentNote(crop), "Lossless: widened to the file's 16 \u00d7 16 blocks");
+    EXPECT_EQ(EnglishLine(CropExtentNotes(crop)),
+              "Lossless: widened to the file's 16 \u00d7 16 blocks");
 }
 
 TEST_F(DecideLossless, OtherFormatsSourcesAndTheSettingOffAreLeftAlone) {
@@ -138,7 +139,7 @@ TEST_F(DecideLossless, OtherFormatsSourcesAndTheSettingOffAreLeftAlone) {
     off.losslessJpeg = false;
     EXPECT_FALSE(DecideLosslessCrop(off, off.outputFormat, true, kUpright, crop).cut);
     EXPECT_EQ(crop.cut, chosen);
-    EXPECT_EQ(CropExtentNote(crop), "");
+    EXPECT_EQ(EnglishLine(CropExtentNotes(crop)), "");
 }
 
 TEST_F(DecideLossless, AResizedCropIsReencodedAndSaysWhy) {
@@ -146,13 +147,14 @@ TEST_F(DecideLossless, AResizedCropIsReencodedAndSaysWhy) {
     crop.outputSize = {150, 101};
     EXPECT_FALSE(DecideLosslessCrop(settings, settings.outputFormat, true, kUpright, crop).cut);
     EXPECT_EQ(crop.outputSize, (Size{150, 101}));
-    EXPECT_EQ(CropExtentNote(crop), "Re-encoded: a resized crop cannot be lossless");
+    EXPECT_EQ(EnglishLine(CropExtentNotes(crop)), "Re-encoded: a resized crop cannot be lossless");
 }
 
 TEST_F(DecideLossless, AJpegWithoutAKnownGridIsReencodedAndSaysWhy) {
     ResolvedCrop crop = Crop({37, 45, 301, 203});
     EXPECT_FALSE(DecideLosslessCrop(settings, settings.outputFormat, true, std::nullopt, crop).cut);
-    EXPECT_EQ(CropExtentNote(crop), "Re-encoded: this JPEG cannot be cropped without re-encoding");
+    EXPECT_EQ(EnglishLine(CropExtentNotes(crop)),
+              "Re-encoded: this JPEG cannot be cropped without re-encoding");
 }
 
 TEST(ReadJpegGrid, GivesTheBlockSizeOfTheSubsamplingAndTheStoredSize) {

@@ -39,7 +39,7 @@ TEST(NameTemplate, EveryTokenTakesItsValue) {
     const ExpandedName name = Expand(
         "[FileName]-[FileIndex]-[Folder]-[Ext]-[Date]-[Camera]-[Width]x[Height]-[Ratio]", Photo());
     EXPECT_EQ(name.name, "IMG_0042-7-shoes-JPG-2023-07-04-Canon EOS R5-1920x1080-16x9");
-    EXPECT_EQ(name.warning, "");
+    EXPECT_EQ(EnglishLine(name.warnings), "");
 }
 
 TEST(NameTemplate, AnEmptyPathHasNoFolder) {
@@ -47,7 +47,7 @@ TEST(NameTemplate, AnEmptyPathHasNoFolder) {
     values.source.clear();
     const ExpandedName name = Expand("[Folder]x", values);
     EXPECT_EQ(name.name, "x (7)");
-    EXPECT_EQ(name.warning, "[Folder] has no value: left empty in the name");
+    EXPECT_EQ(EnglishLine(name.warnings), "[Folder] has no value: left empty in the name");
 }
 
 TEST(NameTemplate, DatePatternsUseTheirLetters) {
@@ -62,9 +62,11 @@ TEST(NameTemplate, TokenWithoutValueIsLeftEmptyWithAWarning) {
     values.outputSize.reset();
     const ExpandedName name = Expand("[Camera]_[Width]_[FileName]", values);
     EXPECT_EQ(name.name, "__IMG_0042");
-    EXPECT_EQ(name.warning, "[Camera], [Width] have no value: left empty in the name");
+    EXPECT_EQ(EnglishLine(name.warnings),
+              "[Camera], [Width] have no value: left empty in the name");
     values.facts.reset();
-    EXPECT_EQ(Expand("[Date]", values).warning, "[Date] has no value: left empty in the name");
+    EXPECT_EQ(EnglishLine(Expand("[Date]", values).warnings),
+              "[Date] has no value: left empty in the name");
 }
 
 // A name shown before the facts are read keeps each token without a value
@@ -79,7 +81,8 @@ TEST(NameTemplate, TokenWithoutValueCanBeKeptAsWritten) {
     ASSERT_TRUE(name) << problem;
     const ExpandedName shown = name->Expand(values, NameTemplate::Missing::KeptAsToken);
     EXPECT_EQ(shown.name, "[Date:yyyy-MM-dd HH-mm]_[Camera]_IMG_0042_[Width]");
-    EXPECT_EQ(shown.warning, "[Date], [Camera], [Width] have no value: left empty in the name");
+    EXPECT_EQ(EnglishLine(shown.warnings),
+              "[Date], [Camera], [Width] have no value: left empty in the name");
     EXPECT_EQ(name->Expand(Photo(), NameTemplate::Missing::KeptAsToken).name,
               "2023-07-04 09-05_Canon EOS R5_IMG_0042_1920");
 }
@@ -211,9 +214,9 @@ TEST_F(PhotoFactsFiles, GatheredFactsGiveThePlannedNames) {
     ASSERT_EQ(facts.size(), 2u);
     const OutputPlan plan = PlanOutputs(settings, list, ClashPolicy::Number, &facts);
     EXPECT_EQ(plan.images[0].path, dir.File("out") + "/20200102-030405_X100V_400x225_16x9.jpg");
-    EXPECT_EQ(plan.images[0].warning, "");
+    EXPECT_EQ(EnglishLine(plan.images[0].warnings), "");
     EXPECT_EQ(plan.images[1].path, dir.File("out") + "/__x_.jpg");
-    EXPECT_EQ(plan.images[1].warning,
+    EXPECT_EQ(EnglishLine(plan.images[1].warnings),
               "[Date], [Camera], [Width], [Height], [Ratio] have no value: left empty in the name");
 }
 

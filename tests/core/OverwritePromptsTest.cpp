@@ -55,7 +55,8 @@ TEST_F(OverwritePromptsTest, QuestionNamesTheFullPath) {
     Existing(0);
     PromptOverwrites(settings, list, Script({OverwriteAnswer::Yes}));
     ASSERT_EQ(questions.size(), 1u);
-    EXPECT_EQ(questions[0],
+    EXPECT_EQ(questions[0], Output(0));
+    EXPECT_EQ(OverwriteQuestion(questions[0]),
               "The file " + Output(0) + " already exists. Do you want to overwrite it?");
     EXPECT_EQ(kOverwriteButtons,
               (std::vector<std::string>{"Yes", "Yes to All", "No", "No to All"}));

@@ -310,7 +310,7 @@ TEST(SandboxFormats, EveryInputFormatDecodesUnderTheSandboxAsInTheEnginesOwnProc
         const ImageOutcome& b = inProcess.images[i].outcome;
         EXPECT_EQ(a.status, b.status) << files[i] << ": " << a.Reason();
         EXPECT_EQ(a.Reason(), b.Reason()) << files[i];
-        EXPECT_EQ(a.warning, b.warning) << files[i];
+        EXPECT_EQ(a.warnings, b.warnings) << files[i];
         written += a.status == ImageStatus::Written;
     }
     EXPECT_GT(written, files.size() * 9 / 10);

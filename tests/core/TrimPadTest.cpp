@@ -167,14 +167,14 @@ TEST(TrimRule, CutsTheContentWithItsMarginAndWarnsWhenAllIsBackground) {
         ResolveCrop(Trimming(CropMode::None, 4), image, nullptr, std::nullopt, &found);
     EXPECT_EQ(crop.cut, (Rect{26, 16, 128, 98}));
     EXPECT_EQ(crop.outputSize, (Size{128, 98}));
-    EXPECT_EQ(CropExtentNote(crop), "");
+    EXPECT_EQ(EnglishLine(CropExtentNotes(crop)), "");
 
     const TrimFinding nothing{std::nullopt};
     const ResolvedCrop whole =
         ResolveCrop(Trimming(CropMode::None), image, nullptr, std::nullopt, &nothing);
     EXPECT_EQ(whole.extent, CropExtent::WholeBackground);
     EXPECT_EQ(whole.cut, (Rect{0, 0, 200, 120}));
-    EXPECT_EQ(CropExtentNote(whole), "Whole image: nothing but background to trim");
+    EXPECT_EQ(EnglishLine(CropExtentNotes(whole)), "Whole image: nothing but background to trim");
 }
 
 TEST(TrimRule, TheRatioIsTakenWithinWhatTheTrimLeaves) {

@@ -93,12 +93,25 @@ TEST(WorkerProtocol, ARequestReadsBackAsItWasSent) {
     EXPECT_EQ(std::get<PreviewRequest>(*looking).looks, looks);
 }
 
+TEST(WorkerProtocol, AFailureKeepsItsCauseForTheWindowsWords) {
+    ImageOutcome outcome;
+    outcome.failure = Failure::At(FailureStage::Crop,
+                                  Sentence{"faces could not be looked for: %1", {"no memory"}});
+    const auto reply = DecodeReply(Encode(Reply(OutcomeReply{outcome})));
+    ASSERT_TRUE(reply);
+    const Failure& back = *std::get<OutcomeReply>(*reply).outcome.failure;
+    EXPECT_EQ(back.stage, FailureStage::Crop);
+    EXPECT_EQ(back.reason, "cannot crop: faces could not be looked for: no memory");
+    EXPECT_EQ(back.detail.pattern, "faces could not be looked for: %1");
+    EXPECT_EQ(back.detail.values, std::vector<std::string>{"no memory"});
+}
+
 TEST(WorkerProtocol, RepliesReadBackAsTheyWereSent) {
     ImageOutcome outcome;
     outcome.status = ImageStatus::Written;
     outcome.rect = Rect{10, 20, 30.5, 40};
     outcome.outputSize = Size{30, 40};
-    outcome.warning = "Clipped to 30 × 40";
+    outcome.warnings = {{"Clipped to %1 × %2", {"30", "40"}}, {"first frame only (of %1)", {"3"}}};
     outcome.notes = {{NoteKind::DateNotSet, "permission denied"}};
     outcome.photoFacts = PhotoFacts{CalendarTime{2021, 12, 24, 18, 30, 15}, "PEN-F"};
     const auto reply = DecodeReply(Encode(Reply(OutcomeReply{outcome})));
@@ -108,7 +121,8 @@ TEST(WorkerProtocol, RepliesReadBackAsTheyWereSent) {
     EXPECT_EQ(back->outcome.status, ImageStatus::Written);
     EXPECT_EQ(back->outcome.rect, outcome.rect);
     EXPECT_EQ(back->outcome.outputSize, outcome.outputSize);
-    EXPECT_EQ(back->outcome.warning, outcome.warning);
+    EXPECT_EQ(back->outcome.warnings, outcome.warnings);
+    EXPECT_EQ(back->outcome.WarningLine(), "Clipped to 30 × 40; first frame only (of 3)");
     EXPECT_EQ(back->outcome.notes, outcome.notes);
     EXPECT_EQ(back->outcome.photoFacts, outcome.photoFacts);
     outcome.photoFacts = PhotoFacts{};  // no date at all

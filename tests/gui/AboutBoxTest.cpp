@@ -57,6 +57,10 @@ class AboutBoxTest : public QObject {
         QCOMPARE(AboutBox::SandboxHeadline(status, QString()),
                  QStringLiteral("The image worker's sandbox is incomplete: landlock (the kernel "
                                 "has no Landlock) missing."));
+        // The table as the command line's --sandbox-status prints it, in
+        // English.
+        QCOMPARE(AboutBox::SandboxTable(status),
+                 QString::fromStdString(vellumo::DescribeSandbox(status)));
         QCOMPARE(AboutBox::SandboxHeadline({}, QStringLiteral("no worker")),
                  QStringLiteral("The image worker did not start: no worker"));
     }

@@ -186,7 +186,7 @@ class CropJobTest : public QObject {
         QVERIFY(CropAndWait(w.loaded));
         QCOMPARE(w.loaded.boxes.front().text, QString::fromLatin1(vellumo::kUncroppedQuestion));
         QCOMPARE(w.processor->outcomes().back().rect.value(), (vellumo::Rect{0, 0, 0, 0}));
-        QCOMPARE(w.processor->outcomes().back().warning,
+        QCOMPARE(w.processor->outcomes().back().WarningLine(),
                  std::string("Whole image: the rectangle is empty"));
         QVERIFY(w.Replaced(0));
 

@@ -347,7 +347,8 @@ class CropModesTest : public QObject {
         QCOMPARE(used.pixelsHeight, 120.0f);
         QCOMPARE(used.pixelsOriginX, -50.0f);
         QCOMPARE(QImage(f.OutputPath()).size(), QSize(200, 120));
-        QCOMPARE(f.processor->outcomes().at(0).warning, std::string("Clipped to 200 \u00d7 120"));
+        QCOMPARE(f.processor->outcomes().at(0).WarningLine(),
+                 std::string("Clipped to 200 \u00d7 120"));
     }
 
     void aRectangleBeyondThePictureSaysItIsWrittenWhole() {

@@ -172,7 +172,9 @@ class MessageBoxTest : public QObject {
     void theOverwriteBoxsAnswersAndAnyOtherCodeCountsAsNoToAll() {
         using vellumo::OverwriteAnswer;
         using vellumo::OverwriteAnswerOfBox;
-        const MessageBoxRequest box = vellumo::OverwriteBoxRequest("The file /a already exists.");
+        const MessageBoxRequest box = vellumo::OverwriteBoxRequest("/a");
+        QCOMPARE(box.text,
+                 QStringLiteral("The file /a already exists. Do you want to overwrite it?"));
         QCOMPARE(box.buttons, QStringList({"Yes", "Yes to All", "No", "No to All"}));
         QCOMPARE(OverwriteAnswerOfBox(vellumo::kAnswerYes), OverwriteAnswer::Yes);
         QCOMPARE(OverwriteAnswerOfBox(vellumo::kAnswerYesToAll), OverwriteAnswer::YesToAll);

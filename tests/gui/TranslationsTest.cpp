@@ -26,10 +26,14 @@
 #include <vector>
 
 #include "app/WindowLanguage.h"
+#include "batch/CropRectangle.h"
 #include "batch/JobSummary.h"
+#include "batch/NameTemplate.h"
 #include "tests/gui/support/LoadedWindow.h"
+#include "ui/EngineText.h"
 #include "ui/JobStatusText.h"
 #include "ui/WindowLocale.h"
+#include "ui/dialogs/OverwriteBox.h"
 #include "ui/dialogs/ReportText.h"
 #include "ui/list/ImageList.h"
 #include "ui/preview/DimensionText.h"
@@ -349,7 +353,7 @@ vellumo::JobReport Report(std::initializer_list<vellumo::ImageStatus> outcomes, 
         image.index = static_cast<long>(report.images.size());
         image.outcome.status = status;
         if (status == vellumo::ImageStatus::Written && warned-- > 0) {
-            image.outcome.warning = "Clipped";
+            image.outcome.warnings = {{"Clipped to %1 × %2", {"10", "20"}}};
         }
         report.allSucceeded = report.allSucceeded && status != vellumo::ImageStatus::Failed;
         report.images.push_back(image);
@@ -553,6 +557,46 @@ class TranslationsTest : public QObject {
         QCOMPARE(
             vellumo::StoppedSentenceText(stopped),
             QStringLiteral("Das Zuschneiden wurde angehalten: 1 von 1.300 Bildern geschrieben."));
+    }
+
+    // The engine says what happened to an image in sentences with values;
+    // the window words them in its language, and in English as the
+    // command line prints them.
+    void theEnginesSentencesAreWordedInTheWindowsLanguage() {
+        using vellumo::Failure;
+        using vellumo::FailureStage;
+        using vellumo::Sentence;
+        const vellumo::Sentences notes = {Sentence{"Clipped to %1 × %2", {"80", "58"}},
+                                          vellumo::FirstPageNote(12)};
+        std::string problem;
+        const vellumo::ExpandedName name =
+            vellumo::NameTemplate::Parse("[Camera]_[FileName]", problem)
+                ->Expand({.source = "/photos/a.jpg"});
+        const Failure unreadable = Failure::At(
+            FailureStage::Decode, Sentence{"the file is not an image Vellumo can read", {}});
+        const Failure library = Failure::At(FailureStage::Decode, "VipsJpeg: Premature end");
+        QCOMPARE(vellumo::EngineText(notes), QString::fromStdString(vellumo::EnglishLine(notes)));
+        QCOMPARE(vellumo::EngineText(name.warnings),
+                 QStringLiteral("[Camera] has no value: left empty in the name"));
+        QCOMPARE(vellumo::FailureText(unreadable), QString::fromStdString(unreadable.reason));
+        QCOMPARE(vellumo::FailureText(library), QString::fromStdString(library.reason));
+
+        WindowLanguage german;
+        QVERIFY(german.Install({QStringLiteral("de")}));
+        QCOMPARE(vellumo::EngineText(notes),
+                 QStringLiteral("Beschnitten auf 80 × 58; nur das erste Bild (von 12)"));
+        QCOMPARE(vellumo::EngineText(name.warnings),
+                 QStringLiteral("[Camera] hat keinen Wert: im Namen leer gelassen"));
+        QCOMPARE(
+            vellumo::FailureText(unreadable),
+            QStringLiteral(
+                "kann nicht dekodiert werden: die Datei ist kein Bild, das Vellumo lesen kann"));
+        // A library's own words stay as they are, in the window's sentence.
+        QCOMPARE(vellumo::FailureText(library),
+                 QStringLiteral("kann nicht dekodiert werden: VipsJpeg: Premature end"));
+        QCOMPARE(vellumo::OverwriteBoxRequest(QStringLiteral("/out/a.jpg")).text,
+                 QStringLiteral("Die Datei /out/a.jpg existiert bereits. "
+                                "Möchten Sie sie überschreiben?"));
     }
 
     void aLongerLanguageShowsNoEnglish() {

@@ -9,6 +9,7 @@
 #include <QPlainTextEdit>
 #include <QVBoxLayout>
 #include <QtConcurrent>
+#include <algorithm>
 
 #include "ui/job/WorkerSettings.h"
 #include "worker/WorkerProcess.h"
@@ -30,7 +31,7 @@ AboutBox::AboutBox(QWidget* parent) : QDialog(parent) {
     layers_->setReadOnly(true);
     layers_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     layers_->setAccessibleName(tr("Sandbox layers"));
-    // Wide and tall enough for the layers' table (DescribeSandbox) unwrapped.
+    // Wide and tall enough for the layers' table (SandboxTable) unwrapped.
     const QFontMetrics metrics(layers_->font());
     layers_->setLineWrapMode(QPlainTextEdit::NoWrap);
     layers_->setMinimumSize(metrics.horizontalAdvance(QLatin1Char('x')) * 96,
@@ -75,7 +76,24 @@ QString AboutBox::SandboxHeadline(const SandboxStatus& status, const QString& fa
 
 void AboutBox::ShowSandbox(const Answer& answer) {
     headline_->setText(SandboxHeadline(answer.status, answer.failure));
-    layers_->setPlainText(QString::fromStdString(DescribeSandbox(answer.status)));
+    layers_->setPlainText(SandboxTable(answer.status));
+}
+
+QString AboutBox::SandboxTable(const SandboxStatus& status) {
+    const QString active = tr("active");
+    const QString missing = tr("MISSING");
+    const qsizetype stateWidth = std::max(active.size(), missing.size()) + 3;
+    QString table;
+    for (const std::string& name : SandboxLayerNames()) {
+        const auto layer = std::find_if(status.begin(), status.end(),
+                                        [&](const SandboxLayer& l) { return l.name == name; });
+        const bool there = layer != status.end();
+        table += QString::fromStdString(name).leftJustified(19);
+        table += (there && layer->active ? active : missing).leftJustified(stateWidth);
+        table += there ? QString::fromStdString(layer->detail) : tr("not reported by the worker");
+        table += QLatin1Char('\n');
+    }
+    return table;
 }
 
 }  // namespace vellumo

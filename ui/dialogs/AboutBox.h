@@ -23,6 +23,10 @@ class AboutBox : public QDialog {
 
     // What the box says of the sandbox once the worker answered.
     static QString SandboxHeadline(const SandboxStatus& status, const QString& failure);
+    // One line a layer: its name, "active" or "MISSING" in the window's
+    // language, and the worker's own detail (a kernel's or library's terms,
+    // left as the worker wrote them).
+    static QString SandboxTable(const SandboxStatus& status);
 
   private:
     struct Answer {

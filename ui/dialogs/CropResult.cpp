@@ -3,11 +3,16 @@
 #include <QFile>
 #include <QStringList>
 
+#include "ui/EngineText.h"
 #include "ui/dialogs/ReportText.h"
 
 namespace vellumo {
 
 namespace {
+
+QString ImageFailureText(const ImageOutcome& outcome) {
+    return outcome.failure ? FailureText(*outcome.failure) : QString();
+}
 
 QString Translated(const char* text) {
     return QCoreApplication::translate("CropResult", text);
@@ -44,8 +49,7 @@ MessageBoxRequest CropResultRequest(const JobReport& report) {
         switch (image.outcome.status) {
             case ImageStatus::Failed:
                 lines << QCoreApplication::translate("CropResult", "Not cropped: %1 (%2)")
-                             .arg(PathText(image.source),
-                                  QString::fromStdString(image.outcome.Reason()));
+                             .arg(PathText(image.source), ImageFailureText(image.outcome));
                 break;
             case ImageStatus::Skipped:
                 lines << QCoreApplication::translate("CropResult",
@@ -62,10 +66,9 @@ MessageBoxRequest CropResultRequest(const JobReport& report) {
                                           QString::fromStdString(note.detail));
                     }
                 }
-                if (!image.outcome.warning.empty()) {
+                if (!image.outcome.warnings.empty()) {
                     lines << QCoreApplication::translate("CropResult", "Warning: %1 (%2)")
-                                 .arg(PathText(image.source),
-                                      QString::fromStdString(image.outcome.warning));
+                                 .arg(PathText(image.source), EngineText(image.outcome.warnings));
                 }
                 break;
         }

@@ -17,7 +17,11 @@ namespace {
 
 }  // namespace
 
-MessageBoxRequest OverwriteBoxRequest(const QString& question) {
+MessageBoxRequest OverwriteBoxRequest(const QString& path) {
+    const QString question =
+        QCoreApplication::translate("OverwriteBox",
+                                    "The file %1 already exists. Do you want to overwrite it?")
+            .arg(path);
     MessageBoxRequest request{question, MessageBoxStyle::Warning, {}};
     for (const std::string& title : kOverwriteButtons) {
         request.buttons << QCoreApplication::translate("OverwriteBox", title.c_str());

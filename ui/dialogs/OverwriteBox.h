@@ -15,8 +15,10 @@ inline constexpr BoxAnswer kAnswerYesToAll{1};
 inline constexpr BoxAnswer kAnswerNo{2};
 inline constexpr BoxAnswer kAnswerNoToAll{3};
 
-// The box for `question`: "Yes", "Yes to All", "No", "No to All".
-MessageBoxRequest OverwriteBoxRequest(const QString& question);
+// The box asking whether the file at `path` is to be replaced: "The file …
+// already exists. Do you want to overwrite it?" with "Yes", "Yes to All",
+// "No", "No to All".
+MessageBoxRequest OverwriteBoxRequest(const QString& path);
 
 // What a box's answer means; any answer but the first three buttons' (a box
 // never shown) counts as "No to All".

@@ -48,9 +48,9 @@ Answer WindowCropQuestions::NumberClashes(const std::vector<OutputClash>& clashe
     return Ask(ClashWarningRequest(clashes, list)) == kGoOnAnswer ? Answer::Yes : Answer::No;
 }
 
-OverwriteAnswer WindowCropQuestions::Overwrite(const std::string& question) {
-    const QString text = QFile::decodeName(QByteArray::fromStdString(question));
-    return OverwriteAnswerOfBox(Ask(OverwriteBoxRequest(text)));
+OverwriteAnswer WindowCropQuestions::Overwrite(const std::string& path) {
+    return OverwriteAnswerOfBox(
+        Ask(OverwriteBoxRequest(QFile::decodeName(QByteArray::fromStdString(path)))));
 }
 
 }  // namespace vellumo

@@ -26,7 +26,7 @@ class WindowCropQuestions final : public CropQuestions {
     Answer WriteUncroppedCopies() override;
     Answer NumberClashes(const std::vector<OutputClash>& clashes,
                          const std::vector<std::string>& list) override;
-    OverwriteAnswer Overwrite(const std::string& question) override;
+    OverwriteAnswer Overwrite(const std::string& path) override;
 
   private:
     // The box's answer, shown on the window's thread.

@@ -6,6 +6,7 @@
 #include "batch/CropRectangle.h"
 #include "batch/LosslessCrop.h"
 #include "batch/OutputPlan.h"
+#include "ui/EngineText.h"
 #include "ui/preview/DimensionText.h"
 #include "ui/preview/PreviewSession.h"
 #include "ui_MainWindow.h"
@@ -60,8 +61,9 @@ void ShowDimensions(Ui::MainWindow& ui, const PreviewSession& preview, const Cro
     const ResolvedCrop crop = CropAsWritten(preview, settings, adjusted);
     ui.labelOutputDimensionsWidth->setText(DimensionText(kWidthCaption, crop.outputSize.width));
     ui.labelOutputDimensionsHeight->setText(DimensionText(kHeightCaption, crop.outputSize.height));
-    const std::string note = JoinNotes(CropExtentNote(crop), FirstPageNote(preview.pages()));
-    ui.labelPreviewNote->setText(QString::fromStdString(note));
+    Sentences notes = CropExtentNotes(crop);
+    Append(notes, FirstPageNote(preview.pages()));
+    ui.labelPreviewNote->setText(EngineText(notes));
 }
 
 }  // namespace vellumo
