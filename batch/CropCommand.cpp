@@ -21,7 +21,7 @@ CropCommandResult Ended(CropCommandResult::Ending ending) {
     return result;
 }
 
-CropCommandResult Refused(CropRefusal::Kind kind, std::string folder, std::string detail = {}) {
+CropCommandResult Refused(CropRefusal::Kind kind, std::string folder, Sentence detail = {}) {
     CropCommandResult result = Ended(CropCommandResult::Ending::Refused);
     result.refusal = CropRefusal{kind, std::move(folder), std::move(detail), std::nullopt};
     return result;
@@ -54,7 +54,7 @@ CropCommand::CropCommand(CropRequest request, ImageProcessor& processor)
 CropCommandResult CropCommand::Agree(CropQuestions& questions) const {
     using Ending = CropCommandResult::Ending;
     const CropSettings& settings = request_.settings;
-    if (const std::optional<std::string> refusal = CropJobRefusal(request_.images, settings)) {
+    if (const std::optional<Sentence> refusal = CropJobRefusal(request_.images, settings)) {
         return Refused(CropRefusal::Kind::Unready, settings.outputFolder, *refusal);
     }
     // Before any question, so that nothing is made for a job that cannot run.
@@ -125,7 +125,8 @@ CropCommandResult CropCommand::Run(CropQuestions& questions, CropObserver& obser
     if (!settings.replaceOriginals && !request_.dryRun &&
         OutputFolderState(settings.outputFolder) == FolderState::Missing) {
         if (const SaveResult made = CreateOutputFolder(settings.outputFolder); !made.saved) {
-            return Refused(CropRefusal::Kind::FolderNotMade, settings.outputFolder, made.reason);
+            return Refused(CropRefusal::Kind::FolderNotMade, settings.outputFolder,
+                           Sentence{"%1", {made.reason}});
         }
     }
     if (!settings.replaceOriginals && !request_.dryRun) {
@@ -136,7 +137,8 @@ CropCommandResult CropCommand::Run(CropQuestions& questions, CropObserver& obser
         }
     }
     if (std::string reason; !observer.Starting(*part, reason)) {
-        return Refused(CropRefusal::Kind::NotStarted, settings.outputFolder, reason);
+        return Refused(CropRefusal::Kind::NotStarted, settings.outputFolder,
+                       Sentence{"%1", {reason}});
     }
     CropCommandResult result = Ended(Ending::Finished);
     result.report = RunJob(*part, decisions, observer, std::move(stop));

@@ -46,7 +46,9 @@ struct CropRefusal {
     };
     Kind kind = Kind::Unready;
     std::string folder;  // the output folder
-    std::string detail;
+    // What the kind leaves open, for the person (a library's or the
+    // system's words are the pattern "%1" with that text).
+    Sentence detail;
     std::optional<RuleClash> clash;
 };
 

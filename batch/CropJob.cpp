@@ -48,7 +48,7 @@ ImageOutcome ProcessImage(const JobInput& in, const ImageTask& task, ImageProces
         ImageOutcome refused;
         // The plan's refusal is the whole line ("another image of this
         // batch is written to this path").
-        refused.failure = Failure{FailureStage::Write, refusal};
+        refused.failure = Failure{FailureStage::Write, refusal, Sentence{"%1", {refusal}}};
         return refused;
     }
     ImageOutcome outcome = processor.Process(task);

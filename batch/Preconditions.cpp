@@ -4,17 +4,18 @@
 
 namespace vellumo {
 
-std::optional<std::string> CropJobRefusal(const std::vector<std::string>& listImagePaths,
-                                          const CropSettings& settings) {
+std::optional<Sentence> CropJobRefusal(const std::vector<std::string>& listImagePaths,
+                                       const CropSettings& settings) {
     if (listImagePaths.empty()) {
-        return kNoImagesToCrop;
+        return Sentence{kNoImagesToCrop, {}};
     }
     if (settings.outputFolder.empty() && !settings.replaceOriginals) {
-        return kSelectAnOutputFolder;
+        return Sentence{kSelectAnOutputFolder, {}};
     }
     if (!settings.replaceOriginals) {
         if (const std::optional<std::string> problem = NameTemplateProblem(settings.nameTemplate)) {
-            return "The name template cannot be used: " + *problem + ".";
+            return Sentence{VELLUMO_TEXT("Engine", "The name template cannot be used: %1."),
+                            {*problem}};
         }
     }
     return std::nullopt;

@@ -88,17 +88,17 @@ int ReportRefusal(const CliOptions& options, const CropRefusal& refusal) {
     std::cerr << "vellumo-cli: ";
     switch (refusal.kind) {
         case CropRefusal::Kind::Unready:
-            std::cerr << refusal.detail;
+            std::cerr << refusal.detail.English();
             break;
         case CropRefusal::Kind::NotAFolder:
             std::cerr << "--output: " << NotAFolderNotice(refusal.folder);
             break;
         case CropRefusal::Kind::FolderNotMade:
             std::cerr << "--output: the folder " << refusal.folder
-                      << " cannot be created: " << refusal.detail;
+                      << " cannot be created: " << refusal.detail.English();
             break;
         case CropRefusal::Kind::NotStarted:
-            std::cerr << "--manifest: " << options.manifest << ": " << refusal.detail;
+            std::cerr << "--manifest: " << options.manifest << ": " << refusal.detail.English();
             break;
         case CropRefusal::Kind::RulesClash:
             // The options check the same before (ApplyTrimAndPad): the

@@ -268,6 +268,18 @@
         <source>not enlarged: the crop is %1 × %2</source>
         <translation>nicht vergrößert: der Zuschnitt ist %1 × %2</translation>
     </message>
+    <message>
+        <source>The name template cannot be used: %1.</source>
+        <translation>Die Namensvorlage kann nicht verwendet werden: %1.</translation>
+    </message>
+    <message>
+        <source>There are no images to crop.</source>
+        <translation>Es gibt keine Bilder zum Zuschneiden.</translation>
+    </message>
+    <message>
+        <source>Please select an output folder.</source>
+        <translation>Bitte wählen Sie einen Ausgabeordner.</translation>
+    </message>
 </context>
 <context>
     <name>JobStatusText</name>

@@ -268,6 +268,18 @@
         <source>not enlarged: the crop is %1 × %2</source>
         <translation>no ampliado: el recorte mide %1 × %2</translation>
     </message>
+    <message>
+        <source>The name template cannot be used: %1.</source>
+        <translation>La plantilla de nombre no se puede usar: %1.</translation>
+    </message>
+    <message>
+        <source>There are no images to crop.</source>
+        <translation>No hay imágenes que recortar.</translation>
+    </message>
+    <message>
+        <source>Please select an output folder.</source>
+        <translation>Seleccione una carpeta de salida.</translation>
+    </message>
 </context>
 <context>
     <name>JobStatusText</name>

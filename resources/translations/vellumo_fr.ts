@@ -268,6 +268,18 @@
         <source>not enlarged: the crop is %1 × %2</source>
         <translation>non agrandi&#xa0;: le recadrage fait %1 × %2</translation>
     </message>
+    <message>
+        <source>The name template cannot be used: %1.</source>
+        <translation>Le modèle de nom ne peut pas être utilisé&#xa0;: %1.</translation>
+    </message>
+    <message>
+        <source>There are no images to crop.</source>
+        <translation>Il n’y a aucune image à recadrer.</translation>
+    </message>
+    <message>
+        <source>Please select an output folder.</source>
+        <translation>Veuillez choisir un dossier de sortie.</translation>
+    </message>
 </context>
 <context>
     <name>JobStatusText</name>

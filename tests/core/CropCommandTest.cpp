@@ -122,7 +122,7 @@ TEST_F(CropCommandTest, AnEmptyListIsRefusedWithTheWindowsNotice) {
     EXPECT_EQ(result.ending, Ending::Refused);
     ASSERT_TRUE(result.refusal);
     EXPECT_EQ(result.refusal->kind, CropRefusal::Kind::Unready);
-    EXPECT_EQ(result.refusal->detail, kNoImagesToCrop);
+    EXPECT_EQ(result.refusal->detail.English(), kNoImagesToCrop);
     EXPECT_TRUE(questions.asked.empty());
 }
 
@@ -302,7 +302,7 @@ TEST_F(CropCommandTest, TheObserverHearsEachStepAndMayStopTheJobBeforeItStarts) 
     const CropCommandResult refused = Crop();
     ASSERT_TRUE(refused.refusal);
     EXPECT_EQ(refused.refusal->kind, CropRefusal::Kind::NotStarted);
-    EXPECT_EQ(refused.refusal->detail, "the manifest cannot be opened");
+    EXPECT_EQ(refused.refusal->detail.English(), "the manifest cannot be opened");
     EXPECT_TRUE(OutputsAreEmpty());
 
     observer.refusal.clear();

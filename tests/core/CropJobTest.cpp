@@ -171,8 +171,8 @@ TEST_F(CropJobTest, EmptyListRunsNothing) {
 TEST(CropJobRefusal, EmptyListIsToldBeforeAnEmptyFolder) {
     CropSettings settings;
     settings.outputFolder = "";
-    EXPECT_EQ(CropJobRefusal({}, settings), "There are no images to crop.");
-    EXPECT_EQ(CropJobRefusal({"/a.png"}, settings), "Please select an output folder.");
+    EXPECT_EQ(CropJobRefusal({}, settings)->English(), "There are no images to crop.");
+    EXPECT_EQ(CropJobRefusal({"/a.png"}, settings)->English(), "Please select an output folder.");
     settings.outputFolder = " ";
     EXPECT_EQ(CropJobRefusal({"/a.png"}, settings), std::nullopt);
 }

@@ -29,6 +29,7 @@
 #include "batch/CropRectangle.h"
 #include "batch/JobSummary.h"
 #include "batch/NameTemplate.h"
+#include "batch/Preconditions.h"
 #include "tests/gui/support/LoadedWindow.h"
 #include "ui/EngineText.h"
 #include "ui/JobStatusText.h"
@@ -569,9 +570,10 @@ class TranslationsTest : public QObject {
         const vellumo::Sentences notes = {Sentence{"Clipped to %1 × %2", {"80", "58"}},
                                           vellumo::FirstPageNote(12)};
         std::string problem;
+        vellumo::NameValues photo;
+        photo.source = "/photos/a.jpg";
         const vellumo::ExpandedName name =
-            vellumo::NameTemplate::Parse("[Camera]_[FileName]", problem)
-                ->Expand({.source = "/photos/a.jpg"});
+            vellumo::NameTemplate::Parse("[Camera]_[FileName]", problem)->Expand(photo);
         const Failure unreadable = Failure::At(
             FailureStage::Decode, Sentence{"the file is not an image Vellumo can read", {}});
         const Failure library = Failure::At(FailureStage::Decode, "VipsJpeg: Premature end");
@@ -594,6 +596,9 @@ class TranslationsTest : public QObject {
         // A library's own words stay as they are, in the window's sentence.
         QCOMPARE(vellumo::FailureText(library),
                  QStringLiteral("kann nicht dekodiert werden: VipsJpeg: Premature end"));
+        // The notice of a job that cannot start.
+        QCOMPARE(vellumo::EngineText(*vellumo::CropJobRefusal({}, vellumo::CropSettings{})),
+                 QStringLiteral("Es gibt keine Bilder zum Zuschneiden."));
         QCOMPARE(vellumo::OverwriteBoxRequest(QStringLiteral("/out/a.jpg")).text,
                  QStringLiteral("Die Datei /out/a.jpg existiert bereits. "
                                 "Möchten Sie sie überschreiben?"));

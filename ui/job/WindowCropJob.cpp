@@ -11,6 +11,7 @@
 #include <memory>
 
 #include "batch/OutputFolder.h"
+#include "ui/EngineText.h"
 #include "ui/JobStatusText.h"
 #include "ui/ProgressFraction.h"
 #include "ui/WindowServices.h"
@@ -85,7 +86,7 @@ void WindowCropJob::ShowRefusal(const CropRefusal& refusal, const CropSettings& 
     switch (refusal.kind) {
         case CropRefusal::Kind::Unready:
         case CropRefusal::Kind::NotStarted:
-            notice = QString::fromStdString(refusal.detail);
+            notice = EngineText(refusal.detail);
             break;
         case CropRefusal::Kind::NotAFolder:
             notice =
@@ -93,7 +94,7 @@ void WindowCropJob::ShowRefusal(const CropRefusal& refusal, const CropSettings& 
             break;
         case CropRefusal::Kind::FolderNotMade:
             notice = tr("The folder %1 could not be created: %2.")
-                         .arg(PathText(refusal.folder), QString::fromStdString(refusal.detail));
+                         .arg(PathText(refusal.folder), EngineText(refusal.detail));
             break;
         case CropRefusal::Kind::RulesClash:
             notice = RuleClashNotice::Of(refusal.clash.value_or(RuleClash::PadAfterCut), settings);
