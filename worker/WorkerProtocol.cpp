@@ -227,15 +227,41 @@ PhotoFacts PhotoFactsOf(const Json& json) {
     return facts;
 }
 
+Json SentenceJson(const Sentence& sentence) {
+    return {{"pattern", sentence.pattern}, {"values", sentence.values}};
+}
+
+Sentence SentenceOf(const Json& json) {
+    return {json.at("pattern").get<std::string>(),
+            json.at("values").get<std::vector<std::string>>()};
+}
+
+Json SentencesJson(const Sentences& sentences) {
+    Json json = Json::array();
+    for (const Sentence& sentence : sentences) {
+        json.push_back(SentenceJson(sentence));
+    }
+    return json;
+}
+
+Sentences SentencesOf(const Json& json) {
+    Sentences sentences;
+    for (const Json& sentence : json) {
+        sentences.push_back(SentenceOf(sentence));
+    }
+    return sentences;
+}
+
 Json OutcomeJson(const ImageOutcome& outcome) {
     Json json = {{"status", StatusName(outcome.status)},
                  {"failure", nullptr},
                  {"notes", Json::array()},
-                 {"warning", outcome.warning},
+                 {"warnings", SentencesJson(outcome.warnings)},
                  {"wholeImage", outcome.wholeImage}};
     if (outcome.failure) {
         json["failure"] = {{"stage", StageName(outcome.failure->stage)},
-                           {"reason", outcome.failure->reason}};
+                           {"reason", outcome.failure->reason},
+                           {"detail", SentenceJson(outcome.failure->detail)}};
     }
     for (const ImageNote& note : outcome.notes) {
         json["notes"].push_back({{"kind", NoteKindName(note.kind)}, {"detail", note.detail}});
@@ -267,13 +293,14 @@ ImageOutcome OutcomeOf(const Json& json) {
         if (!stage) {
             throw std::invalid_argument("unknown failure stage");
         }
-        outcome.failure = Failure{*stage, failure.at("reason").get<std::string>()};
+        outcome.failure = Failure{*stage, failure.at("reason").get<std::string>(),
+                                  SentenceOf(failure.at("detail"))};
     }
     for (const Json& note : json.at("notes")) {
         outcome.notes.push_back({NoteKindFromName(note.at("kind").get<std::string>()),
                                  note.at("detail").get<std::string>()});
     }
-    outcome.warning = json.at("warning").get<std::string>();
+    outcome.warnings = SentencesOf(json.at("warnings"));
     outcome.wholeImage = json.at("wholeImage").get<bool>();
     if (json.contains("rect")) {
         outcome.rect = RectOf(json.at("rect"));
