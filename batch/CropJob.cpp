@@ -47,8 +47,9 @@ ImageOutcome ProcessImage(const JobInput& in, const ImageTask& task, ImageProces
     if (const std::string& refusal = in.plan.images[task.index].refusal; !refusal.empty()) {
         ImageOutcome refused;
         // The plan's refusal is the whole line ("another image of this
-        // batch is written to this path").
-        refused.failure = Failure{FailureStage::Write, refusal, Sentence{"%1", {refusal}}};
+        // batch is written to this path"), in English: no cause for the
+        // window to word after a "cannot write:".
+        refused.failure = Failure{FailureStage::Write, refusal, Sentence{}};
         return refused;
     }
     ImageOutcome outcome = processor.Process(task);
