@@ -101,13 +101,26 @@ LosslessDecision Describe(const ImageTask& task, const Image& image, const Image
 // writes get it now, whenever the metadata option is on (it cannot be added
 // afterwards, when the job knows whether the images before this one fared
 // well); `metadataSource` is where the source's metadata is read.
-SaveResult Encode(const ImageTask& task, const Image& image, const ResolvedCrop& crop,
+// The pixels an image is written from: the file's picture, or already the
+// crop at its output size.
+struct Decoded {
+    Image image;
+    bool cutAndResized = false;
+    ResolvedCrop crop;
+    LosslessDecision lossless;
+    ImageHeader header;
+};
+
+SaveResult Encode(const ImageTask& task, const Decoded& decoded,
                   const std::string& metadataSource) {
+    const Image& image = decoded.image;
+    const ResolvedCrop& crop = decoded.crop;
     // An image the rule leaves whole is written whole, with the warning
     // saying why; then the output is brought to its size.
     const Rect whole{0.0, 0.0, image.Width(), image.Height()};
-    Image cropped = crop.cut == whole ? image : ImageTools::CropImage(image, crop.cut);
-    Size written = crop.cutSize;
+    Image cropped =
+        decoded.cutAndResized || crop.cut == whole ? image : ImageTools::CropImage(image, crop.cut);
+    Size written = decoded.cutAndResized ? crop.outputSize : crop.cutSize;
     if (crop.pad) {
         cropped = ImageTools::PadImage(cropped, *crop.pad, task.settings.pad);
         written = crop.pad->canvas;
@@ -234,6 +247,121 @@ void CarryMetadata(const ImageTask& task, const std::string& source, ImageOutcom
     }
 }
 
+// Whether the crop is one the file can be cut and resized from directly
+// (ImageTools::LoadCutResized): a JPEG written anew, its crop made smaller
+// on both sides with nothing padded around it.
+bool CutsAndResizes(const Decoded& decoded) {
+    const ResolvedCrop& crop = decoded.crop;
+    return !decoded.lossless.cut && !crop.pad && crop.outputSize.width < crop.cutSize.width &&
+           crop.outputSize.height < crop.cutSize.height;
+}
+
+// Whether the task may be one for LoadCutResized, before its crop is
+// known: a JPEG resized and written, whose crop needs no pixels measured.
+// Every other image is decoded as a whole first.
+bool MayCutAndResize(const ImageTask& task) {
+    return !MeasuresPixels(task) && task.settings.resize.mode != ResizeMode::None &&
+           task.decision != OverwriteDecision::Skip &&
+           SniffFile(task.source).kind == FileKind::Jpeg;
+}
+
+// The whole picture for `decoded`'s crop, streamed by the usual decoder;
+// false, with the failure in `outcome`, when the file cannot be read.
+bool DecodeWhole(const ImageTask& task, Decoded& decoded, ImageOutcome& outcome) {
+    const LoadResult loaded = ImageTools::OpenImage(task.source);
+    if (!loaded) {
+        outcome.failure = loaded.failure();
+        return false;
+    }
+    decoded.image = ImageTools::BringImageToActualSize(*loaded, decoded.header.pixelSize);
+    decoded.cutAndResized = false;
+    return true;
+}
+
+// A JPEG whose crop is made smaller, decoded no larger than its output
+// needs; the whole picture, streamed, when the crop is not one such or the
+// plan cannot read the file (the usual decoder then says why it fails). Its
+// crop is resolved on the header's size alone: it needs no pixels. Nothing,
+// with the failure in `outcome`, when the crop or the file fails.
+std::optional<Decoded> DecodePlanned(const ImageTask& task, const ImageHeader& header,
+                                     ImageOutcome& outcome) {
+    Decoded decoded;
+    decoded.header = header;
+    decoded.lossless =
+        Describe(task, Image::OfSize(header.pixelSize.width, header.pixelSize.height), header,
+                 outcome, decoded.crop);
+    if (outcome.failure) {
+        return std::nullopt;
+    }
+    if (CutsAndResizes(decoded)) {
+        if (std::optional<Image> image = ImageTools::LoadCutResized(task.source, decoded.crop.cut,
+                                                                    decoded.crop.outputSize)) {
+            decoded.image = std::move(*image);
+            decoded.cutAndResized = true;
+            return decoded;
+        }
+    }
+    if (!DecodeWhole(task, decoded, outcome)) {
+        return std::nullopt;
+    }
+    return decoded;
+}
+
+// The pixels the image is written from, its crop and what the person should
+// know of it; nothing, with the failure in `outcome`, when the file cannot
+// be read or the rule cannot crop it.
+std::optional<Decoded> DecodeForCrop(const ImageTask& task, const std::optional<ImageHeader>& known,
+                                     ImageOutcome& outcome) {
+    if (MayCutAndResize(task)) {
+        if (const std::optional<ImageHeader> header = HeaderOf(task, known)) {
+            return DecodePlanned(task, *header, outcome);
+        }
+    }
+    const LoadResult loaded = MeasuresPixels(task) ? ImageTools::LoadImage(task.source)
+                                                   : ImageTools::OpenImage(task.source);
+    if (!loaded) {
+        outcome.failure = loaded.failure();
+        return std::nullopt;
+    }
+    const std::optional<ImageHeader> header = HeaderOf(task, known);
+    if (!header) {
+        outcome.failure =
+            Failure::At(FailureStage::Decode,
+                        Sentence{VELLUMO_TEXT("Engine", "the image's size cannot be read"), {}});
+        return std::nullopt;
+    }
+    Decoded decoded;
+    decoded.header = *header;
+    decoded.image = ImageTools::BringImageToActualSize(*loaded, header->pixelSize);
+    decoded.lossless = Describe(task, decoded.image, *header, outcome, decoded.crop);
+    if (outcome.failure) {
+        return std::nullopt;
+    }
+    return decoded;
+}
+
+// The output written from `decoded`. The planned decode reads the rows as
+// they are written and stops at the first damage it finds, whether or not
+// the usual decoder would let it pass: then the usual decoder decodes the
+// file again and judges it, so that a file fares as it always did (the
+// failed write left no file behind). Its failure to read the file goes into
+// `outcome`.
+SaveResult Save(const ImageTask& task, const Decoded& decoded, const std::string& metadataSource,
+                ImageOutcome& outcome) {
+    if (decoded.lossless.cut) {
+        return CropJpegLosslessly(task.source, task.output, *decoded.lossless.cut,
+                                  *decoded.header.jpegGrid);
+    }
+    SaveResult result = Encode(task, decoded, metadataSource);
+    if (!result.saved && decoded.cutAndResized && result.stage == FailureStage::Decode) {
+        Decoded whole = decoded;
+        if (DecodeWhole(task, whole, outcome)) {
+            result = Encode(task, whole, metadataSource);
+        }
+    }
+    return result;
+}
+
 }  // namespace
 
 ImageOutcome InProcessImageProcessor::Process(const ImageTask& task) {
@@ -252,23 +380,8 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task,
         return outcome;
     }
     ImageOutcome outcome;
-    const LoadResult loaded = MeasuresPixels(task) ? ImageTools::LoadImage(task.source)
-                                                   : ImageTools::OpenImage(task.source);
-    if (!loaded) {
-        outcome.failure = loaded.failure();
-        return outcome;
-    }
-    const std::optional<ImageHeader> header = HeaderOf(task, known);
-    if (!header) {
-        outcome.failure =
-            Failure::At(FailureStage::Decode,
-                        Sentence{VELLUMO_TEXT("Engine", "the image's size cannot be read"), {}});
-        return outcome;
-    }
-    const Image image = ImageTools::BringImageToActualSize(*loaded, header->pixelSize);
-    ResolvedCrop crop;
-    const LosslessDecision lossless = Describe(task, image, *header, outcome, crop);
-    if (outcome.failure) {
+    const std::optional<Decoded> decoded = DecodeForCrop(task, known, outcome);
+    if (!decoded) {
         return outcome;
     }
 
@@ -282,10 +395,10 @@ ImageOutcome InProcessImageProcessor::Process(const ImageTask& task,
                 outcome.notes.push_back({NoteKind::RemoveFailed, std::move(error)});
             }
         }
-        const SaveResult result =
-            lossless.cut
-                ? CropJpegLosslessly(task.source, task.output, *lossless.cut, *header->jpegGrid)
-                : Encode(task, image, crop, kept.Source(task));
+        const SaveResult result = Save(task, *decoded, kept.Source(task), outcome);
+        if (outcome.failure) {
+            return outcome;
+        }
         if (!result.saved) {
             // The pixels are decoded while they are written: a damaged
             // source fails the save at the Decode stage.

@@ -30,6 +30,7 @@
 #include "imaging/Formats.h"
 #include "imaging/Geometry.h"
 #include "imaging/Image.h"
+#include "imaging/JpegDecodePlan.h"
 #include "imaging/LoadResult.h"
 #include "imaging/MetadataResult.h"
 #include "imaging/Preview.h"
@@ -84,6 +85,22 @@ LoadResult LoadImage(const std::string& path);
 // only once. Files that must be turned upright, or are too large to
 // hold, come as from LoadImage.
 LoadResult OpenImage(const std::string& path);
+
+// CropImage of `cut` followed by ResizeImage to `size`, straight from the
+// file at `path`, decoding no more of it than that needs: for a JPEG only
+// the rows and columns under the cut (in the picture as stored, whatever
+// its orientation), at the smallest of libjpeg's M/8 scales that still
+// leaves the resize a reduction of kMinResizeFactor and puts the cut's
+// edges on whole scaled pixels (imaging/JpegDecodePlan.h). The result has
+// `size`'s pixels, upright, and the file's colour profile. `cut` lies
+// wholly on the image and `size` is smaller than it. Nothing when there is
+// no such scale, the picture is too small to gain (kLeastPlannedPixels),
+// the file is not a JPEG read this way (CMYK, damaged, truncated, the other
+// decoders chosen) or libvips fails: the caller then takes the usual way
+// (OpenImage), which says why a file fails.
+// `minResizeFactor` is there for measuring other bounds.
+std::optional<Image> LoadCutResized(const std::string& path, Rect cut, Size size,
+                                    double minResizeFactor = kMinResizeFactor);
 
 // The picture the window shows for a file: decoded at a reduced size
 // where the decoder can (JPEG shrink-on-load), scaled down to fit in

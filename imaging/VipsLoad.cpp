@@ -34,6 +34,10 @@ void UseOnlySecondDecoder(bool only) {
     onlySecondDecoder.store(only);
 }
 
+bool OnlySecondDecoder() {
+    return onlySecondDecoder.load();
+}
+
 namespace {
 
 // ImageMagick's name for the format of each kind it is given.

@@ -35,6 +35,9 @@ bool HasSecondDecoder(FileKind kind);
 // decoder crashed the worker before; the others it clears it for.
 void UseOnlySecondDecoder(bool only);
 
+// Whether UseOnlySecondDecoder is in force.
+bool OnlySecondDecoder();
+
 // The number of pages (TIFF) or frames (GIF) of an opened file, at least 1.
 int PageCount(const vips::VImage& image);
 

@@ -70,6 +70,18 @@ vips::VImage PixelsOf(const Image& image) {
     return pixels->copy_memory();
 }
 
+bool ReadsWhole(const std::optional<Image>& image) {
+    if (!image) {
+        return false;
+    }
+    try {
+        PixelsOf(*image);
+        return true;
+    } catch (const vips::VError&) {
+        return false;
+    }
+}
+
 std::vector<unsigned char> RawBytes(const vips::VImage& image) {
     std::size_t size = 0;
     void* data = image.write_to_memory(&size);

@@ -4,6 +4,7 @@
 // coordinates let a test tell exactly which pixels an operation kept.
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 #include <vips/vips8>
@@ -41,6 +42,10 @@ Image MakeSizedImage(double width, double height);
 // The pixels behind an Image, decoded into memory (top row first,
 // interleaved samples).
 vips::VImage PixelsOf(const Image& image);
+
+// Whether `image` is there and every one of its pixels can be read: a
+// picture decoded while it is read fails only then.
+bool ReadsWhole(const std::optional<Image>& image);
 
 // The raw interleaved bytes of a decoded image.
 std::vector<unsigned char> RawBytes(const vips::VImage& image);

@@ -1,0 +1,103 @@
+// A crop that is then made smaller, decoded no larger than needed.
+
+#include <cmath>
+
+#include "imaging/FileKind.h"
+#include "imaging/ImageAccess.h"
+#include "imaging/ImageTools.h"
+#include "imaging/JpegDecodePlan.h"
+#include "imaging/JpegRegionDecode.h"
+#include "imaging/SourceTap.h"
+#include "imaging/VipsLoad.h"
+#include "imaging/VipsRuntime.h"
+
+namespace vellumo {
+
+namespace {
+
+// The whole pixels CropImage takes for `cut` on an upright picture of
+// `upright` pixels, counted from the top-left corner.
+PixelBox UprightBox(Size upright, Rect cut) {
+    const Rect area = ImageTools::CropPixelArea(
+        upright, {cut.x, cut.y, std::trunc(cut.width), std::trunc(cut.height)});
+    const int rows = static_cast<int>(area.height);
+    return {static_cast<int>(area.x), static_cast<int>(upright.height - area.y) - rows,
+            static_cast<int>(area.width), rows};
+}
+
+// The decoded box with the file's colour profile.
+vips::VImage WithProfile(vips::VImage pixels, const vips::VImage& header) {
+    if (header.get_typeof(VIPS_META_ICC_NAME) != 0) {
+        std::size_t length = 0;
+        const void* profile = header.get_blob(VIPS_META_ICC_NAME, &length);
+        pixels = pixels.copy();
+        vips_image_set_blob_copy(pixels.get_image(), VIPS_META_ICC_NAME, profile, length);
+    }
+    return pixels;
+}
+
+// The stored box made `size` (upright) and turned upright. It is resized as
+// stored, so that the box streams from the decoder to the resize: turning
+// the large box first would need all of it in memory. Only the small result
+// is held to be turned.
+Image ResizedUpright(vips::VImage box, Size size, int orientation) {
+    const bool sideways = orientation >= 5 && orientation <= 8;
+    const double width = box.width();
+    const double height = box.height();
+    const Image resized = ImageTools::ResizeImage(ImageAccess::Make(std::move(box), width, height),
+                                                  sideways ? Size{size.height, size.width} : size);
+    if (orientation == 1) {
+        return resized;
+    }
+    vips::VImage turned = ImageAccess::Pixels(resized)->copy_memory();
+    turned.set(VIPS_META_ORIENTATION, orientation);
+    turned = turned.autorot();
+    return ImageAccess::Make(std::move(turned), size.width, size.height);
+}
+
+bool Fits(Rect cut, Size upright) {
+    return cut.x >= 0 && cut.y >= 0 && cut.width >= 1 && cut.height >= 1 &&
+           cut.x + cut.width <= upright.width && cut.y + cut.height <= upright.height;
+}
+
+}  // namespace
+
+std::optional<Image> ImageTools::LoadCutResized(const std::string& path, Rect cut, Size size,
+                                                double minResizeFactor) {
+    vipsruntime::EnsureStarted();
+    const SniffedFile sniffed = SniffFile(path);
+    if (sniffed.kind != FileKind::Jpeg || vipsload::OnlySecondDecoder() ||
+        !(size.width >= 1 && size.height >= 1)) {
+        return std::nullopt;
+    }
+    vipsruntime::FailureScope scope;
+    try {
+        const vips::VImage header = vipsload::Open(FileKind::Jpeg, path);
+        const int orientation = vipsload::Orientation(header);
+        const Size stored{static_cast<double>(header.width()),
+                          static_cast<double>(header.height())};
+        const Size upright = orientation >= 5 ? Size{stored.height, stored.width} : stored;
+        if (!Fits(cut, upright) || size.width >= std::trunc(cut.width) ||
+            size.height >= std::trunc(cut.height)) {
+            return std::nullopt;
+        }
+        const PixelBox box = UprightBox(upright, cut);
+        const std::optional<JpegDecodePlan> plan =
+            PlanJpegDecode(stored, orientation, box, size, minResizeFactor);
+        if (!plan) {
+            return std::nullopt;
+        }
+        std::optional<vips::VImage> pixels = jpegregion::Decode(path, stored, *plan);
+        if (!pixels) {
+            return std::nullopt;
+        }
+        // Damage found while the rows are written fails the save at the
+        // Decode stage, as the usual decoder's does.
+        return ResizedUpright(sourcetap::Tap(WithProfile(std::move(*pixels), header)), size,
+                              orientation);
+    } catch (const vips::VError&) {
+        return std::nullopt;
+    }
+}
+
+}  // namespace vellumo
