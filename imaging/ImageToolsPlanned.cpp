@@ -44,12 +44,13 @@ Image ResizedUpright(vips::VImage box, Size size, int orientation) {
     const bool sideways = orientation >= 5 && orientation <= 8;
     const double width = box.width();
     const double height = box.height();
-    const Image resized = ImageTools::ResizeImage(ImageAccess::Make(std::move(box), width, height),
-                                                  sideways ? Size{size.height, size.width} : size);
-    if (orientation == 1) {
+    Image resized = ImageTools::ResizeImage(ImageAccess::Make(std::move(box), width, height),
+                                            sideways ? Size{size.height, size.width} : size);
+    const vips::VImage* pixels = ImageAccess::Pixels(resized);
+    if (orientation == 1 || pixels == nullptr) {
         return resized;
     }
-    vips::VImage turned = ImageAccess::Pixels(resized)->copy_memory();
+    vips::VImage turned = pixels->copy_memory();
     turned.set(VIPS_META_ORIENTATION, orientation);
     turned = turned.autorot();
     return ImageAccess::Make(std::move(turned), size.width, size.height);
