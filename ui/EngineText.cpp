@@ -7,25 +7,6 @@ namespace vellumo {
 
 namespace {
 
-// %1 … %9 replaced in one pass, so that a value holding "%2" (a file name)
-// stays as it is.
-QString Filled(const QString& pattern, const std::vector<std::string>& values) {
-    QString filled;
-    filled.reserve(pattern.size());
-    for (qsizetype i = 0; i < pattern.size(); ++i) {
-        const QChar next = i + 1 < pattern.size() ? pattern.at(i + 1) : QChar();
-        const int number = next.digitValue();
-        if (pattern.at(i) == u'%' && number >= 1 &&
-            static_cast<std::size_t>(number) <= values.size()) {
-            filled += QString::fromStdString(values[static_cast<std::size_t>(number) - 1]);
-            ++i;
-        } else {
-            filled += pattern.at(i);
-        }
-    }
-    return filled;
-}
-
 QString StageText(FailureStage stage, const QString& cause) {
     switch (stage) {
         case FailureStage::Read:
@@ -49,7 +30,10 @@ QString EngineText(const Sentence& sentence) {
     if (sentence.empty()) {
         return {};
     }
-    return Filled(QCoreApplication::translate("Engine", sentence.pattern.c_str()), sentence.values);
+    // Filled in one pass by the core's own function, on the translation's
+    // UTF-8: a value holding "%2" (a file name) stays as it is.
+    const QString pattern = QCoreApplication::translate("Engine", sentence.pattern.c_str());
+    return QString::fromStdString(FillPattern(pattern.toStdString(), sentence.values));
 }
 
 QString EngineText(const Sentences& sentences) {

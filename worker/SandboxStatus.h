@@ -31,7 +31,16 @@ bool SandboxComplete(const SandboxStatus& status);
 // refusal's reason. Empty when none is.
 std::string MissingSandboxLayers(const SandboxStatus& status);
 
-// One line a layer: "landlock     active   ABI 7: ...".
-std::string DescribeSandbox(const SandboxStatus& status);
+// The words of the layers' table, UTF-8: English unless a front end gives
+// its own language's.
+struct SandboxWords {
+    std::string active = "active";
+    std::string missing = "MISSING";
+    std::string notReported = "not reported by the worker";
+};
+
+// One line a layer: "landlock     active    ABI 7: ...", the state's column
+// three characters wider than the longer of its two words.
+std::string DescribeSandbox(const SandboxStatus& status, const SandboxWords& words = {});
 
 }  // namespace vellumo

@@ -9,7 +9,6 @@
 #include <QPlainTextEdit>
 #include <QVBoxLayout>
 #include <QtConcurrent>
-#include <algorithm>
 
 #include "ui/job/WorkerSettings.h"
 #include "worker/WorkerProcess.h"
@@ -80,20 +79,9 @@ void AboutBox::ShowSandbox(const Answer& answer) {
 }
 
 QString AboutBox::SandboxTable(const SandboxStatus& status) {
-    const QString active = tr("active");
-    const QString missing = tr("MISSING");
-    const qsizetype stateWidth = std::max(active.size(), missing.size()) + 3;
-    QString table;
-    for (const std::string& name : SandboxLayerNames()) {
-        const auto layer = std::find_if(status.begin(), status.end(),
-                                        [&](const SandboxLayer& l) { return l.name == name; });
-        const bool there = layer != status.end();
-        table += QString::fromStdString(name).leftJustified(19);
-        table += (there && layer->active ? active : missing).leftJustified(stateWidth);
-        table += there ? QString::fromStdString(layer->detail) : tr("not reported by the worker");
-        table += QLatin1Char('\n');
-    }
-    return table;
+    return QString::fromStdString(DescribeSandbox(
+        status, SandboxWords{tr("active").toStdString(), tr("MISSING").toStdString(),
+                             tr("not reported by the worker").toStdString()}));
 }
 
 }  // namespace vellumo
