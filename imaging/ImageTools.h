@@ -91,13 +91,15 @@ LoadResult OpenImage(const std::string& path);
 // the rows and columns under the cut (in the picture as stored, whatever
 // its orientation), at the smallest of libjpeg's M/8 scales that still
 // leaves the resize a reduction of kMinResizeFactor and puts the cut's
-// edges on whole scaled pixels (imaging/JpegDecodePlan.h). The result has
-// `size`'s pixels, upright, and the file's colour profile. `cut` lies
-// wholly on the image and `size` is smaller than it. Nothing when there is
-// no such scale, the picture is too small to gain (kLeastPlannedPixels),
-// the file is not a JPEG read this way (CMYK, damaged, truncated, the other
-// decoders chosen) or libvips fails: the caller then takes the usual way
-// (OpenImage), which says why a file fails.
+// edges on whole scaled pixels, else at 8/8 (imaging/JpegDecodePlan.h).
+// The result has `size`'s pixels, upright, and the file's colour profile;
+// its rows are decoded when it is read, and damage found then fails the
+// read at the Decode stage. `cut` lies wholly on the image and `size` is
+// smaller than it. Nothing when the picture is too small to gain
+// (kLeastPlannedPixels), the file is not a JPEG read this way (CMYK, a
+// damaged header or damage above the cut, the other decoders chosen) or
+// libvips fails: the caller then takes the usual way (OpenImage), which
+// says why a file fails.
 // `minResizeFactor` is there for measuring other bounds.
 std::optional<Image> LoadCutResized(const std::string& path, Rect cut, Size size,
                                     double minResizeFactor = kMinResizeFactor);
