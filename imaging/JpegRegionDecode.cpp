@@ -92,11 +92,11 @@ bool Readable(const jpeg_decompress_struct& cinfo) {
             cinfo.jpeg_color_space == JCS_YCbCr);
 }
 
-// Opens the decode of the plan's box: the header read, the scale and the
-// columns set, the rows above the box skipped. False when the file is not
-// one this decode reads. libjpeg's errors jump out of it.
+// Opens the decode of the plan's box at its row `firstRow`: the header read,
+// the scale and the columns set, the rows above skipped. False when the file
+// is not one this decode reads. libjpeg's errors jump out of it.
 bool StartRows(jpeg_decompress_struct& cinfo, const JpegDecodePlan& plan, Size storedSize,
-               JDIMENSION& firstColumn) {
+               int firstRow, JDIMENSION& firstColumn) {
     jpeg_read_header(&cinfo, TRUE);
     if (!Readable(cinfo) || cinfo.image_width != static_cast<JDIMENSION>(storedSize.width) ||
         cinfo.image_height != static_cast<JDIMENSION>(storedSize.height)) {
@@ -119,8 +119,8 @@ bool StartRows(jpeg_decompress_struct& cinfo, const JpegDecodePlan& plan, Size s
         jpeg_crop_scanline(&cinfo, &left, &width);
     }
     firstColumn = left;
-    if (box.top > 0) {
-        jpeg_skip_scanlines(&cinfo, static_cast<JDIMENSION>(box.top));
+    if (box.top + firstRow > 0) {
+        jpeg_skip_scanlines(&cinfo, static_cast<JDIMENSION>(box.top + firstRow));
     }
     return true;
 }
@@ -133,6 +133,7 @@ struct RowStream {
     ErrorTrap trap;
     bool created = false;
     JpegDecodePlan plan;
+    Size storedSize;
     JDIMENSION firstColumn = 0;
     int nextRow = 0;  // of the box
     std::vector<JSAMPLE> line;
@@ -154,21 +155,41 @@ struct RowStream {
 
 // StartRows with libjpeg's errors caught: false when one jumped out or a
 // warning came. No local here changes after the jump is set.
-bool StartGuarded(RowStream& stream, Size storedSize) {
+bool StartGuarded(RowStream& stream) {
     if (setjmp(stream.trap.jump) != 0) {
         return false;
     }
     jpeg_create_decompress(&stream.cinfo);
     stream.created = true;
     stream.cinfo.src = &stream.source.manager;
-    return StartRows(stream.cinfo, stream.plan, storedSize, stream.firstColumn) &&
+    return StartRows(stream.cinfo, stream.plan, stream.storedSize, 0, stream.firstColumn) &&
            !stream.trap.warned;
 }
 
-// The box's next `count` rows into `out` (rows of `stride` bytes): false
-// when libjpeg failed or warned, or the rows are not the next ones.
+// Moves the decode to the box's row `row`. libvips reads the rows in order
+// through vips_sequential, whose cache can still drop rows a slow thread
+// needs again (it happened under the sanitizers' load): a row behind the
+// decoder's starts the decode again from the file, a row ahead is skipped
+// to. Errors jump out, as in StartRows.
+bool SeekRow(RowStream& stream, int row) {
+    if (row < stream.nextRow) {
+        jpeg_abort_decompress(&stream.cinfo);
+        stream.source.offset = 0;
+        stream.source.manager.bytes_in_buffer = 0;
+        if (!StartRows(stream.cinfo, stream.plan, stream.storedSize, row, stream.firstColumn)) {
+            return false;
+        }
+    } else if (row > stream.nextRow) {
+        jpeg_skip_scanlines(&stream.cinfo, static_cast<JDIMENSION>(row - stream.nextRow));
+    }
+    stream.nextRow = row;
+    return !stream.trap.warned;
+}
+
+// The box's `count` rows from `top` into `out` (rows of `stride` bytes):
+// false when libjpeg failed or warned.
 bool ReadGuarded(RowStream& stream, int top, int count, VipsPel* out, std::size_t stride) {
-    if (top != stream.nextRow || setjmp(stream.trap.jump) != 0) {
+    if (setjmp(stream.trap.jump) != 0 || !SeekRow(stream, top)) {
         return false;
     }
     const int components = stream.cinfo.output_components;
@@ -241,6 +262,7 @@ std::optional<vips::VImage> Decode(const std::string& path, Size storedSize,
         return std::nullopt;
     }
     stream->plan = plan;
+    stream->storedSize = storedSize;
     FileSource& source = stream->source;
     source.manager.init_source = Nothing;
     source.manager.fill_input_buffer = FillInput;
@@ -250,7 +272,7 @@ std::optional<vips::VImage> Decode(const std::string& path, Size storedSize,
     stream->cinfo.err = jpeg_std_error(&stream->trap.manager);
     stream->trap.manager.error_exit = OnError;
     stream->trap.manager.emit_message = OnMessage;
-    if (!StartGuarded(*stream, storedSize)) {
+    if (!StartGuarded(*stream)) {
         return std::nullopt;
     }
     // The decoder's block grid can move the left edge back by up to one

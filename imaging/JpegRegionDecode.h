@@ -15,8 +15,9 @@ namespace vellumo::jpegregion {
 
 // The plan's decoded box, as stored (not turned upright): 8-bit RGB, or grey
 // for a grey file, exactly plan.decoded's size. Its rows are decoded as the
-// pipeline reads them, once, top to bottom; only a few rows are held at a
-// time. Nothing when libjpeg refuses the file's header, it is not 8-bit
+// pipeline reads them, top to bottom, and only a few are held at a time; a
+// row asked for again after libvips' cache dropped it starts the decode
+// again. Nothing when libjpeg refuses the file's header, it is not 8-bit
 // grey, RGB or YCbCr (CMYK), or its scaled size is not the plan's; damage
 // found in the rows fails the read of the picture (libvips' error "the
 // planned decode of the cut failed"). Either way the caller then decodes
