@@ -24,6 +24,7 @@
 #include <vector>
 
 #include "bench/BenchInputs.h"
+#include "bench/BenchWindow.h"
 #include "ui/MainWindow.h"
 #include "ui/ViewController.h"
 #include "ui/preview/CropPreviewView.h"
@@ -61,12 +62,8 @@ void Report(const char* what, std::vector<double> times) {
 }
 
 void WaitForPicture(vellumo::ViewController& controller, vellumo::CropPreviewView& view) {
-    QElapsedTimer waited;
-    waited.start();
-    while ((view.image().isNull() || controller.preview().isPending()) &&
-           waited.elapsed() < 60000) {
-        QApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
-    }
+    vellumo::bench::WaitUntil(
+        [&] { return !view.image().isNull() && !controller.preview().isPending(); }, 60000);
 }
 
 }  // namespace

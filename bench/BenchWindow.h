@@ -4,6 +4,7 @@
 // main window loaded as the application loads it at the size it has on a
 // 1280 x 800 screen, and a watch on the GUI thread.
 
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QTimer>
 
@@ -23,6 +24,26 @@ struct ShownWindow {
     MainWindow window;
     ViewController controller;
 };
+
+// Runs the event loop until `done` holds or `limitMs` have passed; whether
+// it holds. The loop sleeps between events: a loop that polls keeps one core
+// busy, and on two cores that halves what the idle-priority thumbnail and
+// preview workers get. A 10 ms timer wakes it for conditions that no event
+// announces (files appearing on disk).
+template <typename Condition>
+bool WaitUntil(Condition done, int limitMs = 120000) {
+    QElapsedTimer waited;
+    waited.start();
+    QTimer wake;
+    wake.start(10);
+    while (!done()) {
+        if (waited.elapsed() > limitMs) {
+            return false;
+        }
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    return true;
+}
 
 // Watches the GUI thread: the longest gap between ticks of a 1 ms timer,
 // from Start() on.

@@ -87,9 +87,8 @@ int main(int argc, char** argv) {
     QElapsedTimer first;
     first.start();
     table.selectRow(0);
-    while (controller.preview().isPending() || view.image().isNull()) {
-        QApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
-    }
+    vellumo::bench::WaitUntil(
+        [&] { return !controller.preview().isPending() && !view.image().isNull(); });
     std::printf("first photo, decoded on demand: %.1f ms\n", first.nsecsElapsed() / 1e6);
 
     std::vector<double> times;

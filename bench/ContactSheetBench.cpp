@@ -30,6 +30,7 @@
 #include <cstdlib>
 #include <vector>
 
+#include "bench/BenchWindow.h"
 #include "ui/MainWindow.h"
 #include "ui/ViewController.h"
 #include "ui/sheet/ContactSheetView.h"
@@ -204,11 +205,7 @@ int main(int argc, char** argv) {
     Report("down, thumbnails cold", Scroll(sheet, true, stepMs), loader);
     Report("up, thumbnails loading", Scroll(sheet, false, stepMs), loader);
     // Then let the top screens finish and scroll once more.
-    QElapsedTimer settle;
-    settle.start();
-    while (!loader.isIdle() && settle.elapsed() < 60000) {
-        QApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
-    }
+    vellumo::bench::WaitUntil([&] { return loader.isIdle(); }, 60000);
     Report("down again", Scroll(sheet, true, stepMs), loader);
     std::fflush(stdout);
     std::quick_exit(EXIT_SUCCESS);

@@ -50,9 +50,7 @@ QStringList LinkedEntries(const QTemporaryDir& folder, const std::vector<std::st
 
 void WaitUntilIdle(const vellumo::ThumbnailLoader& loader) {
     QApplication::processEvents();
-    while (!loader.isIdle()) {
-        QApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
-    }
+    vellumo::bench::WaitUntil([&] { return loader.isIdle(); });
     QApplication::processEvents();
 }
 

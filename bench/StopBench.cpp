@@ -29,14 +29,6 @@
 
 namespace {
 
-// Runs the event loop until `done` holds.
-template <typename Condition>
-void RunUntil(Condition done) {
-    while (!done()) {
-        QApplication::processEvents(QEventLoop::AllEvents, 5);
-    }
-}
-
 // Both images in flight are being written: their temporary files exist.
 bool BothWriting(const QString& folder) {
     return QDir(folder)
@@ -84,14 +76,14 @@ int main(int argc, char** argv) {
         QDir().mkpath(out);
         window.findChild<QLineEdit*>("textFieldOutputFolder")->setText(out);
         crop->click();
-        RunUntil([&] { return BothWriting(out); });
+        vellumo::bench::WaitUntil([&] { return BothWriting(out); });
 
         vellumo::bench::StallWatch watch;
         watch.Start();
         QElapsedTimer clock;
         clock.start();
         stop->click();
-        RunUntil([&] { return !controller.isCropping() && crop->isEnabled(); });
+        vellumo::bench::WaitUntil([&] { return !controller.isCropping() && crop->isEnabled(); });
         times.push_back(clock.nsecsElapsed() / 1e6);
         longestStall = std::max(longestStall, watch.Stop());
         if (!QDir(out).entryList(QDir::Files | QDir::Hidden).isEmpty()) {
