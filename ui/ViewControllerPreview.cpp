@@ -17,6 +17,8 @@
 #include "ui/preview/CropAdjustmentStore.h"
 #include "ui/preview/CropPreviewView.h"
 #include "ui/preview/DimensionLabels.h"
+#include "ui/preview/PreviewPicture.h"
+#include "ui/sheet/ContactSheetController.h"
 #include "ui_MainWindow.h"
 
 namespace vellumo {
@@ -34,7 +36,21 @@ void ViewController::ConnectPreview() {
         }
         return around;
     });
+    // The file's thumbnail, when the list or the sheet made it, stands in at
+    // once for the picture being decoded.
+    preview_->SetKeptPictures([this](const QString& path) -> std::optional<KeptPicture> {
+        const Thumbnail* thumbnail = contactSheet_->thumbnails().Find(path);
+        if (thumbnail == nullptr) {
+            return std::nullopt;
+        }
+        return KeptPicture{thumbnail->picture, thumbnail->fullSize};
+    });
     connect(preview_, &PreviewSession::loadingStarted, &view, [&view] { view.SetBusy(true); });
+    connect(preview_, &PreviewSession::provisionalPicture, &view, [&view](const KeptPicture& kept) {
+        const int side = PreviewSession::PictureSideFor(view.LongestPictureSide());
+        view.SetCropFrame(std::nullopt);
+        view.SetImage(StandInPicture(kept.picture, kept.fullSize, side));
+    });
     connect(preview_, &PreviewSession::loaded, this,
             [this, &view](const QString& path, const QImage& plain) {
                 view.SetBusy(false);

@@ -7,6 +7,7 @@
 #include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSignalSpy>
 #include <QStyle>
 #include <QTemporaryDir>
 #include <QTest>
@@ -23,6 +24,9 @@
 #include "ui/dialogs/ListQuestions.h"
 #include "ui/list/ImageTableView.h"
 #include "ui/preview/CropPreviewView.h"
+#include "ui/preview/PreviewPrefetch.h"
+#include "ui/sheet/ContactSheetController.h"
+#include "ui/thumbnails/ThumbnailLoader.h"
 
 using vellumo::CropPreviewView;
 using vellumo::ImageTableView;
@@ -206,6 +210,47 @@ class PreviewTest : public QObject {
         QCOMPARE(AllLabels(loaded),
                  QStringLiteral("Width: 300 / Height: 200 -> Width: 300 / Height: 200"));
         QCOMPARE(PreviewPicture(loaded).pixelColor(150, 100), QColor(Qt::blue));
+    }
+
+    // The row's thumbnail, made for the list, is shown at once in the size
+    // of the picture being decoded, without a crop frame, until the picture
+    // comes. A file decoded again keeps its sharp picture meanwhile.
+    void theFilesThumbnailStandsInWhileItsPictureIsDecoded() {
+        QTemporaryDir dir;
+        const QString blue =
+            vellumo::test::Write(vellumo::test::Plain(800, 600, Qt::blue), dir.filePath("a.png"));
+        const QString red =
+            vellumo::test::Write(vellumo::test::Plain(1200, 600, Qt::red), dir.filePath("b.png"));
+        LoadedWindow loaded;
+        auto decoder = std::make_shared<GatedPreviewDecoder>();
+        loaded.preview().SetDecoder(decoder);
+        loaded.Show();
+        loaded.AddImages({blue, red});
+        vellumo::ThumbnailLoader& thumbnails = loaded.controller().contactSheet()->thumbnails();
+        QVERIFY(QTest::qWaitFor([&] { return thumbnails.Find(red) != nullptr; }, 60000));
+        decoder->Hold(red.toStdString());
+        ClickRow(loaded, 0);
+
+        PressRow(loaded, 1);
+        const auto& view = loaded.Control<CropPreviewView>("imageViewCropPreview");
+        QTRY_COMPARE(PreviewPicture(loaded).pixelColor(10, 10), QColor(Qt::red));
+        const QSize standIn = PreviewPicture(loaded).size();
+        QVERIFY(loaded.preview().isPending());
+        QVERIFY(!view.cropFrame().has_value());
+        QCOMPARE(standIn.width(), 2 * standIn.height());
+
+        decoder->Release(red.toStdString());
+        QTRY_VERIFY(!loaded.preview().isPending());
+        QCOMPARE(PreviewPicture(loaded).size(), standIn);
+        QCOMPARE(PreviewPicture(loaded).pixelColor(standIn.width() / 2, standIn.height() / 2),
+                 QColor(Qt::red));
+        QVERIFY(view.cropFrame().has_value());
+
+        QSignalSpy standIns(&loaded.preview(), &vellumo::PreviewSession::provisionalPicture);
+        loaded.preview().prefetch().Clear();
+        loaded.preview().Open(red, 300, {});
+        QTRY_VERIFY(!loaded.preview().isPending());
+        QCOMPARE(standIns.count(), 0);
     }
 
     void aDecodeIsDroppedWhenTheSelectionIsGone() {

@@ -1,5 +1,7 @@
 #include "ui/preview/PreviewPicture.h"
 
+#include <algorithm>
+#include <cmath>
 #include <cstring>
 
 #include "imaging/ImageTools.h"
@@ -17,6 +19,16 @@ QImage VeiledPreviewPicture(const Image& picture, Size fullSize, Rect rect) {
     const Image veiled = ImageTools::VeilOutsideRectangle(
         picture, {rect.x * sx, rect.y * sy, rect.width * sx, rect.height * sy});
     return PictureAsQImage(veiled);
+}
+
+QImage StandInPicture(const QImage& small, Size fullSize, int side) {
+    if (small.isNull() || !(fullSize.width >= 1.0) || !(fullSize.height >= 1.0) || side < 1) {
+        return {};
+    }
+    const double scale = std::min({1.0, side / fullSize.width, side / fullSize.height});
+    const QSize size(std::max(1, static_cast<int>(std::lround(fullSize.width * scale))),
+                     std::max(1, static_cast<int>(std::lround(fullSize.height * scale))));
+    return small.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
 QImage PictureAsQImage(const Image& picture) {

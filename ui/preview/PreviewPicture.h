@@ -16,6 +16,11 @@ namespace vellumo {
 // no pixels or the full size is empty. Safe on any thread.
 QImage VeiledPreviewPicture(const Image& picture, Size fullSize, Rect rect);
 
+// A small picture of an image of `fullSize` pixels scaled to the size its
+// preview picture of `side` pixels has (never larger than the image), to
+// stand in for it while it is decoded. Null when either is empty.
+QImage StandInPicture(const QImage& small, Size fullSize, int side);
+
 // `picture`'s pixels as a QImage in the format the screen draws fastest;
 // null when it has none. Safe on any thread.
 QImage PictureAsQImage(const Image& picture);

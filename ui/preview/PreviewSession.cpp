@@ -62,6 +62,11 @@ void PreviewSession::SetNeighbours(std::function<QStringList(const QString&)> ne
     neighbours_ = std::move(neighbours);
 }
 
+void PreviewSession::SetKeptPictures(
+    std::function<std::optional<KeptPicture>(const QString&)> find) {
+    keptPictures_ = std::move(find);
+}
+
 void PreviewSession::SetImage(const Image& image) {
     image_ = image;
     picture_ = image;
@@ -83,6 +88,13 @@ void PreviewSession::Open(const QString& path, int side, const PreviewNeeds& nee
     }
     loading_ = true;
     Q_EMIT loadingStarted();
+    // A file shown already keeps its sharper picture while it is decoded
+    // again (for a larger view, or what a rule needs).
+    if (keptPictures_ && path != path_) {
+        if (const std::optional<KeptPicture> kept = keptPictures_(path)) {
+            Q_EMIT provisionalPicture(*kept);
+        }
+    }
     Decode(request, needs);
 }
 

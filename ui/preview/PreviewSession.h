@@ -32,6 +32,13 @@ namespace vellumo {
 
 class PreviewPrefetch;
 
+// A small picture of a file made before (its thumbnail), upright, and the
+// file's full pixel size.
+struct KeptPicture {
+    QImage picture;
+    Size fullSize;
+};
+
 // What the crop rule of some settings needs of a file beyond its picture:
 // the reduced picture a smart anchor judges, the faces in it, what a trim
 // finds. All of it comes from the worker with the file's decoding.
@@ -63,6 +70,9 @@ class PreviewSession : public QObject {
     void SetDecoder(std::shared_ptr<PreviewDecoder> decoder);
     // Where the files around the open one are found, nearest first.
     void SetNeighbours(std::function<QStringList(const QString& path)> neighbours);
+    // Where small pictures made before are found: one is shown at once while
+    // its file's own picture is decoded (provisionalPicture).
+    void SetKeptPictures(std::function<std::optional<KeptPicture>(const QString& path)> find);
     // The pictures made ahead for browsing.
     PreviewPrefetch& prefetch() { return *prefetch_; }
 
@@ -124,6 +134,9 @@ class PreviewSession : public QObject {
   Q_SIGNALS:
     // A decode began; the preview is busy until loaded or loadingFailed.
     void loadingStarted();
+    // While another file than the one shown is decoded: a small picture of it
+    // made before, to show until loaded or loadingFailed.
+    void provisionalPicture(const KeptPicture& kept);
     // `path` is the current image now; `plain` its picture, ready to draw.
     void loaded(const QString& path, const QImage& plain);
     // `path` could not be decoded, for `reason`; the image is still the last.
@@ -153,6 +166,7 @@ class PreviewSession : public QObject {
     std::shared_ptr<PreviewDecoder> decoder_;
     std::shared_ptr<PreviewDecoder> prefetchDecoder_;
     std::function<QStringList(const QString&)> neighbours_;
+    std::function<std::optional<KeptPicture>(const QString&)> keptPictures_;
     PreviewPrefetch* prefetch_;
 
     QString path_;
