@@ -10,6 +10,14 @@ PreviewResult PreviewDecoder::DecodeLooking(const std::string& path, int maxSide
     return Decode(path, maxSide);
 }
 
+PreviewResult PreviewDecoder::DecodeEmbedded(const std::string& /*path*/, int /*minSide*/) {
+    return PreviewResult::Failure("the file has no embedded thumbnail");
+}
+
+PreviewResult InProcessPreviewDecoder::DecodeEmbedded(const std::string& path, int minSide) {
+    return ImageTools::LoadEmbeddedThumbnail(path, minSide);
+}
+
 PreviewResult InProcessPreviewDecoder::Decode(const std::string& path, int maxSide) {
     return ImageTools::LoadPreview(path, maxSide);
 }

@@ -17,6 +17,10 @@ class PreviewDecoder {
     // look answers the picture alone.
     virtual PreviewResult DecodeLooking(const std::string& path, int maxSide,
                                         const PreviewLooks& looks);
+    // The small picture stored in the file, when it has one of at least
+    // `minSide` (ImageTools::LoadEmbeddedThumbnail); else a failure. A
+    // decoder that cannot read it always fails.
+    virtual PreviewResult DecodeEmbedded(const std::string& path, int minSide);
 };
 
 // Decodes right here, in the calling thread.
@@ -25,6 +29,7 @@ class InProcessPreviewDecoder final : public PreviewDecoder {
     PreviewResult Decode(const std::string& path, int maxSide) override;
     PreviewResult DecodeLooking(const std::string& path, int maxSide,
                                 const PreviewLooks& looks) override;
+    PreviewResult DecodeEmbedded(const std::string& path, int minSide) override;
 };
 
 }  // namespace vellumo

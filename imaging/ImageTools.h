@@ -109,6 +109,12 @@ std::optional<Image> LoadCutResized(const std::string& path, Rect cut, Size size
 // maxSide x maxSide (never up), upright. Damage fails it, as LoadImage.
 PreviewResult LoadPreview(const std::string& path, int maxSide);
 
+// The small picture a camera stored in a JPEG's Exif block, upright, with
+// the file's full size: quick to show while the file's own picture is
+// decoded. A failure when there is none, its longer side is under
+// `minSide`, or its shape is not the file's (a thumbnail with black bars).
+PreviewResult LoadEmbeddedThumbnail(const std::string& path, int minSide);
+
 // The image as 8-bit sRGB RGBA, for display. Nothing for an image
 // without pixels.
 std::optional<RgbaBitmap> RenderRgba8(const Image& image);

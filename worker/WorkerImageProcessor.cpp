@@ -62,10 +62,20 @@ PreviewResult WorkerPreviewDecoder::Decode(const std::string& path, int maxSide)
 
 PreviewResult WorkerPreviewDecoder::DecodeLooking(const std::string& path, int maxSide,
                                                   const PreviewLooks& looks) {
+    return Exchange(
+        workerprotocol::PreviewRequest{path, maxSide, workers_.limits().maxPixels, false, looks});
+}
+
+PreviewResult WorkerPreviewDecoder::DecodeEmbedded(const std::string& path, int minSide) {
+    workerprotocol::PreviewRequest request{path, minSide, workers_.limits().maxPixels};
+    request.embedded = true;
+    return Exchange(request);
+}
+
+PreviewResult WorkerPreviewDecoder::Exchange(workerprotocol::PreviewRequest request) {
+    const std::string& path = request.path;
     const WorkerPool::Loan worker = workers_.Borrow();
     const EngineFiles files(path);
-    workerprotocol::PreviewRequest request{path, maxSide, workers_.limits().maxPixels, false,
-                                           looks};
     WorkerProcess::Reply reply = worker->Exchange(request, files.Given());
     if (WorthASecondDecoder(reply, path)) {
         request.onlySecondDecoder = true;

@@ -46,11 +46,16 @@ class WorkerPreviewDecoder final : public PreviewDecoder {
     PreviewResult Decode(const std::string& path, int maxSide) override;
     PreviewResult DecodeLooking(const std::string& path, int maxSide,
                                 const PreviewLooks& looks) override;
+    PreviewResult DecodeEmbedded(const std::string& path, int minSide) override;
 
     // How many worker processes the previews have started.
     std::size_t WorkerCount() const { return workers_.size(); }
 
   private:
+    // Asks a worker, and asks again with the second decoder when the first
+    // crashed on the file.
+    PreviewResult Exchange(workerprotocol::PreviewRequest request);
+
     WorkerPool workers_;
 };
 

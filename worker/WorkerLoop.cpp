@@ -102,7 +102,8 @@ workerprotocol::Message Answer(int socket, const workerprotocol::Request& reques
             workerprotocol::PreviewReply{PreviewResult::Failure(*refusal)});
     }
     return workerprotocol::Encode(workerprotocol::PreviewReply{
-        previews.DecodeLooking(source, preview.maxSide, preview.looks)});
+        preview.embedded ? previews.DecodeEmbedded(source, preview.maxSide)
+                         : previews.DecodeLooking(source, preview.maxSide, preview.looks)});
 }
 
 bool OnlySecondDecoder(const workerprotocol::Request& request) {

@@ -361,7 +361,8 @@ void to_json(Json& json, const PreviewRequest& m) {
             {"maxSide", m.maxSide},
             {"maxPixels", m.maxPixels},
             {"onlySecondDecoder", m.onlySecondDecoder},
-            {"faces", m.looks.faces}};
+            {"faces", m.looks.faces},
+            {"embedded", m.embedded}};
     if (m.looks.trimTolerance) {
         json["trimTolerance"] = *m.looks.trimTolerance;
     }
@@ -372,6 +373,7 @@ void from_json(const Json& json, PreviewRequest& m) {
     m.maxPixels = Whole<std::uint64_t>(json.at("maxPixels"));
     m.onlySecondDecoder = json.at("onlySecondDecoder").get<bool>();
     m.looks.faces = json.at("faces").get<bool>();
+    m.embedded = json.at("embedded").get<bool>();
     m.looks.trimTolerance.reset();
     if (const auto tolerance = json.find("trimTolerance"); tolerance != json.end()) {
         m.looks.trimTolerance = tolerance->get<double>();

@@ -30,8 +30,9 @@ namespace vellumo::workerprotocol {
 // failure (stage and reason) instead of a reason alone. 3: the "name-facts"
 // task, whose outcome carries the photo's facts. 4: a preview may be asked
 // to look for faces and a trim's content (PreviewLooks), and its reply
-// carries what was found.
-inline constexpr int kVersion = 4;
+// carries what was found. 5: a preview may ask for the file's embedded
+// thumbnail only.
+inline constexpr int kVersion = 5;
 
 struct Message {
     std::string json;
@@ -67,6 +68,9 @@ struct PreviewRequest {
     std::uint64_t maxPixels = 0;
     bool onlySecondDecoder = false;
     PreviewLooks looks{};
+    // The file's embedded thumbnail, at least maxSide on its longer side,
+    // instead of a decoded picture (ImageTools::LoadEmbeddedThumbnail).
+    bool embedded = false;
 };
 // The bytes the image being decoded will take.
 struct DecodingNote {

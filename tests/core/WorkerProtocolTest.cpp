@@ -84,6 +84,13 @@ TEST(WorkerProtocol, ARequestReadsBackAsItWasSent) {
     EXPECT_EQ(p->maxPixels, 99u);
     EXPECT_FALSE(p->onlySecondDecoder);
     EXPECT_EQ(p->looks, PreviewLooks{});
+    EXPECT_FALSE(p->embedded);
+
+    PreviewRequest embedded{"/camera.jpg", 160, 99};
+    embedded.embedded = true;
+    const std::optional<Request> standIn = DecodeRequest(Encode(Request(embedded)));
+    ASSERT_TRUE(standIn);
+    EXPECT_TRUE(std::get<PreviewRequest>(*standIn).embedded);
 
     // What the preview asks its worker to look for besides the picture.
     const PreviewLooks looks{true, 12.345678901};

@@ -290,6 +290,25 @@ TEST_F(WorkerTest, PreviewsComeFromTheWorkerAlsoWhenTheFirstDecoderCrashesIt) {
               ImageTools::RenderRgba8(local->picture)->pixels);
 }
 
+// A camera's embedded thumbnail is read in the sandboxed worker too, the
+// same as in the process; a file without one says so.
+TEST_F(WorkerTest, EmbeddedThumbnailsComeFromTheWorker) {
+    VELLUMO_REQUIRE_TESTDATA();
+    WorkerPreviewDecoder previews;
+    const std::string camera = test::TestDataPath("orientation/Canon PowerShot A85.jpg");
+    const PreviewResult embedded = previews.DecodeEmbedded(camera, 160);
+    ASSERT_TRUE(embedded) << embedded.reason();
+    const PreviewResult local = ImageTools::LoadEmbeddedThumbnail(camera, 160);
+    ASSERT_TRUE(local) << local.reason();
+    EXPECT_EQ(embedded->fullSize, local->fullSize);
+    EXPECT_EQ(ImageTools::RenderRgba8(embedded->picture)->pixels,
+              ImageTools::RenderRgba8(local->picture)->pixels);
+    const PreviewResult none =
+        previews.DecodeEmbedded(test::TestDataPath("orientation/Landscape_6.jpg"), 160);
+    ASSERT_FALSE(none);
+    EXPECT_EQ(none.reason(), "the file has no embedded thumbnail");
+}
+
 }  // namespace
 }  // namespace vellumo
 

@@ -26,7 +26,9 @@
 #include "tests/gui/support/DragAndDrop.h"
 #include "tests/gui/support/LoadedWindow.h"
 #include "tests/gui/support/PictureFiles.h"
+#include "tests/gui/support/RealImages.h"
 #include "tests/gui/support/WindowDriving.h"
+#include "tests/gui/support/Workers.h"
 #include "ui/list/ImageTableView.h"
 #include "ui/sheet/ContactSheetView.h"
 #include "ui/thumbnails/SharedThumbnails.h"
@@ -71,7 +73,11 @@ void ShowSheet(LoadedWindow& loaded) {
 // Waits until the loader has the thumbnail of `path`; null on time-out.
 const Thumbnail* WaitForThumbnail(LoadedWindow& loaded, const QString& path) {
     ThumbnailLoader& loader = Loader(loaded);
-    if (!QTest::qWaitFor([&] { return loader.Find(path) != nullptr; }, kThumbnailWaitMs)) {
+    const auto made = [&] {
+        const Thumbnail* thumbnail = loader.Find(path);
+        return thumbnail != nullptr && !thumbnail->standIn;
+    };
+    if (!QTest::qWaitFor(made, kThumbnailWaitMs)) {
         return nullptr;
     }
     return loader.Find(path);
@@ -286,6 +292,43 @@ class ContactSheetTest : public QObject {
         QTRY_VERIFY_WITH_TIMEOUT(Loader(loaded).HasFailed(bad), kThumbnailWaitMs);
         QVERIFY(Loader(loaded).Find(bad) == nullptr);
         QVERIFY(!QFile::exists(vellumo::SharedThumbnailPath(bad)));
+    }
+
+    // A camera photo's own small picture fills its cell at once, and the
+    // file's thumbnail replaces it; a file that cannot be decoded shows
+    // none, whatever its camera stored.
+    void aCamerasThumbnailStandsInUntilTheFilesOwnIsMade() {
+        VELLUMO_QSKIP_WITHOUT_TESTDATA();
+        const QString photo = vellumo::test::RealImage("orientation/Apple iPhone 5.jpg");
+        const QString damaged = pictures_.filePath("damaged.jpg");
+        {
+            // The first two fifths: the Exif block whole, the pixels cut off.
+            QFile in(photo);
+            QVERIFY(in.open(QIODevice::ReadOnly));
+            QFile out(damaged);
+            QVERIFY(out.open(QIODevice::WriteOnly));
+            out.write(in.read(in.size() * 2 / 5));
+        }
+        auto decoder = std::make_shared<vellumo::test::GatedPreviewDecoder>();
+        decoder->Hold(photo.toStdString());
+        decoder->Hold(damaged.toStdString());
+        ThumbnailLoader loader(decoder);
+        loader.Want({photo, damaged});
+        QTRY_VERIFY_WITH_TIMEOUT(loader.Find(photo) != nullptr && loader.Find(damaged) != nullptr,
+                                 kThumbnailWaitMs);
+        QVERIFY(loader.Find(photo)->standIn);
+        QCOMPARE(loader.Find(photo)->picture.size(), QSize(160, 120));
+        QCOMPARE(loader.Find(photo)->fullSize, (Size{3264, 2448}));
+        QVERIFY(!loader.isIdle());
+
+        decoder->Release(photo.toStdString());
+        decoder->Release(damaged.toStdString());
+        QTRY_VERIFY_WITH_TIMEOUT(loader.isIdle(), kThumbnailWaitMs);
+        QVERIFY(!loader.Find(photo)->standIn);
+        QCOMPARE(loader.Find(photo)->picture.size(), QSize(256, 192));
+        QCOMPARE(loader.deliveries().standIns, quint64{2});
+        QVERIFY(loader.HasFailed(damaged));
+        QVERIFY(loader.Find(damaged) == nullptr);
     }
 
     void theThumbnailIsKeptInTheSharedFolder() {

@@ -18,6 +18,9 @@ struct Thumbnail {
     // The file's full pixel size, upright (after its EXIF orientation).
     Size fullSize;
     int pages = 1;
+    // The small picture a camera stored in the file, shown until the file's
+    // own thumbnail is made.
+    bool standIn = false;
 };
 
 // The freedesktop "large" thumbnail size, which file managers share.

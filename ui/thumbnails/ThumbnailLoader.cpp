@@ -65,12 +65,30 @@ void ThumbnailLoader::StartWhilePossible() {
         underWay_.insert(path);
         ++running_;
         pool_.start([this, decoder = decoder_, path, boxes = boxes_, generation = generation_] {
-            const MadeThumbnail made = MakeThumbnail(*decoder, path, boxes);
+            const auto standIn = [this, generation, path](const Thumbnail& thumbnail) {
+                QMetaObject::invokeMethod(
+                    this,
+                    [this, generation, path, thumbnail] {
+                        DeliverStandIn(generation, path, thumbnail);
+                    },
+                    Qt::QueuedConnection);
+            };
+            const MadeThumbnail made = MakeThumbnail(*decoder, path, boxes, standIn);
             QMetaObject::invokeMethod(
                 this, [this, generation, path, made] { Deliver(generation, path, made); },
                 Qt::QueuedConnection);
         });
     }
+}
+
+void ThumbnailLoader::DeliverStandIn(quint64 generation, const QString& path,
+                                     const Thumbnail& standIn) {
+    if (generation != generation_ || !underWay_.contains(path)) {
+        return;
+    }
+    ++deliveries_.standIns;
+    cache_.Insert(path, standIn);
+    Q_EMIT thumbnailChanged(path);
 }
 
 void ThumbnailLoader::Deliver(quint64 generation, const QString& path, const MadeThumbnail& made) {
@@ -87,6 +105,9 @@ void ThumbnailLoader::Deliver(quint64 generation, const QString& path, const Mad
     } else {
         ++deliveries_.failed;
         failed_.insert(path);
+        // A file that cannot be decoded shows no picture, whatever its
+        // camera stored.
+        cache_.Remove(path);
     }
     StartWhilePossible();
     Q_EMIT thumbnailChanged(path);

@@ -59,17 +59,20 @@ class ThumbnailLoader : public QObject {
         quint64 made = 0;              // decoded (and kept in the shared folder)
         quint64 fromSharedFolder = 0;  // read from the shared folder
         quint64 failed = 0;
-        quint64 dropped = 0;  // arrived after Forget or SetBoxes
+        quint64 dropped = 0;   // arrived after Forget or SetBoxes
+        quint64 standIns = 0;  // embedded thumbnails shown until the file's own came
     };
     const Deliveries& deliveries() const { return deliveries_; }
 
   Q_SIGNALS:
-    // The thumbnail of `path` is now in the cache (or has failed).
+    // The thumbnail of `path` is now in the cache (or has failed); a stand-in
+    // (Thumbnail::standIn) is followed by the file's own.
     void thumbnailChanged(const QString& path);
 
   private:
     void StartWhilePossible();
     void Deliver(quint64 generation, const QString& path, const MadeThumbnail& made);
+    void DeliverStandIn(quint64 generation, const QString& path, const Thumbnail& standIn);
 
     std::shared_ptr<PreviewDecoder> decoder_;
     ThumbnailCache cache_;

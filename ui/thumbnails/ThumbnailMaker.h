@@ -6,6 +6,7 @@
 
 #include <QSize>
 #include <QString>
+#include <functional>
 #include <optional>
 
 #include "batch/PreviewDecoder.h"
@@ -29,7 +30,12 @@ struct MadeThumbnail {
     QString failure;  // why there is none
 };
 
+// Given the file's embedded thumbnail (Thumbnail::standIn), when it has one
+// that fills a cell, before the file is decoded.
+using StandInSink = std::function<void(const Thumbnail&)>;
+
 // Never throws; safe on any thread while `decoder` is.
-MadeThumbnail MakeThumbnail(PreviewDecoder& decoder, const QString& path, ThumbnailBoxes boxes);
+MadeThumbnail MakeThumbnail(PreviewDecoder& decoder, const QString& path, ThumbnailBoxes boxes,
+                            const StandInSink& standIn = {});
 
 }  // namespace vellumo

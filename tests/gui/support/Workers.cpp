@@ -79,6 +79,10 @@ int RecordingProcessor::started() const {
     return started_;
 }
 
+PreviewResult GatedPreviewDecoder::DecodeEmbedded(const std::string& path, int minSide) {
+    return inner_.DecodeEmbedded(path, minSide);
+}
+
 PreviewResult GatedPreviewDecoder::Decode(const std::string& path, int maxSide) {
     {
         std::unique_lock lock(mutex_);

@@ -52,6 +52,8 @@ class RecordingProcessor final : public ImageProcessor {
 class GatedPreviewDecoder final : public PreviewDecoder {
   public:
     PreviewResult Decode(const std::string& path, int maxSide) override;
+    // Never held.
+    PreviewResult DecodeEmbedded(const std::string& path, int minSide) override;
 
     void Hold(const std::string& path);
     void Release(const std::string& path);
