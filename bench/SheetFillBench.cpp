@@ -3,16 +3,20 @@
 // each is a file of its own to the thumbnail cache) in a fresh thumbnail
 // folder. Times the first screen, from the switch to the sheet until its
 // cells all have their pictures, and the whole sheet, paged through from
-// top to bottom, each page waited on until its cells have theirs.
+// top to bottom, each page waited on until its cells have theirs. Also
+// when the first screen's cells first all had a picture: a camera's
+// embedded thumbnail stands in until the file's own is made.
 //
-//   build/bench/vellumo_bench_sheet_fill [ENTRIES] [FILES]
+//   build/bench/vellumo_bench_sheet_fill [ENTRIES] [FILES] [FOLDER]
 //
+// With FOLDER, its JPEGs (camera photos) are linked in turn instead.
 // Runs on Qt's offscreen platform unless QT_QPA_PLATFORM says otherwise.
 
 #include <unistd.h>
 
 #include <QAction>
 #include <QApplication>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QScrollBar>
@@ -56,6 +60,17 @@ void WaitUntilIdle(const vellumo::ThumbnailLoader& loader) {
 
 }  // namespace
 
+// The JPEG files in `folder`, sorted by name.
+std::vector<std::string> JpegsIn(const char* folder) {
+    std::vector<std::string> found;
+    const QDir dir(QString::fromLocal8Bit(folder));
+    for (const QString& name : dir.entryList({QStringLiteral("*.jpg"), QStringLiteral("*.JPG")},
+                                             QDir::Files, QDir::Name)) {
+        found.push_back(QFile::encodeName(dir.filePath(name)).toStdString());
+    }
+    return found;
+}
+
 int main(int argc, char** argv) {
     vellumo::bench::UseOffscreenUnlessSet();
     const int entries = argc > 1 ? std::max(1, std::atoi(argv[1])) : 200;
@@ -64,8 +79,13 @@ int main(int argc, char** argv) {
     QTemporaryDir folder;
     qputenv("XDG_CACHE_HOME", cacheHome.path().toLocal8Bit());
     QApplication application(argc, argv);
-    const QStringList paths =
-        LinkedEntries(folder, vellumo::bench::PhotoJpeg24Series(files), entries);
+    const std::vector<std::string> originals =
+        argc > 3 ? JpegsIn(argv[3]) : vellumo::bench::PhotoJpeg24Series(files);
+    if (originals.empty()) {
+        std::fputs("no JPEG files to show\n", stderr);
+        return EXIT_FAILURE;
+    }
+    const QStringList paths = LinkedEntries(folder, originals, entries);
     if (paths.isEmpty()) {
         return EXIT_FAILURE;
     }
@@ -80,6 +100,13 @@ int main(int argc, char** argv) {
     clock.start();
     shown.window.findChild<QAction*>("actionShowContactSheet")->trigger();
     vellumo::ThumbnailLoader& loader = *sheet.thumbnailLoader();
+    vellumo::bench::WaitUntil([&] {
+        const QList<int> rows = sheet.VisibleRows();
+        return std::all_of(rows.begin(), rows.end(), [&](int row) {
+            return loader.Find(paths[row]) != nullptr || loader.HasFailed(paths[row]);
+        });
+    });
+    const double firstPictures = clock.nsecsElapsed() / 1e6;
     WaitUntilIdle(loader);
     const double firstScreen = clock.nsecsElapsed() / 1e6;
     const auto cells = static_cast<long long>(sheet.VisibleRows().size());
@@ -90,10 +117,11 @@ int main(int argc, char** argv) {
     }
     const double whole = clock.nsecsElapsed() / 1e6;
     std::printf(
-        "%d entries (%d 6000 x 4000 JPEGs), %lld cells on a screen: first screen %.0f ms, "
-        "whole sheet %.0f ms, thumbnails made %llu\n",
-        entries, files, cells, firstScreen, whole,
-        static_cast<unsigned long long>(loader.deliveries().made));
+        "%d entries (%zu files), %lld cells on a screen: first screen's pictures %.0f ms, "
+        "first screen %.0f ms, whole sheet %.0f ms, thumbnails made %llu, stand-ins %llu\n",
+        entries, originals.size(), cells, firstPictures, firstScreen, whole,
+        static_cast<unsigned long long>(loader.deliveries().made),
+        static_cast<unsigned long long>(loader.deliveries().standIns));
     std::fflush(stdout);
     std::quick_exit(EXIT_SUCCESS);
 }
