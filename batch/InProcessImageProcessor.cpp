@@ -248,7 +248,7 @@ void CarryMetadata(const ImageTask& task, const std::string& source, ImageOutcom
 }
 
 // Whether the crop is one the file can be cut and resized from directly
-// (ImageTools::LoadCutResized): a JPEG written anew, its crop made smaller
+// (ImageTools::LoadCutResized): a JPEG or WebP written anew, its crop made smaller
 // on both sides with nothing padded around it.
 bool CutsAndResizes(const Decoded& decoded) {
     const ResolvedCrop& crop = decoded.crop;
@@ -257,12 +257,15 @@ bool CutsAndResizes(const Decoded& decoded) {
 }
 
 // Whether the task may be one for LoadCutResized, before its crop is
-// known: a JPEG resized and written, whose crop needs no pixels measured.
-// Every other image is decoded as a whole first.
+// known: a JPEG or WebP resized and written, whose crop needs no pixels
+// measured. Every other image is decoded as a whole first.
 bool MayCutAndResize(const ImageTask& task) {
-    return !MeasuresPixels(task) && task.settings.resize.mode != ResizeMode::None &&
-           task.decision != OverwriteDecision::Skip &&
-           SniffFile(task.source).kind == FileKind::Jpeg;
+    if (MeasuresPixels(task) || task.settings.resize.mode == ResizeMode::None ||
+        task.decision == OverwriteDecision::Skip) {
+        return false;
+    }
+    const std::optional<FileKind> kind = SniffFile(task.source).kind;
+    return kind == FileKind::Jpeg || kind == FileKind::WebP;
 }
 
 // The whole picture for `decoded`'s crop, streamed by the usual decoder;
@@ -278,7 +281,7 @@ bool DecodeWhole(const ImageTask& task, Decoded& decoded, ImageOutcome& outcome)
     return true;
 }
 
-// A JPEG whose crop is made smaller, decoded no larger than its output
+// A JPEG or WebP whose crop is made smaller, decoded no larger than its output
 // needs; the whole picture, streamed, when the crop is not one such or the
 // plan cannot read the file (the usual decoder then says why it fails). Its
 // crop is resolved on the header's size alone: it needs no pixels. Nothing,

@@ -91,21 +91,25 @@ LoadResult OpenImage(const std::string& path);
 // the rows and columns under the cut (in the picture as stored, whatever
 // its orientation), at the smallest of libjpeg's M/8 scales that still
 // leaves the resize a reduction of kMinResizeFactor and puts the cut's
-// edges on whole scaled pixels, else at 8/8 (imaging/JpegDecodePlan.h).
+// edges on whole scaled pixels, else at 8/8 (imaging/JpegDecodePlan.h);
+// for a WebP only the cut, scaled by libwebp to leave the resize the same
+// reduction (imaging/WebpDecodePlan.h).
 // The result has `size`'s pixels, upright, and the file's colour profile;
-// its rows are decoded when it is read, and damage found then fails the
-// read at the Decode stage. `cut` lies wholly on the image and `size` is
-// smaller than it. Nothing when the picture is too small to gain
-// (kLeastPlannedPixels), the file is not a JPEG read this way (CMYK, a
-// damaged header or damage above the cut, the other decoders chosen) or
-// libvips fails: the caller then takes the usual way (OpenImage), which
-// says why a file fails.
-// `minResizeFactor` is there for measuring other bounds.
+// a JPEG's rows are decoded when it is read, and damage found then fails
+// the read at the Decode stage. `cut` lies wholly on the image and `size`
+// is smaller than it. Nothing when the picture is too small to gain
+// (kLeastPlannedPixels), the file is not a JPEG or WebP read this way
+// (CMYK, animated, a damaged header or damage above the cut, the other
+// decoders chosen) or libvips fails: the caller then takes the usual way
+// (OpenImage), which says why a file fails.
+// `minResizeFactor` is there for measuring other bounds; without it each
+// format's own measured bound holds.
 std::optional<Image> LoadCutResized(const std::string& path, Rect cut, Size size,
-                                    double minResizeFactor = kMinResizeFactor);
+                                    std::optional<double> minResizeFactor = std::nullopt);
 
 // The picture the window shows for a file: decoded at a reduced size
-// where the decoder can (JPEG shrink-on-load), scaled down to fit in
+// where the decoder can (JPEG shrink-on-load, JPEG 2000 resolution levels,
+// WebP scaling, a HEIF's own thumbnail), scaled down to fit in
 // maxSide x maxSide (never up), upright. Damage fails it, as LoadImage.
 PreviewResult LoadPreview(const std::string& path, int maxSide);
 

@@ -1,4 +1,5 @@
-// A crop that is then made smaller, decoded no larger than needed.
+// A crop that is then made smaller, decoded no larger than needed: JPEG
+// and WebP files.
 
 #include <cmath>
 
@@ -10,6 +11,7 @@
 #include "imaging/SourceTap.h"
 #include "imaging/VipsLoad.h"
 #include "imaging/VipsRuntime.h"
+#include "imaging/WebpRegionDecode.h"
 
 namespace vellumo {
 
@@ -61,19 +63,60 @@ bool Fits(Rect cut, Size upright) {
            cut.x + cut.width <= upright.width && cut.y + cut.height <= upright.height;
 }
 
+// A cut to decode: the file, its stored size and orientation, the cut in
+// the upright picture and the size it is made.
+struct PlannedCut {
+    const std::string& path;
+    Size stored;
+    int orientation = 1;
+    PixelBox upright;
+    Size output;
+    std::optional<double> minResizeFactor;
+};
+
+// The JPEG's cut, its rows decoded as the resize reads them. Damage found
+// while the rows are written fails the save at the Decode stage, as the
+// usual decoder's does.
+std::optional<vips::VImage> JpegCut(const PlannedCut& cut) {
+    const std::optional<JpegDecodePlan> plan =
+        PlanJpegDecode(cut.stored, cut.orientation, cut.upright, cut.output,
+                       cut.minResizeFactor.value_or(kMinResizeFactor));
+    if (!plan) {
+        return std::nullopt;
+    }
+    std::optional<vips::VImage> pixels = jpegregion::Decode(cut.path, cut.stored, *plan);
+    if (!pixels) {
+        return std::nullopt;
+    }
+    return sourcetap::Tap(*pixels);
+}
+
+// The WebP's cut, decoded at once: libwebp has no decode by rows that
+// crops and scales.
+std::optional<vips::VImage> WebpCut(const PlannedCut& cut) {
+    const std::optional<WebpDecodePlan> plan =
+        PlanWebpDecode(cut.stored, cut.orientation, cut.upright, cut.output,
+                       cut.minResizeFactor.value_or(kWebpMinResizeFactor));
+    if (!plan) {
+        return std::nullopt;
+    }
+    return webpregion::Decode(cut.path, cut.stored, *plan);
+}
+
 }  // namespace
 
 std::optional<Image> ImageTools::LoadCutResized(const std::string& path, Rect cut, Size size,
-                                                double minResizeFactor) {
+                                                std::optional<double> minResizeFactor) {
     vipsruntime::EnsureStarted();
-    const SniffedFile sniffed = SniffFile(path);
-    if (sniffed.kind != FileKind::Jpeg || vipsload::OnlySecondDecoder() ||
+    const std::optional<FileKind> kind = SniffFile(path).kind;
+    if ((kind != FileKind::Jpeg && kind != FileKind::WebP) ||
+        (kind == FileKind::Jpeg && vipsload::OnlySecondDecoder()) ||
         !(size.width >= 1 && size.height >= 1)) {
         return std::nullopt;
     }
     vipsruntime::FailureScope scope;
     try {
-        const vips::VImage header = vipsload::Open(FileKind::Jpeg, path);
+        const vips::VImage header = vipsload::Open(*kind, path);
         const int orientation = vipsload::Orientation(header);
         const Size stored{static_cast<double>(header.width()),
                           static_cast<double>(header.height())};
@@ -82,20 +125,14 @@ std::optional<Image> ImageTools::LoadCutResized(const std::string& path, Rect cu
             size.height >= std::trunc(cut.height)) {
             return std::nullopt;
         }
-        const PixelBox box = UprightBox(upright, cut);
-        const std::optional<JpegDecodePlan> plan =
-            PlanJpegDecode(stored, orientation, box, size, minResizeFactor);
-        if (!plan) {
-            return std::nullopt;
-        }
-        std::optional<vips::VImage> pixels = jpegregion::Decode(path, stored, *plan);
+        const PlannedCut planned{path, stored,         orientation, UprightBox(upright, cut),
+                                 size, minResizeFactor};
+        std::optional<vips::VImage> pixels =
+            *kind == FileKind::Jpeg ? JpegCut(planned) : WebpCut(planned);
         if (!pixels) {
             return std::nullopt;
         }
-        // Damage found while the rows are written fails the save at the
-        // Decode stage, as the usual decoder's does.
-        return ResizedUpright(sourcetap::Tap(WithProfile(std::move(*pixels), header)), size,
-                              orientation);
+        return ResizedUpright(WithProfile(std::move(*pixels), header), size, orientation);
     } catch (const vips::VError&) {
         return std::nullopt;
     }

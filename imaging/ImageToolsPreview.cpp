@@ -2,7 +2,9 @@
 // than needed.
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
+#include <string_view>
 
 #include "imaging/FileKind.h"
 #include "imaging/ImageAccess.h"
@@ -10,6 +12,7 @@
 #include "imaging/PixelConvert.h"
 #include "imaging/VipsLoad.h"
 #include "imaging/VipsRuntime.h"
+#include "imaging/WebpDecodePlan.h"
 
 namespace vellumo {
 
@@ -25,6 +28,63 @@ int JpegShrink(const vips::VImage& header, int maxSide) {
         }
     }
     return 1;
+}
+
+// The most JPEG 2000 resolution levels may be dropped with the longer side
+// still at least `maxSide`: each halves the picture (its sides rounded up),
+// and the decoder then reads only the coarser levels' data.
+int Jpeg2000Reduction(const vips::VImage& header, int maxSide) {
+    const int levels = vipsload::PageCount(header);
+    const int longer = std::max(header.width(), header.height());
+    int reduction = 0;
+    while (reduction + 1 < levels && ((longer - 1) >> (reduction + 1)) + 1 >= maxSide) {
+        ++reduction;
+    }
+    return reduction;
+}
+
+// How far a HEIF thumbnail's shape may be from its image's: one of another
+// shape (cut, or not turned as the image is) must not stand for it.
+constexpr double kLargestShapeDifference = 0.02;
+
+bool SameShape(const vips::VImage& a, const vips::VImage& b) {
+    const double shapeA = static_cast<double>(a.width()) / a.height();
+    const double shapeB = static_cast<double>(b.width()) / b.height();
+    return std::abs(shapeA / shapeB - 1.0) <= kLargestShapeDifference;
+}
+
+// The file's picture as its decoder reads it cheapest with the longer side
+// still at least `maxSide`: a JPEG at 1/2, 1/4 or 1/8 of its size, a JPEG
+// 2000 at a coarser resolution level, a WebP scaled by libwebp to leave the
+// resize after it kWebpMinResizeFactor, a HEIF's own thumbnail when it is
+// large enough and of the image's shape; else `opened`, the whole picture.
+vips::VImage ReducedOnLoad(FileKind kind, const std::string& path, vips::VImage opened,
+                           int maxSide) {
+    vipsload::OpenOptions options;
+    if (kind == FileKind::Jpeg) {
+        options.shrink = JpegShrink(opened, maxSide);
+        return options.shrink > 1 ? vipsload::Open(kind, path, options) : opened;
+    }
+    // Only OpenJPEG's levels: ImageMagick, which reads some files it
+    // refuses, takes `page` for another page.
+    if (kind == FileKind::Jpeg2000 && vipsload::ReadBy(opened, "jp2kload")) {
+        options.reduction = Jpeg2000Reduction(opened, maxSide);
+        return options.reduction > 0 ? vipsload::Open(kind, path, options) : opened;
+    }
+    const int longer = std::max(opened.width(), opened.height());
+    if (kind == FileKind::WebP && longer > maxSide * kWebpMinResizeFactor) {
+        options.scale = maxSide * kWebpMinResizeFactor / longer;
+        return vipsload::Open(kind, path, options);
+    }
+    if (kind == FileKind::Heif) {
+        options.thumbnail = true;
+        vips::VImage thumbnail = vipsload::Open(kind, path, options);
+        if (std::max(thumbnail.width(), thumbnail.height()) >= maxSide &&
+            SameShape(thumbnail, opened)) {
+            return thumbnail;
+        }
+    }
+    return opened;
 }
 
 }  // namespace
@@ -43,14 +103,7 @@ PreviewResult ImageTools::LoadPreview(const std::string& path, int maxSide) {
             return PreviewResult::Failure("the image's size cannot be read");
         }
         const int orientation = vipsload::Orientation(pixels);
-        if (*sniffed.kind == FileKind::Jpeg) {
-            const int shrink = JpegShrink(pixels, std::max(1, maxSide));
-            if (shrink > 1) {
-                vipsload::OpenOptions options;
-                options.shrink = shrink;
-                pixels = vipsload::Open(*sniffed.kind, path, options);
-            }
-        }
+        pixels = ReducedOnLoad(*sniffed.kind, path, std::move(pixels), std::max(1, maxSide));
         const int longer = std::max(pixels.width(), pixels.height());
         if (longer > maxSide) {
             pixels = pixels.thumbnail_image(

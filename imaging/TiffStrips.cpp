@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "imaging/TiffHandle.h"
+#include "imaging/VipsLoad.h"
 
 namespace vellumo::tiffstrips {
 
@@ -124,19 +125,12 @@ void Release(VipsImage* /*image*/, StripSource* source) {
     delete source;
 }
 
-// libvips' own TIFF decoder opened the header (from a file, or from a
-// source: the worker reads its descriptors so), not ImageMagick's.
-bool FromTiffDecoder(const vips::VImage& header) {
-    const char* loader = nullptr;
-    return vips_image_get_typeof(header.get_image(), "vips-loader") != 0 &&
-           vips_image_get_string(header.get_image(), "vips-loader", &loader) == 0 &&
-           (std::strcmp(loader, "tiffload") == 0 || std::strcmp(loader, "tiffload_source") == 0);
-}
-
 }  // namespace
 
 std::optional<vips::VImage> Open(const std::string& path, const vips::VImage& header) {
-    if (!FromTiffDecoder(header)) {
+    // libvips' own TIFF decoder opened the header (from a file, or from a
+    // source: the worker reads its descriptors so), not ImageMagick's.
+    if (!vipsload::ReadBy(header, "tiffload")) {
         return std::nullopt;
     }
     auto source = std::make_unique<StripSource>();

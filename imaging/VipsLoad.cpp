@@ -135,14 +135,17 @@ vips::VImage OpenWithFirstDecoder(FileKind kind, const std::string& path,
         case FileKind::Tiff:
             return vips::VImage::tiffload_source(file, vopts->set("page", options.page));
         case FileKind::Jpeg2000:
-            return vips::VImage::jp2kload_source(file, vopts);
+            return vips::VImage::jp2kload_source(file, vopts->set("page", options.reduction));
         case FileKind::Bmp:
             break;
         case FileKind::Heif:
             // The primary image, turned by libheif as the container says
             // (irot, imir).
-            return vips::VImage::heifload_source(file, vopts);
+            return vips::VImage::heifload_source(file, vopts->set("thumbnail", options.thumbnail));
         case FileKind::WebP:
+            if (options.scale < 1.0) {
+                vopts->set("scale", options.scale);
+            }
             return vips::VImage::webpload_source(file, vopts->set("page", options.page));
         case FileKind::JpegXl:
             return vips::VImage::jxlload_source(file, vopts);
@@ -185,6 +188,14 @@ vips::VImage Open(FileKind kind, const std::string& path, const OpenOptions& opt
     }
 }
 
+bool ReadBy(const vips::VImage& image, std::string_view loader) {
+    if (image.get_typeof(VIPS_META_LOADER) == 0) {
+        return false;
+    }
+    const std::string_view name = image.get_string(VIPS_META_LOADER);
+    return name == loader || (name.starts_with(loader) && name.substr(loader.size()) == "_source");
+}
+
 int PageCount(const vips::VImage& image) {
     if (image.get_typeof("n-pages") == 0) {
         return 1;
@@ -198,8 +209,7 @@ int Orientation(const vips::VImage& image) {
     // rule over an Exif orientation in the same file (phones write both):
     // turning it by the Exif tag as well would turn it twice. (libvips 8.14
     // drops the tag for HEIF itself; this holds whatever the version.)
-    if (image.get_typeof(VIPS_META_LOADER) != 0 &&
-        std::string_view(image.get_string(VIPS_META_LOADER)) == "heifload") {
+    if (ReadBy(image, "heifload")) {
         return 1;
     }
     if (image.get_typeof(VIPS_META_ORIENTATION) == 0) {

@@ -4,6 +4,7 @@
 // content calls for. Throws vips::VError; callers catch it.
 
 #include <string>
+#include <string_view>
 #include <vips/vips8>
 
 #include "imaging/FileKind.h"
@@ -14,6 +15,13 @@ struct OpenOptions {
     VipsAccess access = VIPS_ACCESS_SEQUENTIAL;
     int page = 0;
     int shrink = 1;  // JPEG only: decode at 1/2, 1/4 or 1/8 of the size
+    // JPEG 2000 only: decode the resolution level halved this many times
+    // (libvips' `page`; the file's "n-pages" levels, the first 0).
+    int reduction = 0;
+    // HEIF only: the thumbnail the file holds in place of its image (the
+    // image when it holds none).
+    bool thumbnail = false;
+    double scale = 1.0;  // WebP only: decode scaled by libwebp, below 1
     // Decoder errors and truncation fail the decode instead of leaving grey
     // rows behind.
     VipsFailOn failOn = VIPS_FAIL_ON_ERROR;
@@ -37,6 +45,10 @@ void UseOnlySecondDecoder(bool only);
 
 // Whether UseOnlySecondDecoder is in force.
 bool OnlySecondDecoder();
+
+// Whether libvips' `loader` ("heifload") read the opened image, from a file
+// or from a source ("heifload_source").
+bool ReadBy(const vips::VImage& image, std::string_view loader);
 
 // The number of pages (TIFF) or frames (GIF) of an opened file, at least 1.
 int PageCount(const vips::VImage& image);
