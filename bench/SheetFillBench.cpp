@@ -9,7 +9,8 @@
 //
 //   build/bench/vellumo_bench_sheet_fill [ENTRIES] [FILES] [FOLDER]
 //
-// With FOLDER, its JPEGs (camera photos) are linked in turn instead.
+// With FOLDER, its photos (camera JPEGs, or WebP, JPEG 2000 and HEIC
+// files) are linked in turn instead.
 // Runs on Qt's offscreen platform unless QT_QPA_PLATFORM says otherwise.
 
 #include <unistd.h>
@@ -19,6 +20,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <algorithm>
@@ -40,9 +42,10 @@ QStringList LinkedEntries(const QTemporaryDir& folder, const std::vector<std::st
                           int entries) {
     QStringList paths;
     for (int i = 0; i < entries; ++i) {
-        const QString path =
-            folder.filePath(QStringLiteral("entry-%1.jpg").arg(i, 4, 10, QChar('0')));
         const std::string& original = originals[static_cast<std::size_t>(i) % originals.size()];
+        const QString suffix = QFileInfo(QString::fromStdString(original)).suffix();
+        const QString path =
+            folder.filePath(QStringLiteral("entry-%1.%2").arg(i, 4, 10, QChar('0')).arg(suffix));
         if (::link(original.c_str(), QFile::encodeName(path).constData()) != 0) {
             std::perror("link");
             return {};
@@ -60,12 +63,14 @@ void WaitUntilIdle(const vellumo::ThumbnailLoader& loader) {
 
 }  // namespace
 
-// The JPEG files in `folder`, sorted by name.
-std::vector<std::string> JpegsIn(const char* folder) {
+// The photos in `folder`, sorted by name.
+std::vector<std::string> PhotosIn(const char* folder) {
     std::vector<std::string> found;
     const QDir dir(QString::fromLocal8Bit(folder));
-    for (const QString& name : dir.entryList({QStringLiteral("*.jpg"), QStringLiteral("*.JPG")},
-                                             QDir::Files, QDir::Name)) {
+    const QStringList kinds = {QStringLiteral("*.jpg"), QStringLiteral("*.JPG"),
+                               QStringLiteral("*.webp"), QStringLiteral("*.jp2"),
+                               QStringLiteral("*.heic")};
+    for (const QString& name : dir.entryList(kinds, QDir::Files, QDir::Name)) {
         found.push_back(QFile::encodeName(dir.filePath(name)).toStdString());
     }
     return found;
@@ -80,9 +85,9 @@ int main(int argc, char** argv) {
     qputenv("XDG_CACHE_HOME", cacheHome.path().toLocal8Bit());
     QApplication application(argc, argv);
     const std::vector<std::string> originals =
-        argc > 3 ? JpegsIn(argv[3]) : vellumo::bench::PhotoJpeg24Series(files);
+        argc > 3 ? PhotosIn(argv[3]) : vellumo::bench::PhotoJpeg24Series(files);
     if (originals.empty()) {
-        std::fputs("no JPEG files to show\n", stderr);
+        std::fputs("no photos to show\n", stderr);
         return EXIT_FAILURE;
     }
     const QStringList paths = LinkedEntries(folder, originals, entries);

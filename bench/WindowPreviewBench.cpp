@@ -6,7 +6,10 @@
 // Meanwhile a 1 ms timer on the GUI thread measures the longest time the
 // thread was not free to run it.
 //
-//   build/bench/vellumo_bench_window_preview [RUNS]
+//   build/bench/vellumo_bench_window_preview [RUNS] [PHOTO]
+//
+// PHOTO (a WebP, JPEG 2000 or HEIC file, say) replaces the 24-megapixel
+// JPEG.
 //
 // Runs without a display on Qt's offscreen platform unless QT_QPA_PLATFORM
 // says otherwise; the window has the size it has on a 1280 x 800 screen.
@@ -16,11 +19,13 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QTableView>
 #include <QTimer>
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 #include <vector>
 
 #include "bench/BenchInputs.h"
@@ -76,7 +81,7 @@ Timing SelectAndWait(vellumo::ViewController& controller, QTableView& table,
     return timing;
 }
 
-void Report(const char* what, std::vector<Timing> runs) {
+void Report(const std::string& what, std::vector<Timing> runs) {
     std::sort(runs.begin(), runs.end(),
               [](const Timing& a, const Timing& b) { return a.milliseconds < b.milliseconds; });
     double stall = 0;
@@ -89,7 +94,7 @@ void Report(const char* what, std::vector<Timing> runs) {
     std::printf(
         "%-34s runs %2zu  median %7.1f ms  min %7.1f ms  max %7.1f ms  "
         "first picture median %6.1f ms  longest GUI-thread stall %5.1f ms\n",
-        what, runs.size(), runs[runs.size() / 2].milliseconds, runs.front().milliseconds,
+        what.c_str(), runs.size(), runs[runs.size() / 2].milliseconds, runs.front().milliseconds,
         runs.back().milliseconds, first[first.size() / 2], stall);
 }
 
@@ -98,7 +103,10 @@ void Report(const char* what, std::vector<Timing> runs) {
 int main(int argc, char** argv) {
     vellumo::bench::UseOffscreenUnlessSet();
     const int runs = argc > 1 ? std::max(1, std::atoi(argv[1])) : 10;
-    const QString jpeg = QString::fromStdString(vellumo::bench::PhotoJpeg24());
+    const QString jpeg = argc > 2 ? QString::fromLocal8Bit(argv[2])
+                                  : QString::fromStdString(vellumo::bench::PhotoJpeg24());
+    const std::string name =
+        argc > 2 ? QFileInfo(jpeg).fileName().toStdString() : "24-megapixel JPEG (6000 x 4000)";
     const QString png = QString::fromStdString(vellumo::bench::PhotoPng100());
 
     QApplication application(argc, argv);
@@ -131,7 +139,7 @@ int main(int argc, char** argv) {
         controller.contactSheet()->thumbnails().Forget();
         coldRuns.push_back(SelectAndWait(controller, table, view, 0));
     }
-    Report("24-megapixel JPEG, no thumbnail", coldRuns);
+    Report(name + ", no thumbnail", coldRuns);
     vellumo::ThumbnailLoader& thumbnails = controller.contactSheet()->thumbnails();
     thumbnails.Want({jpeg, png});
     vellumo::bench::WaitUntil(
@@ -141,7 +149,7 @@ int main(int argc, char** argv) {
     for (int i = 0; i < runs; ++i) {
         jpegRuns.push_back(SelectAndWait(controller, table, view, 0));
     }
-    Report("24-megapixel JPEG (6000 x 4000)", jpegRuns);
+    Report(name, jpegRuns);
 
     std::vector<Timing> pngRuns;
     for (int i = 0; i < std::max(1, runs / 3); ++i) {

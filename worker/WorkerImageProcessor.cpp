@@ -67,6 +67,11 @@ PreviewResult WorkerPreviewDecoder::DecodeLooking(const std::string& path, int m
 }
 
 PreviewResult WorkerPreviewDecoder::DecodeEmbedded(const std::string& path, int minSide) {
+    // Only JPEG files carry an Exif thumbnail the worker reads: the others
+    // are not sent (a round trip a file, before the file's own decode).
+    if (SniffFile(path).kind != FileKind::Jpeg) {
+        return PreviewResult::Failure("the file has no embedded thumbnail");
+    }
     workerprotocol::PreviewRequest request{path, minSide, workers_.limits().maxPixels};
     request.embedded = true;
     return Exchange(request);
@@ -77,7 +82,9 @@ PreviewResult WorkerPreviewDecoder::Exchange(workerprotocol::PreviewRequest requ
     const WorkerPool::Loan worker = workers_.Borrow();
     const EngineFiles files(path);
     WorkerProcess::Reply reply = worker->Exchange(request, files.Given());
-    if (WorthASecondDecoder(reply, path)) {
+    // An Exif block that crashed the worker is read by no second decoder:
+    // asking again would only crash a second worker.
+    if (!request.embedded && WorthASecondDecoder(reply, path)) {
         request.onlySecondDecoder = true;
         reply = worker->Exchange(request, files.Given());
     }

@@ -309,6 +309,22 @@ TEST_F(WorkerTest, EmbeddedThumbnailsComeFromTheWorker) {
     EXPECT_EQ(none.reason(), "the file has no embedded thumbnail");
 }
 
+// Files of other kinds are not sent to a worker for one: the engine's sniff
+// of the file's first bytes refuses them.
+TEST_F(WorkerTest, OnlyJpegFilesAreSentForAnEmbeddedThumbnail) {
+    VELLUMO_REQUIRE_TESTDATA();
+    WorkerPreviewDecoder previews;
+    const std::vector<pid_t> before = test::Workers();
+    const PreviewResult png = previews.DecodeEmbedded(Picture("a.png", 640, 480), 160);
+    ASSERT_FALSE(png);
+    EXPECT_EQ(png.reason(), "the file has no embedded thumbnail");
+    EXPECT_EQ(test::Workers(), before);
+    const PreviewResult camera =
+        previews.DecodeEmbedded(test::TestDataPath("orientation/Canon PowerShot A85.jpg"), 160);
+    ASSERT_TRUE(camera) << camera.reason();
+    EXPECT_FALSE(test::Workers().empty());
+}
+
 }  // namespace
 }  // namespace vellumo
 

@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -56,13 +57,17 @@ bool WritesOutput(pid_t pid) {
     return false;
 }
 
-}  // namespace
+bool RunsWorker(pid_t pid) {
+    std::ifstream comm("/proc/" + std::to_string(pid) + "/comm");
+    std::string name;
+    std::getline(comm, name);
+    return name == "vellumo-worker";
+}
 
-std::vector<pid_t> WorkersWriting(pid_t ancestor) {
-    if (ancestor == 0) {
-        ancestor = getpid();
-    }
-    std::vector<pid_t> writing;
+// The descendants of `ancestor` for which `wanted` holds, in /proc's order.
+template <typename Wanted>
+std::vector<pid_t> Descendants(pid_t ancestor, Wanted wanted) {
+    std::vector<pid_t> found;
     std::error_code error;
     for (const auto& entry : fs::directory_iterator("/proc", error)) {
         const std::string name = entry.path().filename().string();
@@ -70,11 +75,23 @@ std::vector<pid_t> WorkersWriting(pid_t ancestor) {
             continue;
         }
         const pid_t pid = static_cast<pid_t>(std::stol(name));
-        if (Descends(pid, ancestor) && WritesOutput(pid)) {
-            writing.push_back(pid);
+        if (Descends(pid, ancestor) && wanted(pid)) {
+            found.push_back(pid);
         }
     }
-    return writing;
+    return found;
+}
+
+}  // namespace
+
+std::vector<pid_t> WorkersWriting(pid_t ancestor) {
+    return Descendants(ancestor == 0 ? getpid() : ancestor, WritesOutput);
+}
+
+std::vector<pid_t> Workers() {
+    std::vector<pid_t> workers = Descendants(getpid(), RunsWorker);
+    std::sort(workers.begin(), workers.end());
+    return workers;
 }
 
 }  // namespace vellumo::test

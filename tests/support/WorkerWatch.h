@@ -16,4 +16,7 @@ namespace vellumo::test {
 // by default) that are writing an output now.
 std::vector<pid_t> WorkersWriting(pid_t ancestor = 0);
 
+// The descendants of this process running the worker program, sorted.
+std::vector<pid_t> Workers();
+
 }  // namespace vellumo::test
