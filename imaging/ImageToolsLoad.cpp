@@ -5,7 +5,7 @@
 #include "imaging/FileKind.h"
 #include "imaging/ImageAccess.h"
 #include "imaging/ImageTools.h"
-#include "imaging/LosslessJpeg.h"
+#include "imaging/OpenedFile.h"
 #include "imaging/SourceTap.h"
 #include "imaging/TiffStrips.h"
 #include "imaging/VipsLoad.h"
@@ -19,9 +19,6 @@ namespace {
 // memory at load (a 24-megapixel photo takes 72 MB); larger ones stay out of
 // memory (OpenHuge).
 constexpr double kDecodeInMemoryBytes = 768.0 * 1024 * 1024;
-
-// Page headers read at most when sizing a multi-page TIFF.
-constexpr int kMaxPages = 1000;
 
 double DecodedBytes(const vips::VImage& image) {
     return static_cast<double>(image.width()) * image.height() * image.bands() *
@@ -115,45 +112,14 @@ std::optional<Size> ImageTools::PixelSizeOfFile(const std::string& path) {
 
 std::optional<ImageHeader> ImageTools::HeaderOfFile(const std::string& path) {
     vipsruntime::EnsureStarted();
-    const SniffedFile sniffed = SniffFile(path);
-    if (!sniffed.kind) {
-        return std::nullopt;
-    }
     vipsruntime::FailureScope scope;
     try {
-        vips::VImage first = vipsload::Open(*sniffed.kind, path);
-        // Pages of a TIFF and frames of a GIF or an animated WebP are
-        // pictures of their own; the "pages" of a JPEG 2000 file are its
-        // resolution levels, those of a HEIF file its other top-level images.
-        const bool paged = *sniffed.kind == FileKind::Tiff || *sniffed.kind == FileKind::Gif ||
-                           *sniffed.kind == FileKind::WebP;
-        const int declared = paged ? vipsload::PageCount(first) : 1;
-        // GIF and WebP frames share the canvas size; only TIFF pages differ.
-        const int pages = *sniffed.kind == FileKind::Tiff ? std::min(declared, kMaxPages) : 1;
-        Size size;
-        for (int page = 0; page < pages; ++page) {
-            vips::VImage header = first;
-            if (page > 0) {
-                vipsload::OpenOptions options;
-                options.page = page;
-                header = vipsload::Open(*sniffed.kind, path, options);
-            }
-            double w = header.width();
-            double h = header.height();
-            if (vipsload::Orientation(header) >= 5) {
-                std::swap(w, h);
-            }
-            size.width = std::max(size.width, w);
-            size.height = std::max(size.height, h);
+        std::string refused;
+        const std::optional<OpenedFile> opened = OpenFile(path, refused);
+        if (!opened) {
+            return std::nullopt;
         }
-        ImageHeader read{size, declared, std::nullopt};
-        if (*sniffed.kind == FileKind::Jpeg) {
-            read.jpegGrid = ReadJpegGrid(path);
-            if (read.jpegGrid) {
-                read.jpegGrid->orientation = vipsload::Orientation(first);
-            }
-        }
-        return read;
+        return opened->header;
     } catch (const vips::VError&) {
         return std::nullopt;
     }

@@ -9,6 +9,7 @@
 #include "imaging/FileKind.h"
 #include "imaging/ImageAccess.h"
 #include "imaging/ImageTools.h"
+#include "imaging/OpenedFile.h"
 #include "imaging/PixelConvert.h"
 #include "imaging/VipsLoad.h"
 #include "imaging/VipsRuntime.h"
@@ -43,16 +44,6 @@ int Jpeg2000Reduction(const vips::VImage& header, int maxSide) {
     return reduction;
 }
 
-// How far a HEIF thumbnail's shape may be from its image's: one of another
-// shape (cut, or not turned as the image is) must not stand for it.
-constexpr double kLargestShapeDifference = 0.02;
-
-bool SameShape(const vips::VImage& a, const vips::VImage& b) {
-    const double shapeA = static_cast<double>(a.width()) / a.height();
-    const double shapeB = static_cast<double>(b.width()) / b.height();
-    return std::abs(shapeA / shapeB - 1.0) <= kLargestShapeDifference;
-}
-
 // The file's picture as its decoder reads it cheapest with the longer side
 // still at least `maxSide`: a JPEG at 1/2, 1/4 or 1/8 of its size, a JPEG
 // 2000 at a coarser resolution level, a WebP scaled by libwebp to leave the
@@ -80,7 +71,8 @@ vips::VImage ReducedOnLoad(FileKind kind, const std::string& path, vips::VImage 
         options.thumbnail = true;
         vips::VImage thumbnail = vipsload::Open(kind, path, options);
         if (std::max(thumbnail.width(), thumbnail.height()) >= maxSide &&
-            SameShape(thumbnail, opened)) {
+            SameShape(thumbnail, {static_cast<double>(opened.width()),
+                                  static_cast<double>(opened.height())})) {
             return thumbnail;
         }
     }
@@ -91,19 +83,15 @@ vips::VImage ReducedOnLoad(FileKind kind, const std::string& path, vips::VImage 
 
 PreviewResult ImageTools::LoadPreview(const std::string& path, int maxSide) {
     vipsruntime::EnsureStarted();
-    const std::optional<ImageHeader> header = HeaderOfFile(path);
-    const SniffedFile sniffed = SniffFile(path);
-    if (!sniffed.kind) {
-        return PreviewResult::Failure(sniffed.reason);
-    }
     vipsruntime::FailureScope scope;
     try {
-        vips::VImage pixels = vipsload::Open(*sniffed.kind, path);
-        if (!header) {
-            return PreviewResult::Failure("the image's size cannot be read");
+        std::string refused;
+        const std::optional<OpenedFile> opened = OpenFile(path, refused);
+        if (!opened) {
+            return PreviewResult::Failure(refused);
         }
-        const int orientation = vipsload::Orientation(pixels);
-        pixels = ReducedOnLoad(*sniffed.kind, path, std::move(pixels), std::max(1, maxSide));
+        vips::VImage pixels =
+            ReducedOnLoad(opened->kind, path, opened->first, std::max(1, maxSide));
         const int longer = std::max(pixels.width(), pixels.height());
         if (longer > maxSide) {
             pixels = pixels.thumbnail_image(
@@ -112,14 +100,10 @@ PreviewResult ImageTools::LoadPreview(const std::string& path, int maxSide) {
         // Small now: decoded whole here, off the caller's screen thread, so
         // that drawing it later costs nothing and damage shows now.
         pixels = pixels.copy_memory();
-        if (orientation != 1) {
+        if (opened->orientation != 1) {
             pixels = pixels.autorot();
         }
-        const double width = pixels.width();
-        const double height = pixels.height();
-        return PreviewResult::Success(Preview{header->pixelSize,
-                                              ImageAccess::Make(std::move(pixels), width, height),
-                                              header->pages, header->jpegGrid});
+        return PreviewResult::Success(PreviewOf(opened->header, std::move(pixels)));
     } catch (const vips::VError& error) {
         return PreviewResult::Failure(scope.Reason(error));
     }
