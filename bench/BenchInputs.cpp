@@ -6,7 +6,9 @@
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
+#include <map>
 
+#include "imaging/VipsRuntime.h"
 #include "tests/support/TestData.h"
 #include "tests/support/TestImages.h"
 
@@ -30,6 +32,22 @@ const std::string& PhotoJpeg24() {
         }
         return file;
     }();
+    return path;
+}
+
+const std::string& PhotoAs(const std::string& extension) {
+    static std::map<std::string, std::string> made;
+    std::string& path = made[extension];
+    if (path.empty()) {
+        path = test::BuildPath("bench-data/photo-6000x4000." + extension);
+        if (!std::filesystem::exists(path)) {
+            PrepareFolder(path);
+            vipsruntime::EnsureStarted();
+            vips::VImage::new_from_file(PhotoJpeg24().c_str())
+                .write_to_file(path.c_str(),
+                               vips::VImage::option()->set("Q", extension == "jp2" ? 45 : 80));
+        }
+    }
     return path;
 }
 

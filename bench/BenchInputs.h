@@ -15,6 +15,10 @@ const std::string& PhotoJpeg24();
 // `count` different 6000 x 4000 JPEGs at quality 90, as a camera's series.
 std::vector<std::string> PhotoJpeg24Series(int count);
 
+// PhotoJpeg24's picture written as `extension` ("webp", "jp2", "heic") at
+// the quality a phone or a web shop writes (80; 45 for JPEG 2000).
+const std::string& PhotoAs(const std::string& extension);
+
 // A 10000 x 10000 (100-megapixel) PNG.
 const std::string& PhotoPng100();
 

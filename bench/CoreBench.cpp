@@ -20,6 +20,7 @@
 namespace vellumo {
 namespace {
 
+using bench::PhotoAs;
 using bench::PhotoJpeg24;
 using bench::PhotoPng100;
 
@@ -122,6 +123,38 @@ void BM_Preview100MegapixelPng(benchmark::State& state) {
 }
 BENCHMARK(BM_Preview100MegapixelPng)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(2);
 
+// The 24-megapixel photo in other formats: the preview, and the contact
+// sheet's thumbnail (256 pixels), each decoded alone.
+void BM_Preview24MegapixelAs(benchmark::State& state, const char* extension, int side) {
+    const std::string& path = PhotoAs(extension);
+    for (auto _ : state) {
+        const PreviewResult preview = ImageTools::LoadPreview(path, side);
+        if (!preview) {
+            state.SkipWithError(preview.reason().c_str());
+            break;
+        }
+        benchmark::DoNotOptimize(preview);
+    }
+}
+BENCHMARK_CAPTURE(BM_Preview24MegapixelAs, webp, "webp", kPreviewSide)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+BENCHMARK_CAPTURE(BM_Preview24MegapixelAs, jp2, "jp2", kPreviewSide)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+BENCHMARK_CAPTURE(BM_Preview24MegapixelAs, heic, "heic", kPreviewSide)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+BENCHMARK_CAPTURE(BM_Preview24MegapixelAs, thumbnail_webp, "webp", 256)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+BENCHMARK_CAPTURE(BM_Preview24MegapixelAs, thumbnail_jp2, "jp2", 256)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+BENCHMARK_CAPTURE(BM_Preview24MegapixelAs, thumbnail_heic, "heic", 256)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+
 // What a smart anchor costs on a 24-megapixel photo: the reduced picture
 // decoded (shrink-on-load) and judged, then the rectangle placed.
 void SmartPlacementOf(benchmark::State& state, CropAnchor anchor) {
@@ -168,6 +201,9 @@ BENCHMARK(BM_FacesPlacement24MegapixelJpeg)->Unit(benchmark::kMillisecond)->UseR
 void MakeInputs() {
     PhotoJpeg24();
     PhotoPng100();
+    for (const char* extension : {"webp", "jp2", "heic"}) {
+        PhotoAs(extension);
+    }
 }
 
 }  // namespace vellumo

@@ -70,7 +70,10 @@ vips::VImage ReducedOnLoad(FileKind kind, const std::string& path, vips::VImage 
     if (kind == FileKind::Heif) {
         options.thumbnail = true;
         vips::VImage thumbnail = vipsload::Open(kind, path, options);
-        if (std::max(thumbnail.width(), thumbnail.height()) >= maxSide &&
+        // A file without one gives its image again: that is `opened`.
+        const bool own =
+            thumbnail.width() != opened.width() || thumbnail.height() != opened.height();
+        if (own && std::max(thumbnail.width(), thumbnail.height()) >= maxSide &&
             SameShape(thumbnail, {static_cast<double>(opened.width()),
                                   static_cast<double>(opened.height())})) {
             return thumbnail;
