@@ -64,7 +64,7 @@ PreviewResult ImageTools::LoadEmbeddedThumbnail(const std::string& path, int min
         }
         vips::VImage picture = DecodedJpeg(bytes);
         if (std::max(picture.width(), picture.height()) < minSide ||
-            !SameShape(picture, StoredSize(*opened))) {
+            !SameShape(picture, opened->stored)) {
             return PreviewResult::Failure("the embedded thumbnail does not fit");
         }
         if (opened->orientation != 1) {

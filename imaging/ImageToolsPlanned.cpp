@@ -2,7 +2,9 @@
 // and WebP files.
 
 #include <cmath>
+#include <vector>
 
+#include "imaging/FileBytes.h"
 #include "imaging/FileKind.h"
 #include "imaging/ImageAccess.h"
 #include "imaging/ImageTools.h"
@@ -11,6 +13,7 @@
 #include "imaging/SourceTap.h"
 #include "imaging/VipsLoad.h"
 #include "imaging/VipsRuntime.h"
+#include "imaging/WebpFacts.h"
 #include "imaging/WebpRegionDecode.h"
 
 namespace vellumo {
@@ -27,13 +30,23 @@ PixelBox UprightBox(Size upright, Rect cut) {
             static_cast<int>(area.width), rows};
 }
 
+// The file's colour profile (ICC bytes) as libvips keeps it with a header.
+std::vector<unsigned char> ProfileOf(const vips::VImage& header) {
+    if (header.get_typeof(VIPS_META_ICC_NAME) == 0) {
+        return {};
+    }
+    std::size_t length = 0;
+    const auto* profile =
+        static_cast<const unsigned char*>(header.get_blob(VIPS_META_ICC_NAME, &length));
+    return {profile, profile + length};
+}
+
 // The decoded box with the file's colour profile.
-vips::VImage WithProfile(vips::VImage pixels, const vips::VImage& header) {
-    if (header.get_typeof(VIPS_META_ICC_NAME) != 0) {
-        std::size_t length = 0;
-        const void* profile = header.get_blob(VIPS_META_ICC_NAME, &length);
+vips::VImage WithProfile(vips::VImage pixels, const std::vector<unsigned char>& profile) {
+    if (!profile.empty()) {
         pixels = pixels.copy();
-        vips_image_set_blob_copy(pixels.get_image(), VIPS_META_ICC_NAME, profile, length);
+        vips_image_set_blob_copy(pixels.get_image(), VIPS_META_ICC_NAME, profile.data(),
+                                 profile.size());
     }
     return pixels;
 }
@@ -58,49 +71,68 @@ Image ResizedUpright(vips::VImage box, Size size, int orientation) {
     return ImageAccess::Make(std::move(turned), size.width, size.height);
 }
 
-bool Fits(Rect cut, Size upright) {
-    return cut.x >= 0 && cut.y >= 0 && cut.width >= 1 && cut.height >= 1 &&
-           cut.x + cut.width <= upright.width && cut.y + cut.height <= upright.height;
+// The cut in whole pixels of the upright picture, when it lies wholly on
+// the picture and is made smaller on both sides.
+std::optional<PixelBox> UprightCut(Size stored, int orientation, Rect cut, Size size) {
+    const Size upright = orientation >= 5 ? Size{stored.height, stored.width} : stored;
+    const bool fits = cut.x >= 0 && cut.y >= 0 && cut.width >= 1 && cut.height >= 1 &&
+                      cut.x + cut.width <= upright.width && cut.y + cut.height <= upright.height;
+    if (!fits || size.width >= std::trunc(cut.width) || size.height >= std::trunc(cut.height)) {
+        return std::nullopt;
+    }
+    return UprightBox(upright, cut);
 }
 
-// A cut to decode: the file, its stored size and orientation, the cut in
-// the upright picture and the size it is made.
-struct PlannedCut {
-    const std::string& path;
-    Size stored;
-    int orientation = 1;
-    PixelBox upright;
-    Size output;
-    std::optional<double> minResizeFactor;
-};
-
-// The JPEG's cut, its rows decoded as the resize reads them. Damage found
+// A JPEG's cut, its rows decoded as the resize reads them. Damage found
 // while the rows are written fails the save at the Decode stage, as the
 // usual decoder's does.
-std::optional<vips::VImage> JpegCut(const PlannedCut& cut) {
+std::optional<Image> JpegCutResized(const std::string& path, Rect cut, Size size,
+                                    double minResizeFactor) {
+    const vips::VImage header = vipsload::Open(FileKind::Jpeg, path);
+    const int orientation = vipsload::Orientation(header);
+    const Size stored{static_cast<double>(header.width()), static_cast<double>(header.height())};
+    const std::optional<PixelBox> box = UprightCut(stored, orientation, cut, size);
+    if (!box) {
+        return std::nullopt;
+    }
     const std::optional<JpegDecodePlan> plan =
-        PlanJpegDecode(cut.stored, cut.orientation, cut.upright, cut.output,
-                       cut.minResizeFactor.value_or(kMinResizeFactor));
+        PlanJpegDecode(stored, orientation, *box, size, minResizeFactor);
     if (!plan) {
         return std::nullopt;
     }
-    std::optional<vips::VImage> pixels = jpegregion::Decode(cut.path, cut.stored, *plan);
+    std::optional<vips::VImage> pixels = jpegregion::Decode(path, stored, *plan);
     if (!pixels) {
         return std::nullopt;
     }
-    return sourcetap::Tap(*pixels);
+    return ResizedUpright(WithProfile(sourcetap::Tap(*pixels), ProfileOf(header)), size,
+                          orientation);
 }
 
-// The WebP's cut, decoded at once: libwebp has no decode by rows that
-// crops and scales.
-std::optional<vips::VImage> WebpCut(const PlannedCut& cut) {
+// A WebP's cut, decoded at once (libwebp has no decode by rows that crops
+// and scales), its header read from the same bytes.
+std::optional<Image> WebpCutResized(const std::string& path, Rect cut, Size size,
+                                    double minResizeFactor) {
+    std::string reason;
+    const std::optional<std::vector<unsigned char>> file = ReadFileBytes(path, reason);
+    const std::optional<WebpFacts> facts = file ? ReadWebpFacts(*file) : std::nullopt;
+    if (!facts || facts->frames != 1) {
+        return std::nullopt;
+    }
+    const std::optional<PixelBox> box = UprightCut(facts->stored, facts->orientation, cut, size);
+    if (!box) {
+        return std::nullopt;
+    }
     const std::optional<WebpDecodePlan> plan =
-        PlanWebpDecode(cut.stored, cut.orientation, cut.upright, cut.output,
-                       cut.minResizeFactor.value_or(kWebpMinResizeFactor));
+        PlanWebpDecode(facts->stored, facts->orientation, *box, size, minResizeFactor);
     if (!plan) {
         return std::nullopt;
     }
-    return webpregion::Decode(cut.path, cut.stored, *plan);
+    std::optional<vips::VImage> pixels = webpregion::Decode(*file, facts->stored, *plan);
+    if (!pixels) {
+        return std::nullopt;
+    }
+    return ResizedUpright(WithProfile(std::move(*pixels), facts->iccProfile), size,
+                          facts->orientation);
 }
 
 }  // namespace
@@ -109,30 +141,18 @@ std::optional<Image> ImageTools::LoadCutResized(const std::string& path, Rect cu
                                                 std::optional<double> minResizeFactor) {
     vipsruntime::EnsureStarted();
     const std::optional<FileKind> kind = SniffFile(path).kind;
-    if ((kind != FileKind::Jpeg && kind != FileKind::WebP) ||
-        (kind == FileKind::Jpeg && vipsload::OnlySecondDecoder()) ||
-        !(size.width >= 1 && size.height >= 1)) {
+    if (!(size.width >= 1 && size.height >= 1)) {
         return std::nullopt;
     }
     vipsruntime::FailureScope scope;
     try {
-        const vips::VImage header = vipsload::Open(*kind, path);
-        const int orientation = vipsload::Orientation(header);
-        const Size stored{static_cast<double>(header.width()),
-                          static_cast<double>(header.height())};
-        const Size upright = orientation >= 5 ? Size{stored.height, stored.width} : stored;
-        if (!Fits(cut, upright) || size.width >= std::trunc(cut.width) ||
-            size.height >= std::trunc(cut.height)) {
-            return std::nullopt;
+        if (kind == FileKind::Jpeg && !vipsload::OnlySecondDecoder()) {
+            return JpegCutResized(path, cut, size, minResizeFactor.value_or(kMinResizeFactor));
         }
-        const PlannedCut planned{path, stored,         orientation, UprightBox(upright, cut),
-                                 size, minResizeFactor};
-        std::optional<vips::VImage> pixels =
-            *kind == FileKind::Jpeg ? JpegCut(planned) : WebpCut(planned);
-        if (!pixels) {
-            return std::nullopt;
+        if (kind == FileKind::WebP) {
+            return WebpCutResized(path, cut, size, minResizeFactor.value_or(kWebpMinResizeFactor));
         }
-        return ResizedUpright(WithProfile(std::move(*pixels), header), size, orientation);
+        return std::nullopt;
     } catch (const vips::VError&) {
         return std::nullopt;
     }

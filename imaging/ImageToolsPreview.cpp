@@ -48,10 +48,19 @@ int Jpeg2000Reduction(const vips::VImage& header, int maxSide) {
 // still at least `maxSide`: a JPEG at 1/2, 1/4 or 1/8 of its size, a JPEG
 // 2000 at a coarser resolution level, a WebP scaled by libwebp to leave the
 // resize after it kWebpMinResizeFactor, a HEIF's own thumbnail when it is
-// large enough and of the image's shape; else `opened`, the whole picture.
-vips::VImage ReducedOnLoad(FileKind kind, const std::string& path, vips::VImage opened,
-                           int maxSide) {
+// large enough and of the image's shape; else the whole first picture.
+vips::VImage ReducedOnLoad(const OpenedFile& file, const std::string& path, int maxSide) {
+    const FileKind kind = file.kind;
+    const vips::VImage& opened = file.first;
     vipsload::OpenOptions options;
+    if (kind == FileKind::WebP) {
+        const double longer = std::max(file.stored.width, file.stored.height);
+        if (longer > maxSide * kWebpMinResizeFactor) {
+            options.scale = maxSide * kWebpMinResizeFactor / longer;
+        }
+        return opened.is_null() || options.scale < 1.0 ? vipsload::Open(kind, path, options)
+                                                       : opened;
+    }
     if (kind == FileKind::Jpeg) {
         options.shrink = JpegShrink(opened, maxSide);
         return options.shrink > 1 ? vipsload::Open(kind, path, options) : opened;
@@ -62,11 +71,6 @@ vips::VImage ReducedOnLoad(FileKind kind, const std::string& path, vips::VImage 
         options.reduction = Jpeg2000Reduction(opened, maxSide);
         return options.reduction > 0 ? vipsload::Open(kind, path, options) : opened;
     }
-    const int longer = std::max(opened.width(), opened.height());
-    if (kind == FileKind::WebP && longer > maxSide * kWebpMinResizeFactor) {
-        options.scale = maxSide * kWebpMinResizeFactor / longer;
-        return vipsload::Open(kind, path, options);
-    }
     if (kind == FileKind::Heif) {
         options.thumbnail = true;
         vips::VImage thumbnail = vipsload::Open(kind, path, options);
@@ -74,8 +78,7 @@ vips::VImage ReducedOnLoad(FileKind kind, const std::string& path, vips::VImage 
         const bool own =
             thumbnail.width() != opened.width() || thumbnail.height() != opened.height();
         if (own && std::max(thumbnail.width(), thumbnail.height()) >= maxSide &&
-            SameShape(thumbnail, {static_cast<double>(opened.width()),
-                                  static_cast<double>(opened.height())})) {
+            SameShape(thumbnail, file.stored)) {
             return thumbnail;
         }
     }
@@ -93,8 +96,7 @@ PreviewResult ImageTools::LoadPreview(const std::string& path, int maxSide) {
         if (!opened) {
             return PreviewResult::Failure(refused);
         }
-        vips::VImage pixels =
-            ReducedOnLoad(opened->kind, path, opened->first, std::max(1, maxSide));
+        vips::VImage pixels = ReducedOnLoad(*opened, path, std::max(1, maxSide));
         const int longer = std::max(pixels.width(), pixels.height());
         if (longer > maxSide) {
             pixels = pixels.thumbnail_image(

@@ -4,9 +4,11 @@
 #include <cmath>
 #include <utility>
 
+#include "imaging/FileBytes.h"
 #include "imaging/ImageAccess.h"
 #include "imaging/LosslessJpeg.h"
 #include "imaging/VipsLoad.h"
+#include "imaging/WebpFacts.h"
 
 namespace vellumo {
 
@@ -37,6 +39,25 @@ Size UprightSize(const OpenedFile& file, const std::string& path, int pages) {
     return size;
 }
 
+// A WebP's header from its container; nothing when the demuxer refuses the
+// file (libvips' loader then says why).
+std::optional<OpenedFile> OpenWebp(const std::string& path) {
+    std::string reason;
+    const std::optional<std::vector<unsigned char>> bytes = ReadFileBytes(path, reason);
+    const std::optional<WebpFacts> facts = bytes ? ReadWebpFacts(*bytes) : std::nullopt;
+    if (!facts) {
+        return std::nullopt;
+    }
+    OpenedFile file;
+    file.kind = FileKind::WebP;
+    file.stored = facts->stored;
+    file.orientation = facts->orientation;
+    const bool sideways = file.orientation >= 5;
+    file.header.pixelSize = sideways ? Size{file.stored.height, file.stored.width} : file.stored;
+    file.header.pages = std::max(1, facts->frames);
+    return file;
+}
+
 }  // namespace
 
 std::optional<OpenedFile> OpenFile(const std::string& path, std::string& refused) {
@@ -45,9 +66,16 @@ std::optional<OpenedFile> OpenFile(const std::string& path, std::string& refused
         refused = sniffed.reason;
         return std::nullopt;
     }
+    if (*sniffed.kind == FileKind::WebP) {
+        if (std::optional<OpenedFile> webp = OpenWebp(path)) {
+            return webp;
+        }
+    }
     OpenedFile file;
     file.kind = *sniffed.kind;
     file.first = vipsload::Open(file.kind, path);
+    file.stored = {static_cast<double>(file.first.width()),
+                   static_cast<double>(file.first.height())};
     file.orientation = vipsload::Orientation(file.first);
     // Pages of a TIFF and frames of a GIF or an animated WebP are pictures
     // of their own; the "pages" of a JPEG 2000 file are its resolution
@@ -65,10 +93,6 @@ std::optional<OpenedFile> OpenFile(const std::string& path, std::string& refused
         }
     }
     return file;
-}
-
-Size StoredSize(const OpenedFile& file) {
-    return {static_cast<double>(file.first.width()), static_cast<double>(file.first.height())};
 }
 
 bool SameShape(const vips::VImage& picture, Size size) {

@@ -15,8 +15,13 @@ namespace vellumo {
 
 struct OpenedFile {
     FileKind kind = FileKind::Jpeg;
-    vips::VImage first;   // its first picture, as stored: header now, pixels when read
-    int orientation = 1;  // of `first`, 1 to 8
+    // Its first picture, as stored: header now, pixels when read. Empty for
+    // a WebP, whose header libwebp's demuxer reads (WebpFacts.h): libvips'
+    // loader would make a canvas of the whole picture at once. A WebP is
+    // opened when its pixels are wanted, at the scale wanted.
+    vips::VImage first;
+    Size stored;          // the first picture's size as stored
+    int orientation = 1;  // of the first picture, 1 to 8
     ImageHeader header;
 };
 
@@ -26,9 +31,6 @@ struct OpenedFile {
 // content is of no kind Vellumo reads. Throws vips::VError when a decoder
 // refuses the file; the caller holds a vipsruntime::FailureScope.
 std::optional<OpenedFile> OpenFile(const std::string& path, std::string& refused);
-
-// The size of the opened file's first picture as stored.
-Size StoredSize(const OpenedFile& file);
 
 // Whether `picture` has the shape of a picture of `size`, to within 2%. A
 // picture that stands in for the file's own (a thumbnail the file holds)

@@ -2,8 +2,6 @@
 
 #include <webp/decode.h>
 
-#include "imaging/FileBytes.h"
-
 namespace vellumo::webpregion {
 
 namespace {
@@ -42,13 +40,11 @@ void Configure(WebPDecoderConfig& config, const WebpDecodePlan& plan, vips::VIma
 
 }  // namespace
 
-std::optional<vips::VImage> Decode(const std::string& path, Size storedSize,
+std::optional<vips::VImage> Decode(const std::vector<unsigned char>& file, Size storedSize,
                                    const WebpDecodePlan& plan) {
-    std::string reason;
-    const std::optional<std::vector<unsigned char>> bytes = ReadFileBytes(path, reason);
     WebPDecoderConfig config;
-    if (!bytes || WebPInitDecoderConfig(&config) == 0 ||
-        WebPGetFeatures(bytes->data(), bytes->size(), &config.input) != VP8_STATUS_OK) {
+    if (WebPInitDecoderConfig(&config) == 0 ||
+        WebPGetFeatures(file.data(), file.size(), &config.input) != VP8_STATUS_OK) {
         return std::nullopt;
     }
     const WebPBitstreamFeatures& features = config.input;
@@ -58,7 +54,7 @@ std::optional<vips::VImage> Decode(const std::string& path, Size storedSize,
     }
     vips::VImage canvas = Canvas(plan.scaledWidth, plan.scaledHeight, features.has_alpha ? 4 : 3);
     Configure(config, plan, canvas);
-    const VP8StatusCode status = WebPDecode(bytes->data(), bytes->size(), &config);
+    const VP8StatusCode status = WebPDecode(file.data(), file.size(), &config);
     WebPFreeDecBuffer(&config.output);  // external memory: frees nothing of the canvas
     if (status != VP8_STATUS_OK) {
         return std::nullopt;

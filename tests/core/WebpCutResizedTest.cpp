@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "imaging/ImageTools.h"
+#include "imaging/VipsRuntime.h"
 #include "imaging/WebpDecodePlan.h"
 #include "tests/support/CutQuality.h"
 #include "tests/support/TempDir.h"
@@ -118,6 +119,27 @@ TEST(WebpCutResizedTest, AlphaIsKept) {
     EXPECT_NEAR(planned[3].avg(), reference[3].avg(), 0.5);
     EXPECT_NEAR(planned[3].avg(), 800.0 / 1600.0 * 255.0, 2.0);
     EXPECT_GE(Psnr(planned, reference), 40.0);
+}
+
+// The colour profile of the file goes with the picture, as libvips keeps it.
+TEST(WebpCutResizedTest, ColourProfileIsKept) {
+    vipsruntime::EnsureStarted();
+    const test::TempDir dir;
+    const std::string path = dir.File("profiled.webp");
+    VipsBlob* profile = vips::VImage::profile_load("p3");
+    std::size_t length = 0;
+    const auto* bytes = static_cast<const unsigned char*>(vips_blob_get(profile, &length));
+    const std::vector<unsigned char> expected(bytes, bytes + length);
+    vips::VImage picture = test::PhotoLikeImage(1600, 1000).copy();
+    vips_image_set_blob_copy(picture.get_image(), VIPS_META_ICC_NAME, bytes, length);
+    picture.webpsave(path.c_str());
+    const vips::VImage planned = Planned(path, {300, 0, 1000, 1000}, {270, 270});
+    ASSERT_NE(planned.get_typeof(VIPS_META_ICC_NAME), 0u);
+    std::size_t kept = 0;
+    const auto* keptBytes =
+        static_cast<const unsigned char*>(planned.get_blob(VIPS_META_ICC_NAME, &kept));
+    EXPECT_EQ(std::vector<unsigned char>(keptBytes, keptBytes + kept), expected);
+    vips_area_unref(VIPS_AREA(profile));
 }
 
 TEST(WebpCutResizedTest, FilesItCannotReadAreLeftToTheUsualDecode) {
