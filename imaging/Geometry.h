@@ -47,4 +47,12 @@ struct ImageHeader {
     friend bool operator==(const ImageHeader&, const ImageHeader&) = default;
 };
 
+// `size` with its sides swapped when `orientation` (Exif, 1 to 8) turns the
+// picture a quarter (5 to 8): the upright size of a picture stored so, and
+// the stored size of an upright one.
+inline Size TurnedBy(Size size, int orientation) {
+    const bool sideways = orientation >= 5 && orientation <= 8;
+    return sideways ? Size{size.height, size.width} : size;
+}
+
 }  // namespace vellumo

@@ -30,17 +30,6 @@ PixelBox UprightBox(Size upright, Rect cut) {
             static_cast<int>(area.width), rows};
 }
 
-// The file's colour profile (ICC bytes) as libvips keeps it with a header.
-std::vector<unsigned char> ProfileOf(const vips::VImage& header) {
-    if (header.get_typeof(VIPS_META_ICC_NAME) == 0) {
-        return {};
-    }
-    std::size_t length = 0;
-    const auto* profile =
-        static_cast<const unsigned char*>(header.get_blob(VIPS_META_ICC_NAME, &length));
-    return {profile, profile + length};
-}
-
 // The decoded box with the file's colour profile.
 vips::VImage WithProfile(vips::VImage pixels, const std::vector<unsigned char>& profile) {
     if (!profile.empty()) {
@@ -56,11 +45,10 @@ vips::VImage WithProfile(vips::VImage pixels, const std::vector<unsigned char>& 
 // the large box first would need all of it in memory. Only the small result
 // is held to be turned.
 Image ResizedUpright(vips::VImage box, Size size, int orientation) {
-    const bool sideways = orientation >= 5 && orientation <= 8;
     const double width = box.width();
     const double height = box.height();
     Image resized = ImageTools::ResizeImage(ImageAccess::Make(std::move(box), width, height),
-                                            sideways ? Size{size.height, size.width} : size);
+                                            TurnedBy(size, orientation));
     const vips::VImage* pixels = ImageAccess::Pixels(resized);
     if (orientation == 1 || pixels == nullptr) {
         return resized;
@@ -74,7 +62,7 @@ Image ResizedUpright(vips::VImage box, Size size, int orientation) {
 // The cut in whole pixels of the upright picture, when it lies wholly on
 // the picture and is made smaller on both sides.
 std::optional<PixelBox> UprightCut(Size stored, int orientation, Rect cut, Size size) {
-    const Size upright = orientation >= 5 ? Size{stored.height, stored.width} : stored;
+    const Size upright = TurnedBy(stored, orientation);
     const bool fits = cut.x >= 0 && cut.y >= 0 && cut.width >= 1 && cut.height >= 1 &&
                       cut.x + cut.width <= upright.width && cut.y + cut.height <= upright.height;
     if (!fits || size.width >= std::trunc(cut.width) || size.height >= std::trunc(cut.height)) {
@@ -104,8 +92,8 @@ std::optional<Image> JpegCutResized(const std::string& path, Rect cut, Size size
     if (!pixels) {
         return std::nullopt;
     }
-    return ResizedUpright(WithProfile(sourcetap::Tap(*pixels), ProfileOf(header)), size,
-                          orientation);
+    return ResizedUpright(WithProfile(sourcetap::Tap(*pixels), vipsload::ColourProfile(header)),
+                          size, orientation);
 }
 
 // A WebP's cut, decoded at once (libwebp has no decode by rows that crops

@@ -51,10 +51,8 @@ std::optional<JpegDecodePlan> PlanJpegDecode(Size storedSize, int orientation,
     if (storedSize.width * storedSize.height < kLeastPlannedPixels) {
         return std::nullopt;
     }
-    const bool sideways = orientation >= 5 && orientation <= 8;
-    const Size uprightSize = sideways ? Size{storedSize.height, storedSize.width} : storedSize;
     JpegDecodePlan plan;
-    plan.stored = StoredBox(upright, uprightSize, orientation);
+    plan.stored = StoredBox(upright, TurnedBy(storedSize, orientation), orientation);
     const PixelBox& box = plan.stored;
     const Size cut{static_cast<double>(upright.width), static_cast<double>(upright.height)};
     for (int eighths = ScaleEighths(cut, output, minFactor); eighths <= 8; ++eighths) {

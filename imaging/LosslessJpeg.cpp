@@ -95,14 +95,7 @@ std::vector<unsigned char> ColourProfileOf(const std::string& source) {
     vipsruntime::EnsureStarted();
     vipsruntime::FailureScope scope;
     try {
-        const vips::VImage header = vipsload::Open(FileKind::Jpeg, source);
-        if (header.get_typeof(VIPS_META_ICC_NAME) == 0) {
-            return {};
-        }
-        std::size_t length = 0;
-        const auto* data =
-            static_cast<const unsigned char*>(header.get_blob(VIPS_META_ICC_NAME, &length));
-        return {data, data + length};
+        return vipsload::ColourProfile(vipsload::Open(FileKind::Jpeg, source));
     } catch (const vips::VError&) {
         return {};
     }

@@ -28,13 +28,11 @@ Size UprightSize(const OpenedFile& file, const std::string& path, int pages) {
             options.page = page;
             header = vipsload::Open(file.kind, path, options);
         }
-        double w = header.width();
-        double h = header.height();
-        if (vipsload::Orientation(header) >= 5) {
-            std::swap(w, h);
-        }
-        size.width = std::max(size.width, w);
-        size.height = std::max(size.height, h);
+        const Size upright =
+            TurnedBy({static_cast<double>(header.width()), static_cast<double>(header.height())},
+                     vipsload::Orientation(header));
+        size.width = std::max(size.width, upright.width);
+        size.height = std::max(size.height, upright.height);
     }
     return size;
 }
@@ -52,8 +50,7 @@ std::optional<OpenedFile> OpenWebp(const std::string& path) {
     file.kind = FileKind::WebP;
     file.stored = facts->stored;
     file.orientation = facts->orientation;
-    const bool sideways = file.orientation >= 5;
-    file.header.pixelSize = sideways ? Size{file.stored.height, file.stored.width} : file.stored;
+    file.header.pixelSize = TurnedBy(file.stored, file.orientation);
     file.header.pages = std::max(1, facts->frames);
     return file;
 }

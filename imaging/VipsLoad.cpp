@@ -196,6 +196,16 @@ bool ReadBy(const vips::VImage& image, std::string_view loader) {
     return name == loader || (name.starts_with(loader) && name.substr(loader.size()) == "_source");
 }
 
+std::vector<unsigned char> ColourProfile(const vips::VImage& image) {
+    if (image.get_typeof(VIPS_META_ICC_NAME) == 0) {
+        return {};
+    }
+    std::size_t length = 0;
+    const auto* data =
+        static_cast<const unsigned char*>(image.get_blob(VIPS_META_ICC_NAME, &length));
+    return {data, data + length};
+}
+
 int PageCount(const vips::VImage& image) {
     if (image.get_typeof("n-pages") == 0) {
         return 1;

@@ -5,6 +5,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 #include <vips/vips8>
 
 #include "imaging/FileKind.h"
@@ -49,6 +50,10 @@ bool OnlySecondDecoder();
 // Whether libvips' `loader` ("heifload") read the opened image, from a file
 // or from a source ("heifload_source").
 bool ReadBy(const vips::VImage& image, std::string_view loader);
+
+// The colour profile (ICC bytes) recorded with an opened file; empty when
+// there is none.
+std::vector<unsigned char> ColourProfile(const vips::VImage& image);
 
 // The number of pages (TIFF) or frames (GIF) of an opened file, at least 1.
 int PageCount(const vips::VImage& image);

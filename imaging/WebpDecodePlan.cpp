@@ -11,11 +11,9 @@ std::optional<WebpDecodePlan> PlanWebpDecode(Size storedSize, int orientation,
     if (storedSize.width * storedSize.height < kLeastPlannedPixels) {
         return std::nullopt;
     }
-    const bool sideways = orientation >= 5 && orientation <= 8;
-    const Size uprightSize = sideways ? Size{storedSize.height, storedSize.width} : storedSize;
-    const Size storedOutput = sideways ? Size{output.height, output.width} : output;
+    const Size storedOutput = TurnedBy(output, orientation);
     WebpDecodePlan plan;
-    plan.stored = StoredBox(upright, uprightSize, orientation);
+    plan.stored = StoredBox(upright, TurnedBy(storedSize, orientation), orientation);
     const PixelBox& box = plan.stored;
     const int oddLeft = box.left % 2;
     const int oddTop = box.top % 2;

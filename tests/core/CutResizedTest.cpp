@@ -21,16 +21,10 @@
 namespace vellumo {
 namespace {
 
-using test::AsWritten;
-using test::CentreSquare;
-using test::Encoded;
 using test::ExpectAsGoodAsThumbnail;
 using test::ExpectInPlace;
 using test::ExpectOffCentreInPlace;
 using test::OutputOf;
-using test::Planned;
-using test::Psnr;
-using test::Reference;
 using test::TestDataPath;
 using test::UprightSize;
 using test::WriteFineDetail;
@@ -186,16 +180,7 @@ TEST(CutResizedTest, MinimumReductionMeasured) {
                                             TestDataPath("orientation/Landscape_1.jpg"),
                                             WriteFineDetail(dir, 1)};
     for (const std::string& path : paths) {
-        const Rect cut = CentreSquare(UprightSize(path));
-        const Size size = OutputOf(cut);
-        const vips::VImage reference = Reference(path, cut, size);
-        std::printf("%-28s", path.substr(path.rfind('/') + 1).c_str());
-        for (const double factor : {1.0, 1.25, 1.5, 2.0, 2.5}) {
-            std::printf("  %.2f: %.2f dB", factor,
-                        Psnr(Encoded(Planned(path, cut, size, factor)), reference));
-        }
-        std::printf("  full: %.2f dB", Psnr(Encoded(reference), reference));
-        std::printf("\n");
+        test::PrintReductionsMeasured(path);
     }
 }
 

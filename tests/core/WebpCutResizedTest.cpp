@@ -20,8 +20,6 @@
 namespace vellumo {
 namespace {
 
-using test::CentreSquare;
-using test::Encoded;
 using test::ExpectAsGoodAsThumbnail;
 using test::ExpectInPlace;
 using test::OutputOf;
@@ -176,15 +174,7 @@ TEST(WebpCutResizedTest, MinimumReductionMeasured) {
     const test::TempDir dir;
     const std::string sky = test::WriteWebpOf(dir, "large/sky.jpg", "sky.webp");
     for (const std::string& path : {sky, WriteFineDetail(dir, 1, "webp")}) {
-        const Rect cut = CentreSquare(UprightSize(path));
-        const Size size = OutputOf(cut);
-        const vips::VImage reference = Reference(path, cut, size);
-        std::printf("%-28s", path.substr(path.rfind('/') + 1).c_str());
-        for (const double factor : {1.0, 1.25, 1.5, 2.0, 2.5}) {
-            std::printf("  %.2f: %.2f dB", factor,
-                        Psnr(Encoded(Planned(path, cut, size, factor)), reference));
-        }
-        std::printf("  full: %.2f dB\n", Psnr(Encoded(reference), reference));
+        test::PrintReductionsMeasured(path);
     }
 }
 

@@ -197,6 +197,18 @@ std::string WriteFineDetail(const TempDir& dir, int orientation, const std::stri
     return path;
 }
 
+void PrintReductionsMeasured(const std::string& path) {
+    const Rect cut = CentreSquare(UprightSize(path));
+    const Size size = OutputOf(cut);
+    const vips::VImage reference = Reference(path, cut, size);
+    std::printf("%-28s", path.substr(path.rfind('/') + 1).c_str());
+    for (const double factor : {1.0, 1.25, 1.5, 2.0, 2.5}) {
+        std::printf("  %.2f: %.2f dB", factor,
+                    Psnr(Encoded(Planned(path, cut, size, factor)), reference));
+    }
+    std::printf("  full: %.2f dB\n", Psnr(Encoded(reference), reference));
+}
+
 std::string WriteWebpOf(const TempDir& dir, const std::string& source, const std::string& name) {
     vipsruntime::EnsureStarted();
     std::string path = dir.File(name);
